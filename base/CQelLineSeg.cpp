@@ -1,0 +1,3 @@
+#include "CQelLineSeg.h"
+
+CQelLineSeg::~CQelLineSeg() = default;

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "QelBaseExport.h"
+#include "XPnt3d.h"
+
+/// A line segment between two points in model units. The end points are read directly where a segment is
+/// drawn.
+///
+/// A host geometry that is a line segment derives both from its geometry interface and from this class.
+class QEL_GEOMETRY_API CQelLineSeg {
+  public:
+    CQelLineSeg() noexcept = default;
+    CQelLineSeg(const qel::XPnt3d& from, const qel::XPnt3d& to) noexcept : start(from), end(to) {}
+    CQelLineSeg(const CQelLineSeg&) noexcept = default;
+    CQelLineSeg& operator=(const CQelLineSeg&) noexcept = default;
+    virtual ~CQelLineSeg();
+
+    qel::XPnt3d start;
+    qel::XPnt3d end;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Enve2d.h"
+#include "QelBaseExport.h"
+#include "XPnt3d.h"
+
+namespace qel {
+
+/// An axis-aligned box, with a validity state that looks at x and y only: flat data is valid.
+///
+/// The six bounds are held in the order xmin, xmax, ymin, ymax, zmin, zmax. A default box is all zeros. A z
+/// range with a lower bound of 2147483647.0 or an upper one of -2147483647.0 is missing: the box is flat.
+struct QEL_BASE_API Enve3d {
+    double xmin = 0.0;
+    double xmax = 0.0;
+    double ymin = 0.0;
+    double ymax = 0.0;
+    double zmin = 0.0;
+    double zmax = 0.0;
+
+    /// Empties the box: every lower bound becomes 2147483647.0, every upper bound -2147483647.0.
+    void setInvalid() noexcept;
+    [[nodiscard]] bool isValid() const noexcept { return xmin <= xmax && ymin <= ymax; }
+    /// True if the z range is not missing.
+    [[nodiscard]] bool hasZ() const noexcept;
+
+    /// Grows the box to contain the point; an invalid box becomes the point itself. A point that is invalid
+    /// or not a number changes nothing.
+    void SetBox(const XPnt3d& point) noexcept;
+    /// Orders each pair of bounds, so that no minimum is above its maximum. A missing range is left alone.
+    void Normalize() noexcept;
+    /// Moves the box. A missing range stays missing.
+    void offset(double dx, double dy, double dz) noexcept;
+
+    /// Centre of the box; a missing z range counts as z = 0.
+    [[nodiscard]] XPnt3d MidPoint() const noexcept;
+    /// Extent in x.
+    [[nodiscard]] double Width() const noexcept { return xmax - xmin; }
+    /// Extent in y.
+    [[nodiscard]] double HightY() const noexcept { return ymax - ymin; }
+    /// Length of the box's diagonal; a missing z range counts as thickness 0.
+    [[nodiscard]] double getDiagonal() const noexcept;
+    /// The box seen from above: its x-y rectangle.
+    [[nodiscard]] Enve2d getEnve2d() const noexcept { return {xmin, ymin, xmax, ymax}; }
+};
+
+}  // namespace qel

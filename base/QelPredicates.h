@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+#include "QelBaseExport.h"
+#include "XPnt3d.h"
+
+namespace qel {
+
+/// Side of a point against the plane through a, b, c, whose front is the side of (b - a) x (c - a).
+/// @param tolerance in model units: a point up to this far behind the plane still counts as in front.
+/// @return 1 when the signed distance of `point` from the plane is above -tolerance, else 0; 0 for points a,
+/// b, c
+///         that span no plane.
+[[nodiscard]] QEL_GEOMETRY_API std::int32_t isPntInFront(const XPnt3d& a, const XPnt3d& b, const XPnt3d& c,
+                                                         const XPnt3d& point, double tolerance) noexcept;
+
+/// Meets the infinite line through p0 and p1 with the plane through a, b, c.
+/// @param hit receives the intersection; untouched when there is none.
+/// @return false when the line is parallel to the plane, or either of them is degenerate.
+[[nodiscard]] QEL_GEOMETRY_API bool intersect(const XPnt3d& a, const XPnt3d& b, const XPnt3d& c,
+                                              const XPnt3d& p0, const XPnt3d& p1, XPnt3d& hit) noexcept;
+
+}  // namespace qel
