@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+#include "QelDisplayExport.h"
+#include "QelReferenced.h"
+
+/// A host's listener to display events. The displays of this module never call it; its table is fixed so that
+/// listeners keep their slots.
+class QEL_DISPLAY_API IQelDisplayEvent : public qel::QelReferenced {
+  public:
+    IQelDisplayEvent();
+    IQelDisplayEvent(const IQelDisplayEvent& other);
+    IQelDisplayEvent& operator=(const IQelDisplayEvent& other);
+
+    virtual std::int32_t reservedSlot1() = 0;
+    virtual std::int32_t reservedSlot2() = 0;
+    virtual std::int32_t reservedSlot3() = 0;
+    virtual std::int32_t reservedSlot4() = 0;
+    virtual std::int32_t reservedSlot5() = 0;
+    virtual std::int32_t reservedSlot6() = 0;
+
+  protected:
+    ~IQelDisplayEvent() override;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "IQelDisplay.h"
+
+/// A display on the screen; it adds nothing to `IQelDisplay`.
+class QEL_DISPLAY_API IQelScrDisplay : public IQelDisplay {
+  public:
+    IQelScrDisplay();
+    IQelScrDisplay(const IQelScrDisplay& other);
+    IQelScrDisplay& operator=(const IQelScrDisplay& other);
+
+  protected:
+    ~IQelScrDisplay() override;
+};

@@ -1,0 +1,193 @@
+#pragma once
+
+#include <cstdint>
+
+#include "Enve2d.h"
+#include "Enve3d.h"
+#include "QelDisplayExport.h"
+#include "QelReferenced.h"
+#include "XPnt3d.h"
+
+namespace qel {
+
+/// A rectangle of window pixels given by two opposite corners, in either order.
+struct PixelRect {
+    std::int32_t x1 = 0;
+    std::int32_t y1 = 0;
+    std::int32_t x2 = 0;
+    std::int32_t y2 = 0;
+};
+
+}  // namespace qel
+
+/// The camera of one 3D view: eye, target and up, perspective or orthographic projection, viewport; it turns
+/// mouse drags into rotation, pan and zoom, fits the view to extents, and answers where model points lie on
+/// the screen.
+///
+/// A display makes its own (`IQelDisplay::getTrackBall`) and reports the window size to it. Every change of
+/// the camera ends with loading it into OpenGL, in the context of the attached display; without a display the
+/// context that is current on the calling thread is used. All operations run on the thread that owns the
+/// window.
+///
+/// Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y upwards, depth
+/// from 0 (near) to 1 (far, nothing drawn). A host flips the y of its mouse positions before it calls.
+///
+/// Arguments that are not finite numbers are refused: the operation answers its refusal value, or its
+/// ordinary result where it has none, and changes nothing.
+class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
+  public:
+    IQelTrackBall();
+    IQelTrackBall(const IQelTrackBall& other);
+    IQelTrackBall& operator=(const IQelTrackBall& other);
+
+    /// New window size in pixels: sets viewport, projection and camera. A zero width or height (a minimised
+    /// window) changes nothing. Returns 1 always.
+    virtual std::int32_t onResize(std::uint32_t width, std::uint32_t height) = 0;
+    /// Starts a drag at a window position: button 1 pans, 2 rotates, 3 zooms; 0 ends the drag. Returns 1.
+    virtual std::int32_t onButtonDown(std::int32_t button, std::int32_t x, std::int32_t y) = 0;
+    /// One step of the running drag; nothing without one. Returns 1.
+    virtual std::int32_t onMouseMove(std::int32_t x, std::int32_t y) = 0;
+    /// Ends the drag; returns 1.
+    virtual std::int32_t onButtonUp() = 0;
+    /// The button of the running drag; 0 for none.
+    virtual std::int32_t getDragButton() = 0;
+    /// Replays six-axis input: pan x and y in pixels, dolly, turn x and y in pixels, roll in pixels.
+    /// @param values six numbers, each from -1000 to 1000.
+    /// @return 1; -1 if a value is out of range, which changes nothing.
+    virtual std::int32_t applyMotion(const double* values) = 0;
+    /// Places the camera. `up` is kept as given, not normalised. Returns 0.
+    virtual std::int32_t setCamera(qel::XPnt3d eye, qel::XPnt3d target, qel::XPnt3d up) = 0;
+    /// Recomputes the radius of the trackball sphere from the view; returns 0.
+    virtual std::int32_t updateSphereRadius() = 0;
+    /// Draws the trackball rings while a rotation drag is under way; returns 1.
+    virtual std::int32_t drawTrackBall() = 0;
+    /// Draws the axes tripod in the upper-right corner of the view; returns 0.
+    virtual std::int32_t drawAxes() = 0;
+    /// Draws a labelled local frame at a model point.
+    /// @param xDir, yDir its first two directions in model units, of any length; the third is their vector
+    /// product.
+    /// @param size length of the axes in 1/400 of half the view's height at the point; not used in
+    /// orthographic views.
+    /// @param depthTest false draws the frame over the scene.
+    /// @return 0
+    virtual std::int32_t drawFrame(double x, double y, double z, const qel::XPnt3d& xDir,
+                                   const qel::XPnt3d& yDir, float size, bool depthTest) = 0;
+    /// Writes formatted text next to a model point.
+    /// @param dx, dy offset of the text from the point's pixel, in pixels, y upwards.
+    /// @param format printf-style; text beyond 255 characters is cut.
+    /// @return 0; -1 if the point lies outside the depth range of the view, or the format is null. A null
+    /// format
+    ///         leaves the view in pixel coordinates.
+    virtual std::int32_t drawLabel(double x, double y, double z, double dx, double dy, const char* format,
+                                   ...) = 0;
+    /// Always 0.
+    virtual std::int32_t isBusy() = 0;
+    /// Reads the depth of the frame just drawn, and applies a pending switch to orthographic. Returns 1 if it
+    /// did, else 0.
+    virtual std::int32_t refreshDepth() = 0;
+    /// Sets the point that drags rotate about, in model units; the camera does not move. Returns 1.
+    virtual std::int32_t setRotationCenter(double x, double y, double z) = 0;
+    /// Sets the rotation centre to the model point under a window position (see `pickModelPnt`). Returns 1.
+    virtual std::int32_t setRotationCenterAt(std::int32_t x, std::int32_t y) = 0;
+    /// An orthographic standard view of an extent: looking from `target` - `direction` along `direction`.
+    /// Returns 0.
+    virtual std::int32_t setOrthoView(qel::XPnt3d target, qel::XPnt3d direction, qel::XPnt3d up,
+                                      qel::Enve3d extent) = 0;
+    /// Switches to orthographic projection. The box that keeps the apparent size is rebuilt from the depth of
+    /// the next frame (`refreshDepth`). Returns 1.
+    virtual std::int32_t setOrtho() = 0;
+    /// Switches to perspective projection; returns 1.
+    virtual std::int32_t setPerspective() = 0;
+    /// Moves the scene by a model vector, that is eye and target against it. Returns 1.
+    virtual std::int32_t moveBy(double dx, double dy, double dz) = 0;
+    /// Moves eye and target by a screen delta in hundredths of the view's smaller side, in model units.
+    /// Returns 1.
+    virtual std::int32_t pan(double dx, double dy) = 0;
+    /// One of eight standard views, fitted to the model: 0 top, 1 bottom, 2 back, 3 front, 4 right, 5 left,
+    /// 6 and 7 the two isometric ones from (1, 1, 1) and (-1, -1, -1). Returns 1.
+    virtual std::int32_t setStandardView(std::uint32_t view) = 0;
+    /// Fits an extent into the view. Quick fit: a sphere of the extent's diagonal fills the view's height.
+    /// Precise fit: the extent's image fills the view. Returns 1; -1 for an extent that is not valid.
+    virtual std::int32_t zoomToExtent(qel::Enve3d extent, bool precise) = 0;
+    /// `zoomToExtent` of the model's extent.
+    virtual std::int32_t zoomToModel(bool precise) = 0;
+    /// Sets the model's extent and from it the clipping distances (diagonal / 800 and x 20); with `zoom` fits
+    /// it too. Returns 1 if a missing z range was set to 0, 0 if not, -1 for an extent that is not valid.
+    virtual std::int32_t setExtent(qel::Enve3d extent, bool zoom) = 0;
+    virtual qel::Enve3d getExtent() = 0;
+    /// Moves eye and target by `factor` of the way to the scene under a window position; negative moves away.
+    /// In perspective a factor above 0.1 is slowed to 0.067 while the scene lies near the far end of the
+    /// depth range. Returns 1.
+    virtual std::int32_t zoomAt(float factor, std::int32_t x, std::int32_t y) = 0;
+    virtual bool isOrtho() = 0;
+    /// True if orthographic and looking along z.
+    virtual bool isPlanView() = 0;
+    /// True if orthographic and looking horizontally.
+    virtual bool isLevelView() = 0;
+    /// Whether the long axes through the model's origin are drawn; false at first. Returns 0.
+    virtual std::int32_t setOverlayOption(bool show) = 0;
+    virtual bool getOverlayOption() = 0;
+    /// Loads projection and camera into OpenGL; returns 1.
+    virtual std::int32_t updateView() = 0;
+    /// Vertical field of view in degrees; 27 at first.
+    virtual double getFieldOfView() = 0;
+    /// Degrees above 0 and below 180; returns 0.
+    virtual std::int32_t setFieldOfView(double degrees) = 0;
+    /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters take effect with
+    /// the next load of the projection and return 0.
+    virtual double getNearPlane() = 0;
+    virtual std::int32_t setNearPlane(double distance) = 0;
+    virtual double getFarPlane() = 0;
+    virtual std::int32_t setFarPlane(double distance) = 0;
+    virtual qel::XPnt3d getEye() = 0;
+    virtual qel::XPnt3d getUp() = 0;
+    virtual qel::XPnt3d getTarget() = 0;
+    /// Size of the view in pixels; 0 before the first `onResize`.
+    virtual float getWidth() = 0;
+    virtual float getHeight() = 0;
+    /// Pixels that one model unit covers at the rotation centre.
+    virtual float getPixelsPerUnit() = 0;
+    /// Draws into a part of the window only; size and aspect of the view stay. Returns 0.
+    virtual std::int32_t setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
+                                     std::int32_t height) = 0;
+    /// OpenGL's current viewport (x, y, width, height); the array belongs to the camera and is valid until it
+    /// goes.
+    virtual const std::int32_t* getViewport() = 0;
+    /// OpenGL's current matrices, 16 doubles each, column by column; owned like the viewport.
+    virtual const double* getModelviewMatrix() = 0;
+    virtual const double* getProjectionMatrix() = 0;
+    /// The model point under a pixel from its exact depth; `XPnt3d::invalid()` on the background.
+    virtual qel::XPnt3d getModelPntAt(double x, double y) = 0;
+    /// Window coordinates and depth to a model point.
+    virtual qel::XPnt3d unProject(double x, double y, double z) = 0;
+    virtual qel::XPnt3d unProjectPnt(const qel::XPnt3d& windowPoint) = 0;
+    /// The model point under a pixel; beside an object at the mean depth of what lies within 20 pixels, in
+    /// empty space at the mean depth of the scene. Never invalid.
+    virtual qel::XPnt3d pickModelPnt(double x, double y) = 0;
+    /// A model point to window coordinates and depth.
+    virtual qel::XPnt3d project(double x, double y, double z) = 0;
+    virtual qel::XPnt3d projectPnt(const qel::XPnt3d& modelPoint) = 0;
+    /// True if the image of the box's corners in front of the far plane meets a window rectangle.
+    virtual bool isBoxInRect(const qel::Enve2d& rect, const qel::Enve3d& box) = 0;
+    /// `isBoxInRect` with the whole view.
+    virtual bool isBoxVisible(const qel::Enve3d& box) = 0;
+    /// True if a model point lies inside the view frustum.
+    virtual bool isPntInView(double x, double y, double z) = 0;
+    /// Share of the view's width that an extent covers, from 0 to 1; 0 if it is not visible, -1 if it is not
+    /// valid.
+    virtual float getScreenCoverage(const qel::Enve3d& extent) = 0;
+    /// Always -1.
+    virtual std::int32_t getMode() = 0;
+    /// Aims the camera at the sum of three points, from 50 units along the triangle's normal. The view is not
+    /// loaded: call `updateView` to see it. Returns 1.
+    virtual std::int32_t lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) = 0;
+    /// Moves the eye so that a window of the rectangle's size fills the view; the target stays, and
+    /// orthographic views do not change. The rectangle must span at least one pixel in each direction, else
+    /// nothing changes. Returns 1.
+    virtual std::int32_t zoomInRect(const qel::PixelRect& rect) = 0;
+    /// The inverse of `zoomInRect`.
+    virtual std::int32_t zoomOutRect(const qel::PixelRect& rect) = 0;
+
+  protected:
+    ~IQelTrackBall() override;
+};

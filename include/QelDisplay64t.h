@@ -1,0 +1,67 @@
+#pragma once
+
+/// Everything a host needs of QelDisplay64t: all interfaces and the four exported functions.
+///
+/// The functions are exported under their plain names as well, for hosts that load the library themselves and
+/// look them up with GetProcAddress.
+
+#include "CQelCancelTail.h"
+#include "ICancelTail.h"
+#include "IQelArray.h"
+#include "IQelBall.h"
+#include "IQelCurve.h"
+#include "IQelDisplay.h"
+#include "IQelDisplayEvent.h"
+#include "IQelGL.h"
+#include "IQelGeometry.h"
+#include "IQelLight.h"
+#include "IQelLights.h"
+#include "IQelPoint.h"
+#include "IQelPointArray.h"
+#include "IQelPolygon.h"
+#include "IQelPolyline.h"
+#include "IQelRing.h"
+#include "IQelScrDisplay.h"
+#include "IQelScrDisplay2D.h"
+#include "IQelSymbol.h"
+#include "IQelTrackBall.h"
+#include "IQelTransform.h"
+#include "IQelTransform2D.h"
+#include "ITask.h"
+#include "QelArrayElements.h"
+#include "QelDisplayExport.h"
+#include "QelMeshStyle.h"
+#include "QelRefPtr.h"
+#include "QelStatus.h"
+
+extern "C" {
+
+/// Makes an OpenGL screen display. It carries one reference, which the caller gives back with `Release`; the
+/// last reference takes the display with its context along. Call on the thread that owns the window.
+[[nodiscard]] QEL_DISPLAY_API IQelDisplay* newScreenDisplay();
+
+/// Makes a GDI display. It carries one reference, which the caller gives back with `Release`.
+[[nodiscard]] QEL_DISPLAY_API IQelScrDisplay2D* newGDIScrDisplay();
+
+/// Makes a symbol that carries no reference: the first holder, a `qel::ref_ptr`, takes the first one. Any
+/// thread.
+[[nodiscard]] QEL_DISPLAY_API IQelSymbol* newQelSymbol();
+}
+
+namespace qel {
+
+#if defined(__clang__)
+// The smart pointer is a class, and the function must still be found under its plain name.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#endif
+
+/// The symbol that the module shares with its hosts; empty before the module is loaded. The module renews it
+/// whenever a thread starts or ends; one that is held stays alive. May be called on any thread.
+extern "C" [[nodiscard]] QEL_DISPLAY_API ref_ptr<IQelSymbol> getPubSymbol();
+
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#endif
+
+}  // namespace qel

@@ -1,0 +1,12 @@
+#pragma once
+
+/// Marks what QelDisplay64t.dll exports. A host sees the import side; a static build sees nothing.
+#if defined(_WIN32) && !defined(QEL_STATIC)
+#if defined(QEL_BUILDING_DISPLAY)
+#define QEL_DISPLAY_API __declspec(dllexport)
+#else
+#define QEL_DISPLAY_API __declspec(dllimport)
+#endif
+#else
+#define QEL_DISPLAY_API
+#endif

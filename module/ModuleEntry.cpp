@@ -1,0 +1,78 @@
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <process.h>
+#include <windows.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+#include "PublicSymbol.h"
+
+namespace {
+
+constexpr DWORD kSleepMilliseconds = 5500;
+
+/// What the sleeping thread holds: the library itself, so that its code stays while it sleeps, and its own
+/// handle.
+HMODULE heldLibrary = nullptr;
+std::uintptr_t sleepThread = 0;
+
+void sleepAndLeave(void* /*unused*/) {
+    Sleep(kSleepMilliseconds);
+    // The runtime closes a thread's handle when the thread function returns; this one cannot return, since
+    // giving the library back may take its code away.
+    CloseHandle(reinterpret_cast<HANDLE>(sleepThread));  // NOLINT(performance-no-int-to-ptr)
+    FreeLibraryAndExitThread(heldLibrary, 0);
+}
+
+void startSleepThread() {
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&sleepAndLeave),
+                       &heldLibrary);
+    constexpr unsigned kDefaultStack = 0;
+    sleepThread = _beginthread(&sleepAndLeave, kDefaultStack, nullptr);
+    if (static_cast<std::intptr_t>(sleepThread) < 0) {
+        std::exit(0);
+    }
+}
+
+/// Whether the thread that runs the detach may be ended by it. It runs under the loader's lock, on a thread
+/// of the host's or on the one that ends the process: ending it there would leave the lock held for ever.
+bool mayEndDetachingThread() {
+    return false;
+}
+
+/// A process that goes down (the loader says so) has ended its other threads already.
+void detach(bool processEnds) {
+    if (processEnds) {
+        qel::unlockPublicSymbolForGood();
+    }
+    if (mayEndDetachingThread()) {
+        _endthread();
+    }
+}
+
+}  // namespace
+
+/// Called by the loader for every attach and detach of the process and of each of its threads. Each call
+/// renews the public symbol. FALSE refuses the load.
+extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, LPVOID reserved) {
+    wchar_t path[MAX_PATH] = {};
+    if (GetModuleFileNameW(nullptr, path, MAX_PATH) == 0) {
+        std::printf("GetModuleFileName failed (%d)\n", static_cast<int>(GetLastError()));
+        return FALSE;
+    }
+    const bool processEnds = reserved != nullptr;
+    if (reason == DLL_PROCESS_ATTACH) {
+        startSleepThread();
+    } else if (reason == DLL_PROCESS_DETACH) {
+        detach(processEnds);
+    }
+    qel::renewPublicSymbol();
+    // A host may load and unload the library for weeks; at the end of the process the memory goes by itself.
+    if (reason == DLL_PROCESS_DETACH && !processEnds) {
+        qel::emptyPublicSymbol();
+    }
+    return TRUE;
+}

@@ -1,0 +1,8 @@
+#include "CQelScreenDisplay.h"
+#include "QelDisplay64t.h"
+
+IQelDisplay* newScreenDisplay() {
+    auto* const display = new CQelScreenDisplay();
+    display->AddRef();
+    return display;
+}
