@@ -1,0 +1,223 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "IQelTrackBall.h"
+#include "QelMatrix.h"
+#include "QelRotation.h"
+
+class IQelDisplay;
+
+/// True if the infinite line through p0 and p1 passes through the quadrilateral a, b, c, d, given
+/// counter-clockwise.
+[[nodiscard]] bool isLineThroughQuad(const qel::XPnt3d& p0, const qel::XPnt3d& p1, const qel::XPnt3d& a,
+                                     const qel::XPnt3d& b, const qel::XPnt3d& c, const qel::XPnt3d& d);
+
+/// The camera of one 3D view. It owns no OpenGL objects and never computes OpenGL's matrices itself: what it
+/// caches is what OpenGL holds, read back when a dirty flag says that it changed.
+///
+/// TrackBallState.cpp holds construction and plain accessors, TrackBallCamera.cpp projection and placement,
+/// TrackBallDepth.cpp the depth of the scene, TrackBallPicking.cpp projection helpers and picking,
+/// TrackBallRotation.cpp the trackball, TrackBallDrag.cpp the drags, TrackBallZoom.cpp zoom and pan,
+/// TrackBallFit.cpp fitting and standard views, TrackBallOverlays.cpp rings and labels, TrackBallAxes.cpp the
+/// two frames.
+class CQelTrackBall : public IQelTrackBall {
+  public:
+    CQelTrackBall();
+    CQelTrackBall(const CQelTrackBall&) = delete;
+    CQelTrackBall& operator=(const CQelTrackBall&) = delete;
+
+    std::int32_t onResize(std::uint32_t width, std::uint32_t height) override;
+    std::int32_t onButtonDown(std::int32_t button, std::int32_t x, std::int32_t y) override;
+    std::int32_t onMouseMove(std::int32_t x, std::int32_t y) override;
+    std::int32_t onButtonUp() override;
+    std::int32_t getDragButton() override;
+    std::int32_t applyMotion(const double* values) override;
+    std::int32_t setCamera(qel::XPnt3d newEye, qel::XPnt3d newTarget, qel::XPnt3d newUp) override;
+    std::int32_t updateSphereRadius() override;
+    std::int32_t drawTrackBall() override;
+    std::int32_t drawAxes() override;
+    std::int32_t drawFrame(double x, double y, double z, const qel::XPnt3d& xDir, const qel::XPnt3d& yDir,
+                           float size, bool depthTest) override;
+    std::int32_t drawLabel(double x, double y, double z, double dx, double dy, const char* format,
+                           ...) override;
+    std::int32_t isBusy() override;
+    std::int32_t refreshDepth() override;
+    std::int32_t setRotationCenter(double x, double y, double z) override;
+    std::int32_t setRotationCenterAt(std::int32_t x, std::int32_t y) override;
+    std::int32_t setOrthoView(qel::XPnt3d newTarget, qel::XPnt3d direction, qel::XPnt3d newUp,
+                              qel::Enve3d newExtent) override;
+    std::int32_t setOrtho() override;
+    std::int32_t setPerspective() override;
+    std::int32_t moveBy(double dx, double dy, double dz) override;
+    std::int32_t pan(double dx, double dy) override;
+    std::int32_t setStandardView(std::uint32_t view) override;
+    std::int32_t zoomToExtent(qel::Enve3d box, bool precise) override;
+    std::int32_t zoomToModel(bool precise) override;
+    std::int32_t setExtent(qel::Enve3d newExtent, bool zoom) override;
+    qel::Enve3d getExtent() override;
+    std::int32_t zoomAt(float factor, std::int32_t x, std::int32_t y) override;
+    bool isOrtho() override;
+    bool isPlanView() override;
+    bool isLevelView() override;
+    std::int32_t setOverlayOption(bool show) override;
+    bool getOverlayOption() override;
+    std::int32_t updateView() override;
+    double getFieldOfView() override;
+    std::int32_t setFieldOfView(double degrees) override;
+    double getNearPlane() override;
+    std::int32_t setNearPlane(double distance) override;
+    double getFarPlane() override;
+    std::int32_t setFarPlane(double distance) override;
+    qel::XPnt3d getEye() override;
+    qel::XPnt3d getUp() override;
+    qel::XPnt3d getTarget() override;
+    float getWidth() override;
+    float getHeight() override;
+    float getPixelsPerUnit() override;
+    std::int32_t setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
+                             std::int32_t height) override;
+    const std::int32_t* getViewport() override;
+    const double* getModelviewMatrix() override;
+    const double* getProjectionMatrix() override;
+    qel::XPnt3d getModelPntAt(double x, double y) override;
+    qel::XPnt3d unProject(double x, double y, double z) override;
+    qel::XPnt3d unProjectPnt(const qel::XPnt3d& windowPoint) override;
+    qel::XPnt3d pickModelPnt(double x, double y) override;
+    qel::XPnt3d project(double x, double y, double z) override;
+    qel::XPnt3d projectPnt(const qel::XPnt3d& modelPoint) override;
+    bool isBoxInRect(const qel::Enve2d& rect, const qel::Enve3d& box) override;
+    bool isBoxVisible(const qel::Enve3d& box) override;
+    bool isPntInView(double x, double y, double z) override;
+    float getScreenCoverage(const qel::Enve3d& box) override;
+    std::int32_t getMode() override;
+    std::int32_t lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) override;
+    std::int32_t zoomInRect(const qel::PixelRect& rect) override;
+    std::int32_t zoomOutRect(const qel::PixelRect& rect) override;
+
+    /// Loads the camera of one eye of a stereo pair: the eye turned about the up vector by the angle that
+    /// `offset` model units span at the target. No field changes and the context must be current. Returns 0.
+    virtual std::int32_t applyStereoModelview(double offset);
+    /// Attaches a display, whose context the camera draws in; null detaches. Takes a reference, except on the
+    /// display that owns this camera. Returns 0.
+    virtual std::int32_t setDisplay(IQelDisplay* newDisplay);
+    /// The attached display; no reference taken.
+    virtual IQelDisplay* getDisplay();
+    /// Loads the model-view matrix from eye, target and up; returns 0.
+    virtual std::int32_t applyModelview();
+    /// Loads the projection; returns 0.
+    virtual std::int32_t applyProjection();
+    /// Sets the viewport to the whole view; the context must be current. Returns 0.
+    virtual std::int32_t restoreViewport();
+
+    /// The drags in window coordinates with fractions of a pixel.
+    std::int32_t onButtonDown(std::int32_t button, double x, double y);
+    std::int32_t onMouseMove(double x, double y);
+
+    /// Names the display that owns this camera. A counted reference back to it would keep the two alive for
+    /// ever, so this one is not counted.
+    void setOwner(IQelDisplay* newOwner);
+    /// The owner goes: a camera that the host still holds reports no display from now on and draws nothing,
+    /// since the context that is current then belongs to somebody else.
+    void ownerGoes();
+
+    /// The point of the trackball's unit sphere under a window position; outside its outline, on the rim.
+    void mapToSphere(double x, double y, double* vector);
+    /// Places the camera from the start of the drag and the drag's rotation; returns 1.
+    std::int32_t applyDragRotation();
+    /// Sizes the orthographic box so that the plane through the point of interest looks as large as in
+    /// perspective; that point is the extent's midpoint, or the scene in the middle of the view. Returns 0.
+    std::int32_t updateOrthoBox(bool fromExtent);
+    /// Mean window depth of the scene, between 0.00001 and 0.99999.
+    double getMeanDepth();
+    /// Copies the depth of the whole back buffer.
+    void readDepthBuffer();
+    /// Reads back what the dirty flags name; returns 1 if nothing was dirty, else 0.
+    std::int32_t updateGlMatrices();
+    /// OpenGL's model-view matrix as a matrix for row vectors.
+    void getModelViewMatrix(qel::matrix<double>& m);
+
+  protected:
+    ~CQelTrackBall() override;
+
+  private:
+    struct OrthoBox {
+        double left = 0.0;
+        double right = 0.0;
+        double bottom = 0.0;
+        double top = 0.0;
+        double nearDistance = 0.0;
+        double farDistance = 0.0;
+    };
+    struct Mouse {
+        double x = 0.0;
+        double y = 0.0;
+    };
+
+    void makeDisplayCurrent();
+    void holdDisplay(IQelDisplay* newDisplay);
+    /// Half the vertical field of view as a tangent.
+    [[nodiscard]] double tanHalfFieldOfView() const;
+    /// Model-space width of the view at the rotation centre.
+    double viewSpanAtCenter();
+    double meanOfDepthBuffer(std::size_t& count) const;
+    void panTo(double x, double y);
+    void rotateTo(double x, double y);
+    void fitQuickly(const qel::Enve3d& box);
+    void fitPrecisely(const qel::Enve3d& box);
+    void moveEyeAndTarget(const qel::XPnt3d& delta);
+    void scaleEyeDistance(const qel::PixelRect& rect, bool inwards);
+    /// The camera after a change of position: view and trackball sphere. Returns 1.
+    std::int32_t updateViewAndSphere();
+    void drawRings(float radius);
+    void drawDirections(const qel::XPnt3d& origin, const qel::XPnt3d& x, const qel::XPnt3d& y,
+                        const qel::XPnt3d& z);
+    void drawDirectionLetters(const qel::XPnt3d& xTip, const qel::XPnt3d& yTip, const qel::XPnt3d& zTip);
+    void drawLongAxes(double length);
+    void printText(const char* text);
+
+    IQelDisplay* display = nullptr;
+    IQelDisplay* owner = nullptr;
+    bool ownerGone = false;
+    std::int32_t dragButton = 0;
+    qel::Enve3d extent;
+    qel::XPnt3d eye;
+    qel::XPnt3d target;
+    qel::XPnt3d up;
+    OrthoBox orthoBox;
+    double fovY = 0.0;
+    double aspect = 0.0;
+    double zNear = 0.0;
+    double zFar = 0.0;
+    float viewWidth = 0.0F;
+    float viewHeight = 0.0F;
+    qel::XPnt3d rotationCenter;
+    float sphereRadius = 0.0F;
+    float sphereRadiusPx = 0.0F;
+    bool ortho = false;
+    bool overlayOption = false;
+    bool orthoPending = false;
+    double modelviewMatrix[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    double projectionMatrix[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    std::int32_t viewport[4] = {};
+    bool modelviewDirty = false;
+    bool projectionDirty = false;
+    bool viewportDirty = false;
+    qel::XPnt3d dragEye;
+    qel::XPnt3d dragTarget;
+    qel::XPnt3d dragUp;
+    Mouse lastMouse;
+    Mouse pressMouse;
+    qel::XPnt3d sphereStart;
+    qel::XPnt3d sphereCurrent;
+    qel::XPnt3d sphereStartView;
+    qel::XPnt3d sphereCurrentView;
+    qel::matrix<double> pressInverse;
+    qel::matrix<float> dragRotation;
+    std::unique_ptr<float[]> depthBuffer;
+    std::int32_t depthHeight = 0;
+    std::int32_t depthWidth = 0;
+    float averageDepth = 0.0F;
+    bool depthStale = false;
+};

@@ -1,0 +1,170 @@
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+#include "CQelTrackBall.h"
+#include "FiniteArguments.h"
+#include "QelGl.h"
+#include "QelQuad.h"
+#include "QelTruncate.h"
+
+std::int32_t CQelTrackBall::onResize(std::uint32_t width, std::uint32_t height) {
+    constexpr std::uint32_t kLargest = std::numeric_limits<std::int32_t>::max();
+    if (width == 0 || height == 0 || width > kLargest || height > kLargest) {
+        return 1;
+    }
+    makeDisplayCurrent();
+    glViewport(0, 0, static_cast<GLsizei>(width), static_cast<GLsizei>(height));
+    viewportDirty = true;
+    viewWidth = static_cast<float>(width);
+    viewHeight = static_cast<float>(height);
+    aspect = static_cast<double>(viewWidth / viewHeight);
+    updateOrthoBox(false);
+    updateView();
+    updateSphereRadius();
+    return 1;
+}
+
+std::int32_t CQelTrackBall::setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
+                                        std::int32_t height) {
+    glViewport(x, y, width, height);
+    viewportDirty = true;
+    return 0;
+}
+
+std::int32_t CQelTrackBall::restoreViewport() {
+    glViewport(0, 0, qel::truncateToInt(static_cast<double>(viewWidth)),
+               qel::truncateToInt(static_cast<double>(viewHeight)));
+    viewportDirty = true;
+    return 0;
+}
+
+std::int32_t CQelTrackBall::updateView() {
+    applyProjection();
+    applyModelview();
+    return 1;
+}
+
+std::int32_t CQelTrackBall::applyProjection() {
+    makeDisplayCurrent();
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    if (ortho) {
+        glOrtho(orthoBox.left, orthoBox.right, orthoBox.bottom, orthoBox.top, orthoBox.nearDistance,
+                orthoBox.farDistance);
+    } else {
+        gluPerspective(fovY, aspect, zNear, zFar);
+    }
+    projectionDirty = true;
+    return 0;
+}
+
+std::int32_t CQelTrackBall::applyModelview() {
+    makeDisplayCurrent();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    gluLookAt(eye.x, eye.y, eye.z, target.x, target.y, target.z, up.x, up.y, up.z);
+    modelviewDirty = true;
+    return 0;
+}
+
+// The mono view comes back with applyModelview; until then the cached model-view stays the mono one, so
+// picking works the same whichever eye was drawn last.
+std::int32_t CQelTrackBall::applyStereoModelview(double offset) {
+    if (!qel::areFinite(offset)) {
+        return 0;
+    }
+    const qel::XPnt3d direction = eye - target;
+    // An eye at its target has no direction to turn; atan(0 / 0) would be NaN.
+    const double distance = direction.norm();
+    const double angle = distance > 0.0 ? std::atan(offset / distance) : 0.0;
+    qel::QelQuad turn(1.0, 0.0, 0.0, 0.0);
+    turn.rotate(static_cast<float>(up.x), static_cast<float>(up.y), static_cast<float>(up.z), angle);
+    const qel::XPnt3d turned = turn.toMatrix() * direction + target;
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    gluLookAt(turned.x, turned.y, turned.z, target.x, target.y, target.z, up.x, up.y, up.z);
+    return 0;
+}
+
+std::int32_t CQelTrackBall::setCamera(qel::XPnt3d newEye, qel::XPnt3d newTarget, qel::XPnt3d newUp) {
+    if (!qel::isFinite(newEye) || !qel::isFinite(newTarget) || !qel::isFinite(newUp)) {
+        return 0;
+    }
+    eye = newEye;
+    target = newTarget;
+    up = newUp;
+    updateView();
+    return 0;
+}
+
+std::int32_t CQelTrackBall::setOrtho() {
+    // The box that keeps the apparent size needs the depth of a drawn frame: refreshDepth rebuilds it.
+    orthoPending = !ortho;
+    ortho = true;
+    updateView();
+    return 1;
+}
+
+std::int32_t CQelTrackBall::setPerspective() {
+    ortho = false;
+    updateView();
+    return 1;
+}
+
+std::int32_t CQelTrackBall::setFieldOfView(double degrees) {
+    if (!(degrees > 0.0 && degrees < 180.0)) {
+        return 0;
+    }
+    fovY = degrees;
+    updateOrthoBox(false);
+    projectionDirty = true;
+    updateView();
+    updateSphereRadius();
+    return 0;
+}
+
+double CQelTrackBall::tanHalfFieldOfView() const {
+    return std::tan(fovY * 0.5 * std::numbers::pi / 180.0);
+}
+
+std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
+    double distance = 0.0;
+    if (fromExtent) {
+        distance = qel::dist(eye, extent.MidPoint());
+    } else {
+        // The first call uses up a new depth copy, and the second returns the value as it is kept, in single
+        // precision.
+        static_cast<void>(getMeanDepth());
+        const double depth = getMeanDepth();
+        const qel::XPnt3d middle =
+            unProject(static_cast<double>(viewWidth * 0.5F), static_cast<double>(viewHeight * 0.5F), depth);
+        distance = qel::dist(eye, middle);
+    }
+    const double halfHeight = std::tan(fovY * std::numbers::pi / 180.0 * 0.5) * distance;
+    const double halfWidth = halfHeight * aspect;
+    orthoBox = {-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar};
+    return 0;
+}
+
+double CQelTrackBall::viewSpanAtCenter() {
+    if (isOrtho()) {
+        return orthoBox.right - orthoBox.left;
+    }
+    const double depth = projectPnt(rotationCenter).z;
+    const qel::XPnt3d corner = unProject(0.0, 0.0, depth);
+    // Along the window's y axis by the view's width: the scale of the two axes is the same, and this is the
+    // axis that the sphere's radius has always been measured on.
+    const qel::XPnt3d across = unProject(0.0, static_cast<double>(viewWidth), depth);
+    return qel::dist(corner, across);
+}
+
+float CQelTrackBall::getPixelsPerUnit() {
+    const double span = viewSpanAtCenter();
+    // A view without a size spans nothing: no pixel covers a unit.
+    if (!(span > 0.0)) {
+        return 0.0F;
+    }
+    return ortho ? static_cast<float>(static_cast<double>(viewWidth) / span)
+                 : viewWidth / static_cast<float>(span);
+}

@@ -1,0 +1,127 @@
+#include <cmath>
+
+#include "CQelTrackBall.h"
+#include "FiniteArguments.h"
+#include "QelTruncate.h"
+
+namespace {
+
+constexpr std::int32_t kNoButton = 0;
+constexpr std::int32_t kPanButton = 1;
+constexpr std::int32_t kRotateButton = 2;
+constexpr std::int32_t kZoomButton = 3;
+
+/// Pixels of a zoom drag that go all the way to the scene.
+constexpr double kZoomDragPixels = 800.0;
+constexpr double kLargestMotion = 1000.0;
+/// Full dolly steps from one end of the model to the other.
+constexpr double kDollySteps = 150.0;
+constexpr int kMotionAxes = 6;
+
+}  // namespace
+
+std::int32_t CQelTrackBall::onButtonDown(std::int32_t button, std::int32_t x, std::int32_t y) {
+    return onButtonDown(button, static_cast<double>(x), static_cast<double>(y));
+}
+
+std::int32_t CQelTrackBall::onButtonDown(std::int32_t button, double x, double y) {
+    if (!qel::areFinite(x, y)) {
+        return 1;
+    }
+    lastMouse = {x, y};
+    pressMouse = {x, y};
+    dragButton = button;
+    if (button == kNoButton) {
+        return 1;
+    }
+    double vector[3] = {};
+    mapToSphere(x, y, vector);
+    qel::matrix<double> modelview(4, 4);
+    getModelViewMatrix(modelview);
+    pressInverse = modelview.inverse();
+    // Directions only: eye space to model space without the translation.
+    for (std::int32_t column = 0; column < 3; ++column) {
+        pressInverse.setElement(3, column, 0.0);
+    }
+    sphereStart = qel::transformPoint({vector[0], vector[1], vector[2]}, pressInverse);
+    dragEye = eye;
+    dragTarget = target;
+    dragUp = up;
+    return 1;
+}
+
+std::int32_t CQelTrackBall::onMouseMove(std::int32_t x, std::int32_t y) {
+    return onMouseMove(static_cast<double>(x), static_cast<double>(y));
+}
+
+std::int32_t CQelTrackBall::onMouseMove(double x, double y) {
+    if (dragButton == kNoButton || !qel::areFinite(x, y)) {
+        return 1;
+    }
+    switch (dragButton) {
+        case kPanButton:
+            panTo(x, y);
+            break;
+        case kRotateButton:
+            rotateTo(x, y);
+            break;
+        case kZoomButton: {
+            const double moved = static_cast<double>(static_cast<float>(y - lastMouse.y));
+            // The point first pressed stays the aim for the whole drag.
+            zoomAt(static_cast<float>(moved / kZoomDragPixels), qel::truncateToInt(pressMouse.x),
+                   qel::truncateToInt(pressMouse.y));
+            break;
+        }
+        default:
+            break;
+    }
+    lastMouse = {x, y};
+    return 1;
+}
+
+void CQelTrackBall::panTo(double x, double y) {
+    const float unitsPerPixel = static_cast<float>(viewSpanAtCenter()) / viewWidth;
+    // A view without a size has no pixels to pan by.
+    if (!qel::areFinite(unitsPerPixel)) {
+        return;
+    }
+    qel::XPnt3d forward = target - eye;
+    forward.normalize();
+    qel::XPnt3d right = qel::cross(forward, up);
+    right.normalize();
+    qel::XPnt3d upward = up;
+    upward.normalize();
+    const float alongX = static_cast<float>(qel::truncateToInt(x - lastMouse.x)) * unitsPerPixel;
+    const float alongY = static_cast<float>(qel::truncateToInt(y - lastMouse.y)) * unitsPerPixel;
+    const qel::XPnt3d delta = right * static_cast<double>(alongX) + upward * static_cast<double>(alongY);
+    moveBy(delta.x, delta.y, delta.z);
+}
+
+std::int32_t CQelTrackBall::applyMotion(const double* values) {
+    if (values == nullptr) {
+        return -1;
+    }
+    for (int axis = 0; axis < kMotionAxes; ++axis) {
+        if (!(values[axis] >= -kLargestMotion && values[axis] <= kLargestMotion)) {
+            return -1;
+        }
+    }
+    const qel::XPnt3d center = projectPnt(rotationCenter);
+    onButtonDown(kRotateButton, center.x, center.y);
+    onMouseMove(center.x + values[3], center.y + values[4]);
+    onButtonUp();
+    // Pressed outside the sphere's outline a drag starts on its rim and rolls the view about the line of
+    // sight.
+    const double edge = static_cast<double>(sphereRadiusPx * 2.0F) + center.x;
+    onButtonDown(kRotateButton, edge, center.y);
+    onMouseMove(edge, center.y + values[5]);
+    onButtonUp();
+    onButtonDown(kPanButton, center.x, center.y);
+    onMouseMove(center.x + values[0], center.y + values[1]);
+    onButtonUp();
+    qel::XPnt3d inwards = rotationCenter - eye;
+    inwards.normalize();
+    moveEyeAndTarget(inwards * (extent.getDiagonal() / kDollySteps * values[2]));
+    updateOrthoBox(false);
+    return updateViewAndSphere();
+}

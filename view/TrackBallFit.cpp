@@ -1,0 +1,195 @@
+#include <cmath>
+#include <iterator>
+#include <numbers>
+
+#include "CQelTrackBall.h"
+#include "EnvelopeBounds.h"
+#include "FiniteArguments.h"
+#include "QelQuad.h"
+
+namespace {
+
+constexpr double kNearShareOfDiagonal = 800.0;
+constexpr double kFarDiagonals = 20.0;
+/// Distance from which `lookAtTriangle` looks, in model units.
+constexpr double kTriangleDistance = 50.0;
+
+struct StandardView {
+    qel::XPnt3d eye;
+    qel::XPnt3d up;
+};
+
+/// Up of an isometric view: the eye's direction turned by a quarter about a horizontal axis.
+qel::XPnt3d isometricUp(const qel::XPnt3d& eye, double side) {
+    qel::XPnt3d axis(side, -side, 0.0);
+    axis.normalize();
+    qel::QelQuad turn(1.0, 0.0, 0.0, 0.0);
+    turn.rotate(static_cast<float>(axis.x), static_cast<float>(axis.y), static_cast<float>(axis.z),
+                std::numbers::pi * 0.5);
+    qel::XPnt3d up = turn.toMatrix() * eye;
+    return up.normalize();
+}
+
+/// A view above 7 has no row: its eye lies on its target, and the fit that follows keeps that finite.
+StandardView standardView(std::uint32_t view) {
+    constexpr StandardView kAxisViews[] = {
+        {{0.0, 0.0, 100.0}, {0.0, 1.0, 0.0}}, {{0.0, 0.0, -100.0}, {0.0, -1.0, 0.0}},
+        {{0.0, 100.0, 0.0}, {0.0, 0.0, 1.0}}, {{0.0, -100.0, 0.0}, {0.0, 0.0, 1.0}},
+        {{100.0, 0.0, 0.0}, {0.0, 0.0, 1.0}}, {{-100.0, 0.0, 0.0}, {0.0, 0.0, 1.0}},
+    };
+    if (view < std::size(kAxisViews)) {
+        return kAxisViews[view];
+    }
+    if (view == 6) {
+        const qel::XPnt3d eye(100.0, 100.0, 100.0);
+        return {eye, isometricUp(eye, 1.0)};
+    }
+    if (view == 7) {
+        const qel::XPnt3d eye(-100.0, -100.0, -100.0);
+        return {eye, isometricUp(eye, -1.0)};
+    }
+    return {};
+}
+
+/// Flat data lies at z = 0.
+void giveZ(qel::Enve3d& box) {
+    if (!box.hasZ()) {
+        box.zmin = box.zmax = 0.0;
+    }
+}
+
+}  // namespace
+
+std::int32_t CQelTrackBall::setExtent(qel::Enve3d newExtent, bool zoom) {
+    if (!newExtent.isValid() || !qel::isFinite(newExtent)) {
+        return -1;
+    }
+    const bool flat = !newExtent.hasZ();
+    giveZ(newExtent);
+    extent = newExtent;
+    const double diagonal = extent.getDiagonal();
+    zNear = diagonal / kNearShareOfDiagonal;
+    zFar = diagonal * kFarDiagonals;
+    if (zoom) {
+        zoomToModel(false);
+    }
+    return flat ? 1 : 0;
+}
+
+std::int32_t CQelTrackBall::zoomToModel(bool precise) {
+    return zoomToExtent(extent, precise);
+}
+
+std::int32_t CQelTrackBall::zoomToExtent(qel::Enve3d box, bool precise) {
+    if (!box.isValid() || !qel::isFinite(box)) {
+        return -1;
+    }
+    giveZ(box);
+    makeDisplayCurrent();
+    rotationCenter = box.MidPoint();
+    if (precise) {
+        fitPrecisely(box);
+    } else {
+        fitQuickly(box);
+    }
+    return updateViewAndSphere();
+}
+
+void CQelTrackBall::fitQuickly(const qel::Enve3d& box) {
+    if (!eye.isValid()) {
+        eye.set(0.0, 0.0, 0.0);
+    }
+    const double distance = qel::dist(target, eye);
+    // An eye on its target has no direction to keep: it goes to the midpoint with it.
+    const double factor = distance > 0.0 ? box.getDiagonal() * 0.5 / tanHalfFieldOfView() / distance : 0.0;
+    eye = rotationCenter + (eye - target) * factor;
+    target = rotationCenter;
+}
+
+void CQelTrackBall::fitPrecisely(const qel::Enve3d& box) {
+    modelviewDirty = projectionDirty = viewportDirty = true;
+    const double depth = projectPnt(rotationCenter).z;
+    qel::Enve3d image;
+    image.setInvalid();
+    for (const double x : {box.xmin, box.xmax}) {
+        for (const double y : {box.ymin, box.ymax}) {
+            for (const double z : {box.zmin, box.zmax}) {
+                image.SetBox(project(x, y, z));
+            }
+        }
+    }
+    const qel::XPnt3d corner = unProject(image.xmin, image.ymin, depth);
+    const double width = qel::dist(corner, unProject(image.xmax, image.ymin, depth)) / aspect;
+    const double height = qel::dist(corner, unProject(image.xmin, image.ymax, depth));
+    const double half = (width > height ? width : height) * 0.5;
+    const double distance = half / tanHalfFieldOfView();
+    qel::XPnt3d direction = eye - target;
+    direction.normalize();
+    target = rotationCenter;
+    eye = target + direction * distance;
+}
+
+std::int32_t CQelTrackBall::setOrthoView(qel::XPnt3d newTarget, qel::XPnt3d direction, qel::XPnt3d newUp,
+                                         qel::Enve3d newExtent) {
+    if (!qel::isFinite(newTarget) || !qel::isFinite(direction) || !qel::isFinite(newUp) ||
+        !qel::isFinite(newExtent)) {
+        return 0;
+    }
+    target = newTarget;
+    eye = target - direction;
+    up = newUp;
+    up.normalize();
+    orthoPending = !ortho;
+    ortho = true;
+    extent = newExtent;
+    rotationCenter = extent.MidPoint();
+    const float distance = static_cast<float>(qel::dist(target, eye));
+    const double fitted =
+        static_cast<double>(static_cast<float>(extent.getDiagonal())) * 0.5 / tanHalfFieldOfView();
+    const float factor = distance > 0.0F ? static_cast<float>(fitted / static_cast<double>(distance)) : 0.0F;
+    eye = rotationCenter + (eye - target) * static_cast<double>(factor);
+    target = rotationCenter;
+    updateOrthoBox(true);
+    updateViewAndSphere();
+    return 0;
+}
+
+std::int32_t CQelTrackBall::setStandardView(std::uint32_t view) {
+    const StandardView placed = standardView(view);
+    eye = placed.eye;
+    target = qel::XPnt3d();
+    up = placed.up;
+    zoomToModel(false);
+    return 1;
+}
+
+// The sum of the corners, not their mean, and the view is not loaded: hosts that pick a face scale the camera
+// themselves before they show it.
+std::int32_t CQelTrackBall::lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) {
+    const qel::XPnt3d first(p1.x, p1.y, p1.z);
+    const qel::XPnt3d second(p2.x, p2.y, p2.z);
+    const qel::XPnt3d third(p3.x, p3.y, p3.z);
+    const qel::XPnt3d sum = first + second + third;
+    qel::XPnt3d normal = qel::cross(second - first, third - second);
+    normal.normalize();
+    if (!qel::isFinite(sum) || !qel::isFinite(normal)) {
+        return 1;
+    }
+    target = sum;
+    eye = target + normal * kTriangleDistance;
+    return 1;
+}
+
+float CQelTrackBall::getScreenCoverage(const qel::Enve3d& box) {
+    if (!box.isValid()) {
+        return -1.0F;
+    }
+    if (!isBoxVisible(box)) {
+        return 0.0F;
+    }
+    const qel::XPnt3d middle = box.MidPoint();
+    const qel::XPnt3d rim = middle + up * (box.getDiagonal() * 0.5);
+    const double across = (projectPnt(rim) - projectPnt(middle)).norm_2d();
+    const double share = 2.0 * across / static_cast<double>(viewWidth);
+    return static_cast<float>(share < 1.0 ? share : 1.0);
+}

@@ -1,0 +1,128 @@
+#include <cmath>
+#include <cstdarg>
+#include <cstdio>
+
+#include "CQelTrackBall.h"
+#include "FiniteArguments.h"
+#include "IQelDisplay.h"
+#include "QelGl.h"
+#include "QelTmpGlStateCtrl.h"
+#include "XPnt3f.h"
+
+namespace {
+
+constexpr std::int32_t kRotateButton = 2;
+constexpr int kSegmentsOfARing = 80;
+constexpr float kRadiansPerSegment = 0.07853982F;
+constexpr std::size_t kLongestLabel = 256;
+
+void vertex(const qel::XPnt3d& point) {
+    glVertex3d(point.x, point.y, point.z);
+}
+
+/// Points of a circle, computed in single precision around a centre in double precision.
+struct Ring {
+    qel::XPnt3d center;
+    qel::XPnt3f first;
+    qel::XPnt3f second;
+
+    Ring(const qel::XPnt3d& middle, const qel::XPnt3d& firstAxis, const qel::XPnt3d& secondAxis,
+         double radius)
+        : center(middle), first(firstAxis * radius), second(secondAxis * radius) {}
+
+    [[nodiscard]] qel::XPnt3d pointAt(int segment) const {
+        const float angle = static_cast<float>(segment) * kRadiansPerSegment;
+        return center + qel::XPnt3d(first * std::cos(angle) + second * std::sin(angle));
+    }
+};
+
+}  // namespace
+
+std::int32_t CQelTrackBall::drawTrackBall() {
+    if (dragButton != kRotateButton || ownerGone) {
+        return 1;
+    }
+    const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
+    drawRings(sphereRadius);
+    const double radius = static_cast<double>(sphereRadius);
+    glLineWidth(1.0F);
+    glBegin(GL_LINES);
+    for (const qel::XPnt3d& tip : {sphereStartView, sphereCurrentView}) {
+        glColor3f(1.0F, 1.0F, 1.0F);
+        vertex(rotationCenter);
+        vertex(tip * radius + rotationCenter);
+    }
+    glEnd();
+    return 1;
+}
+
+void CQelTrackBall::drawRings(float radius) {
+    const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
+    const double r = static_cast<double>(radius);
+    const qel::XPnt3d towardsEye = eye - target;
+    qel::XPnt3d right = qel::cross(towardsEye, up);
+    right.normalize();
+    glLineWidth(1.0F);
+    glColor3f(1.0F, 1.0F, 1.0F);
+    const Ring facing(rotationCenter, right, up, r);
+    glBegin(GL_LINES);
+    qel::XPnt3d previous = rotationCenter + right * r;
+    for (int segment = 1; segment <= kSegmentsOfARing; ++segment) {
+        const qel::XPnt3d next = facing.pointAt(segment);
+        vertex(previous);
+        vertex(next);
+        previous = next;
+    }
+    glEnd();
+    qel::XPnt3d across = qel::cross(sphereStartView, qel::cross(sphereStartView, sphereCurrentView));
+    across.normalize();
+    const Ring drag(rotationCenter, sphereStartView, across, r);
+    glBegin(GL_LINES);
+    previous = rotationCenter + sphereStartView * r;
+    for (int segment = 1; segment <= kSegmentsOfARing; ++segment) {
+        const qel::XPnt3d next = drag.pointAt(segment);
+        // Solid on the eye's side of the centre, dashed behind it.
+        if (qel::dot(previous - rotationCenter, towardsEye) >= 0.0 || segment % 2 == 0) {
+            vertex(previous);
+            vertex(next);
+        }
+        previous = next;
+    }
+    glEnd();
+}
+
+void CQelTrackBall::printText(const char* text) {
+    if (display != nullptr) {
+        display->printText("%s", text);
+    }
+}
+
+std::int32_t CQelTrackBall::drawLabel(double x, double y, double z, double dx, double dy, const char* format,
+                                      ...) {
+    if (ownerGone || !qel::areFinite(x, y, z, dx, dy)) {
+        return -1;
+    }
+    const qel::XPnt3d window = project(x, y, z);
+    if (window.z < 0.0 || window.z > 1.0) {
+        return -1;
+    }
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluOrtho2D(0.0, static_cast<double>(viewWidth), 0.0, static_cast<double>(viewHeight));
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    if (format == nullptr) {
+        return -1;
+    }
+    char text[kLongestLabel] = {};
+    va_list values;
+    va_start(values, format);
+    std::vsnprintf(text, sizeof text, format, values);
+    va_end(values);
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
+    glRasterPos2f(static_cast<float>(window.x + dx), static_cast<float>(window.y + dy));
+    printText(text);
+    updateView();
+    return 0;
+}

@@ -1,0 +1,205 @@
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "CQelTrackBall.h"
+#include "FiniteArguments.h"
+#include "IQelDisplay.h"
+#include "PixelPackScope.h"
+#include "QelGl.h"
+#include "QelPredicates.h"
+#include "QelTruncate.h"
+
+namespace {
+
+/// Half the side of the square in which a pick beside an object looks for it, in pixels.
+constexpr double kPickReach = 20.0;
+/// The largest square of depth values that can come of it, edges rounded.
+constexpr std::size_t kMostPickPixels = 42 * 42;
+constexpr double kOnPlane = 0.000001;
+
+float depthAt(double x, double y) {
+    // Outside the buffer nothing is read: background.
+    float depth = 1.0F;
+    glReadBuffer(GL_BACK);
+    glReadPixels(qel::truncateToInt(x), qel::truncateToInt(y), 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+    return depth;
+}
+
+/// Mean depth of what is drawn in the square around a window position; false if nothing is.
+bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, double& mean) {
+    const std::int32_t x0 = qel::truncateToInt(std::max(0.0, x - kPickReach));
+    const std::int32_t y0 = qel::truncateToInt(std::max(0.0, y - kPickReach));
+    const std::int32_t x1 = qel::truncateToInt(std::min(x + kPickReach, viewWidth - 1.0));
+    const std::int32_t y1 = qel::truncateToInt(std::min(y + kPickReach, viewHeight - 1.0));
+    // A pick outside the view leaves no square.
+    if (x1 <= x0 || y1 <= y0) {
+        return false;
+    }
+    const std::int32_t width = x1 - x0;
+    const std::int32_t height = y1 - y0;
+    const std::size_t area = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    float depths[kMostPickPixels];
+    std::fill_n(depths, area, 1.0F);
+    {
+        const qel::PixelPackScope packing;
+        glReadPixels(x0, y0, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, depths);
+    }
+    double sum = 0.0;
+    std::size_t drawn = 0;
+    for (std::size_t index = 0; index < area; ++index) {
+        if (depths[index] < 1.0F) {
+            sum += static_cast<double>(depths[index]);
+            ++drawn;
+        }
+    }
+    mean = drawn > 0 ? sum / static_cast<double>(drawn) : 0.0;
+    return drawn > 0;
+}
+
+}  // namespace
+
+std::int32_t CQelTrackBall::updateGlMatrices() {
+    if (!modelviewDirty && !projectionDirty && !viewportDirty) {
+        return 1;
+    }
+    makeDisplayCurrent();
+    if (modelviewDirty) {
+        glGetDoublev(GL_MODELVIEW_MATRIX, modelviewMatrix);
+        modelviewDirty = false;
+    }
+    if (projectionDirty) {
+        glGetDoublev(GL_PROJECTION_MATRIX, projectionMatrix);
+        projectionDirty = false;
+    }
+    if (viewportDirty) {
+        glGetIntegerv(GL_VIEWPORT, viewport);
+        viewportDirty = false;
+    }
+    return 0;
+}
+
+const std::int32_t* CQelTrackBall::getViewport() {
+    updateGlMatrices();
+    return viewport;
+}
+
+const double* CQelTrackBall::getModelviewMatrix() {
+    updateGlMatrices();
+    return modelviewMatrix;
+}
+
+const double* CQelTrackBall::getProjectionMatrix() {
+    updateGlMatrices();
+    return projectionMatrix;
+}
+
+void CQelTrackBall::getModelViewMatrix(qel::matrix<double>& m) {
+    double values[16] = {};
+    glGetDoublev(GL_MODELVIEW_MATRIX, values);
+    // OpenGL's columns become the rows of a matrix for row vectors.
+    for (std::int32_t index = 0; index < 16; ++index) {
+        m.setElement(index / 4, index % 4, values[index]);
+    }
+}
+
+qel::XPnt3d CQelTrackBall::unProject(double x, double y, double z) {
+    updateGlMatrices();
+    qel::XPnt3d point;
+    gluUnProject(x, y, z, modelviewMatrix, projectionMatrix, viewport, &point.x, &point.y, &point.z);
+    return point;
+}
+
+qel::XPnt3d CQelTrackBall::unProjectPnt(const qel::XPnt3d& windowPoint) {
+    return unProject(windowPoint.x, windowPoint.y, windowPoint.z);
+}
+
+qel::XPnt3d CQelTrackBall::project(double x, double y, double z) {
+    updateGlMatrices();
+    qel::XPnt3d window;
+    gluProject(x, y, z, modelviewMatrix, projectionMatrix, viewport, &window.x, &window.y, &window.z);
+    return window;
+}
+
+qel::XPnt3d CQelTrackBall::projectPnt(const qel::XPnt3d& modelPoint) {
+    return project(modelPoint.x, modelPoint.y, modelPoint.z);
+}
+
+qel::XPnt3d CQelTrackBall::getModelPntAt(double x, double y) {
+    if (!qel::areFinite(x, y)) {
+        return qel::XPnt3d::invalid();
+    }
+    const float depth = depthAt(x, y);
+    return depth >= 1.0F ? qel::XPnt3d::invalid() : unProject(x, y, static_cast<double>(depth));
+}
+
+qel::XPnt3d CQelTrackBall::pickModelPnt(double x, double y) {
+    if (!qel::areFinite(x, y)) {
+        return target;
+    }
+    double depth = static_cast<double>(depthAt(x, y));
+    if (depth >= 1.0 &&
+        !meanDepthAround(x, y, static_cast<double>(viewWidth), static_cast<double>(viewHeight), depth)) {
+        depth = getMeanDepth();
+    }
+    return unProject(x, y, depth);
+}
+
+bool CQelTrackBall::isBoxInRect(const qel::Enve2d& rect, const qel::Enve3d& box) {
+    // Flat data lies at z = 0.
+    const double zmin = box.hasZ() ? box.zmin : 0.0;
+    const double zmax = box.hasZ() ? box.zmax : 0.0;
+    qel::Enve2d image;
+    image.setInvalid();
+    for (const double z : {zmin, zmax}) {
+        const qel::XPnt3d corners[] = {{box.xmin, box.ymin, z},
+                                       {box.xmax, box.ymin, z},
+                                       {box.xmax, box.ymax, z},
+                                       {box.xmin, box.ymax, z}};
+        for (const qel::XPnt3d& corner : corners) {
+            const qel::XPnt3d window = project(corner.x, corner.y, corner.z);
+            if (window.z < 1.0) {
+                image.SetBox(window);
+            }
+        }
+    }
+    return rect.isIntersect(image);
+}
+
+bool CQelTrackBall::isBoxVisible(const qel::Enve3d& box) {
+    return isBoxInRect(qel::Enve2d(0.0, 0.0, static_cast<double>(viewWidth), static_cast<double>(viewHeight)),
+                       box);
+}
+
+bool CQelTrackBall::isPntInView(double x, double y, double z) {
+    const double width = static_cast<double>(viewWidth);
+    const double height = static_cast<double>(viewHeight);
+    const qel::XPnt3d n00 = unProject(0.0, 0.0, 0.0);
+    const qel::XPnt3d n10 = unProject(width, 0.0, 0.0);
+    const qel::XPnt3d n01 = unProject(0.0, height, 0.0);
+    const qel::XPnt3d n11 = unProject(width, height, 0.0);
+    const qel::XPnt3d f00 = unProject(0.0, 0.0, 1.0);
+    const qel::XPnt3d f10 = unProject(width, 0.0, 1.0);
+    const qel::XPnt3d f01 = unProject(0.0, height, 1.0);
+    const qel::XPnt3d f11 = unProject(width, height, 1.0);
+    const qel::XPnt3d point(x, y, z);
+    const auto inFront = [&](const qel::XPnt3d& a, const qel::XPnt3d& b, const qel::XPnt3d& c) {
+        return qel::isPntInFront(a, b, c, point, kOnPlane) != 0;
+    };
+    return inFront(n11, f11, f10) && inFront(n01, n00, f00) && inFront(n00, n10, f10) &&
+           inFront(n11, n01, f01) && inFront(f01, f00, f10) && inFront(n10, n00, n01);
+}
+
+bool isLineThroughQuad(const qel::XPnt3d& p0, const qel::XPnt3d& p1, const qel::XPnt3d& a,
+                       const qel::XPnt3d& b, const qel::XPnt3d& c, const qel::XPnt3d& d) {
+    qel::XPnt3d hit;
+    if (!qel::intersect(a, b, c, p0, p1, hit)) {
+        return false;
+    }
+    // A point off the plane turns each edge into a plane of its own.
+    const qel::XPnt3d off = hit + qel::cross(c, a, b);
+    const auto inside = [&](const qel::XPnt3d& from, const qel::XPnt3d& to) {
+        return qel::isPntInFront(off, to, from, hit, kOnPlane) != 0;
+    };
+    return inside(a, b) && inside(b, c) && inside(c, d) && inside(d, a);
+}

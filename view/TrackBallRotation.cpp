@@ -1,0 +1,105 @@
+#include <cmath>
+
+#include "CQelTrackBall.h"
+#include "FiniteArguments.h"
+#include "QelRotation.h"
+
+namespace {
+
+/// Vectors of the sphere closer together than this turn nothing.
+constexpr double kNoTurn = 1e-5;
+
+qel::XPnt3d turned(const qel::XPnt3d& point, const qel::matrix<float>& rotation) {
+    qel::matrix<double> wide(4, 4);
+    for (std::int32_t row = 0; row < 4; ++row) {
+        for (std::int32_t column = 0; column < 4; ++column) {
+            wide.setElement(row, column, static_cast<double>(rotation.element(row, column)));
+        }
+    }
+    return qel::transformPoint(point, wide);
+}
+
+}  // namespace
+
+std::int32_t CQelTrackBall::updateSphereRadius() {
+    const float halfDiagonal = static_cast<float>(extent.getDiagonal() * 0.5);
+    const float span = static_cast<float>(viewSpanAtCenter());
+    // A view without a size has no sphere yet; the next resize computes it.
+    if (!(span > 0.0F) || !qel::areFinite(span)) {
+        return 0;
+    }
+    const float radius = span * 0.5F > halfDiagonal ? halfDiagonal : span * 0.5F;
+    sphereRadius = radius;
+    sphereRadiusPx = radius * viewWidth / span;
+    return 0;
+}
+
+std::int32_t CQelTrackBall::setRotationCenter(double x, double y, double z) {
+    if (!qel::areFinite(x, y, z)) {
+        return 1;
+    }
+    rotationCenter.set(x, y, z);
+    updateSphereRadius();
+    return 1;
+}
+
+std::int32_t CQelTrackBall::setRotationCenterAt(std::int32_t x, std::int32_t y) {
+    rotationCenter = pickModelPnt(static_cast<double>(x), static_cast<double>(y));
+    updateSphereRadius();
+    return 1;
+}
+
+void CQelTrackBall::mapToSphere(double x, double y, double* vector) {
+    const qel::XPnt3d center = projectPnt(rotationCenter);
+    const double radius = static_cast<double>(sphereRadiusPx);
+    // A sphere without a size has a rim only: any scale gives its direction.
+    const double scale = radius > 0.0 ? radius : 1e-3;
+    const double px = (x - center.x) / scale;
+    const double py = (y - center.y) / scale;
+    const double squared = px * px + py * py;
+    if (squared > 1.0) {
+        const float length = std::sqrt(static_cast<float>(squared));
+        const double shrink = static_cast<double>(1.0F / length);
+        vector[0] = px * shrink;
+        vector[1] = py * shrink;
+        vector[2] = 0.0;
+    } else {
+        vector[0] = px;
+        vector[1] = py;
+        vector[2] = static_cast<double>(std::sqrt(static_cast<float>(1.0 - squared)));
+    }
+}
+
+void CQelTrackBall::rotateTo(double x, double y) {
+    double vector[3] = {};
+    mapToSphere(x, y, vector);
+    sphereCurrent = qel::transformPoint({vector[0], vector[1], vector[2]}, pressInverse);
+    const qel::XPnt3d axis = qel::cross(sphereStart, sphereCurrent);
+    qel::QuatF quat;
+    if (qel::dist(axis, qel::XPnt3d()) > kNoTurn) {
+        // Not normalised: for two unit vectors this is the unit quaternion of twice the angle between them,
+        // so a drag across the whole sphere turns the model all the way round.
+        quat = {static_cast<float>(axis.x), static_cast<float>(axis.y), static_cast<float>(axis.z),
+                static_cast<float>(qel::dot(sphereCurrent, sphereStart))};
+    }
+    qel::matrix<float> rotation(3, 3);
+    qel::setRotationFromQuat(rotation, quat);
+    qel::setRotationKeepScale(dragRotation, rotation);
+    applyDragRotation();
+    updateView();
+}
+
+std::int32_t CQelTrackBall::applyDragRotation() {
+    // Always from the camera as it was at the press: no error adds up over a drag.
+    const qel::XPnt3d center = rotationCenter;
+    dragRotation.transpose();
+    eye = turned(dragEye - center, dragRotation) + center;
+    target = turned(dragTarget - center, dragRotation) + center;
+    up = turned(dragUp, dragRotation);
+    up.normalize();
+    dragRotation.transpose();
+    const qel::matrix<float> inverse = dragRotation.inverse();
+    sphereStartView = turned(sphereStart, inverse);
+    sphereCurrentView = turned(sphereCurrent, inverse);
+    return 1;
+}

@@ -1,0 +1,165 @@
+#include <cmath>
+
+#include "CQelTrackBall.h"
+#include "FiniteArguments.h"
+#include "IQelDisplay.h"
+
+namespace {
+
+/// Direction components below this, in model units, count as zero.
+constexpr double kFlat = 1e-6;
+
+}  // namespace
+
+CQelTrackBall::CQelTrackBall() {
+    dragRotation = qel::matrix<float>(4, 4);
+    dragRotation.setIdentity();
+    fovY = 27.0;
+    // Any value serves before the first resize; this one keeps every formula finite.
+    aspect = 1.0;
+    zNear = 0.001;
+    zFar = 50000.0;
+    viewport[2] = viewport[3] = 100;
+    up.set(0.0, 1.0, 0.0);
+    eye.z = 100.0;
+    sphereRadius = 100.0F;
+    extent = {10.0, 100.0, 10.0, 100.0, 10.0, 100.0};
+    modelviewDirty = projectionDirty = viewportDirty = true;
+    averageDepth = 0.9F;
+    depthStale = true;
+}
+
+CQelTrackBall::~CQelTrackBall() {
+    holdDisplay(nullptr);
+}
+
+void CQelTrackBall::holdDisplay(IQelDisplay* newDisplay) {
+    IQelDisplay* const old = display;
+    if (newDisplay != nullptr && newDisplay != owner) {
+        newDisplay->ref();
+    }
+    display = newDisplay;
+    if (old != nullptr && old != owner) {
+        old->unref();
+    }
+}
+
+std::int32_t CQelTrackBall::setDisplay(IQelDisplay* newDisplay) {
+    if (newDisplay != display) {
+        holdDisplay(newDisplay);
+        ownerGone = false;
+    }
+    return 0;
+}
+
+void CQelTrackBall::setOwner(IQelDisplay* newOwner) {
+    owner = newOwner;
+}
+
+void CQelTrackBall::ownerGoes() {
+    if (display == owner) {
+        display = nullptr;
+    }
+    owner = nullptr;
+    ownerGone = display == nullptr;
+}
+
+IQelDisplay* CQelTrackBall::getDisplay() {
+    return display;
+}
+
+void CQelTrackBall::makeDisplayCurrent() {
+    if (display != nullptr) {
+        display->makeCurrent();
+    }
+}
+
+std::int32_t CQelTrackBall::onButtonUp() {
+    dragButton = 0;
+    return 1;
+}
+
+std::int32_t CQelTrackBall::getDragButton() {
+    return dragButton;
+}
+
+std::int32_t CQelTrackBall::isBusy() {
+    return 0;
+}
+
+std::int32_t CQelTrackBall::getMode() {
+    return -1;
+}
+
+qel::Enve3d CQelTrackBall::getExtent() {
+    return extent;
+}
+
+bool CQelTrackBall::isOrtho() {
+    return ortho;
+}
+
+bool CQelTrackBall::isPlanView() {
+    const qel::XPnt3d direction = eye - target;
+    return ortho && std::fabs(direction.x) < kFlat && std::fabs(direction.y) < kFlat &&
+           std::fabs(direction.z) > kFlat;
+}
+
+bool CQelTrackBall::isLevelView() {
+    return ortho && std::fabs(eye.z - target.z) < kFlat;
+}
+
+std::int32_t CQelTrackBall::setOverlayOption(bool show) {
+    overlayOption = show;
+    return 0;
+}
+
+bool CQelTrackBall::getOverlayOption() {
+    return overlayOption;
+}
+
+double CQelTrackBall::getFieldOfView() {
+    return fovY;
+}
+
+double CQelTrackBall::getNearPlane() {
+    return zNear;
+}
+
+std::int32_t CQelTrackBall::setNearPlane(double distance) {
+    if (qel::areFinite(distance)) {
+        zNear = distance;
+    }
+    return 0;
+}
+
+double CQelTrackBall::getFarPlane() {
+    return zFar;
+}
+
+std::int32_t CQelTrackBall::setFarPlane(double distance) {
+    if (qel::areFinite(distance)) {
+        zFar = distance;
+    }
+    return 0;
+}
+
+qel::XPnt3d CQelTrackBall::getEye() {
+    return eye;
+}
+
+qel::XPnt3d CQelTrackBall::getUp() {
+    return up;
+}
+
+qel::XPnt3d CQelTrackBall::getTarget() {
+    return target;
+}
+
+float CQelTrackBall::getWidth() {
+    return viewWidth;
+}
+
+float CQelTrackBall::getHeight() {
+    return viewHeight;
+}

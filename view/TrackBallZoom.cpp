@@ -1,0 +1,93 @@
+#include <algorithm>
+#include <cmath>
+
+#include "CQelTrackBall.h"
+#include "FiniteArguments.h"
+
+namespace {
+
+/// From this mean depth on, the unprojected point lies far behind what is visible, and large steps are
+/// slowed.
+constexpr double kFarDepth = 0.97;
+constexpr float kLargeStep = 0.1F;
+constexpr double kSlowedStep = 0.067;
+constexpr double kNearestDepth = 1e-5;
+constexpr double kFarthestDepth = 0.99999;
+/// `pan` counts in hundredths of the view.
+constexpr float kPanSteps = 100.0F;
+
+}  // namespace
+
+std::int32_t CQelTrackBall::updateViewAndSphere() {
+    updateView();
+    updateSphereRadius();
+    return 1;
+}
+
+void CQelTrackBall::moveEyeAndTarget(const qel::XPnt3d& delta) {
+    eye += delta;
+    target += delta;
+}
+
+std::int32_t CQelTrackBall::moveBy(double dx, double dy, double dz) {
+    if (!qel::areFinite(dx, dy, dz)) {
+        return 1;
+    }
+    const qel::XPnt3d delta(dx, dy, dz);
+    eye -= delta;
+    target -= delta;
+    return updateViewAndSphere();
+}
+
+std::int32_t CQelTrackBall::pan(double dx, double dy) {
+    if (!qel::areFinite(dx, dy)) {
+        return 1;
+    }
+    const double step = static_cast<double>(std::min(viewWidth, viewHeight) / kPanSteps);
+    const double right = dx * step;
+    const double upward = -(dy * step);
+    qel::XPnt3d side = qel::cross(eye - target, up);
+    side.normalize();
+    moveEyeAndTarget(side * right + up * upward);
+    return updateViewAndSphere();
+}
+
+std::int32_t CQelTrackBall::zoomAt(float factor, std::int32_t x, std::int32_t y) {
+    if (!qel::areFinite(factor)) {
+        return 1;
+    }
+    const double mean = getMeanDepth();
+    const double depth = mean > kNearestDepth ? std::min(mean, kFarthestDepth) : kNearestDepth;
+    const qel::XPnt3d point = unProject(static_cast<double>(x), static_cast<double>(y), depth);
+    const bool slowed = factor > kLargeStep && !ortho && depth > kFarDepth;
+    moveEyeAndTarget((point - eye) * (slowed ? kSlowedStep : static_cast<double>(factor)));
+    updateOrthoBox(false);
+    return updateViewAndSphere();
+}
+
+void CQelTrackBall::scaleEyeDistance(const qel::PixelRect& rect, bool inwards) {
+    const auto side = [](std::int32_t from, std::int32_t to, float whole) {
+        const double length = std::fabs(static_cast<double>(to) - static_cast<double>(from));
+        return static_cast<float>(length) / whole;
+    };
+    const double share =
+        static_cast<double>(std::max(side(rect.x1, rect.x2, viewWidth), side(rect.y1, rect.y2, viewHeight)));
+    // A rectangle without a size, or a view without one, would put the eye on the target or at infinity.
+    if (!(share > 0.0) || !qel::areFinite(share)) {
+        return;
+    }
+    if (!ortho) {
+        eye = target + (eye - target) * (inwards ? share : 1.0 / share);
+    }
+    updateView();
+}
+
+std::int32_t CQelTrackBall::zoomInRect(const qel::PixelRect& rect) {
+    scaleEyeDistance(rect, true);
+    return 1;
+}
+
+std::int32_t CQelTrackBall::zoomOutRect(const qel::PixelRect& rect) {
+    scaleEyeDistance(rect, false);
+    return 1;
+}
