@@ -1,0 +1,53 @@
+#include "BitmapFont.h"
+
+#include <QString>
+#include <cstring>
+#include <string>
+
+namespace {
+
+constexpr GLuint kFirstCharacter = 32;
+constexpr GLsizei kCharacters = 96;
+/// Negative: the height of the characters, not of the line.
+constexpr int kCharacterHeight = -18;
+
+HFONT createFont() {
+    const std::wstring face = QString("Segoe UI").toStdWString();
+    return CreateFontW(kCharacterHeight, 0, 0, 0, FW_THIN, FALSE, FALSE, FALSE, ANSI_CHARSET, OUT_TT_PRECIS,
+                       CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, face.c_str());
+}
+
+}  // namespace
+
+void BitmapFont::build(HDC deviceContext) {
+    listBase = glGenLists(kCharacters);
+    // Without lists of our own the glyphs would overwrite lists of the host.
+    if (listBase == 0) {
+        return;
+    }
+    dc = wglGetCurrentDC();
+    rc = wglGetCurrentContext();
+    const HFONT font = createFont();
+    const HGDIOBJ previous = SelectObject(deviceContext, font);
+    wglUseFontBitmapsW(deviceContext, kFirstCharacter, kCharacters, listBase);
+    SelectObject(deviceContext, previous);
+    DeleteObject(font);
+}
+
+void BitmapFont::draw(const char* text) const {
+    // A base of 0 would wrap around to whatever lists the host has.
+    if (listBase == 0) {
+        return;
+    }
+    glPushAttrib(GL_LIST_BIT);
+    glListBase(listBase - kFirstCharacter);
+    glCallLists(static_cast<GLsizei>(std::strlen(text)), GL_UNSIGNED_BYTE, text);
+    glPopAttrib();
+}
+
+void BitmapFont::destroy() {
+    if (listBase != 0 && wglMakeCurrent(dc, rc) != FALSE) {
+        glDeleteLists(listBase, kCharacters);
+    }
+    listBase = 0;
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+
+#include "QelSystem.h"
+
+/// The holder of one OpenGL rendering context on one device context: it chooses the pixel format, creates,
+/// activates and deletes the context and sets its initial state. All calls act on the calling thread's
+/// current context.
+class CGL {
+  public:
+    CGL() = default;
+    CGL(const CGL&) = delete;
+    CGL& operator=(const CGL&) = delete;
+    /// Makes the context current and nothing else: its owner calls `destroyContext` where it must.
+    virtual ~CGL();
+
+    /// A context on a window, current afterwards. Stereo contexts are single-buffered. False at the first
+    /// step that fails, without undoing the steps before; the next create or `dropLeftovers` gives back what
+    /// they took.
+    bool createForWindow(std::int32_t newWidth, std::int32_t newHeight, bool fullScreen, HWND window,
+                         bool stereo);
+    /// A context on a memory device context that holds a 24-bit section, current afterwards. False if there
+    /// is no pixel format for it.
+    bool createForDC(HDC deviceContext);
+    /// Deletes the context and releases the window's device context; nothing if there is none.
+    void destroyContext();
+    /// Gives back what a create that failed has taken; nothing after one that succeeded.
+    void dropLeftovers();
+    /// Switches the screen to a size; true on success.
+    bool setFullScreen(std::int32_t newWidth, std::int32_t newHeight);
+    /// Smooth shading, nice perspective correction, back faces to cull, generated and normalised normals;
+    /// true.
+    bool initGLState();
+    /// Returns 0.
+    std::int32_t makeCurrent();
+    /// Selects the front or the back buffer and clears a pending OpenGL error; returns 1.
+    std::int32_t selectDrawBuffer(bool front);
+    /// Returns 1.
+    std::int32_t swapBuffers();
+    /// A field-of-view zoom in steps of 2 degrees, shared by all contexts: 1 zooms in, 0 resets; loads
+    /// viewport and perspective and leaves the model-view matrix at the identity.
+    void perspectiveZoom(std::int32_t step);
+
+    [[nodiscard]] bool isInitialised() const noexcept { return initialised != 0; }
+    [[nodiscard]] HDC deviceContext() const noexcept { return hdc; }
+    [[nodiscard]] HGLRC renderContext() const noexcept { return hglrc; }
+    [[nodiscard]] std::int32_t viewWidth() const noexcept { return width; }
+    [[nodiscard]] std::int32_t viewHeight() const noexcept { return height; }
+    void setViewSize(std::int32_t newWidth, std::int32_t newHeight) noexcept {
+        width = newWidth;
+        height = newHeight;
+    }
+
+  private:
+    void initCreatedContext();
+    void forgetHandles() noexcept;
+
+    std::int32_t initialised = 0;
+    std::int32_t width = 800;
+    std::int32_t height = 600;
+    std::int32_t defaultFieldOfView = 60;
+    HGLRC hglrc = nullptr;
+    HDC hdc = nullptr;
+    HWND hwnd = nullptr;
+};

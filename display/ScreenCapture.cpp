@@ -1,0 +1,136 @@
+#include "ScreenCapture.h"
+
+#include <cstring>
+#include <new>
+#include <string>
+
+namespace {
+
+constexpr std::uint32_t kBytesPerPixel = 3;
+constexpr std::uint32_t kFileHeaderBytes = 14;
+constexpr std::uint32_t kHeaderBytes = kFileHeaderBytes + sizeof(BITMAPINFOHEADER);
+constexpr std::uint16_t kBitmapMagic = 0x4D42;
+
+/// GDI pads the rows it gives to a multiple of four bytes.
+std::size_t paddedBytes(std::uint32_t width, std::uint32_t height) {
+    const std::size_t row = (static_cast<std::size_t>(width) * kBytesPerPixel + 3) / 4 * 4;
+    return row * height;
+}
+
+struct FileHeader {
+    std::uint8_t bytes[kFileHeaderBytes];
+};
+
+FileHeader fileHeader(std::uint32_t pixelBytes) {
+    const std::uint32_t fileBytes = pixelBytes + kHeaderBytes;
+    FileHeader header{};
+    std::memcpy(header.bytes, &kBitmapMagic, sizeof kBitmapMagic);
+    std::memcpy(header.bytes + 2, &fileBytes, sizeof fileBytes);
+    std::memcpy(header.bytes + 10, &kHeaderBytes, sizeof kHeaderBytes);
+    return header;
+}
+
+void writeBytes(HANDLE file, const void* bytes, std::uint32_t count) {
+    DWORD written = 0;
+    WriteFile(file, bytes, count, &written, nullptr);
+}
+
+}  // namespace
+
+ScreenCapture::~ScreenCapture() {
+    releaseBitmap();
+    releaseContext();
+}
+
+bool ScreenCapture::fitsFile(std::uint32_t width, std::uint32_t height) noexcept {
+    constexpr std::uint64_t kLargestFile = UINT32_MAX;
+    constexpr std::uint32_t kLargestSide = INT32_MAX;
+    if (width == 0 || height == 0 || width > kLargestSide || height > kLargestSide) {
+        return false;
+    }
+    // Divided, not multiplied: the product of two 31-bit sides and three bytes does not fit 64 bits either.
+    return height <= (kLargestFile - kHeaderBytes) / kBytesPerPixel / width;
+}
+
+bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height, const QString& fileName) {
+    releaseBitmap();
+    releaseContext();
+    captureWidth = width;
+    captureHeight = height;
+    captureFileName = fileName;
+    captureDC = CreateCompatibleDC(display);
+    capturePixels.reset(new (std::nothrow) std::uint8_t[paddedBytes(width, height)]());
+    if (!capturePixels || !createSection()) {
+        releaseBitmap();
+        return false;
+    }
+    SelectObject(captureDC, captureBitmap);
+    if (!captureContext.createForDC(captureDC)) {
+        captureContext.dropLeftovers();
+        releaseBitmap();
+        return false;
+    }
+    font.build(captureDC);
+    return true;
+}
+
+bool ScreenCapture::createSection() {
+    captureInfo = BITMAPINFOHEADER{};
+    captureInfo.biSize = sizeof captureInfo;
+    captureInfo.biWidth = static_cast<LONG>(captureWidth);
+    captureInfo.biHeight = static_cast<LONG>(captureHeight);
+    captureInfo.biPlanes = 1;
+    captureInfo.biBitCount = 24;
+    BITMAPINFO info{};
+    info.bmiHeader = captureInfo;
+    void* bits = nullptr;
+    captureBitmap = CreateDIBSection(captureDC, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    return captureBitmap != nullptr;
+}
+
+void ScreenCapture::readPixels() {
+    // The section's memory is only up to date once OpenGL has finished with it.
+    glFinish();
+    // GDI fills in the size of the picture, which the file leaves at 0: so it gets a copy of the header.
+    BITMAPINFO info{};
+    info.bmiHeader = captureInfo;
+    GetDIBits(captureDC, captureBitmap, 0, captureHeight, capturePixels.get(), &info, DIB_RGB_COLORS);
+    DeleteDC(captureDC);
+    captureDC = nullptr;
+}
+
+bool ScreenCapture::write() {
+    // After a failed write the pixels are there already and the device context is gone.
+    if (captureDC != nullptr) {
+        readPixels();
+    }
+    const std::wstring name = captureFileName.toStdWString();
+    const HANDLE file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    const FileHeader header = fileHeader(pixelBytes());
+    writeBytes(file, header.bytes, sizeof header.bytes);
+    writeBytes(file, &captureInfo, sizeof captureInfo);
+    writeBytes(file, capturePixels.get(), pixelBytes());
+    CloseHandle(file);
+    return true;
+}
+
+void ScreenCapture::releaseBitmap() {
+    if (captureDC != nullptr) {
+        DeleteDC(captureDC);
+        captureDC = nullptr;
+    }
+    capturePixels.reset();
+    if (captureBitmap != nullptr) {
+        DeleteObject(captureBitmap);
+        captureBitmap = nullptr;
+    }
+}
+
+void ScreenCapture::releaseContext() {
+    font.forget();
+    captureContext.destroyContext();
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <memory>
+
+#include "BitmapFont.h"
+#include "CGL.h"
+
+/// A 24-bit bitmap with a rendering context of its own, and the BMP file it is written to.
+class ScreenCapture {
+  public:
+    ScreenCapture() = default;
+    ScreenCapture(const ScreenCapture&) = delete;
+    ScreenCapture& operator=(const ScreenCapture&) = delete;
+    ~ScreenCapture();
+
+    /// True if a bitmap of this size, in pixels, has a file whose size fits 32 bits.
+    [[nodiscard]] static bool fitsFile(std::uint32_t width, std::uint32_t height) noexcept;
+
+    /// Gives back what an earlier capture holds, makes bitmap and context and makes the context current.
+    /// False, with nothing held, if one of them cannot be had.
+    bool begin(HDC display, std::uint32_t width, std::uint32_t height, const QString& fileName);
+    /// Takes the pixels and writes the file: 54 bytes of headers, then the rows as GDI gives them, cut at
+    /// width x height x 3 bytes. False if the file could not be created; everything but the device context is
+    /// kept.
+    bool write();
+    /// Gives pixels, bitmap and device context back.
+    void releaseBitmap();
+    /// Deletes the rendering context, after which no context is current.
+    void releaseContext();
+
+    [[nodiscard]] bool isActive() const noexcept { return captureContext.isInitialised(); }
+    void makeCurrent() { captureContext.makeCurrent(); }
+    [[nodiscard]] const BitmapFont& textFont() const noexcept { return font; }
+
+  private:
+    bool createSection();
+    void readPixels();
+    [[nodiscard]] std::uint32_t pixelBytes() const noexcept { return captureWidth * captureHeight * 3; }
+
+    HDC captureDC = nullptr;
+    HBITMAP captureBitmap = nullptr;
+    CGL captureContext;
+    std::uint32_t captureWidth = 0;
+    std::uint32_t captureHeight = 0;
+    QString captureFileName;
+    std::unique_ptr<std::uint8_t[]> capturePixels;
+    BITMAPINFOHEADER captureInfo{};
+    BitmapFont font;
+};

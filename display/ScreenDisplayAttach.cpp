@@ -1,0 +1,80 @@
+#include "CQelGL.h"
+#include "CQelScreenDisplay.h"
+#include "CQelTrackBall.h"
+#include "Enve3d.h"
+#include "QelTruncate.h"
+
+std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuffers) {
+    if (window == 0) {
+        return 0;
+    }
+    windowHandle = window;
+    stereo = stereoBuffers;
+    const HWND hwnd = qel::toHandle<HWND>(window);
+    RECT client{};
+    GetClientRect(hwnd, &client);
+    qel::Enve3d area;
+    area.xmin = client.left;
+    area.xmax = client.right;
+    area.ymin = client.top;
+    area.ymax = client.bottom;
+    area.Normalize();
+    // A context made before goes with its lists.
+    if (windowContext.isInitialised() && windowContext.renderContext() == renderContext) {
+        font.forget();
+    }
+    windowContext.createForWindow(qel::truncateToInt(area.Width()), qel::truncateToInt(area.HightY()), false,
+                                  hwnd, stereoBuffers);
+    deviceContext = qel::fromHandle(windowContext.deviceContext());
+    renderContext = windowContext.renderContext();
+    trackBall->setDisplay(this);
+    font.build(qel::toHandle<HDC>(deviceContext));
+    return 0;
+}
+
+std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
+    if (dc == 0 || rc == 0) {
+        return 0;
+    }
+    deviceContext = dc;
+    renderContext = qel::toHandle<HGLRC>(rc);
+    stereo = false;
+    trackBall->setDisplay(this);
+    if (glStateReady) {
+        return 0;
+    }
+    makeCurrent();
+    setInitialState();
+    font.build(qel::toHandle<HDC>(deviceContext));
+    glStateReady = true;
+    return 0;
+}
+
+void CQelScreenDisplay::setInitialState() {
+    glShadeModel(GL_SMOOTH);
+    glHint(GL_PERSPECTIVE_CORRECTION_HINT, GL_NICEST);
+    glCullFace(GL_BACK);
+    glEnable(GL_AUTO_NORMAL);
+    glEnable(GL_NORMALIZE);
+    glDrawBuffer(GL_BACK);
+    glEnable(GL_LIGHTING);
+    glDepthFunc(GL_LEQUAL);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_BLEND);
+}
+
+std::int32_t CQelScreenDisplay::onSize(std::int32_t width, std::int32_t height) {
+    return setViewSize(width, height);
+}
+
+std::int32_t CQelScreenDisplay::setViewSize(std::int32_t width, std::int32_t height) {
+    // A negative size would reach the buffers' sizes as a huge one.
+    if (width < 0 || height < 0) {
+        return 1;
+    }
+    trackBall->onResize(static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height));
+    viewWidth = width;
+    viewHeight = height;
+    windowContext.setViewSize(width, height);
+    return 1;
+}

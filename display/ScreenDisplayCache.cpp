@@ -1,0 +1,109 @@
+#include <cstddef>
+
+#include "CQelGL.h"
+#include "CQelScreenDisplay.h"
+#include "CQelTrackBall.h"
+#include "PixelPackScope.h"
+#include "QelTmpGlStateCtrl.h"
+
+namespace {
+
+constexpr std::size_t kChannels = 4;
+
+/// 64 bits wide: the product of two view sizes does not fit 32.
+std::size_t areaOf(std::int32_t width, std::int32_t height) {
+    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
+/// Rows of the copy lie one behind the other, whatever the host has set for its own pictures.
+void unpackWithoutPadding() {
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    glPixelStorei(GL_UNPACK_SWAP_BYTES, GL_FALSE);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+    glPixelStorei(GL_UNPACK_SKIP_ROWS, 0);
+    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 0);
+}
+
+/// Depth alone, everywhere.
+void drawDepth(std::int32_t width, std::int32_t height, const float* depth) {
+    glDepthFunc(GL_ALWAYS);
+    glDepthMask(GL_TRUE);
+    glRasterPos2d(0.0, 0.0);
+    glDrawPixels(width, height, GL_DEPTH_COMPONENT, GL_FLOAT, depth);
+    glGetError();
+}
+
+/// Colour alone: without the depth test no depth is written.
+void drawColor(std::int32_t width, std::int32_t height, const float* color) {
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    glDrawPixels(width, height, GL_RGBA, GL_FLOAT, color);
+    glGetError();
+}
+
+}  // namespace
+
+void CQelScreenDisplay::resizeCache() {
+    const std::int32_t width = windowContext.viewWidth();
+    const std::int32_t height = windowContext.viewHeight();
+    if (width == cacheWidth && height == cacheHeight) {
+        return;
+    }
+    if (areaOf(cacheWidth, cacheHeight) < areaOf(width, height)) {
+        cacheColor.reset();
+        cacheDepth.reset();
+        // Until both are there the copy is empty: memory that cannot be had must not leave sizes without
+        // arrays.
+        cacheWidth = cacheHeight = 0;
+        auto color = std::make_unique<float[]>(areaOf(width, height) * kChannels);
+        cacheDepth = std::make_unique<float[]>(areaOf(width, height));
+        cacheColor = std::move(color);
+    }
+    cacheWidth = width;
+    cacheHeight = height;
+}
+
+std::int32_t CQelScreenDisplay::finishFrame() {
+    makeCurrent();
+    glReadBuffer(GL_BACK);
+    resizeCache();
+    {
+        const qel::PixelPackScope packing;
+        glReadPixels(0, 0, cacheWidth, cacheHeight, GL_DEPTH_COMPONENT, GL_FLOAT, cacheDepth.get());
+        glGetError();
+        glReadPixels(0, 0, cacheWidth, cacheHeight, GL_RGBA, GL_FLOAT, cacheColor.get());
+        glGetError();
+    }
+    const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
+    const qel::ref_ptr<CQelTrackBall> controller(trackBall);
+    if (showOverlay1) {
+        controller->drawTrackBall();
+    }
+    if (showOverlay2) {
+        controller->drawAxes();
+    }
+    swapBuffers();
+    if (stereo) {
+        controller->updateView();
+    }
+    return controller->refreshDepth();
+}
+
+std::int32_t CQelScreenDisplay::restoreCache() {
+    setOrtho2D();
+    if (drawDepth == 0) {
+        glDrawBuffer(GL_BACK);
+        glPushAttrib(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
+        unpackWithoutPadding();
+        glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+        const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, true);
+        ::drawDepth(cacheWidth, cacheHeight, cacheDepth.get());
+        glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+        glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
+        drawColor(cacheWidth, cacheHeight, cacheColor.get());
+        glPopClientAttrib();
+        glPopAttrib();
+    }
+    ++drawDepth;
+    return 1;
+}

@@ -1,0 +1,24 @@
+#include <cstdarg>
+#include <cstdio>
+
+#include "CQelGL.h"
+#include "CQelScreenDisplay.h"
+
+namespace {
+
+constexpr std::size_t kLongestText = 256;
+
+}  // namespace
+
+std::int32_t CQelScreenDisplay::printText(const char* format, ...) {
+    if (format == nullptr) {
+        return 0;
+    }
+    char text[kLongestText] = {};
+    va_list values;
+    va_start(values, format);
+    std::vsnprintf(text, sizeof text, format, values);
+    va_end(values);
+    (capture.isActive() ? capture.textFont() : font).draw(text);
+    return 0;
+}

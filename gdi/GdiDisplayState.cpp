@@ -1,0 +1,82 @@
+#include "CGDIScrDisplay.h"
+
+// What the display took of GDI goes with it: a host that opens and closes views for weeks must not run out of
+// handles.
+CGDIScrDisplay::~CGDIScrDisplay() {
+    endDraw();
+    if (deviceContext != nullptr) {
+        const auto window = static_cast<std::intptr_t>(windowHandle);
+        ReleaseDC(reinterpret_cast<HWND>(window), deviceContext);  // NOLINT(performance-no-int-to-ptr)
+    }
+}
+
+std::int32_t CGDIScrDisplay::getDC() {
+    return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(deviceContext));
+}
+
+std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
+    if (window == 0) {
+        return -1;
+    }
+    windowHandle = window;
+    if (deviceContext != nullptr) {
+        DeleteDC(deviceContext);
+    }
+    const auto wide = static_cast<std::intptr_t>(window);
+    const HWND hwnd = reinterpret_cast<HWND>(wide);  // NOLINT(performance-no-int-to-ptr)
+    deviceContext = GetDC(hwnd);
+    // The tools of the device context before were its own.
+    oldPen = nullptr;
+    oldBrush = nullptr;
+    RECT outer{};
+    GetWindowRect(hwnd, &outer);
+    pixelHeight = outer.bottom - outer.top;
+    pixelWidth = outer.right - outer.left;
+    return 0;
+}
+
+std::int32_t CGDIScrDisplay::getWindow() {
+    return windowHandle;
+}
+
+std::int32_t CGDIScrDisplay::setPixelSize(std::int32_t width, std::int32_t height) {
+    pixelWidth = width;
+    pixelHeight = height;
+    return 0;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot7() {
+    return 1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot8() {
+    return 1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot9() {
+    return 1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot10() {
+    return -1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot11() {
+    return -1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot12() {
+    return -1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot13() {
+    return -1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot26() {
+    return -1;
+}
+
+std::int32_t CGDIScrDisplay::reservedSlot34() {
+    return -1;
+}
