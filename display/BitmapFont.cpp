@@ -17,6 +17,17 @@ HFONT createFont() {
                        CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, face.c_str());
 }
 
+/// Some drivers refuse the empty bitmap that the system compiles for a character without ink, and words run
+/// together. One that points somewhere is taken by all.
+void recordSpace(HDC deviceContext, GLuint list) {
+    constexpr GLubyte kNoInk[] = {0};
+    INT advance = 0;
+    GetCharWidth32W(deviceContext, kFirstCharacter, kFirstCharacter, &advance);
+    glNewList(list, GL_COMPILE);
+    glBitmap(0, 0, 0.0F, 0.0F, static_cast<GLfloat>(advance), 0.0F, kNoInk);
+    glEndList();
+}
+
 }  // namespace
 
 void BitmapFont::build(HDC deviceContext) {
@@ -29,7 +40,9 @@ void BitmapFont::build(HDC deviceContext) {
     rc = wglGetCurrentContext();
     const HFONT font = createFont();
     const HGDIOBJ previous = SelectObject(deviceContext, font);
-    wglUseFontBitmapsW(deviceContext, kFirstCharacter, kCharacters, listBase);
+    if (wglUseFontBitmapsW(deviceContext, kFirstCharacter, kCharacters, listBase) != FALSE) {
+        recordSpace(deviceContext, listBase);
+    }
     SelectObject(deviceContext, previous);
     DeleteObject(font);
 }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "SectionPixelFormat.h"
-
 namespace {
 
 constexpr std::int32_t kWidestView = 60;
@@ -79,14 +77,18 @@ bool CGL::createForWindow(std::int32_t newWidth, std::int32_t newHeight, bool fu
     return true;
 }
 
-bool CGL::createForDC(HDC deviceContext) {
+PIXELFORMATDESCRIPTOR CGL::formatForDC(std::uint8_t colorBits) {
+    return describeFormat(PFD_DRAW_TO_BITMAP, colorBits, 32);
+}
+
+bool CGL::createForDC(HDC deviceContext, std::uint8_t colorBits) {
     if (initialised != 0) {
         destroyContext();
     }
     dropLeftovers();
     hdc = deviceContext;
-    const PIXELFORMATDESCRIPTOR format = describeFormat(PFD_DRAW_TO_BITMAP, 24, 32);
-    const int chosen = chooseSectionPixelFormat(hdc, format);
+    const PIXELFORMATDESCRIPTOR format = formatForDC(colorBits);
+    const int chosen = ChoosePixelFormat(hdc, &format);
     if (chosen == 0 || SetPixelFormat(hdc, chosen, &format) == FALSE) {
         return false;
     }

@@ -20,9 +20,11 @@ class CGL {
     /// they took.
     bool createForWindow(std::int32_t newWidth, std::int32_t newHeight, bool fullScreen, HWND window,
                          bool stereo);
-    /// A context on a memory device context that holds a 24-bit section, current afterwards. False if there
-    /// is no pixel format for it.
-    bool createForDC(HDC deviceContext);
+    /// What is asked for on a memory device context: drawing to a bitmap of this colour depth.
+    [[nodiscard]] static PIXELFORMATDESCRIPTOR formatForDC(std::uint8_t colorBits);
+    /// A context on a memory device context that holds a section of this colour depth, current afterwards.
+    /// False if there is no pixel format for it.
+    bool createForDC(HDC deviceContext, std::uint8_t colorBits = 24);
     /// Deletes the context and releases the window's device context; nothing if there is none.
     void destroyContext();
     /// Gives back what a create that failed has taken; nothing after one that succeeded.

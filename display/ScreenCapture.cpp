@@ -7,6 +7,8 @@
 namespace {
 
 constexpr std::uint32_t kBytesPerPixel = 3;
+constexpr std::uint8_t kFileDepth = 24;
+constexpr std::uint8_t kDeepDepth = 32;
 constexpr std::uint32_t kFileHeaderBytes = 14;
 constexpr std::uint32_t kHeaderBytes = kFileHeaderBytes + sizeof(BITMAPINFOHEADER);
 constexpr std::uint16_t kBitmapMagic = 0x4D42;
@@ -15,6 +17,18 @@ constexpr std::uint16_t kBitmapMagic = 0x4D42;
 std::size_t paddedBytes(std::uint32_t width, std::uint32_t height) {
     const std::size_t row = (static_cast<std::size_t>(width) * kBytesPerPixel + 3) / 4 * 4;
     return row * height;
+}
+
+/// A section holds blue, green, red: red stands 16 bits up. Drivers that answer another order for 24 bits
+/// draw such sections wrong, or not at all; 32 bits they all draw, and GDI gives the rows in 24 bits from
+/// either.
+std::uint8_t depthThatIsDrawnRight(HDC deviceContext) {
+    constexpr BYTE kRedShiftOfSection = 16;
+    const PIXELFORMATDESCRIPTOR wanted = CGL::formatForDC(kFileDepth);
+    PIXELFORMATDESCRIPTOR found{};
+    const int chosen = ChoosePixelFormat(deviceContext, &wanted);
+    const bool known = chosen != 0 && DescribePixelFormat(deviceContext, chosen, sizeof found, &found) != 0;
+    return known && found.cRedShift != kRedShiftOfSection ? kDeepDepth : kFileDepth;
 }
 
 struct FileHeader {
@@ -59,13 +73,19 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
     captureHeight = height;
     captureFileName = fileName;
     captureDC = CreateCompatibleDC(display);
+    captureInfo = BITMAPINFOHEADER{};
+    captureInfo.biSize = sizeof captureInfo;
+    captureInfo.biWidth = static_cast<LONG>(captureWidth);
+    captureInfo.biHeight = static_cast<LONG>(captureHeight);
+    captureInfo.biPlanes = 1;
+    captureInfo.biBitCount = kFileDepth;
     capturePixels.reset(new (std::nothrow) std::uint8_t[paddedBytes(width, height)]());
-    if (!capturePixels || !createSection()) {
+    if (!capturePixels || !createSection(kFileDepth)) {
         releaseBitmap();
         return false;
     }
-    SelectObject(captureDC, captureBitmap);
-    if (!captureContext.createForDC(captureDC)) {
+    const std::uint8_t depth = depthThatIsDrawnRight(captureDC);
+    if ((depth != kFileDepth && !createSection(depth)) || !captureContext.createForDC(captureDC, depth)) {
         captureContext.dropLeftovers();
         releaseBitmap();
         return false;
@@ -74,18 +94,21 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
     return true;
 }
 
-bool ScreenCapture::createSection() {
-    captureInfo = BITMAPINFOHEADER{};
-    captureInfo.biSize = sizeof captureInfo;
-    captureInfo.biWidth = static_cast<LONG>(captureWidth);
-    captureInfo.biHeight = static_cast<LONG>(captureHeight);
-    captureInfo.biPlanes = 1;
-    captureInfo.biBitCount = 24;
+bool ScreenCapture::createSection(std::uint8_t depth) {
     BITMAPINFO info{};
     info.bmiHeader = captureInfo;
+    info.bmiHeader.biBitCount = depth;
     void* bits = nullptr;
-    captureBitmap = CreateDIBSection(captureDC, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    return captureBitmap != nullptr;
+    const HBITMAP section = CreateDIBSection(captureDC, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    if (section == nullptr) {
+        return false;
+    }
+    SelectObject(captureDC, section);
+    if (captureBitmap != nullptr) {
+        DeleteObject(captureBitmap);
+    }
+    captureBitmap = section;
+    return true;
 }
 
 void ScreenCapture::readPixels() {

@@ -35,7 +35,7 @@ class ScreenCapture {
     [[nodiscard]] const BitmapFont& textFont() const noexcept { return font; }
 
   private:
-    bool createSection();
+    bool createSection(std::uint8_t depth);
     void readPixels();
     [[nodiscard]] std::uint32_t pixelBytes() const noexcept { return captureWidth * captureHeight * 3; }
 

@@ -25,7 +25,7 @@ void unpackWithoutPadding() {
 }
 
 /// Depth alone, everywhere.
-void drawDepth(std::int32_t width, std::int32_t height, const float* depth) {
+void writeDepth(std::int32_t width, std::int32_t height, const float* depth) {
     glDepthFunc(GL_ALWAYS);
     glDepthMask(GL_TRUE);
     glRasterPos2d(0.0, 0.0);
@@ -34,7 +34,7 @@ void drawDepth(std::int32_t width, std::int32_t height, const float* depth) {
 }
 
 /// Colour alone: without the depth test no depth is written.
-void drawColor(std::int32_t width, std::int32_t height, const float* color) {
+void writeColor(std::int32_t width, std::int32_t height, const float* color) {
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     glDrawPixels(width, height, GL_RGBA, GL_FLOAT, color);
     glGetError();
@@ -97,10 +97,10 @@ std::int32_t CQelScreenDisplay::restoreCache() {
         unpackWithoutPadding();
         glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
         const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, true);
-        ::drawDepth(cacheWidth, cacheHeight, cacheDepth.get());
+        writeDepth(cacheWidth, cacheHeight, cacheDepth.get());
         glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
         glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
-        drawColor(cacheWidth, cacheHeight, cacheColor.get());
+        writeColor(cacheWidth, cacheHeight, cacheColor.get());
         glPopClientAttrib();
         glPopAttrib();
     }

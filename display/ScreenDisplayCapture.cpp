@@ -4,6 +4,7 @@
 #include "CQelScreenDisplay.h"
 #include "CQelTrackBall.h"
 #include "Enve2d.h"
+#include "GlStateCopy.h"
 #include "QelTruncate.h"
 
 namespace {
@@ -22,15 +23,17 @@ std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t 
     if (!canBeMapped(extent) || !ScreenCapture::fitsFile(width, height)) {
         return -1;
     }
+    endCapture();
+    makeCurrent();
+    GlStateCopy stateOfWindow;
+    stateOfWindow.take();
     if (!capture.begin(qel::toHandle<HDC>(deviceContext), width, height, fileName)) {
         makeCurrent();
         return -1;
     }
-    // The host draws with the state it knows from its window.
-    if (glStateReady) {
-        setInitialState();
-    }
     makeCurrent();
+    // The host draws with the state it knows from its window.
+    stateOfWindow.put();
     const double viewHeightPx = static_cast<double>(trackBall->getHeight());
     const double viewWidthPx = static_cast<double>(trackBall->getWidth());
     GLint ignored[4] = {};
