@@ -31,7 +31,9 @@ struct TrianglePoints {
 ///
 /// Made by `newQelSymbol`, which takes no reference: keep it in a `qel::ref_ptr`. A symbol draws at once into
 /// the OpenGL context that is current on the calling thread and keeps nothing of what it drew. Coordinates
-/// are model units, widths and sizes pixels. Markers restore every OpenGL state they change.
+/// are model units, widths and sizes pixels. Markers restore every OpenGL state they change, but for the line
+/// stipple where they say so. What is drawn from arrays (host curves, points, meshes) leaves OpenGL's client
+/// arrays switched off and pointing at the last memory they read.
 ///
 /// The drawing operations return 0 unless they say otherwise. `lighting` and `depthTest` switch GL_LIGHTING
 /// and GL_DEPTH_TEST for the call. A null pointer draws nothing. Setters disagree in their result; none of it
@@ -48,14 +50,15 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     virtual std::int32_t reservedSlot3() = 0;
     virtual std::int32_t reservedSlot4() = 0;
     /// Draws a host geometry by its kind with the symbol's colour and line width, which stay set in OpenGL.
-    /// Points are always green and two pixels wide. Kinds the symbol does not know draw nothing.
+    /// Points are always green and two pixels wide. Kinds the symbol does not know draw nothing. A ball
+    /// leaves OpenGL's current normal changed.
     virtual std::int32_t drawGeometry(IQelGeometry* geometry) = 0;
     /// Draws a polyline, polygon, ring, curve or line segment; other kinds draw nothing. The colour given
     /// holds for rings, curves and segments, the width for segments; polylines and polygons keep the symbol's
     /// own.
     virtual std::int32_t drawGeometryWith(IQelGeometry* geometry, double width, qel::QelColor3b color) = 0;
     virtual std::int32_t reservedSlot7() = 0;
-    /// A line with a 16-bit stipple pattern, one pixel a bit.
+    /// A line with a 16-bit stipple pattern, one pixel a bit. Leaves the pattern set and GL_LINE_STIPPLE off.
     virtual std::int32_t drawStippledLine(const qel::XPnt3d& from, const qel::XPnt3d& to, double width,
                                           qel::QelColor3f color, bool lighting, bool depthTest,
                                           std::uint16_t pattern) = 0;
@@ -103,16 +106,16 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     /// @param stride bytes from one vertex to the next.
     /// @param indices which vertices to draw; empty pointer for all.
     /// @param colors a colour a vertex; empty pointer for `color`.
-    /// @return 0, also for null vertices; -1 for an index array without indices.
+    /// @return 0, also for null vertices; -1 for an index array without indices, an array without memory,
+    ///         and a type or stride that OpenGL does not take.
     virtual std::int32_t drawVertexArrayPoints(std::uint32_t type, std::int32_t stride, const void* vertices,
                                                std::int32_t count,
                                                qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                                qel::ref_ptr<IQelArray<qel::ArrayColor3b>> colors, float size,
                                                qel::QelColor3f color) = 0;
     /// A point cloud, unlit and not depth-tested. Indices and colours may be empty pointers.
-    /// @return 0; -1 if there is no vertex, an index array has no index, or the colours are not as many as
-    /// the
-    ///         vertices.
+    /// @return 0; -1 if there is no vertex, an index array has no index, or the colours are not as many
+    ///         as the vertices.
     virtual std::int32_t drawPointCloud(qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices,
                                         qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                         qel::ref_ptr<IQelArray<qel::ArrayColor3b>> colors, float size,
@@ -123,13 +126,13 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
                                          qel::ref_ptr<IQelArray<qel::ArrayColor4f>> colors, float size,
                                          qel::QelColor3f color) = 0;
     /// A triangle mesh. Every array but the vertices may be an empty pointer; without indices each three
-    /// vertices are a triangle. Indices must name existing vertices.
+    /// vertices are a triangle. Indices must name existing vertices. Leaves OpenGL's current colour, normal
+    /// and texture coordinate changed if their arrays are given, and the texture bound if it is used.
     /// @param texture name of an OpenGL texture, used if it exists and texture coordinates are given.
     /// @param shadeModel GL_SMOOTH or GL_FLAT.
     /// @param frontMode, backMode polygon modes: GL_FILL, GL_LINE or GL_POINT.
     /// @return 0; -1 if there is no vertex, the indices are not a multiple of three, or normals, colours or
-    /// texture
-    ///         coordinates are not as many as the vertices.
+    ///         texture coordinates are not as many as the vertices.
     virtual std::int32_t drawMesh(qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices,
                                   qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                   qel::ref_ptr<IQelArray<qel::ArrayNormal3b>> normals,
@@ -146,7 +149,8 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
                                          std::uint32_t texture, std::uint32_t shadeModel,
                                          std::uint32_t frontMode, std::uint32_t backMode,
                                          const qel::MeshStyle& style) = 0;
-    /// A line strip with a stipple pattern, which shows only if the caller enabled GL_LINE_STIPPLE.
+    /// A line strip with a stipple pattern, which stays set and shows only if the caller enabled
+    /// GL_LINE_STIPPLE.
     virtual std::int32_t drawStippledPolyline(qel::ref_ptr<IQelArray<qel::XPnt3d>> points, double width,
                                               qel::QelColor3f color, bool lighting, bool depthTest,
                                               std::uint16_t pattern) = 0;

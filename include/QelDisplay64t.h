@@ -6,6 +6,8 @@
 /// look them up with GetProcAddress.
 
 #include "CQelCancelTail.h"
+#include "CQelTranform.h"
+#include "CQelTransform2d.h"
 #include "ICancelTail.h"
 #include "IQelArray.h"
 #include "IQelBall.h"
