@@ -1,0 +1,32 @@
+# What every target of ours is compiled with: the target qel_options. Warnings stay off for other people's code.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(QEL_SANITIZE "Build everything with the address and undefined-behaviour sanitizers" OFF)
+if(QEL_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# Keeps compiled files across build trees and across clones of the project: paths below the sources count as relative.
+find_program(QEL_CCACHE ccache)
+if(QEL_CCACHE AND NOT CMAKE_HOST_WIN32)
+    foreach(language C CXX)
+        set(CMAKE_${language}_COMPILER_LAUNCHER env "CCACHE_DIR=${QEL_CACHE_DIR}/ccache"
+            "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${QEL_CCACHE}")
+    endforeach()
+endif()
+
+add_library(qel_options INTERFACE)
+target_compile_features(qel_options INTERFACE cxx_std_20)
+if(MSVC)
+    target_compile_options(qel_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus)
+else()
+    target_compile_options(qel_options INTERFACE
+        -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wuseless-cast
+        -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wnull-dereference -Wduplicated-cond
+        -Wlogical-op -Wdouble-promotion)
+endif()

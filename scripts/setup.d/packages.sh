@@ -1,0 +1,55 @@
+# Debian packages: the list stands in scripts/packages.
+
+neededPackages() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$qelRoot/scripts/packages"; }
+
+# The needed packages that are not installed, one a line.
+missingPackages() {
+    local needed
+    needed=$(neededPackages)
+    # shellcheck disable=SC2086 # a list of names
+    { dpkg-query -W -f '${db:Status-Status} ${Package}\n' $needed 2>/dev/null || true; } |
+        awk -v needed="$needed" '
+            $1 == "installed" { have[$2] = 1 }
+            END { n = split(needed, names, "\n"); for (i = 1; i <= n; ++i) if (!(names[i] in have)) print names[i] }'
+}
+
+asRoot() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo -- "$@"
+    else
+        die "'$*' must run as root, and sudo is not installed."
+    fi
+}
+
+# Package work shows its own progress when it may have to ask for a password, and counted progress otherwise.
+packageWork() {
+    local title=$1 log=$2 total=$3
+    shift 3
+    if [ "$(id -u)" -eq 0 ]; then
+        runLogged "$title" "$log" -p '^(Get:|Unpacking |Setting up )' "$total" -- "$@"
+    else
+        say "$title"
+        asRoot "$@"
+    fi
+}
+
+updatePackageLists() {
+    packageWork "Reading the package lists" "$qelLogs/apt-update.log" 10 apt-get -o Acquire::Retries=3 update
+}
+
+setupPackages() {
+    local missing steps
+    missing=$(missingPackages)
+    [ -n "$missing" ] || return 0
+    say "Missing packages:" $missing
+    updatePackageLists
+    # shellcheck disable=SC2086 # a list of names
+    steps=$(apt-get -s --no-install-recommends install $missing 2>/dev/null | grep -c '^Inst' || true)
+    # shellcheck disable=SC2086
+    packageWork "Installing $steps packages" "$qelLogs/apt-install.log" $((steps * 3)) \
+        env DEBIAN_FRONTEND=noninteractive apt-get -y --no-install-recommends -o Acquire::Retries=3 install $missing
+    missing=$(missingPackages)
+    [ -z "$missing" ] || die "Still missing:" $missing
+}
