@@ -3,7 +3,8 @@
 // What the display took of GDI goes with it: a host that opens and closes views for weeks must not run out of
 // handles.
 CGDIScrDisplay::~CGDIScrDisplay() {
-    endDraw();
+    selectOldTools();
+    deleteTools();
     if (deviceContext != nullptr) {
         const auto window = static_cast<std::intptr_t>(windowHandle);
         ReleaseDC(reinterpret_cast<HWND>(window), deviceContext);  // NOLINT(performance-no-int-to-ptr)

@@ -4,7 +4,7 @@ CQelTranform::CQelTranform() = default;
 
 CQelTranform::CQelTranform(const CQelTranform& other) = default;
 
-CQelTranform& CQelTranform::operator=(const CQelTranform& other) = default;
+CQelTranform& CQelTranform::operator=(const CQelTranform&) = default;
 
 CQelTranform::~CQelTranform() = default;
 

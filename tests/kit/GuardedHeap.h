@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+namespace qel::test {
+
+/// Where a guarded block ends.
+enum class BlockEnd {
+    /// At the guard page, up to the alignment of 16 bytes that every allocation has. The bytes between the
+    /// end of
+    /// the block and the guard page hold a pattern that is checked when the block is freed and by
+    /// damagedBlocks().
+    kAligned,
+
+    /// Exactly at the guard page, so that the first byte past any block faults. The block may then be less
+    /// than
+    /// 16-byte aligned, which optimised code may not bear unless its size is a multiple of 16.
+    kExact,
+};
+
+/// Serves the memory that QelDisplay64t.dll, QelGeometry64t.dll and QelBase64t.dll ask for, with malloc and
+/// its relatives and with operator new, from pages of their own that end in a page without access: a write or
+/// a read past a block faults where it happens. A freed block loses its pages, so its later use faults too;
+/// its addresses are not given again. A fault ends the process with exit code 3 and a line on standard error
+/// that names the block, unless faultsIn catches it.
+///
+/// While one lives, memory that the running program takes with operator new is guarded as well, since both
+/// use the same C++ library. Blocks may outlive it. When the address space set aside for guarded blocks is
+/// used up, the ordinary heap serves on: see unguardedBlocks(). Windows only; only one may be alive at a
+/// time.
+class GuardedHeap {
+  public:
+    explicit GuardedHeap(BlockEnd end = BlockEnd::kAligned);
+    ~GuardedHeap();
+    GuardedHeap(const GuardedHeap&) = delete;
+    GuardedHeap& operator=(const GuardedHeap&) = delete;
+
+    /// Blocks served since it began to live; blocks that had to be served without a guard.
+    std::size_t servedBlocks() const;
+    std::size_t unguardedBlocks() const;
+
+    /// Blocks that are not freed, and how many bytes were asked for in them. Counts all guarded blocks of the
+    /// process.
+    static std::size_t liveBlocks();
+    static std::size_t liveBytes();
+
+    /// Blocks of the process, freed or not, behind whose end something was written within the alignment.
+    static std::size_t damagedBlocks();
+
+    /// True if the address is that of a live guarded block.
+    static bool guards(const void* address);
+
+    /// Size that was asked for, of a live guarded block.
+    static std::size_t sizeOf(const void* block);
+};
+
+/// Runs the body and tells whether it touched memory that it may not touch. What the body had open at that
+/// moment is not cleaned up.
+bool faultsIn(const std::function<void()>& body);
+
+}  // namespace qel::test
