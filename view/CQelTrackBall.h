@@ -166,6 +166,8 @@ class CQelTrackBall : public IQelTrackBall {
     void rotateTo(double x, double y);
     void fitQuickly(const qel::Enve3d& box);
     void fitPrecisely(const qel::Enve3d& box);
+    /// Eye and target in one step. A place that is not finite is refused: no later step could leave it.
+    void placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget);
     void moveEyeAndTarget(const qel::XPnt3d& delta);
     void scaleEyeDistance(const qel::PixelRect& rect, bool inwards);
     /// The camera after a change of position: view and trackball sphere. Returns 1.

@@ -18,8 +18,10 @@ template <class... Numbers>
     return areFinite(point.x, point.y, point.z);
 }
 
+/// A box whose middle and diagonal do not fit is as useless as one with infinite bounds.
 [[nodiscard]] inline bool isFinite(const Enve3d& box) {
-    return areFinite(box.xmin, box.xmax, box.ymin, box.ymax, box.zmin, box.zmax);
+    return areFinite(box.xmin, box.xmax, box.ymin, box.ymax, box.zmin, box.zmax, box.getDiagonal()) &&
+           isFinite(box.MidPoint());
 }
 
 }  // namespace qel

@@ -129,17 +129,19 @@ double CQelTrackBall::tanHalfFieldOfView() const {
 }
 
 std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
-    double distance = 0.0;
-    if (fromExtent) {
-        distance = qel::dist(eye, extent.MidPoint());
-    } else {
+    double distance = qel::dist(eye, extent.MidPoint());
+    if (!fromExtent) {
         // The first call uses up a new depth copy, and the second returns the value as it is kept, in single
         // precision.
         static_cast<void>(getMeanDepth());
         const double depth = getMeanDepth();
         const qel::XPnt3d middle =
             unProject(static_cast<double>(viewWidth * 0.5F), static_cast<double>(viewHeight * 0.5F), depth);
-        distance = qel::dist(eye, middle);
+        // Matrices with numbers that OpenGL cannot hold tell no distance. The extent does, and the box built
+        // from it replaces them.
+        if (qel::isFinite(middle)) {
+            distance = qel::dist(eye, middle);
+        }
     }
     const double halfHeight = std::tan(fovY * std::numbers::pi / 180.0 * 0.5) * distance;
     const double halfWidth = halfHeight * aspect;
@@ -161,10 +163,8 @@ double CQelTrackBall::viewSpanAtCenter() {
 
 float CQelTrackBall::getPixelsPerUnit() {
     const double span = viewSpanAtCenter();
+    const float inPixels = isOrtho() ? static_cast<float>(static_cast<double>(viewWidth) / span)
+                                     : viewWidth / static_cast<float>(span);
     // A view without a size spans nothing: no pixel covers a unit.
-    if (!(span > 0.0)) {
-        return 0.0F;
-    }
-    return ortho ? static_cast<float>(static_cast<double>(viewWidth) / span)
-                 : viewWidth / static_cast<float>(span);
+    return qel::areFinite(inPixels) ? inPixels : 0.0F;
 }

@@ -48,6 +48,8 @@ void CQelTrackBall::readDepthBuffer() {
         }
         depthWidth = width;
         depthHeight = height;
+        // What lies outside OpenGL's buffer is never read and stays background.
+        std::fill_n(depthBuffer.get(), areaOf(width, height), 1.0F);
     }
     glReadBuffer(GL_BACK);
     {

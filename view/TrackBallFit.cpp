@@ -102,8 +102,7 @@ void CQelTrackBall::fitQuickly(const qel::Enve3d& box) {
     const double distance = qel::dist(target, eye);
     // An eye on its target has no direction to keep: it goes to the midpoint with it.
     const double factor = distance > 0.0 ? box.getDiagonal() * 0.5 / tanHalfFieldOfView() / distance : 0.0;
-    eye = rotationCenter + (eye - target) * factor;
-    target = rotationCenter;
+    placeEyeAndTarget(rotationCenter + (eye - target) * factor, rotationCenter);
 }
 
 void CQelTrackBall::fitPrecisely(const qel::Enve3d& box) {
@@ -123,20 +122,21 @@ void CQelTrackBall::fitPrecisely(const qel::Enve3d& box) {
     const double height = qel::dist(corner, unProject(image.xmin, image.ymax, depth));
     const double half = (width > height ? width : height) * 0.5;
     const double distance = half / tanHalfFieldOfView();
-    qel::XPnt3d direction = eye - target;
+    // From where the eye is now: unlike the quick fit this one turns the camera towards the midpoint.
+    qel::XPnt3d direction = eye - rotationCenter;
     direction.normalize();
-    target = rotationCenter;
-    eye = target + direction * distance;
+    placeEyeAndTarget(rotationCenter + direction * distance, rotationCenter);
 }
 
 std::int32_t CQelTrackBall::setOrthoView(qel::XPnt3d newTarget, qel::XPnt3d direction, qel::XPnt3d newUp,
                                          qel::Enve3d newExtent) {
-    if (!qel::isFinite(newTarget) || !qel::isFinite(direction) || !qel::isFinite(newUp) ||
+    const qel::XPnt3d newEye = newTarget - direction;
+    if (!qel::isFinite(newTarget) || !qel::isFinite(newEye) || !qel::isFinite(newUp) ||
         !qel::isFinite(newExtent)) {
         return 0;
     }
     target = newTarget;
-    eye = target - direction;
+    eye = newEye;
     up = newUp;
     up.normalize();
     orthoPending = !ortho;
@@ -147,8 +147,7 @@ std::int32_t CQelTrackBall::setOrthoView(qel::XPnt3d newTarget, qel::XPnt3d dire
     const double fitted =
         static_cast<double>(static_cast<float>(extent.getDiagonal())) * 0.5 / tanHalfFieldOfView();
     const float factor = distance > 0.0F ? static_cast<float>(fitted / static_cast<double>(distance)) : 0.0F;
-    eye = rotationCenter + (eye - target) * static_cast<double>(factor);
-    target = rotationCenter;
+    placeEyeAndTarget(rotationCenter + (eye - target) * static_cast<double>(factor), rotationCenter);
     updateOrthoBox(true);
     updateViewAndSphere();
     return 0;

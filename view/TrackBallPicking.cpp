@@ -15,29 +15,32 @@ namespace {
 /// Half the side of the square in which a pick beside an object looks for it, in pixels.
 constexpr double kPickReach = 20.0;
 /// The largest square of depth values that can come of it, edges rounded.
-constexpr std::size_t kMostPickPixels = 42 * 42;
+constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
 constexpr double kOnPlane = 0.000001;
 
 float depthAt(double x, double y) {
     // Outside the buffer nothing is read: background.
     float depth = 1.0F;
     glReadBuffer(GL_BACK);
+    const qel::PixelPackScope packing;
     glReadPixels(qel::truncateToInt(x), qel::truncateToInt(y), 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
     return depth;
 }
 
 /// Mean depth of what is drawn in the square around a window position; false if nothing is.
 bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, double& mean) {
-    const std::int32_t x0 = qel::truncateToInt(std::max(0.0, x - kPickReach));
-    const std::int32_t y0 = qel::truncateToInt(std::max(0.0, y - kPickReach));
-    const std::int32_t x1 = qel::truncateToInt(std::min(x + kPickReach, viewWidth - 1.0));
-    const std::int32_t y1 = qel::truncateToInt(std::min(y + kPickReach, viewHeight - 1.0));
-    // A pick outside the view leaves no square.
-    if (x1 <= x0 || y1 <= y0) {
+    const double left = std::max(0.0, x - kPickReach);
+    const double bottom = std::max(0.0, y - kPickReach);
+    const double right = std::min(x + kPickReach, viewWidth - 1.0);
+    const double top = std::min(y + kPickReach, viewHeight - 1.0);
+    // A pick outside the view leaves no square, and its bounds need not fit an integer.
+    if (right <= left || top <= bottom) {
         return false;
     }
-    const std::int32_t width = x1 - x0;
-    const std::int32_t height = y1 - y0;
+    const std::int32_t x0 = qel::truncateToInt(left);
+    const std::int32_t y0 = qel::truncateToInt(bottom);
+    const std::int32_t width = qel::truncateToInt(right) - x0;
+    const std::int32_t height = qel::truncateToInt(top) - y0;
     const std::size_t area = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     float depths[kMostPickPixels];
     std::fill_n(depths, area, 1.0F);

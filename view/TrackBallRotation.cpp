@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "CQelTrackBall.h"
@@ -8,6 +9,16 @@ namespace {
 
 /// Vectors of the sphere closer together than this turn nothing.
 constexpr double kNoTurn = 1e-5;
+/// Positions further out than this, in radii of the sphere, are seen from here: their squares still fit a
+/// float.
+constexpr double kFarthestOut = 1e18;
+
+/// A distance in pixels as a part of the sphere's radius. A sphere without a size has a rim only: any scale
+/// gives its direction.
+double inRadii(double distance, double radius) {
+    const double share = distance / (radius > 0.0 ? radius : 1e-3);
+    return std::isnan(share) ? 0.0 : std::clamp(share, -kFarthestOut, kFarthestOut);
+}
 
 qel::XPnt3d turned(const qel::XPnt3d& point, const qel::matrix<float>& rotation) {
     qel::matrix<double> wide(4, 4);
@@ -44,18 +55,15 @@ std::int32_t CQelTrackBall::setRotationCenter(double x, double y, double z) {
 }
 
 std::int32_t CQelTrackBall::setRotationCenterAt(std::int32_t x, std::int32_t y) {
-    rotationCenter = pickModelPnt(static_cast<double>(x), static_cast<double>(y));
-    updateSphereRadius();
-    return 1;
+    const qel::XPnt3d point = pickModelPnt(static_cast<double>(x), static_cast<double>(y));
+    return setRotationCenter(point.x, point.y, point.z);
 }
 
 void CQelTrackBall::mapToSphere(double x, double y, double* vector) {
     const qel::XPnt3d center = projectPnt(rotationCenter);
     const double radius = static_cast<double>(sphereRadiusPx);
-    // A sphere without a size has a rim only: any scale gives its direction.
-    const double scale = radius > 0.0 ? radius : 1e-3;
-    const double px = (x - center.x) / scale;
-    const double py = (y - center.y) / scale;
+    const double px = inRadii(x - center.x, radius);
+    const double py = inRadii(y - center.y, radius);
     const double squared = px * px + py * py;
     if (squared > 1.0) {
         const float length = std::sqrt(static_cast<float>(squared));
@@ -71,9 +79,15 @@ void CQelTrackBall::mapToSphere(double x, double y, double* vector) {
 }
 
 void CQelTrackBall::rotateTo(double x, double y) {
-    double vector[3] = {};
-    mapToSphere(x, y, vector);
-    sphereCurrent = qel::transformPoint({vector[0], vector[1], vector[2]}, pressInverse);
+    // Back at the press is no rotation at all, although the image of the centre, which OpenGL gives in single
+    // precision, has moved a little with the camera.
+    if (x == pressMouse.x && y == pressMouse.y) {
+        sphereCurrent = sphereStart;
+    } else {
+        double vector[3] = {};
+        mapToSphere(x, y, vector);
+        sphereCurrent = qel::transformPoint({vector[0], vector[1], vector[2]}, pressInverse);
+    }
     const qel::XPnt3d axis = qel::cross(sphereStart, sphereCurrent);
     qel::QuatF quat;
     if (qel::dist(axis, qel::XPnt3d()) > kNoTurn) {
@@ -82,8 +96,15 @@ void CQelTrackBall::rotateTo(double x, double y) {
         quat = {static_cast<float>(axis.x), static_cast<float>(axis.y), static_cast<float>(axis.z),
                 static_cast<float>(qel::dot(sphereCurrent, sphereStart))};
     }
+    // A camera whose matrix could not be inverted turns nothing, rather than into NaN.
+    if (!qel::areFinite(quat.x, quat.y, quat.z, quat.w)) {
+        quat = {};
+    }
     qel::matrix<float> rotation(3, 3);
     qel::setRotationFromQuat(rotation, quat);
+    // A drag only turns. Taken from the matrix of the last move, the scale would be 1 but for its rounding,
+    // which over many moves carries the camera away from the model.
+    dragRotation.setIdentity();
     qel::setRotationKeepScale(dragRotation, rotation);
     applyDragRotation();
     updateView();
@@ -93,8 +114,8 @@ std::int32_t CQelTrackBall::applyDragRotation() {
     // Always from the camera as it was at the press: no error adds up over a drag.
     const qel::XPnt3d center = rotationCenter;
     dragRotation.transpose();
-    eye = turned(dragEye - center, dragRotation) + center;
-    target = turned(dragTarget - center, dragRotation) + center;
+    placeEyeAndTarget(turned(dragEye - center, dragRotation) + center,
+                      turned(dragTarget - center, dragRotation) + center);
     up = turned(dragUp, dragRotation);
     up.normalize();
     dragRotation.transpose();

@@ -24,18 +24,25 @@ std::int32_t CQelTrackBall::updateViewAndSphere() {
     return 1;
 }
 
+void CQelTrackBall::placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget) {
+    if (qel::isFinite(newEye) && qel::isFinite(newTarget)) {
+        eye = newEye;
+        target = newTarget;
+    }
+}
+
 void CQelTrackBall::moveEyeAndTarget(const qel::XPnt3d& delta) {
-    eye += delta;
-    target += delta;
+    // In place, so that a point that is marked invalid stays so.
+    qel::XPnt3d newEye = eye;
+    qel::XPnt3d newTarget = target;
+    placeEyeAndTarget(newEye += delta, newTarget += delta);
 }
 
 std::int32_t CQelTrackBall::moveBy(double dx, double dy, double dz) {
     if (!qel::areFinite(dx, dy, dz)) {
         return 1;
     }
-    const qel::XPnt3d delta(dx, dy, dz);
-    eye -= delta;
-    target -= delta;
+    moveEyeAndTarget({-dx, -dy, -dz});
     return updateViewAndSphere();
 }
 
@@ -73,11 +80,8 @@ void CQelTrackBall::scaleEyeDistance(const qel::PixelRect& rect, bool inwards) {
     const double share =
         static_cast<double>(std::max(side(rect.x1, rect.x2, viewWidth), side(rect.y1, rect.y2, viewHeight)));
     // A rectangle without a size, or a view without one, would put the eye on the target or at infinity.
-    if (!(share > 0.0) || !qel::areFinite(share)) {
-        return;
-    }
-    if (!ortho) {
-        eye = target + (eye - target) * (inwards ? share : 1.0 / share);
+    if (!ortho && share > 0.0 && qel::areFinite(share)) {
+        placeEyeAndTarget(target + (eye - target) * (inwards ? share : 1.0 / share), target);
     }
     updateView();
 }

@@ -1,0 +1,274 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "QelRefPtr.h"
+#include "QelReferenced.h"
+
+namespace qel::test {
+namespace {
+
+/// Not counted at all: it notes each call, and where the pointer under test
+/// points at that moment.
+struct Recorder {
+    std::string name;
+    std::vector<std::string>& log;
+    std::function<const Recorder*()> held;
+
+    void ref() const { note("ref "); }
+    void unref() const { note("unref "); }
+
+  private:
+    void note(const char* call) const {
+        const Recorder* const now = held ? held() : nullptr;
+        log.push_back(call + name + " while it holds " + (now == nullptr ? "nothing" : now->name));
+    }
+};
+
+class RefPtr : public ::testing::Test {
+  protected:
+    using Log = std::vector<std::string>;
+
+    void watch(const ref_ptr<Recorder>& pointer) {
+        first.held = second.held = [&pointer] { return pointer.get(); };
+    }
+
+    Log log;
+    Recorder first{"first", log, {}};
+    Recorder second{"second", log, {}};
+};
+
+TEST_F(RefPtr, EmptyNeverCounts) {
+    {
+        ref_ptr<Recorder> pointer;
+        const ref_ptr<Recorder> fromNull(static_cast<Recorder*>(nullptr));
+        pointer = fromNull;
+        pointer.reset();
+        EXPECT_EQ(pointer.get(), nullptr);
+        EXPECT_FALSE(pointer);
+    }
+    EXPECT_EQ(log, Log());
+}
+
+TEST_F(RefPtr, ConstructionTakesOneReferenceAndDestructionGivesItBack) {
+    {
+        const ref_ptr<Recorder> pointer(&first);
+        EXPECT_EQ(pointer.get(), &first);
+        EXPECT_EQ(&*pointer, &first);
+        EXPECT_EQ(pointer->name, "first");
+        EXPECT_TRUE(pointer);
+        EXPECT_EQ(log, Log{"ref first while it holds nothing"});
+    }
+    EXPECT_EQ(log.size(), 2U);
+    EXPECT_EQ(log.back(), "unref first while it holds nothing");
+}
+
+TEST_F(RefPtr, AssignmentStoresTheNewOneThenRefsItThenUnrefsTheOld) {
+    ref_ptr<Recorder> pointer(&first);
+    watch(pointer);
+    log.clear();
+    pointer = &second;
+    EXPECT_EQ(log, (Log{"ref second while it holds second", "unref first while it holds second"}));
+    log.clear();
+    pointer = nullptr;
+    EXPECT_EQ(log, Log{"unref second while it holds nothing"});
+    log.clear();
+    pointer = &first;
+    EXPECT_EQ(log, Log{"ref first while it holds first"});
+    first.held = second.held = nullptr;
+}
+
+TEST_F(RefPtr, AssignmentOfAnotherPointerCountsTheSameWay) {
+    ref_ptr<Recorder> pointer(&first);
+    const ref_ptr<Recorder> other(&second);
+    watch(pointer);
+    log.clear();
+    pointer = other;
+    EXPECT_EQ(log, (Log{"ref second while it holds second", "unref first while it holds second"}));
+    first.held = second.held = nullptr;
+}
+
+TEST_F(RefPtr, AssignmentOfWhatItHoldsDoesNothing) {
+    ref_ptr<Recorder> pointer(&first);
+    const ref_ptr<Recorder> other(&first);
+    log.clear();
+    pointer = &first;
+    pointer = other;
+    const ref_ptr<Recorder>& itself = pointer;
+    pointer = itself;
+    EXPECT_EQ(log, Log());
+}
+
+TEST_F(RefPtr, CopyTakesOneMoveTakesNone) {
+    ref_ptr<Recorder> pointer(&first);
+    log.clear();
+    ref_ptr<Recorder> copy(pointer);
+    EXPECT_EQ(log, Log{"ref first while it holds nothing"});
+    log.clear();
+    ref_ptr<Recorder> moved(std::move(copy));
+    EXPECT_EQ(moved.get(), &first);
+    EXPECT_EQ(log, Log());
+    ref_ptr<Recorder> other(&second);
+    log.clear();
+    other = std::move(moved);
+    EXPECT_EQ(other.get(), &first);
+    EXPECT_EQ(log, Log{"unref second while it holds nothing"});
+    EXPECT_TRUE(other == pointer);
+    EXPECT_TRUE(pointer == &first);
+}
+
+TEST_F(RefPtr, ResetGivesTheReferenceBackAndLeavesItEmpty) {
+    ref_ptr<Recorder> pointer(&first);
+    watch(pointer);
+    log.clear();
+    pointer.reset();
+    EXPECT_EQ(pointer.get(), nullptr);
+    pointer.reset();
+    EXPECT_EQ(log, Log{"unref first while it holds nothing"});
+}
+
+/// Counts how many of its kind are alive.
+class Counted : public QelReferenced {
+  public:
+    explicit Counted(std::atomic<int>& counter) : living(counter) { ++living; }
+    Counted(const Counted& other) : QelReferenced(other), living(other.living) { ++living; }
+
+  protected:
+    ~Counted() override { --living; }
+
+  private:
+    std::atomic<int>& living;
+};
+
+class Derived : public Counted {
+  public:
+    using Counted::Counted;
+};
+
+TEST(Referenced, StartsWithoutReferencesAndGoesWithTheLast) {
+    std::atomic<int> living = 0;
+    const Counted* const object = new Counted(living);
+    EXPECT_EQ(object->referenceCount(), 0);
+    object->ref();
+    object->ref();
+    EXPECT_EQ(object->referenceCount(), 2);
+    object->unref();
+    EXPECT_EQ(object->referenceCount(), 1);
+    EXPECT_EQ(living, 1);
+    object->unref();
+    EXPECT_EQ(living, 0);
+}
+
+TEST(Referenced, CountsBothSpellingsTogether) {
+    std::atomic<int> living = 0;
+    const Counted* const object = new Counted(living);
+    object->AddRef();
+    object->ref();
+    EXPECT_EQ(object->referenceCount(), 2);
+    object->Release();
+    EXPECT_EQ(living, 1);
+    object->unref();
+    EXPECT_EQ(living, 0);
+}
+
+TEST(Referenced, ReleaseOfTheLastReferenceDeletesToo) {
+    std::atomic<int> living = 0;
+    const QelReferenced* const object = new Derived(living);
+    object->AddRef();
+    object->Release();
+    EXPECT_EQ(living, 0);
+}
+
+TEST(Referenced, CopiesStartUnshared) {
+    std::atomic<int> living = 0;
+    const ref_ptr<Counted> original(new Counted(living));
+    const ref_ptr<Counted> again = original;
+    EXPECT_EQ(original->referenceCount(), 2);
+    const Counted* const copy = new Counted(*original);
+    EXPECT_EQ(copy->referenceCount(), 0);
+    EXPECT_EQ(original->referenceCount(), 2);
+    copy->ref();
+    copy->unref();
+    EXPECT_EQ(living, 1);
+}
+
+TEST(Referenced, AssignmentLeavesBothCountsAlone) {
+    struct Plain : QelReferenced {
+        int value = 0;
+    };
+    const ref_ptr<Plain> from(new Plain);
+    const ref_ptr<Plain> to(new Plain);
+    const ref_ptr<Plain> toAgain = to;
+    from->value = 7;
+    *to = *from;
+    EXPECT_EQ(to->value, 7);
+    EXPECT_EQ(to->referenceCount(), 2);
+    EXPECT_EQ(from->referenceCount(), 1);
+}
+
+TEST(Referenced, APointerToABaseKeepsTheObject) {
+    std::atomic<int> living = 0;
+    {
+        ref_ptr<Derived> derived(new Derived(living));
+        const ref_ptr<Counted> base(derived);
+        derived.reset();
+        EXPECT_EQ(living, 1);
+    }
+    EXPECT_EQ(living, 0);
+}
+
+constexpr int kThreads = 8;
+
+void onThreads(const std::function<void()>& work) {
+    std::vector<std::thread> threads;
+    std::atomic<bool> go = false;
+    for (int thread = 0; thread < kThreads; ++thread) {
+        threads.emplace_back([&] {
+            while (!go) {
+                std::this_thread::yield();
+            }
+            work();
+        });
+    }
+    go = true;
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+}
+
+TEST(Referenced, LosesNoCountBetweenThreads) {
+    std::atomic<int> living = 0;
+    const ref_ptr<Counted> object(new Counted(living));
+    onThreads([&] {
+        for (int round = 0; round < 20000; ++round) {
+            object->ref();
+            object->AddRef();
+            object->Release();
+        }
+    });
+    EXPECT_EQ(object->referenceCount(), 1 + kThreads * 20000);
+    for (int extra = 0; extra < kThreads * 20000; ++extra) {
+        object->unref();
+    }
+    EXPECT_EQ(living, 1);
+}
+
+TEST(Referenced, GoesExactlyOnceWhenThreadsLetGoTogether) {
+    std::atomic<int> living = 0;
+    for (int round = 0; round < 50; ++round) {
+        const Counted* const object = new Counted(living);
+        for (int thread = 0; thread < kThreads; ++thread) {
+            object->ref();
+        }
+        onThreads([&] { object->unref(); });
+        ASSERT_EQ(living, 0);
+    }
+}
+
+}  // namespace
+}  // namespace qel::test
