@@ -16,11 +16,14 @@ class CurrentContext {
         }
     }
 
-    /// Remembers what is current now, unless it is the context `own`.
-    void remember(HGLRC own) {
+    /// Remembers what is current now.
+    void remember() {
         rc = wglGetCurrentContext();
         dc = wglGetCurrentDC();
-        if (rc == own) {
+    }
+    /// The context goes: if it is the remembered one, nothing is remembered.
+    void forget(HGLRC going) noexcept {
+        if (rc == going) {
             rc = nullptr;
         }
     }

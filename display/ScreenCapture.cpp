@@ -142,6 +142,10 @@ bool ScreenCapture::write() {
 }
 
 void ScreenCapture::releaseBitmap() {
+    if (captureBitmap != nullptr) {
+        // What was drawn and not read yet would be written into memory that is gone.
+        glFinish();
+    }
     if (captureDC != nullptr) {
         DeleteDC(captureDC);
         captureDC = nullptr;

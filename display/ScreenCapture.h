@@ -31,6 +31,7 @@ class ScreenCapture {
     void releaseContext();
 
     [[nodiscard]] bool isActive() const noexcept { return captureContext.isInitialised(); }
+    [[nodiscard]] HGLRC renderContext() const noexcept { return captureContext.renderContext(); }
     void makeCurrent() { captureContext.makeCurrent(); }
     [[nodiscard]] const BitmapFont& textFont() const noexcept { return font; }
 

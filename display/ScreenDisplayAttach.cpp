@@ -23,8 +23,12 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     if (windowContext.isInitialised() && windowContext.renderContext() == renderContext) {
         font.forget();
     }
-    windowContext.createForWindow(qel::truncateToInt(area.Width()), qel::truncateToInt(area.HightY()), false,
-                                  hwnd, stereoBuffers);
+    const bool created = windowContext.createForWindow(
+        qel::truncateToInt(area.Width()), qel::truncateToInt(area.HightY()), false, hwnd, stereoBuffers);
+    if (!created) {
+        // The context that is current then is another view's: the font must not be built in it.
+        windowContext.makeCurrent();
+    }
     deviceContext = qel::fromHandle(windowContext.deviceContext());
     renderContext = windowContext.renderContext();
     trackBall->setDisplay(this);

@@ -95,6 +95,11 @@ std::int32_t CQelScreenDisplay::restoreCache() {
         glPushAttrib(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
         unpackWithoutPadding();
+        // The copy is the finished picture: it is not blended by the alpha that was read with it, nor
+        // coloured by the texture that the host drew with last. Blending comes back with the pushed
+        // attributes.
+        glDisable(GL_BLEND);
+        const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
         glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
         const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, true);
         writeDepth(cacheWidth, cacheHeight, cacheDepth.get());

@@ -8,14 +8,16 @@ CQelScreenDisplay::CQelScreenDisplay() : gl(new CQelGL()), trackBall(new CQelTra
 }
 
 CQelScreenDisplay::~CQelScreenDisplay() {
-    contextOfHost.remember(renderContext);
+    // The contexts made here go with the display; one that the host lent stays, and stays current.
+    contextOfHost.remember();
+    contextOfHost.forget(windowContext.renderContext());
+    contextOfHost.forget(capture.renderContext());
     endCapture();
     font.destroy();
     trackBall->ownerGoes();
     trackBall->Release();
     cacheColor.reset();
     cacheDepth.reset();
-    // The contexts made here go with the display; one that the host lent stays.
     windowContext.destroyContext();
     windowContext.dropLeftovers();
 }

@@ -36,7 +36,7 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     virtual std::int32_t attachDC(std::int32_t deviceContext, std::int32_t renderContext) = 0;
     /// Makes a context of the display's own for the window and builds the font. With `stereo` a stereo pixel
     /// format is asked for, which is single-buffered. Returns 0, also when the window cannot get a context
-    /// (`getDC` and drawing then have no effect); a null window changes nothing.
+    /// (drawing then has no effect, and a later call may succeed); a null window changes nothing.
     virtual std::int32_t attachWindow(std::int32_t window, bool stereo) = 0;
     /// The window given to `attachWindow`; 0 before.
     virtual std::int32_t getWindow() = 0;

@@ -1,0 +1,82 @@
+#include "PublicSymbol.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+#include "IQelSymbol.h"
+#include "QelDisplay64t.h"
+
+namespace qel::test {
+namespace {
+
+/// Asked before anything else of the program runs.
+const bool kEmptyAtFirst = !getPubSymbol();
+
+/// Starts with an empty slot and leaves one.
+class PublicSymbol : public ::testing::Test {
+  protected:
+    PublicSymbol() { emptyPublicSymbol(); }
+    ~PublicSymbol() override { emptyPublicSymbol(); }
+};
+
+TEST_F(PublicSymbol, IsEmptyBeforeTheLibraryIsLoaded) {
+    EXPECT_TRUE(kEmptyAtFirst);
+}
+
+TEST_F(PublicSymbol, IsAFreshOneAtEachRenewal) {
+    renewPublicSymbol();
+    const ref_ptr<IQelSymbol> first = getPubSymbol();
+    ASSERT_TRUE(first);
+    EXPECT_EQ(getPubSymbol().get(), first.get());
+    renewPublicSymbol();
+    const ref_ptr<IQelSymbol> second = getPubSymbol();
+    ASSERT_TRUE(second);
+    EXPECT_NE(second.get(), first.get());
+}
+
+TEST_F(PublicSymbol, IsHeldByTheSlotAndByWhoeverAsked) {
+    renewPublicSymbol();
+    const ref_ptr<IQelSymbol> held = getPubSymbol();
+    EXPECT_EQ(held->referenceCount(), 2);
+    EXPECT_EQ(getPubSymbol()->referenceCount(), 3);
+    EXPECT_EQ(held->referenceCount(), 2);
+}
+
+TEST_F(PublicSymbol, LivesOnWithItsHolderAfterARenewal) {
+    renewPublicSymbol();
+    const ref_ptr<IQelSymbol> held = getPubSymbol();
+    renewPublicSymbol();
+    EXPECT_EQ(held->referenceCount(), 1);
+    emptyPublicSymbol();
+    EXPECT_FALSE(getPubSymbol());
+}
+
+TEST_F(PublicSymbol, MayBeAskedForWhileAnotherThreadRenewsIt) {
+    renewPublicSymbol();
+    std::atomic<bool> stop = false;
+    std::atomic<int> empty = 0;
+    std::vector<std::thread> readers;
+    for (int i = 0; i < 3; ++i) {
+        readers.emplace_back([&] {
+            while (!stop) {
+                const ref_ptr<IQelSymbol> symbol = getPubSymbol();
+                empty += !symbol || symbol->referenceCount() < 1 ? 1 : 0;
+            }
+        });
+    }
+    for (int i = 0; i < 20000; ++i) {
+        renewPublicSymbol();
+    }
+    stop = true;
+    for (std::thread& reader : readers) {
+        reader.join();
+    }
+    EXPECT_EQ(empty, 0);
+    EXPECT_EQ(getPubSymbol()->referenceCount(), 2);
+}
+
+}  // namespace
+}  // namespace qel::test

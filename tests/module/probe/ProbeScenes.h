@@ -1,0 +1,18 @@
+#pragma once
+
+/// The scenes of the load probe. Each prints what it sees and returns the exit code of the program.
+
+/// Loads the library and gives it back at once; waits until it has left the process.
+int loadAndUnload();
+/// The same again and again, with a short sleep in the place of the long one.
+int reload();
+/// Loads while the program's path cannot be had.
+int loadWithoutPath();
+/// Loads while no thread can be started; only returns if the load does.
+int loadWithoutThread();
+/// Loads and says how the sleeping thread was started and how long it sleeps.
+int loadAndWatchThread();
+/// Ends with displays that are still attached and a symbol that is still held.
+int endWithDisplays();
+/// Ends while threads ask for the public symbol.
+int endWhileThreadsAsk();
