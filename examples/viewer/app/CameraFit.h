@@ -1,0 +1,36 @@
+#pragma once
+
+#include <vector>
+
+#include "Enve3d.h"
+#include "XPnt3d.h"
+
+namespace qelview {
+
+struct CameraPlace {
+    qel::XPnt3d eye;
+    qel::XPnt3d target;
+    qel::XPnt3d up;
+};
+
+/// The nearest place from which a camera that keeps its direction sees all points in perspective, with a
+/// margin for texts. The points' image is in the middle of the view.
+/// @param camera eye and target must differ.
+/// @param fovY vertical field of view in degrees.
+/// @param aspect width of the view over its height.
+[[nodiscard]] CameraPlace placeToSee(const std::vector<qel::XPnt3d>& points, const CameraPlace& camera,
+                                     double fovY, double aspect);
+
+/// How much of the part of a view within the margins an image fills: above 1 it reaches beyond.
+/// @param places of the image's points in pixels, from the lower left.
+[[nodiscard]] double shareOfUsableView(const std::vector<qel::XPnt3d>& places, double width, double height);
+
+struct ClippingDistances {
+    double nearest = 0.0;
+    double farthest = 0.0;
+};
+
+/// Clipping distances that enclose the surroundings of a box, seen from a distance from its middle.
+[[nodiscard]] ClippingDistances clippingAround(const qel::Enve3d& box, double distance);
+
+}  // namespace qelview

@@ -1,0 +1,114 @@
+#include <algorithm>
+#include <array>
+
+#include "QelGl.h"
+#include "QelTmpGlStateCtrl.h"
+#include "Stage.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr qel::QelColor3f kTitleColor{0.95F, 0.96F, 0.98F};
+constexpr qel::QelColor3f kSummaryColor{0.62F, 0.68F, 0.76F};
+constexpr qel::QelColor3f kLabelColor{0.98F, 0.98F, 0.94F};
+
+constexpr double kMargin = 18.0;
+constexpr double kLineHeight = 22.0;
+
+/// The display lights the scene with a bluish light from the eye. A warm one from above makes the two
+/// together white where a surface faces the viewer, so that colours look like themselves. Surfaces are matt.
+void placeKeyLight(IQelGL& gl) {
+    constexpr std::array<float, 4> kDiffuse{0.84F, 0.46F, 0.22F, 1.0F};
+    constexpr std::array<float, 4> kGloss{0.12F, 0.12F, 0.12F, 1.0F};
+    constexpr std::array<float, 4> kTowardsLight{-0.32F, 0.42F, 0.85F, 0.0F};
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    glLightfv(GL_LIGHT0, GL_POSITION, kTowardsLight.data());
+    glPopMatrix();
+    glLightfv(GL_LIGHT0, GL_DIFFUSE, kDiffuse.data());
+    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, kGloss.data());
+    gl.enable(GL_LIGHT0);
+}
+
+PixelView viewOf(IQelTrackBall& camera) {
+    PixelView view;
+    std::copy_n(camera.getModelviewMatrix(), view.modelview.size(), view.modelview.begin());
+    std::copy_n(camera.getProjectionMatrix(), view.projection.size(), view.projection.begin());
+    std::copy_n(camera.getViewport(), view.viewport.size(), view.viewport.begin());
+    return view;
+}
+
+}  // namespace
+
+void Stage::drawFrame() {
+    display->makeCurrent();
+    chooseClippingDistances();
+    // The display places its lights in the coordinates that OpenGL holds: the camera must be loaded before.
+    display->updateView();
+    display->beginFrame(0);
+    placeKeyLight(*display->getGL());
+    display->beginDraw();
+    camera().updateView();
+    display->getGL()->enable(GL_DEPTH_TEST);
+    display->getGL()->disable(GL_LIGHTING);
+    drawn.draw(*symbol, viewOf(camera()));
+    drawTexts();
+    camera().updateView();
+    display->endDraw();
+}
+
+void Stage::drawTexts() {
+    // Places are asked for while the camera is loaded; text is drawn in pixels.
+    std::vector<qel::XPnt3d> places;
+    for (const Label& label : labels) {
+        const qel::XPnt3d place = camera().projectPnt(label.at);
+        places.push_back(isHidden(label.at, place) ? qel::XPnt3d::invalid() : place);
+    }
+    display->setOrtho2D();
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    {
+        const QelTmpGlStateCtrl color(kLabelColor);
+        for (std::size_t i = 0; i < labels.size(); ++i) {
+            drawLabel(labels[i], places[i]);
+        }
+    }
+    const double top = static_cast<double>(camera().getHeight()) - kMargin;
+    const std::string projection = camera().isOrtho() ? "orthographic" : "perspective";
+    {
+        const QelTmpGlStateCtrl color(kTitleColor);
+        printAt(kMargin, top - kLineHeight * 0.5, title);
+    }
+    const QelTmpGlStateCtrl color(kSummaryColor);
+    printAt(kMargin, top - kLineHeight * 1.5, summary);
+    printAt(kMargin, kMargin, viewName + ", " + projection);
+}
+
+void Stage::drawLabel(const Label& label, const qel::XPnt3d& place) {
+    constexpr double kBeside = 7.0;
+    if (place.isValid()) {
+        printAt(place.x + kBeside, place.y + kBeside * 0.5, label.text);
+    }
+}
+
+void Stage::printAt(double x, double y, const std::string& text) {
+    glRasterPos2d(x, y);
+    display->printText("%s", text.c_str());
+}
+
+bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {
+    if (place.z <= 0.0 || place.z >= 1.0) {
+        return true;
+    }
+    const qel::XPnt3d inFront = camera().getModelPntAt(place.x, place.y);
+    if (!inFront.isValid()) {
+        return false;
+    }
+    // Labels stand close to what they name, and depth is coarse far from the eye.
+    const double tolerance = 0.02 * extent.getDiagonal();
+    const qel::XPnt3d eye = camera().getEye();
+    return qel::dist(eye, inFront) + tolerance < qel::dist(eye, point);
+}
+
+}  // namespace qelview

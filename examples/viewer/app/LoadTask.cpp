@@ -1,0 +1,85 @@
+#include "LoadTask.h"
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+#include "ReadFile.h"
+
+namespace qelview {
+
+namespace {
+
+std::filesystem::path pathOf(const std::string& file) {
+    return {std::u8string(file.begin(), file.end())};
+}
+
+std::string titleOf(const std::vector<std::string>& files) {
+    const std::u8string name = pathOf(files.front()).filename().u8string();
+    const std::string first(name.begin(), name.end());
+    return files.size() == 1 ? first : first + " and " + std::to_string(files.size() - 1) + " more";
+}
+
+}  // namespace
+
+Scene loadScene(const std::vector<std::string>& files, Progress& progress) {
+    Scene scene;
+    const auto count = static_cast<double>(files.size());
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const auto index = static_cast<double>(i);
+        scene.append(
+            readFile(pathOf(files[i]), ProgressStretch(progress, index / count, (index + 1.0) / count)));
+    }
+    if (!files.empty()) {
+        scene.title = titleOf(files);
+    }
+    scene.moveToOrigin();
+    return scene;
+}
+
+LoadTask::LoadTask(std::vector<std::string> files)
+    : worker([this, wanted = std::move(files)] {
+          try {
+              scene = loadScene(wanted, progress);
+          } catch (...) {
+              failure = std::current_exception();
+          }
+          done = true;
+      }) {}
+
+LoadTask::~LoadTask() {
+    cancel();
+    if (worker.joinable()) {
+        worker.join();
+    }
+}
+
+Scene LoadTask::takeScene() {
+    worker.join();
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+    return std::move(scene);
+}
+
+Scene waitWithText(LoadTask& task) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point begin = Clock::now();
+    int shownPercent = -1;
+    while (!task.isDone()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        const int percent = static_cast<int>(task.progressDone() * 100.0);
+        if (Clock::now() - begin > std::chrono::milliseconds(kQuietMilliseconds) && percent != shownPercent) {
+            std::fprintf(stderr, "\rqelview: loading, %d %%", percent);
+            std::fflush(stderr);
+            shownPercent = percent;
+        }
+    }
+    if (shownPercent >= 0) {
+        std::fputc('\n', stderr);
+    }
+    return task.takeScene();
+}
+
+}  // namespace qelview

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <exception>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Progress.h"
+#include "Scene.h"
+
+namespace qelview {
+
+/// Reads files into one scene, moved to the origin.
+/// @param files in UTF-8.
+/// @throws ReadError, ReadCancelled as `readFile` does; nothing is shown of the other files then.
+[[nodiscard]] Scene loadScene(const std::vector<std::string>& files, Progress& progress);
+
+/// `loadScene` on a thread of its own, so that whoever waits stays responsive.
+class LoadTask {
+  public:
+    explicit LoadTask(std::vector<std::string> files);
+    /// Gives up on a load that still runs, and waits for its thread.
+    ~LoadTask();
+    LoadTask(const LoadTask&) = delete;
+    LoadTask& operator=(const LoadTask&) = delete;
+
+    [[nodiscard]] bool isDone() const { return done; }
+    /// From 0 to 1.
+    [[nodiscard]] double progressDone() const { return progress.done(); }
+    void cancel() { progress.cancel(); }
+    /// Waits for the end of the load.
+    /// @throws what `loadScene` threw.
+    [[nodiscard]] Scene takeScene();
+
+  private:
+    Progress progress;
+    Scene scene;
+    std::exception_ptr failure;
+    std::atomic<bool> done = false;
+    std::thread worker;
+};
+
+/// Waits for a load and writes a line of its progress to standard error if it lasts.
+[[nodiscard]] Scene waitWithText(LoadTask& task);
+
+/// How long a load may last before its progress is shown, in milliseconds.
+inline constexpr int kQuietMilliseconds = 500;
+
+}  // namespace qelview

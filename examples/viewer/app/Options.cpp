@@ -1,0 +1,106 @@
+#include "Options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "ReadFile.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr int kSmallestSide = 16;
+constexpr int kLargestSide = 8192;
+
+std::string helpFooter() {
+    return "Files: " + knownExtensions() +
+           "\n"
+           "  Meshes: polygons, normals, colours of vertices and materials are shown; normals are made "
+           "where\n"
+           "  there are none. Points: a line is 'x y z' or 'x y z red green blue' (0 to 255), separated by "
+           "blanks,\n"
+           "  commas or semicolons; a first line with the names of the columns is honoured. Points with a "
+           "column\n"
+           "  of times are a path: a line joins them. Without a file a sample scene is shown.\n"
+           "\n"
+           "Views: 0 top, 1 bottom, 2 back, 3 front, 4 right, 5 left, 6 and 7 from two opposite corners.\n"
+           "\n"
+           "Keys in the window: 0 to 7 view, F fit, O perspective or orthographic, Esc quit;\n"
+           "  the mouse wheel zooms.\n"
+           "\n"
+           "Exit codes: 0 done, 1 wrong command line or picture not written, 2 a file is refused (the reason "
+           "is\n"
+           "  on standard error), 3 no OpenGL context.";
+}
+
+std::optional<std::pair<int, int>> parseSize(std::string_view text) {
+    const std::size_t cross = text.find('x');
+    if (cross == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const auto side = [](std::string_view digits) {
+        int pixels = 0;
+        const char* const end = digits.data() + digits.size();
+        const auto [stop, error] = std::from_chars(digits.data(), end, pixels);
+        return error == std::errc() && stop == end ? pixels : 0;
+    };
+    const int width = side(text.substr(0, cross));
+    const int height = side(text.substr(cross + 1));
+    const auto isSensible = [](int pixels) { return pixels >= kSmallestSide && pixels <= kLargestSide; };
+    if (!isSensible(width) || !isSensible(height)) {
+        return std::nullopt;
+    }
+    return std::pair(width, height);
+}
+
+void addOptions(CLI::App& app, Options& options) {
+    app.add_option("FILE", options.files, "Files to show together");
+    app.add_option_function<std::string>(
+           "--size",
+           [&options](const std::string& text) {
+               const auto size = parseSize(text);
+               if (!size) {
+                   throw CLI::ValidationError("--size",
+                                              "'" + text + "' is not WIDTHxHEIGHT with 16 to 8192 pixels");
+               }
+               std::tie(options.width, options.height) = *size;
+           },
+           "Size of the view in pixels (1280x800)")
+        ->type_name("WxH");
+    app.add_option("--view", options.view, "Standard view to begin with (6)")
+        ->check(CLI::Range(0, 7))
+        ->type_name("N");
+    app.add_flag("--ortho", options.isOrthographic, "Orthographic instead of perspective");
+    app.add_option("--out", options.out, "Write a picture of the view and end")->type_name("FILE.png");
+    app.add_option("--views-out", options.viewsOut,
+                   "Write pictures PREFIX0.png to PREFIX7.png of the eight standard views and end")
+        ->type_name("PREFIX");
+}
+
+}  // namespace
+
+std::variant<Options, Ending> parseOptions(std::vector<std::string> arguments) {
+    Options options;
+    CLI::App app("qelview shows 3D models and point files.", "qelview");
+    addOptions(app, options);
+    app.footer(helpFooter());
+    app.set_version_flag("--version", "qelview " QELVIEW_VERSION);
+    // The library takes them from the end.
+    std::reverse(arguments.begin(), arguments.end());
+    try {
+        app.parse(std::move(arguments));
+    } catch (const CLI::CallForHelp&) {
+        return Ending{ExitCode::Success, app.help()};
+    } catch (const CLI::CallForVersion&) {
+        return Ending{ExitCode::Success, app.version() + "\n"};
+    } catch (const CLI::ParseError& error) {
+        return Ending{ExitCode::Usage, std::string("qelview: ") + error.what() + " (see --help)\n"};
+    }
+    return options;
+}
+
+}  // namespace qelview

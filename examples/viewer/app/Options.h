@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace qelview {
+
+/// How the program ends.
+enum class ExitCode : std::uint8_t {
+    Success = 0,
+    /// The command line is wrong, or a picture cannot be written.
+    Usage = 1,
+    /// A file is refused.
+    BadFile = 2,
+    /// The window gets no OpenGL context.
+    NoContext = 3,
+};
+
+/// What the command line asks for.
+struct Options {
+    /// In UTF-8; none shows the sample scene.
+    std::vector<std::string> files;
+    /// Of the view, in pixels.
+    int width = 1280;
+    int height = 800;
+    /// One of the eight standard views.
+    unsigned view = 6;
+    bool isOrthographic = false;
+    /// Picture of the view, in UTF-8; empty opens a window.
+    std::string out;
+    /// Beginning of the names of eight pictures, one of each standard view; empty for none.
+    std::string viewsOut;
+
+    /// True if pictures are wanted instead of a window.
+    [[nodiscard]] bool writesPictures() const { return !out.empty() || !viewsOut.empty(); }
+};
+
+/// A text to print, and how to end then: the help, the version, or what is wrong with the command line.
+struct Ending {
+    ExitCode code = ExitCode::Success;
+    std::string text;
+};
+
+/// @param arguments in UTF-8, without the name of the program.
+[[nodiscard]] std::variant<Options, Ending> parseOptions(std::vector<std::string> arguments);
+
+}  // namespace qelview

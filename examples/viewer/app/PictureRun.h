@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Options.h"
+#include "Scene.h"
+
+namespace qelview {
+
+/// Writes the pictures that the options ask for, from a window that is never shown.
+[[nodiscard]] ExitCode writePictures(const Options& options, const Scene& scene);
+
+}  // namespace qelview

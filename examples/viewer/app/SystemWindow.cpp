@@ -1,0 +1,65 @@
+#include "SystemWindow.h"
+
+#include <cstdio>
+
+namespace qelview {
+
+namespace {
+
+constexpr const char* kNoContext = "the window gets no OpenGL context; check the graphics driver";
+
+}  // namespace
+
+const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure) {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.style = CS_OWNDC | CS_HREDRAW | CS_VREDRAW;
+    description.lpfnWndProc = procedure;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    description.lpszClassName = name;
+    RegisterClassExW(&description);
+    return name;
+}
+
+OwnedWindow createHiddenWindow(const ClientSize& size) {
+    const wchar_t* const name = registerWindowClass(L"QelViewPicture", DefWindowProcW);
+    return OwnedWindow(CreateWindowExW(0, name, L"", WS_POPUP, 0, 0, size.width, size.height, nullptr,
+                                       nullptr, GetModuleHandleW(nullptr), nullptr));
+}
+
+ClientSize clientSizeOf(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return {area.right - area.left, area.bottom - area.top};
+}
+
+std::wstring toWide(const std::string& utf8) {
+    const int length = static_cast<int>(utf8.size());
+    std::wstring wide(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0)), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, wide.data(), static_cast<int>(wide.size()));
+    return wide;
+}
+
+std::string toUtf8(const std::wstring& wide) {
+    const int length = static_cast<int>(wide.size());
+    std::string utf8(static_cast<std::size_t>(
+                         WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr, nullptr)),
+                     '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr,
+                        nullptr);
+    return utf8;
+}
+
+void reportNoContext(bool isInteractive) {
+    std::fprintf(stderr, "qelview: %s\n", kNoContext);
+    std::fflush(stderr);
+    if (isInteractive) {
+        MessageBoxW(nullptr, toWide(kNoContext).c_str(), L"qelview", MB_OK | MB_ICONERROR);
+    }
+}
+
+}  // namespace qelview

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+namespace qelview {
+
+/// A window of the viewer, destroyed with its owner.
+struct WindowCloser {
+    using pointer = HWND;
+    void operator()(HWND window) const { DestroyWindow(window); }
+};
+using OwnedWindow = std::unique_ptr<HWND, WindowCloser>;
+
+/// The pixels of a window's client area.
+struct ClientSize {
+    int width = 0;
+    int height = 0;
+};
+
+/// A window class with a device context of its own, as OpenGL wants it. Registered once a name.
+/// @return the name, to create windows with.
+const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure);
+
+/// A window that is never shown, for pictures. Empty if there can be none.
+[[nodiscard]] OwnedWindow createHiddenWindow(const ClientSize& size);
+
+[[nodiscard]] ClientSize clientSizeOf(HWND window);
+
+[[nodiscard]] std::wstring toWide(const std::string& utf8);
+[[nodiscard]] std::string toUtf8(const std::wstring& wide);
+
+/// Says on standard error that there is no OpenGL, and in a message box too if somebody sits in front of it.
+void reportNoContext(bool isInteractive);
+
+}  // namespace qelview

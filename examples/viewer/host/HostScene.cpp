@@ -1,0 +1,214 @@
+#include "HostScene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "QelGl.h"
+#include "QelTmpGlStateCtrl.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr std::uint16_t kDashes = 0x0F0F;
+
+template <class Element>
+qel::ref_ptr<HostArray<Element>> makeArray(std::vector<Element> elements) {
+    if (elements.empty()) {
+        return {};
+    }
+    return new HostArray<Element>(std::move(elements));
+}
+
+/// One element of an array for each part of a scene.
+template <class Element, class Source, class Convert>
+qel::ref_ptr<HostArray<Element>> convertAll(const std::vector<Source>& source, const Convert& convert) {
+    std::vector<Element> elements;
+    elements.reserve(source.size());
+    std::transform(source.begin(), source.end(), std::back_inserter(elements), convert);
+    return makeArray(std::move(elements));
+}
+
+qel::ArrayVertex toVertex(const qel::XPnt3d& point) {
+    return {static_cast<float>(point.x), static_cast<float>(point.y), static_cast<float>(point.z), {}};
+}
+
+qel::ArrayNormal3b toByteNormal(const qel::XPnt3f& normal) {
+    const auto byte = [](float part) { return static_cast<std::int8_t>(std::lround(part * 127.0F)); };
+    return {byte(normal.x), byte(normal.y), byte(normal.z)};
+}
+
+/// Clouds take signed bytes: half of a byte's value is the same intensity.
+qel::ArrayColor3b toSignedColor(const qel::QelColor3b& color) {
+    const auto half = [](std::uint8_t channel) { return static_cast<std::int8_t>(channel / 2); };
+    return {half(color.r), half(color.g), half(color.b)};
+}
+
+/// The depths of the surfaces drawn so far.
+DepthImage readDepths(const PixelView& view) {
+    const auto [x, y, width, height] = view.viewport;
+    DepthImage depths(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadPixels(x, y, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, depths.data());
+    return depths;
+}
+
+}  // namespace
+
+HostScene::HostScene(const Scene& scene) : markers(scene.markers) {
+    std::for_each(scene.meshes.begin(), scene.meshes.end(), [this](const auto& mesh) { addMesh(mesh); });
+    std::for_each(scene.clouds.begin(), scene.clouds.end(), [this](const auto& cloud) { addCloud(cloud); });
+    addGeometries(scene);
+}
+
+void HostScene::addMesh(const TriangleMesh& mesh) {
+    Mesh added;
+    added.vertices = convertAll<qel::ArrayVertex>(mesh.positions, toVertex);
+    added.indices = makeArray(mesh.indices);
+    // Each of the two mesh operations takes its own kind of normals.
+    if (mesh.indices.empty()) {
+        added.byteNormals = convertAll<qel::ArrayNormal3b>(mesh.normals, toByteNormal);
+    } else {
+        added.normals = convertAll<qel::ArrayNormal4f>(mesh.normals, [](const qel::XPnt3f& normal) {
+            return qel::ArrayNormal4f{normal.x, normal.y, normal.z, 0.0F};
+        });
+    }
+    added.colors = convertAll<qel::ArrayColor4f>(mesh.colors, [](const qel::QelColor3f& color) {
+        return qel::ArrayColor4f{color.r, color.g, color.b, 1.0F};
+    });
+    added.color = mesh.color;
+    added.shadeModel = mesh.faceted ? GL_FLAT : GL_SMOOTH;
+    meshes.push_back(added);
+}
+
+void HostScene::addCloud(const PointCloud& cloud) {
+    Cloud added;
+    added.positions = cloud.positions;
+    added.vertices = convertAll<qel::ArrayVertex>(cloud.positions, toVertex);
+    added.order = new HostArray<qel::ArrayIndex>({});
+    added.colors = convertAll<qel::ArrayColor3b>(cloud.colors, toSignedColor);
+    added.color = cloud.color;
+    added.size = cloud.size;
+    clouds.push_back(std::move(added));
+}
+
+void HostScene::addGeometry(IQelGeometry* geometry, const LineStyle& style) {
+    geometries.push_back({geometry, style});
+}
+
+void HostScene::addGeometries(const Scene& scene) {
+    for (const Polyline& polyline : scene.polylines) {
+        addGeometry(new HostPolyline(polyline.parts), polyline.style);
+    }
+    for (const Polygon& polygon : scene.polygons) {
+        addGeometry(new HostPolygon(polygon.rings), polygon.style);
+    }
+    for (const Ring& ring : scene.rings) {
+        addGeometry(new HostRing(ring.points), ring.style);
+    }
+    for (const Curve& curve : scene.curves) {
+        addGeometry(new HostCurve(curve.points), curve.style);
+    }
+    for (const Segment& segment : scene.segments) {
+        addGeometry(new HostSegment(segment.from, segment.to), segment.style);
+    }
+    for (const Ball& ball : scene.balls) {
+        addGeometry(new HostBall(ball.center, ball.radius), ball.style);
+    }
+    for (const SurveyPoint& point : scene.points) {
+        addGeometry(new HostPoint(point.position), {});
+    }
+}
+
+void HostScene::draw(IQelSymbol& symbol, const PixelView& view) {
+    drawMeshes(symbol);
+    drawClouds(symbol, view);
+    for (const Geometry& drawn : geometries) {
+        drawGeometry(symbol, drawn);
+    }
+    for (const Marker& marker : markers) {
+        drawMarker(symbol, marker);
+    }
+}
+
+void HostScene::drawMeshes(IQelSymbol& symbol) const {
+    // Surfaces step back a little, so that lines which lie on them stay whole.
+    glPolygonOffset(1.0F, 1.0F);
+    const QelTmpGlStateCtrl offset(GL_POLYGON_OFFSET_FILL, true);
+    for (const Mesh& mesh : meshes) {
+        drawMesh(symbol, mesh);
+    }
+}
+
+void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view) {
+    if (clouds.empty()) {
+        return;
+    }
+    const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
+    for (Cloud& cloud : clouds) {
+        orderVisiblePoints(cloud.positions, view, depths, cloud.order->content());
+        symbol.drawPointCloud(cloud.vertices, cloud.order, cloud.colors, cloud.size, cloud.color);
+    }
+}
+
+void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh) {
+    const QelTmpGlStateCtrl color(mesh.color);
+    const qel::MeshStyle style;
+    if (mesh.indices) {
+        symbol.drawIndexedMesh(mesh.vertices, mesh.indices, mesh.normals, mesh.colors, {}, 0, mesh.shadeModel,
+                               GL_FILL, GL_FILL, style);
+    } else {
+        symbol.drawMesh(mesh.vertices, {}, mesh.byteNormals, mesh.colors, {}, 0, mesh.shadeModel, GL_FILL,
+                        GL_FILL, style);
+    }
+}
+
+void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn) {
+    symbol.setColor(drawn.style.color);
+    symbol.setLineWidth(drawn.style.width);
+    switch (static_cast<qel::GeometryKind>(drawn.geometry->geometryType())) {
+        case qel::GeometryKind::LineSegment:
+            // Alone, a segment takes whatever colour and width OpenGL holds.
+            symbol.drawGeometryWith(drawn.geometry.get(), static_cast<double>(drawn.style.width),
+                                    drawn.style.color.toColor3b());
+            break;
+        case qel::GeometryKind::Ball: {
+            // So does a ball.
+            const qel::QelColor4b& color = drawn.style.color;
+            glColor3ub(color.r, color.g, color.b);
+            glLineWidth(drawn.style.width);
+            symbol.drawGeometry(drawn.geometry.get());
+            break;
+        }
+        default:
+            symbol.drawGeometry(drawn.geometry.get());
+            break;
+    }
+}
+
+void HostScene::drawMarker(IQelSymbol& symbol, const Marker& marker) {
+    const auto width = static_cast<double>(marker.width);
+    switch (marker.shape) {
+        case MarkerShape::Cross:
+            symbol.drawCross(marker.at, marker.size, marker.width, marker.color, false, true);
+            break;
+        case MarkerShape::DiagonalCross:
+            symbol.drawDiagonalCross(marker.at, marker.size, marker.width, marker.color, false, true);
+            break;
+        case MarkerShape::Square:
+            symbol.drawSquare(marker.at, marker.size, width, marker.color, false, true);
+            break;
+        case MarkerShape::Circle:
+            symbol.drawCircle(marker.at, marker.size, marker.width, marker.color, false, true);
+            break;
+        case MarkerShape::Box:
+            symbol.drawBox(marker.box, width, marker.color, false, true);
+            break;
+        case MarkerShape::StippledLine:
+            symbol.drawStippledLine(marker.at, marker.to, width, marker.color, false, true, kDashes);
+            break;
+    }
+}
+
+}  // namespace qelview

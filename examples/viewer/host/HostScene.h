@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "HostGeometry.h"
+#include "IQelSymbol.h"
+#include "PointOrder.h"
+#include "QelArrayElements.h"
+#include "QelRefPtr.h"
+#include "Scene.h"
+
+namespace qelview {
+
+/// A scene in the form that symbols draw: host geometries for lines, arrays of floats for meshes and clouds.
+/// Positions must be near the origin (`Scene::moveToOrigin`), since arrays are narrowed to float here.
+class HostScene {
+  public:
+    explicit HostScene(const Scene& scene);
+
+    /// Draws everything but labels. The context must be current. Enabled depth testing and disabled lighting
+    /// are expected; the current colour and line width change.
+    /// @param view the camera that OpenGL holds.
+    void draw(IQelSymbol& symbol, const PixelView& view);
+
+  private:
+    template <class Element>
+    using Array = qel::ref_ptr<HostArray<Element>>;
+
+    struct Mesh {
+        Array<qel::ArrayVertex> vertices;
+        Array<qel::ArrayIndex> indices;
+        Array<qel::ArrayNormal4f> normals;
+        Array<qel::ArrayNormal3b> byteNormals;
+        Array<qel::ArrayColor4f> colors;
+        qel::QelColor3f color;
+        std::uint32_t shadeModel = 0;
+    };
+    struct Cloud {
+        Points positions;
+        Array<qel::ArrayVertex> vertices;
+        Array<qel::ArrayIndex> order;
+        Array<qel::ArrayColor3b> colors;
+        qel::QelColor3f color;
+        float size = 1.0F;
+    };
+    struct Geometry {
+        qel::ref_ptr<IQelGeometry> geometry;
+        LineStyle style;
+    };
+
+    void addMesh(const TriangleMesh& mesh);
+    void addCloud(const PointCloud& cloud);
+    void addGeometry(IQelGeometry* geometry, const LineStyle& style);
+    void addGeometries(const Scene& scene);
+
+    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh);
+    static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn);
+    static void drawMarker(IQelSymbol& symbol, const Marker& marker);
+    void drawMeshes(IQelSymbol& symbol) const;
+    void drawClouds(IQelSymbol& symbol, const PixelView& view);
+
+    std::vector<Mesh> meshes;
+    std::vector<Cloud> clouds;
+    std::vector<Geometry> geometries;
+    std::vector<Marker> markers;
+};
+
+}  // namespace qelview

@@ -1,0 +1,112 @@
+#include "PointOrder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace qelview {
+
+namespace {
+
+/// Points whose depths fall into the same slice keep their order; no picture shows the difference.
+constexpr std::size_t kSlices = 4096;
+/// Points that lie on a surface are not hidden by it, even with 16 bits of depth.
+constexpr double kDepthTolerance = 1e-4;
+
+using Matrix = std::array<double, 16>;
+
+Matrix product(const Matrix& left, const Matrix& right) {
+    Matrix result{};
+    for (std::size_t column = 0; column < 4; ++column) {
+        for (std::size_t row = 0; row < 4; ++row) {
+            for (std::size_t i = 0; i < 4; ++i) {
+                result.at(column * 4 + row) += left.at(i * 4 + row) * right.at(column * 4 + i);
+            }
+        }
+    }
+    return result;
+}
+
+class DepthOfPoints {
+  public:
+    DepthOfPoints(const PixelView& pixelView, const DepthImage& depthImage)
+        : matrix(product(pixelView.projection, pixelView.modelview)), view(pixelView), depths(depthImage) {}
+
+    /// Window depth from 0 to 1; above 1 for a point that is not to be drawn.
+    [[nodiscard]] double operator()(const qel::XPnt3d& point) const {
+        constexpr double kNotDrawn = 2.0;
+        const double w = row(3, point);
+        if (!(w > 0.0)) {
+            return kNotDrawn;
+        }
+        const double x = row(0, point) / w;
+        const double y = row(1, point) / w;
+        const double z = row(2, point) / w;
+        if (std::max({std::abs(x), std::abs(y), std::abs(z)}) > 1.0) {
+            return kNotDrawn;
+        }
+        const double depth = z * 0.5 + 0.5;
+        return depth > surfaceDepth(x, y) + kDepthTolerance ? kNotDrawn : depth;
+    }
+
+  private:
+    [[nodiscard]] double row(std::size_t number, const qel::XPnt3d& point) const {
+        return matrix[number] * point.x + matrix[number + 4] * point.y + matrix[number + 8] * point.z +
+               matrix[number + 12];
+    }
+
+    [[nodiscard]] double surfaceDepth(double x, double y) const {
+        if (depths.empty()) {
+            return 1.0;
+        }
+        const auto pixel = [](double share, std::int32_t size) {
+            return std::min(static_cast<std::int32_t>((share * 0.5 + 0.5) * size), size - 1);
+        };
+        const auto column = static_cast<std::size_t>(pixel(x, view.viewport[2]));
+        const auto line = static_cast<std::size_t>(pixel(y, view.viewport[3]));
+        return static_cast<double>(depths[line * static_cast<std::size_t>(view.viewport[2]) + column]);
+    }
+
+    Matrix matrix;
+    const PixelView& view;
+    const DepthImage& depths;
+};
+
+}  // namespace
+
+void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
+                        std::vector<std::uint32_t>& order) {
+    const DepthOfPoints depthOf(view, depths);
+    std::vector<double> depthsOfPoints(positions.size());
+    std::transform(positions.begin(), positions.end(), depthsOfPoints.begin(), depthOf);
+    double nearest = 1.0;
+    double farthest = 0.0;
+    for (const double depth : depthsOfPoints) {
+        if (depth <= 1.0) {
+            nearest = std::min(nearest, depth);
+            farthest = std::max(farthest, depth);
+        }
+    }
+    const double slicesPerDepth =
+        farthest > nearest ? static_cast<double>(kSlices - 1) / (farthest - nearest) : 0.0;
+    const auto sliceOf = [&](double depth) {
+        return static_cast<std::size_t>((farthest - depth) * slicesPerDepth);
+    };
+    std::array<std::size_t, kSlices + 1> next{};
+    for (const double depth : depthsOfPoints) {
+        if (depth <= 1.0) {
+            ++next[sliceOf(depth) + 1];
+        }
+    }
+    for (std::size_t slice = 0; slice < kSlices; ++slice) {
+        next[slice + 1] += next[slice];
+    }
+    order.resize(next[kSlices]);
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        if (depthsOfPoints[i] <= 1.0) {
+            order[next[sliceOf(depthsOfPoints[i])]++] = static_cast<std::uint32_t>(i);
+        }
+    }
+}
+
+}  // namespace qelview

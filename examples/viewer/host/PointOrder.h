@@ -1,0 +1,29 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "SceneParts.h"
+
+namespace qelview {
+
+/// What leads from model points to pixels, as OpenGL holds it: matrices column by column, viewport x, y,
+/// width, height.
+struct PixelView {
+    std::array<double, 16> modelview{};
+    std::array<double, 16> projection{};
+    std::array<std::int32_t, 4> viewport{};
+};
+
+/// Window depths of the viewport, row by row from the lowest; empty where nothing can hide anything.
+using DepthImage = std::vector<float>;
+
+/// Symbols draw clouds without a depth test. Drawing the points in this order, and these alone, gives the
+/// same picture as a depth test would: from the farthest to the nearest, without those that surfaces hide or
+/// that lie outside the view.
+/// @param order receives the numbers of the points; its storage is used again.
+void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
+                        std::vector<std::uint32_t>& order);
+
+}  // namespace qelview

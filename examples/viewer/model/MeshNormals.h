@@ -1,0 +1,15 @@
+#pragma once
+
+#include "SceneParts.h"
+
+namespace qelview {
+
+/// Angle between two faces from which their common edge stays sharp.
+inline constexpr double kCreaseAngleDegrees = 40.0;
+
+/// Gives a mesh normals from its triangles, replacing those it has. Surfaces become smooth across vertices
+/// at the same place, whether or not they are shared; edges sharper than the crease angle stay sharp, for
+/// which vertices are split. The mesh has indices afterwards.
+void makeNormals(TriangleMesh& mesh, double creaseAngleDegrees = kCreaseAngleDegrees);
+
+}  // namespace qelview

@@ -1,0 +1,173 @@
+#include "Scene.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace qelview {
+
+namespace {
+
+/// Calls `visit` for each array of positions, and for each single position, that shapes the scene.
+template <class SceneType, class Visitor>
+void visitPositions(SceneType& scene, const Visitor& visit) {
+    const auto visitAll = [&](auto& positions) {
+        for (auto& position : positions) {
+            visit(position);
+        }
+    };
+    for (auto& mesh : scene.meshes) {
+        visitAll(mesh.positions);
+    }
+    for (auto& cloud : scene.clouds) {
+        visitAll(cloud.positions);
+    }
+    for (auto& polyline : scene.polylines) {
+        std::for_each(polyline.parts.begin(), polyline.parts.end(), visitAll);
+    }
+    for (auto& polygon : scene.polygons) {
+        std::for_each(polygon.rings.begin(), polygon.rings.end(), visitAll);
+    }
+    for (auto& ring : scene.rings) {
+        visitAll(ring.points);
+    }
+    for (auto& curve : scene.curves) {
+        visitAll(curve.points);
+    }
+    for (auto& segment : scene.segments) {
+        visit(segment.from);
+        visit(segment.to);
+    }
+    for (auto& point : scene.points) {
+        visit(point.position);
+    }
+}
+
+template <class Part>
+void moveInto(std::vector<Part>& target, std::vector<Part>& source) {
+    target.insert(target.end(), std::make_move_iterator(source.begin()),
+                  std::make_move_iterator(source.end()));
+}
+
+template <class Arrays>
+std::size_t totalSize(const Arrays& arrays) {
+    std::size_t sum = 0;
+    for (const auto& array : arrays) {
+        sum += array.size();
+    }
+    return sum;
+}
+
+}  // namespace
+
+bool Scene::isEmpty() const {
+    return !bounds().isValid();
+}
+
+qel::Enve3d Scene::bounds() const {
+    qel::Enve3d box;
+    box.setInvalid();
+    visitPositions(*this, [&box](const qel::XPnt3d& position) { box.SetBox(position); });
+    for (const Ball& ball : balls) {
+        const qel::XPnt3d reach(ball.radius, ball.radius, ball.radius);
+        box.SetBox(ball.center - reach);
+        box.SetBox(ball.center + reach);
+    }
+    return box;
+}
+
+Points Scene::outline() const {
+    Points found;
+    visitPositions(*this, [&found](const qel::XPnt3d& position) { found.push_back(position); });
+    for (const Ball& ball : balls) {
+        for (const double reach : {-ball.radius, ball.radius}) {
+            found.push_back(ball.center + qel::XPnt3d(reach, 0.0, 0.0));
+            found.push_back(ball.center + qel::XPnt3d(0.0, reach, 0.0));
+            found.push_back(ball.center + qel::XPnt3d(0.0, 0.0, reach));
+        }
+    }
+    for (const Marker& marker : markers) {
+        if (marker.shape == MarkerShape::Circle) {
+            for (const double reach : {-marker.size, marker.size}) {
+                found.emplace_back(marker.at.x + reach, marker.at.y, 0.0);
+                found.emplace_back(marker.at.x, marker.at.y + reach, 0.0);
+            }
+        }
+    }
+    for (const Label& label : labels) {
+        found.push_back(label.at);
+    }
+    return found;
+}
+
+void Scene::moveToOrigin() {
+    const qel::Enve3d box = bounds();
+    if (!box.isValid()) {
+        return;
+    }
+    const qel::XPnt3d middle = box.MidPoint();
+    const auto move = [&middle](qel::XPnt3d& position) { position -= middle; };
+    visitPositions(*this, move);
+    for (Ball& ball : balls) {
+        move(ball.center);
+    }
+    for (Marker& marker : markers) {
+        move(marker.at);
+        move(marker.to);
+        marker.box.offset(-middle.x, -middle.y, -middle.z);
+    }
+    for (Label& label : labels) {
+        move(label.at);
+    }
+    origin += middle;
+}
+
+void Scene::append(Scene&& other) {
+    moveInto(meshes, other.meshes);
+    moveInto(clouds, other.clouds);
+    moveInto(polylines, other.polylines);
+    moveInto(polygons, other.polygons);
+    moveInto(rings, other.rings);
+    moveInto(curves, other.curves);
+    moveInto(segments, other.segments);
+    moveInto(balls, other.balls);
+    moveInto(points, other.points);
+    moveInto(markers, other.markers);
+    moveInto(labels, other.labels);
+    other = Scene();
+}
+
+std::size_t Scene::triangleCount() const {
+    std::size_t sum = 0;
+    for (const TriangleMesh& mesh : meshes) {
+        sum += (mesh.indices.empty() ? mesh.positions.size() : mesh.indices.size()) / 3;
+    }
+    return sum;
+}
+
+std::size_t Scene::cloudPointCount() const {
+    std::size_t sum = 0;
+    for (const PointCloud& cloud : clouds) {
+        sum += cloud.positions.size();
+    }
+    return sum;
+}
+
+std::size_t Scene::lineVertexCount() const {
+    std::size_t sum = 0;
+    for (const Polyline& polyline : polylines) {
+        sum += totalSize(polyline.parts);
+    }
+    for (const Polygon& polygon : polygons) {
+        sum += totalSize(polygon.rings);
+    }
+    for (const Ring& ring : rings) {
+        sum += ring.points.size();
+    }
+    for (const Curve& curve : curves) {
+        sum += curve.points.size();
+    }
+    return sum;
+}
+
+}  // namespace qelview

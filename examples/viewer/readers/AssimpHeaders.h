@@ -1,0 +1,11 @@
+#pragma once
+
+/// The importer's headers in one place.
+
+#include <assimp/material.h>
+#include <assimp/mesh.h>
+#include <assimp/postprocess.h>
+#include <assimp/scene.h>
+
+#include <assimp/Importer.hpp>
+#include <assimp/ProgressHandler.hpp>

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+namespace qelview {
+
+enum class ByteOrder : std::uint8_t { Little, Big };
+
+/// A number from anywhere in memory, in the byte order of the file.
+template <class Scalar>
+[[nodiscard]] Scalar readScalar(const char* from, ByteOrder order) {
+    std::array<char, sizeof(Scalar)> bytes;
+    std::copy_n(from, bytes.size(), bytes.begin());
+    if ((order == ByteOrder::Little) != (std::endian::native == std::endian::little)) {
+        std::reverse(bytes.begin(), bytes.end());
+    }
+    return std::bit_cast<Scalar>(bytes);
+}
+
+}  // namespace qelview

@@ -1,0 +1,105 @@
+#include <string>
+#include <vector>
+
+#include "CheckMeshFiles.h"
+#include "ReadError.h"
+#include "TextLines.h"
+
+namespace qelview {
+
+namespace {
+
+/// The importer leaves out faces with more.
+constexpr long long kMostCorners = 9;
+
+class OffCheck {
+  public:
+    OffCheck(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
+
+    void run() {
+        requireWords("a header");
+        readKeyword();
+        const long long vertices = readCount("vertices");
+        const long long faces = readCount("faces");
+        for (long long i = 0; i < vertices; ++i) {
+            requireWords("vertex " + std::to_string(i));
+            checkVertex();
+        }
+        for (long long i = 0; i < faces; ++i) {
+            requireWords("face " + std::to_string(i));
+            checkFace(vertices);
+        }
+    }
+
+  private:
+    /// Moves to the next line that has words.
+    void requireWords(const std::string& expected) {
+        do {
+            if (!lines.next()) {
+                refuse(atLine(lines.number()), "the file ends where " + expected + " should stand");
+            }
+            splitWords(lines.line().substr(0, lines.line().find('#')), words);
+        } while (words.empty());
+        used = 0;
+    }
+
+    void readKeyword() {
+        if (words[0] != "OFF" && words[0] != "COFF" && words[0] != "NOFF" && words[0] != "CNOFF") {
+            lines.refuseLine("an OFF file begins with the word OFF, COFF, NOFF or CNOFF");
+        }
+        ++used;
+    }
+
+    /// Counts may follow the keyword or stand on the next line.
+    long long readCount(const std::string& what) {
+        if (used == words.size()) {
+            requireWords("the number of " + what);
+        }
+        const long long count = readWhole(words[used++], lines);
+        if (count <= 0) {
+            lines.refuseLine("there are no " + what);
+        }
+        return count;
+    }
+
+    void checkVertex() {
+        if (words.size() < 3) {
+            lines.refuseLine("a vertex has 3 coordinates, this one has " + std::to_string(words.size()));
+        }
+        for (const std::string_view word : words) {
+            static_cast<void>(readCoordinate(word, lines));
+        }
+    }
+
+    void checkFace(long long vertices) {
+        const long long corners = readWhole(words[0], lines);
+        if (corners < 1 || corners > kMostCorners) {
+            lines.refuseLine("a face of " + std::to_string(corners) + " corners; 1 to " +
+                             std::to_string(kMostCorners) + " are read");
+        }
+        if (words.size() < static_cast<std::size_t>(corners) + 1) {
+            lines.refuseLine("a face of " + std::to_string(corners) + " corners that names " +
+                             std::to_string(words.size() - 1));
+        }
+        for (std::size_t i = 1; i <= static_cast<std::size_t>(corners); ++i) {
+            const long long index = readWhole(words[i], lines);
+            if (index < 0 || index >= vertices) {
+                lines.refuseLine("vertex " + std::to_string(index) + " does not exist: there are " +
+                                 std::to_string(vertices) + ", counted from 0");
+            }
+        }
+    }
+
+    TextLines lines;
+    std::vector<std::string_view> words;
+    std::size_t used = 0;
+};
+
+}  // namespace
+
+void checkOff(std::string_view text, const ProgressStretch& progress) {
+    requireText(text);
+    OffCheck(text, progress).run();
+}
+
+}  // namespace qelview

@@ -1,0 +1,176 @@
+#include "PlyHeader.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "Progress.h"
+#include "ReadError.h"
+#include "TextLines.h"
+
+namespace qelview {
+
+namespace {
+
+/// Far more than any real header, so that a binary file without an end of the header is not searched whole.
+constexpr std::size_t kLongestHeader = 1 << 20;
+constexpr long long kMostInstances = 1LL << 31;
+
+std::optional<PlyType> typeNamed(std::string_view name) {
+    static constexpr std::array<std::pair<std::string_view, PlyType>, 17> kNames{{
+        {"char", PlyType::Int8},
+        {"int8", PlyType::Int8},
+        {"uchar", PlyType::Uint8},
+        {"uint8", PlyType::Uint8},
+        {"short", PlyType::Int16},
+        {"int16", PlyType::Int16},
+        {"ushort", PlyType::Uint16},
+        {"uint16", PlyType::Uint16},
+        {"int", PlyType::Int32},
+        {"int32", PlyType::Int32},
+        {"uint", PlyType::Uint32},
+        {"uint32", PlyType::Uint32},
+        {"float", PlyType::Float32},
+        {"float32", PlyType::Float32},
+        {"double", PlyType::Float64},
+        {"double64", PlyType::Float64},
+        {"float64", PlyType::Float64},
+    }};
+    const auto* const found =
+        std::find_if(kNames.begin(), kNames.end(), [name](const auto& entry) { return entry.first == name; });
+    return found == kNames.end() ? std::nullopt : std::optional(found->second);
+}
+
+class HeaderReader {
+  public:
+    explicit HeaderReader(std::string_view bytes)
+        : lines(bytes.substr(0, kLongestHeader), ProgressStretch(ignored, 0.0, 1.0)) {}
+
+    PlyHeader run() {
+        if (!lines.next() || (lines.line() != "ply" && lines.line() != "PLY")) {
+            refuse(atLine(1), "a PLY file begins with the line 'ply'");
+        }
+        while (lines.next()) {
+            splitWords(lines.line(), words);
+            if (words.size() == 1 && words[0] == "end_header") {
+                return finished();
+            }
+            if (!words.empty()) {
+                readStatement();
+            }
+        }
+        refuse(atLine(lines.number()), "the header has no end_header");
+    }
+
+  private:
+    PlyHeader finished() {
+        if (!hasFormat) {
+            lines.refuseLine("the header names no format");
+        }
+        requireVertices();
+        header.bodyBegin = lines.position();
+        header.bodyFirstLine = lines.number() + 1;
+        return std::move(header);
+    }
+
+    void readStatement() {
+        const std::string_view keyword = words[0];
+        if (keyword == "format") {
+            readFormat();
+        } else if (keyword == "element") {
+            readElement();
+        } else if (keyword == "property") {
+            readProperty();
+        } else if (keyword != "comment" && keyword != "obj_info") {
+            lines.refuseLine(quoted(keyword) +
+                             " is not a statement of a PLY header; end_header may be missing");
+        }
+    }
+
+    void readFormat() {
+        const std::string_view format = words.size() == 3 ? words[1] : "";
+        if (format != "ascii" && format != "binary_little_endian" && format != "binary_big_endian") {
+            lines.refuseLine("unknown format");
+        }
+        header.isAscii = format == "ascii";
+        header.byteOrder = format == "binary_big_endian" ? ByteOrder::Big : ByteOrder::Little;
+        hasFormat = true;
+    }
+
+    void readElement() {
+        if (words.size() != 3) {
+            lines.refuseLine("an element has a name and a count");
+        }
+        const long long count = readWhole(words[2], lines);
+        if (count < 0 || count > kMostInstances) {
+            lines.refuseLine("the count " + quoted(words[2]) + " of element " + quoted(words[1]) +
+                             " cannot be");
+        }
+        header.elements.push_back({std::string(words[1]), static_cast<std::uint64_t>(count), {}});
+    }
+
+    void readProperty() {
+        const bool isList = words.size() == 5 && words[1] == "list";
+        if (header.elements.empty() || (!isList && words.size() != 3)) {
+            lines.refuseLine("a property has a type and a name, and stands below its element");
+        }
+        PlyProperty property;
+        property.name = words.back();
+        property.type = readType(words[words.size() - 2]);
+        if (isList) {
+            property.countType = readType(words[2]);
+            if (property.countType == PlyType::Float32 || property.countType == PlyType::Float64) {
+                lines.refuseLine("the count of a list is a whole number");
+            }
+        }
+        header.elements.back().properties.push_back(property);
+    }
+
+    PlyType readType(std::string_view word) {
+        const std::optional<PlyType> type = typeNamed(word);
+        if (!type) {
+            lines.refuseLine("unknown type " + quoted(word));
+        }
+        return *type;
+    }
+
+    void requireVertices() {
+        const PlyElement* const vertex = header.find("vertex");
+        if (vertex == nullptr || vertex->count == 0) {
+            lines.refuseLine("the header promises no vertex");
+        }
+        for (const std::string_view name : {"x", "y", "z"}) {
+            const auto isCoordinate = [name](const PlyProperty& property) {
+                return property.name == name && !property.countType;
+            };
+            if (std::none_of(vertex->properties.begin(), vertex->properties.end(), isCoordinate)) {
+                lines.refuseLine("vertices have no property " + quoted(name));
+            }
+        }
+    }
+
+    Progress ignored;
+    TextLines lines;
+    std::vector<std::string_view> words;
+    PlyHeader header;
+    bool hasFormat = false;
+};
+
+}  // namespace
+
+std::size_t sizeOf(PlyType type) {
+    static constexpr std::array<std::size_t, 8> kSizes{1, 1, 2, 2, 4, 4, 4, 8};
+    return kSizes.at(static_cast<std::size_t>(type));
+}
+
+const PlyElement* PlyHeader::find(std::string_view name) const {
+    const auto found = std::find_if(elements.begin(), elements.end(),
+                                    [name](const PlyElement& element) { return element.name == name; });
+    return found == elements.end() ? nullptr : &*found;
+}
+
+PlyHeader readPlyHeader(std::string_view bytes) {
+    return HeaderReader(bytes).run();
+}
+
+}  // namespace qelview

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+
+#include "ReadError.h"
+
+namespace qelview {
+
+/// How far a load is; written by the loading thread, read by the one that shows it.
+class Progress {
+  public:
+    /// @param done the share of the whole work that is done, from 0 to 1.
+    /// @throws ReadCancelled if the user gave up.
+    void report(double done) {
+        share = std::clamp(done, 0.0, 1.0);
+        if (cancelled) {
+            throw ReadCancelled();
+        }
+    }
+    [[nodiscard]] double done() const { return share; }
+    void cancel() { cancelled = true; }
+    [[nodiscard]] bool isCancelled() const { return cancelled; }
+
+  private:
+    std::atomic<double> share = 0.0;
+    std::atomic<bool> cancelled = false;
+};
+
+/// A stretch of a progress, so that a reader counts its own work from 0 to 1.
+class ProgressStretch {
+  public:
+    ProgressStretch(Progress& whole, double from, double to) : progress(&whole), begin(from), end(to) {}
+    void report(double done) const { progress->report(begin + (end - begin) * std::clamp(done, 0.0, 1.0)); }
+    [[nodiscard]] bool isCancelled() const { return progress->isCancelled(); }
+    /// A stretch of this stretch.
+    [[nodiscard]] ProgressStretch part(double from, double to) const {
+        const double length = end - begin;
+        return {*progress, begin + from * length, begin + to * length};
+    }
+
+  private:
+    Progress* progress;
+    double begin;
+    double end;
+};
+
+}  // namespace qelview

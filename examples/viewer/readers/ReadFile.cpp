@@ -1,0 +1,122 @@
+#include "ReadFile.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <fstream>
+#include <new>
+#include <string_view>
+#include <system_error>
+
+#include "CheckMeshFiles.h"
+#include "ReadError.h"
+#include "ReadMesh.h"
+#include "ReadPoints.h"
+
+namespace qelview {
+
+namespace {
+
+/// Files are held in memory while they are checked.
+constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
+
+using Check = void (*)(std::string_view, const ProgressStretch&);
+
+struct Format {
+    std::string_view extension;
+    /// Null for files that the importer checks alone, and for files of points.
+    Check check;
+    bool isMesh;
+    Normals normals;
+};
+
+constexpr std::array<Format, 10> kFormats{{
+    {".obj", checkObj, true, Normals::OfTheFile},
+    {".ply", checkPly, true, Normals::OfTheFile},
+    // STL gives each triangle the normal of its plane, which would make every surface look faceted.
+    {".stl", checkStl, true, Normals::MadeAnew},
+    {".off", checkOff, true, Normals::OfTheFile},
+    {".gltf", nullptr, true, Normals::OfTheFile},
+    {".glb", nullptr, true, Normals::OfTheFile},
+    {".xyz", nullptr, false, Normals::OfTheFile},
+    {".csv", nullptr, false, Normals::OfTheFile},
+    {".txt", nullptr, false, Normals::OfTheFile},
+    {".asc", nullptr, false, Normals::OfTheFile},
+}};
+
+std::string utf8(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+const Format& formatOf(const std::filesystem::path& file) {
+    std::string extension = utf8(file.extension());
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](char character) {
+        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+    });
+    const auto* const found = std::find_if(kFormats.begin(), kFormats.end(), [&](const Format& format) {
+        return format.extension == extension;
+    });
+    if (found == kFormats.end()) {
+        throw ReadError("unknown format; known are " + knownExtensions());
+    }
+    return *found;
+}
+
+std::string readBytes(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) {
+        throw ReadError("there is no such file");
+    }
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    if (error || size == 0) {
+        throw ReadError(error ? "the file cannot be read" : "the file is empty");
+    }
+    if (size > kLargestFile) {
+        throw ReadError("the file is larger than 1 GiB");
+    }
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
+        throw ReadError("the file cannot be read");
+    }
+    return bytes;
+}
+
+Scene readAs(const Format& format, const std::filesystem::path& file, const ProgressStretch& progress) {
+    constexpr double kCheckShare = 0.2;
+    const std::string bytes = readBytes(file);
+    if (!format.isMesh) {
+        return readPoints(bytes, progress);
+    }
+    if (format.check != nullptr) {
+        format.check(bytes, progress.part(0.0, kCheckShare));
+    }
+    return readMesh(utf8(file), format.normals, progress.part(kCheckShare, 1.0));
+}
+
+}  // namespace
+
+std::string knownExtensions() {
+    std::string list;
+    for (const Format& format : kFormats) {
+        list += (list.empty() ? "" : " ") + std::string(format.extension);
+    }
+    return list;
+}
+
+Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress) {
+    try {
+        Scene scene = readAs(formatOf(file), file, progress);
+        if (scene.isEmpty()) {
+            throw ReadError("there is nothing to show");
+        }
+        return scene;
+    } catch (const ReadError& error) {
+        throw ReadError(utf8(file) + ": " + error.what());
+    } catch (const std::bad_alloc&) {
+        throw ReadError(utf8(file) + ": too large for the memory of this machine");
+    }
+}
+
+}  // namespace qelview

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "Progress.h"
+#include "Scene.h"
+
+namespace qelview {
+
+/// Reads a file of any format that the viewer knows by its extension.
+/// @throws ReadError with one line: the file, the place, the reason. Nothing of a refused file is kept.
+/// @throws ReadCancelled if the user gave up.
+[[nodiscard]] Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress);
+
+/// The extensions that `readFile` knows, for the help text.
+[[nodiscard]] std::string knownExtensions();
+
+}  // namespace qelview

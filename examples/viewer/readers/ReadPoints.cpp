@@ -1,0 +1,120 @@
+#include "ReadPoints.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "PointColumns.h"
+#include "ReadError.h"
+#include "TextLines.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr std::size_t kFewestColumns = 3;
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr LineStyle kPathStyle{{255, 170, 60}, 2.0F};
+
+class PointReader {
+  public:
+    PointReader(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
+
+    Scene run() {
+        while (lines.next()) {
+            const std::string_view line = withoutMark();
+            if (!isSkipped(line)) {
+                readLine(line);
+            }
+        }
+        if (cloud.positions.empty()) {
+            refuse("end of file", "there is no point");
+        }
+        return finished();
+    }
+
+  private:
+    [[nodiscard]] std::string_view withoutMark() const {
+        std::string_view line = lines.line();
+        if (lines.number() == 1 && line.starts_with(kUtf8Mark)) {
+            line.remove_prefix(kUtf8Mark.size());
+        }
+        return line;
+    }
+
+    static bool isSkipped(std::string_view line) {
+        const std::size_t begin = line.find_first_not_of(" \t");
+        return begin == std::string_view::npos || line[begin] == '#' || line.substr(begin).starts_with("//");
+    }
+
+    void readLine(std::string_view line) {
+        if (isFirst) {
+            separator = separatorOf(line);
+        }
+        splitColumns(line, separator, columns);
+        if (isFirst) {
+            isFirst = false;
+            columnCount = columns.size();
+            if (const auto named = columnsByName(columns)) {
+                meaning = *named;
+                return;
+            }
+            meaning = columnsByPosition(columnCount);
+        }
+        if (columns.size() != columnCount || columnCount < kFewestColumns) {
+            lines.refuseLine(std::to_string(columns.size()) + " columns instead of " +
+                             (columnCount < kFewestColumns ? "at least 3" : std::to_string(columnCount)));
+        }
+        readPoint();
+    }
+
+    void readPoint() {
+        qel::XPnt3d point;
+        point.x = readCoordinate(columns[meaning.position[0]], lines);
+        point.y = readCoordinate(columns[meaning.position[1]], lines);
+        point.z = readCoordinate(columns[meaning.position[2]], lines);
+        cloud.positions.push_back(point);
+        if (meaning.color) {
+            qel::QelColor3b color;
+            color.r = readChannel(columns[meaning.color->at(0)]);
+            color.g = readChannel(columns[meaning.color->at(1)]);
+            color.b = readChannel(columns[meaning.color->at(2)]);
+            cloud.colors.push_back(color);
+        }
+    }
+
+    std::uint8_t readChannel(std::string_view word) {
+        const double value = readNumber(word, lines);
+        if (!(value >= 0.0 && value <= 255.0)) {
+            lines.refuseLine("the colour " + quoted(word) + " is not from 0 to 255");
+        }
+        return static_cast<std::uint8_t>(value + 0.5);
+    }
+
+    Scene finished() {
+        Scene scene;
+        if (meaning.hasTime) {
+            scene.polylines.push_back({{cloud.positions}, kPathStyle});
+        }
+        scene.clouds.push_back(std::move(cloud));
+        return scene;
+    }
+
+    TextLines lines;
+    std::vector<std::string_view> columns;
+    Separator separator = Separator::Blank;
+    PointColumns meaning;
+    std::size_t columnCount = 0;
+    bool isFirst = true;
+    PointCloud cloud;
+};
+
+}  // namespace
+
+Scene readPoints(std::string_view text, const ProgressStretch& progress) {
+    requireText(text);
+    return PointReader(text, progress).run();
+}
+
+}  // namespace qelview

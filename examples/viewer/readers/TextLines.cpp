@@ -1,0 +1,114 @@
+#include "TextLines.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+#include "ReadError.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr std::size_t kLinesBetweenReports = 4096;
+
+/// `std::from_chars` knows no plus sign.
+std::string_view withoutPlus(std::string_view word) {
+    if (word.size() > 1 && word.front() == '+' && word[1] != '-') {
+        word.remove_prefix(1);
+    }
+    return word;
+}
+
+template <class Number>
+std::errc parse(std::string_view word, Number& number) {
+    const std::string_view digits = withoutPlus(word);
+    const char* const end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, number);
+    return error == std::errc() && stop != end ? std::errc::invalid_argument : error;
+}
+
+}  // namespace
+
+TextLines::TextLines(std::string_view wholeText, const ProgressStretch& progressOfText)
+    : text(wholeText), progress(progressOfText) {}
+
+bool TextLines::next() {
+    if (nextBegin >= text.size()) {
+        return false;
+    }
+    if (lineNumber % kLinesBetweenReports == 0) {
+        progress.report(static_cast<double>(nextBegin) / static_cast<double>(text.size()));
+    }
+    const std::size_t end = std::min(text.find('\n', nextBegin), text.size());
+    current = text.substr(nextBegin, end - nextBegin);
+    if (!current.empty() && current.back() == '\r') {
+        current.remove_suffix(1);
+    }
+    nextBegin = end + 1;
+    ++lineNumber;
+    return true;
+}
+
+void TextLines::refuseLine(const std::string& reason) const {
+    refuse(atLine(lineNumber), reason);
+}
+
+void requireText(std::string_view text) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+        refuse(atLine(1), "the file is UTF-16 text; save it as UTF-8 or ASCII");
+    }
+    if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
+        refuse("byte " + std::to_string(zero), "the file is not text");
+    }
+}
+
+void splitWords(std::string_view line, std::vector<std::string_view>& words) {
+    constexpr std::string_view kBlanks = " \t\v\f";
+    words.clear();
+    std::size_t begin = line.find_first_not_of(kBlanks);
+    while (begin != std::string_view::npos) {
+        const std::size_t end = std::min(line.find_first_of(kBlanks, begin), line.size());
+        words.push_back(line.substr(begin, end - begin));
+        begin = line.find_first_not_of(kBlanks, end);
+    }
+}
+
+double readNumber(std::string_view word, const TextLines& lines) {
+    double value = 0.0;
+    const std::errc error = parse(word, value);
+    if (error == std::errc::result_out_of_range) {
+        lines.refuseLine(quoted(word) + " is beyond the range of numbers");
+    }
+    if (error != std::errc()) {
+        lines.refuseLine(quoted(word) + " is not a number");
+    }
+    return value;
+}
+
+std::string faultOfCoordinate(double value) {
+    if (!std::isfinite(value)) {
+        return "is not finite";
+    }
+    return std::abs(value) > kLargestCoordinate ? "is beyond 1e15, the largest coordinate that can be drawn"
+                                                : "";
+}
+
+double readCoordinate(std::string_view word, const TextLines& lines) {
+    const double value = readNumber(word, lines);
+    if (const std::string fault = faultOfCoordinate(value); !fault.empty()) {
+        lines.refuseLine("the coordinate " + quoted(word) + " " + fault);
+    }
+    return value;
+}
+
+long long readWhole(std::string_view word, const TextLines& lines) {
+    long long value = 0;
+    if (parse(word, value) != std::errc()) {
+        lines.refuseLine(quoted(word) + " is not a whole number");
+    }
+    return value;
+}
+
+}  // namespace qelview

@@ -1,0 +1,99 @@
+#include "Contours.h"
+
+#include <algorithm>
+#include <array>
+#include <deque>
+#include <iterator>
+#include <map>
+#include <utility>
+
+namespace qelview {
+
+namespace {
+
+/// An edge of the grid by the numbers of its two ends, the smaller first.
+using Edge = std::pair<std::size_t, std::size_t>;
+
+Edge edgeBetween(std::size_t a, std::size_t b) {
+    return {std::min(a, b), std::max(a, b)};
+}
+
+/// Joins pieces from edge to edge into lines.
+class Tracer {
+  public:
+    Tracer(const HeightGrid& heights, double height) : grid(heights), level(height) {}
+
+    /// A triangle that the level crosses adds a piece between two of its edges.
+    void addTriangle(const std::array<std::size_t, 3>& corners) {
+        std::vector<Edge> crossed;
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            const std::size_t a = corners.at(i);
+            const std::size_t b = corners.at((i + 1) % corners.size());
+            if (isAbove(a) != isAbove(b)) {
+                crossed.push_back(edgeBetween(a, b));
+            }
+        }
+        if (crossed.size() == 2) {
+            neighbours[crossed[0]].push_back(crossed[1]);
+            neighbours[crossed[1]].push_back(crossed[0]);
+        }
+    }
+
+    std::vector<Points> lines() {
+        std::vector<Points> found;
+        for (const auto& [first, pieces] : neighbours) {
+            if (!pieces.empty()) {
+                std::deque<Edge> line{first};
+                follow(first, [&line](const Edge& next) { line.push_back(next); });
+                follow(first, [&line](const Edge& next) { line.push_front(next); });
+                Points& points = found.emplace_back();
+                std::transform(line.begin(), line.end(), std::back_inserter(points),
+                               [this](const Edge& edge) { return crossing(edge); });
+            }
+        }
+        return found;
+    }
+
+  private:
+    [[nodiscard]] bool isAbove(std::size_t point) const { return grid.points[point].z > level; }
+
+    [[nodiscard]] qel::XPnt3d crossing(const Edge& edge) const {
+        const qel::XPnt3d& from = grid.points[edge.first];
+        const qel::XPnt3d& to = grid.points[edge.second];
+        return from + (to - from) * ((level - from.z) / (to.z - from.z));
+    }
+
+    /// Goes on from an edge as long as there are pieces, and takes each of them away.
+    template <class Add>
+    void follow(Edge at, const Add& add) {
+        while (!neighbours[at].empty()) {
+            const Edge next = neighbours[at].back();
+            neighbours[at].pop_back();
+            std::erase(neighbours[next], at);
+            add(next);
+            at = next;
+        }
+    }
+
+    const HeightGrid& grid;
+    double level;
+    std::map<Edge, std::vector<Edge>> neighbours;
+};
+
+}  // namespace
+
+std::vector<Points> contourLines(const HeightGrid& grid, double level) {
+    Tracer tracer(grid, level);
+    const std::size_t rows = grid.columns == 0 ? 0 : grid.points.size() / grid.columns;
+    for (std::size_t row = 0; row + 1 < rows; ++row) {
+        for (std::size_t column = 0; column + 1 < grid.columns; ++column) {
+            const std::size_t low = row * grid.columns + column;
+            const std::size_t high = low + grid.columns;
+            tracer.addTriangle({low, low + 1, high + 1});
+            tracer.addTriangle({low, high + 1, high});
+        }
+    }
+    return tracer.lines();
+}
+
+}  // namespace qelview

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "SceneParts.h"
+
+namespace qelview {
+
+/// The middle of the knot that hangs over the ground of the sample scene.
+inline constexpr qel::XPnt3d kKnotCenter{2.6, -2.4, 4.0};
+
+/// A tube along a trefoil knot: indexed, smooth, with colours that run along the tube.
+[[nodiscard]] TriangleMesh makeKnot();
+
+/// The box that the knot just fits into.
+[[nodiscard]] qel::Enve3d boxOf(const TriangleMesh& mesh);
+
+}  // namespace qelview

@@ -1,0 +1,71 @@
+#include "SampleScene.h"
+
+#include <utility>
+
+#include "Knot.h"
+#include "Landscape.h"
+#include "Survey.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr LineStyle kContourStyle{{96, 92, 66}, 1.0F};
+constexpr LineStyle kIndexContourStyle{{70, 60, 44}, 2.0F};
+constexpr qel::QelColor3f kPaleLine{0.78F, 0.82F, 0.88F};
+
+void addKnot(Scene& scene) {
+    TriangleMesh knot = makeKnot();
+    Marker box;
+    box.shape = MarkerShape::Box;
+    box.box = boxOf(knot);
+    box.color = kPaleLine;
+    scene.markers.push_back(box);
+    Marker plumb;
+    plumb.shape = MarkerShape::StippledLine;
+    plumb.at = qel::XPnt3d(kKnotCenter.x, kKnotCenter.y, box.box.zmin);
+    plumb.to = onGround(kKnotCenter.x, kKnotCenter.y);
+    plumb.color = {1.0F, 1.0F, 1.0F};
+    plumb.width = 1.5F;
+    scene.markers.push_back(plumb);
+    scene.labels.push_back({{kKnotCenter.x, kKnotCenter.y, box.box.zmax + 0.2}, "Trefoil"});
+    scene.meshes.push_back(std::move(knot));
+}
+
+/// A ring with a cross, and a line towards north, beside the block.
+void addCompass(Scene& scene) {
+    const qel::XPnt3d middle(14.2, -7.0, 0.0);
+    Marker circle;
+    circle.shape = MarkerShape::Circle;
+    circle.at = middle;
+    circle.size = 1.2;
+    circle.color = kPaleLine;
+    circle.width = 1.5F;
+    scene.markers.push_back(circle);
+    Marker cross = circle;
+    cross.shape = MarkerShape::DiagonalCross;
+    cross.size = 0.4;
+    scene.markers.push_back(cross);
+    const qel::XPnt3d north = middle + qel::XPnt3d(0.0, 1.8, 0.0);
+    scene.segments.push_back({middle, north, {{200, 210, 224}, 2.0F}});
+    scene.labels.push_back({north, "N"});
+}
+
+}  // namespace
+
+Scene makeSampleScene() {
+    Scene scene;
+    scene.title = "Sample scene";
+    scene.meshes.push_back(makeGround());
+    scene.meshes.push_back(makeBlockSides());
+    scene.polylines.push_back({makeContours(false), kContourStyle});
+    scene.polylines.push_back({makeContours(true), kIndexContourStyle});
+    addKnot(scene);
+    addScannedWood(scene);
+    addStations(scene);
+    addOutlines(scene);
+    addCompass(scene);
+    return scene;
+}
+
+}  // namespace qelview

@@ -1,0 +1,66 @@
+#include "PointOrder.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+using qelview::orderVisiblePoints;
+using qelview::PixelView;
+using Order = std::vector<std::uint32_t>;
+
+constexpr std::array<double, 16> kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+/// Model coordinates from -1 to 1, z = -1 nearest, in a window of 4 by 2 pixels.
+PixelView flatView() {
+    return {kIdentity, kIdentity, {0, 0, 4, 2}};
+}
+
+Order orderOf(const qelview::Points& points, const PixelView& view, const qelview::DepthImage& depths = {}) {
+    Order order{7, 7, 7, 7, 7, 7, 7};
+    orderVisiblePoints(points, view, depths, order);
+    return order;
+}
+
+TEST(OrderVisiblePoints, BeginsWithTheFarthest) {
+    EXPECT_EQ(orderOf({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}}, flatView()), (Order{1, 3, 0, 2}));
+}
+
+TEST(OrderVisiblePoints, LeavesOutWhatLiesOutsideTheView) {
+    EXPECT_EQ(orderOf({{1.1, 0, 0}, {0, -1.1, 0}, {0, 0, 1.1}, {0, 0, -1.1}, {1, 1, 1}}, flatView()),
+              (Order{4}));
+}
+
+TEST(OrderVisiblePoints, LeavesOutWhatSurfacesHide) {
+    // Depth 0.5 is z = 0; the surface covers the pixel at the lower left alone.
+    qelview::DepthImage depths(8, 1.0F);
+    depths[0] = 0.5F;
+    EXPECT_EQ(
+        orderOf(
+            {{-0.9, -0.9, 0.1}, {-0.9, -0.9, -0.1}, {-0.9, -0.9, 0.0}, {0.9, 0.9, 0.1}, {-0.1, -0.9, 0.1}},
+            flatView(), depths),
+        (Order{3, 4, 2, 1}));
+}
+
+TEST(OrderVisiblePoints, LeavesOutWhatLiesBehindTheEye) {
+    PixelView view = flatView();
+    // w = -z, as in a perspective.
+    view.projection = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, -1.5, -1, 0, 0, -2.5, 0};
+    EXPECT_EQ(orderOf({{0, 0, -3}, {0, 0, 3}, {0, 0, -4}}, view), (Order{2, 0}));
+}
+
+TEST(OrderVisiblePoints, AppliesTheCameraBeforeTheProjection) {
+    PixelView view = flatView();
+    view.modelview[14] = -0.5;
+    view.projection[10] = 2.0;
+    // z = 2 * (z - 0.5) must stay within 1.
+    EXPECT_EQ(orderOf({{0, 0, 0.9}, {0, 0, 0.6}, {0, 0, 1.1}}, view), (Order{0, 1}));
+}
+
+TEST(OrderVisiblePoints, KeepsPointsOfOneDepthInTheirOrder) {
+    EXPECT_EQ(orderOf({{0.1, 0, 0}, {0.2, 0, 0}, {0.3, 0, 0}}, flatView()), (Order{0, 1, 2}));
+    EXPECT_TRUE(orderOf({}, flatView()).empty());
+}
+
+}  // namespace

@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "ViewerData.h"
+#include "kit/Picture.h"
+
+/// The finished program as a user calls it.
+
+namespace {
+
+using qel::test::Picture;
+
+struct Ended {
+    DWORD code = 0;
+    std::string output;
+    std::string errors;
+};
+
+std::filesystem::path folderOfPrograms() {
+    wchar_t name[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, name, MAX_PATH);
+    return std::filesystem::path(name).parent_path();
+}
+
+std::filesystem::path temporary(const std::string& name) {
+    return std::filesystem::temp_directory_path() / ("qelview-test-" + name);
+}
+
+HANDLE openForChild(const std::filesystem::path& file) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    return CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+std::string contentOf(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    std::ostringstream content;
+    content << stream.rdbuf();
+    return content.str();
+}
+
+/// Runs qelview with arguments and waits for its end.
+Ended runViewer(const std::wstring& arguments) {
+    const std::filesystem::path outputFile = temporary("stdout.txt");
+    const std::filesystem::path errorFile = temporary("stderr.txt");
+    HANDLE const output = openForChild(outputFile);
+    HANDLE const errors = openForChild(errorFile);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = INVALID_HANDLE_VALUE;
+    startup.hStdOutput = output;
+    startup.hStdError = errors;
+    std::wstring line = L"\"" + (folderOfPrograms() / "qelview.exe").wstring() + L"\" " + arguments;
+    PROCESS_INFORMATION process{};
+    Ended ended;
+    const BOOL isStarted =
+        CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process);
+    CloseHandle(output);
+    CloseHandle(errors);
+    if (isStarted == FALSE) {
+        ADD_FAILURE() << "qelview.exe does not start: " << GetLastError();
+        return ended;
+    }
+    constexpr DWORD kLongest = 60000;
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, kLongest), WAIT_OBJECT_0);
+    GetExitCodeProcess(process.hProcess, &ended.code);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    ended.output = contentOf(outputFile);
+    ended.errors = contentOf(errorFile);
+    return ended;
+}
+
+std::wstring quoted(const std::filesystem::path& file) {
+    return L"\"" + file.wstring() + L"\"";
+}
+
+TEST(QelView, RefusesABadFileInOneLineWithExitCodeTwo) {
+    const qel::test::TemporaryFile bad("bad.obj", "v 0 0 0\nv 1 0 0\nf 1 2 3\n");
+    const std::filesystem::path picture = temporary("refused.png");
+    const Ended ended = runViewer(quoted(bad.path()) + L" --out " + quoted(picture));
+    EXPECT_EQ(ended.code, 2U);
+    EXPECT_NE(ended.errors.find("bad.obj: line 3: vertex 3 does not exist: the file has 2\n"),
+              std::string::npos)
+        << ended.errors;
+    EXPECT_EQ(ended.errors.find('\n'), ended.errors.size() - 1);
+    EXPECT_FALSE(std::filesystem::exists(picture));
+}
+
+TEST(QelView, ShowsNothingOfAGoodFileBesideABadOne) {
+    const qel::test::TemporaryFile good("good.xyz", "0 0 0\n1 1 1\n");
+    const Ended ended =
+        runViewer(quoted(good.path()) + L" absent.ply --out " + quoted(temporary("half.png")));
+    EXPECT_EQ(ended.code, 2U);
+    EXPECT_EQ(ended.errors, "qelview: absent.ply: there is no such file\n");
+    EXPECT_FALSE(std::filesystem::exists(temporary("half.png")));
+}
+
+TEST(QelView, RefusesAWrongCommandLineWithExitCodeOne) {
+    const Ended ended = runViewer(L"--view 9");
+    EXPECT_EQ(ended.code, 1U);
+    EXPECT_NE(ended.errors.find("--view"), std::string::npos);
+    EXPECT_EQ(ended.output, "");
+}
+
+TEST(QelView, PrintsItsHelpAndItsVersion) {
+    const Ended help = runViewer(L"--help");
+    EXPECT_EQ(help.code, 0U);
+    EXPECT_NE(help.output.find("--views-out"), std::string::npos);
+    const Ended version = runViewer(L"--version");
+    EXPECT_EQ(version.code, 0U);
+    EXPECT_EQ(version.output.rfind("qelview ", 0), 0U);
+}
+
+TEST(QelView, SaysWhenAPictureCannotBeWritten) {
+    const qel::test::TemporaryFile points("two.xyz", "0 0 0\n1 1 1\n");
+    const Ended ended = runViewer(quoted(points.path()) + L" --size 64x64 --out absent-folder/picture.png");
+    EXPECT_EQ(ended.code, 1U);
+    EXPECT_EQ(ended.errors, "qelview: absent-folder/picture.png: the picture cannot be written\n");
+}
+
+/// A red square in the plane of x and y that fills a view from above.
+constexpr const char* kRedSquare = "v 0 0 0 1 0 0\nv 1 0 0 1 0 0\nv 1 1 0 1 0 0\nv 0 1 0 1 0 0\nf 1 2 3 4\n";
+
+TEST(QelView, PaintsAModelInItsColoursAtTheWantedSize) {
+    const qel::test::TemporaryFile square("square.obj", kRedSquare);
+    const std::filesystem::path file = temporary("square.png");
+    const Ended ended = runViewer(quoted(square.path()) + L" --size 200x160 --view 0 --out " + quoted(file));
+    ASSERT_EQ(ended.code, 0U) << ended.errors;
+    EXPECT_EQ(ended.errors, "");
+    const Picture picture = Picture::load(file);
+    std::filesystem::remove(file);
+    EXPECT_EQ(picture.width(), 200);
+    EXPECT_EQ(picture.height(), 160);
+    const qel::test::Rgba middle = picture.at(100, 80);
+    EXPECT_GT(middle[0], 180);
+    EXPECT_LT(middle[1], 60);
+    EXPECT_LT(middle[2], 60);
+    // The background, where nothing is.
+    EXPECT_EQ(picture.at(190, 80), (qel::test::Rgba{27, 32, 40, 255}));
+}
+
+TEST(QelView, ShowsTheSameModelOrthographically) {
+    const qel::test::TemporaryFile square("ortho.obj", kRedSquare);
+    const std::filesystem::path file = temporary("ortho.png");
+    const Ended ended =
+        runViewer(quoted(square.path()) + L" --size 200x160 --view 0 --ortho --out " + quoted(file));
+    ASSERT_EQ(ended.code, 0U) << ended.errors;
+    const Picture picture = Picture::load(file);
+    std::filesystem::remove(file);
+    int red = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+        red += picture.at(x, 80)[0] > 150 && picture.at(x, 80)[1] < 60 ? 1 : 0;
+    }
+    // The square fills 86 % of the height in perspective, and keeps its size.
+    EXPECT_NEAR(red, 0.86 * 160.0, 2.0);
+}
+
+TEST(QelView, WritesAllStandardViewsOfTheSampleScene) {
+    const std::filesystem::path prefix = temporary("views");
+    const Ended ended = runViewer(L"--size 320x240 --views-out " + quoted(prefix));
+    ASSERT_EQ(ended.code, 0U) << ended.errors;
+    for (int view = 0; view < 8; ++view) {
+        const std::filesystem::path file = prefix.string() + std::to_string(view) + ".png";
+        ASSERT_TRUE(std::filesystem::exists(file)) << view;
+        const Picture picture = Picture::load(file);
+        std::filesystem::remove(file);
+        // Each view shows something on more than a tenth of its area.
+        EXPECT_GT(picture.countOtherThan({27, 32, 40, 255}, 2), 320U * 240U / 10U) << view;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+
+#include "PngFile.h"
+#include "SceneSummary.h"
+#include "ViewerData.h"
+#include "kit/Picture.h"
+
+namespace {
+
+TEST(SummaryOf, CountsWithGroupedDigits) {
+    qelview::Scene scene;
+    EXPECT_EQ(qelview::summaryOf(scene), "");
+    qelview::PointCloud cloud;
+    cloud.positions.resize(1234567);
+    scene.clouds.push_back(cloud);
+    EXPECT_EQ(qelview::summaryOf(scene), "1,234,567 points");
+    scene.curves.push_back({qelview::Points(100), {}});
+    EXPECT_EQ(qelview::summaryOf(scene), "1,234,567 points, 100 line vertices");
+}
+
+TEST(SummaryOf, TellsTheOriginOfAMovedScene) {
+    qelview::Scene scene;
+    scene.points.push_back({{0, 0, 0}});
+    scene.origin = qel::XPnt3d(635000.4, -1234.6, 0.2);
+    EXPECT_EQ(qelview::summaryOf(scene), "1 points; around 635,000 -1,235 0");
+}
+
+TEST(Printable, ReplacesWhatTheFontLacks) {
+    EXPECT_EQ(qelview::printable("caf\xC3\xA9 \x07~"), "caf\?\? ?~");
+}
+
+TEST(WritePng, WritesTheLowestRowLast) {
+    const qelview::PixelImage image{2, 2, {255, 0, 0, 0, 255, 0, 0, 0, 255, 255, 255, 255}};
+    const qel::test::TemporaryFile file("rows.png", "");
+    ASSERT_TRUE(qelview::writePng(file.path(), image));
+    const auto picture = qel::test::Picture::load(file.path());
+    EXPECT_EQ(picture.at(0, 0), (qel::test::Rgba{255, 0, 0, 255}));
+    EXPECT_EQ(picture.at(1, 0), (qel::test::Rgba{0, 255, 0, 255}));
+    EXPECT_EQ(picture.at(0, 1), (qel::test::Rgba{0, 0, 255, 255}));
+    EXPECT_EQ(picture.at(1, 1), (qel::test::Rgba{255, 255, 255, 255}));
+}
+
+TEST(WritePng, RefusesAnImageWithoutItsPixels) {
+    EXPECT_FALSE(qelview::writePng("never.png", {2, 2, {1, 2, 3}}));
+    EXPECT_FALSE(qelview::writePng("never.png", {0, 0, {}}));
+    EXPECT_FALSE(qelview::writePng("absent-folder/never.png", {1, 1, {1, 2, 3}}));
+    EXPECT_FALSE(std::filesystem::exists("never.png"));
+}
+
+}  // namespace
