@@ -16,7 +16,7 @@ std::int32_t isPntInFront(const XPnt3d& a, const XPnt3d& b, const XPnt3d& c, con
     if (!(length > 0.0)) {
         return 0;
     }
-    return dot(normal, point - a) / length > tolerance ? 1 : 0;
+    return dot(normal, point - a) / length > -tolerance ? 1 : 0;
 }
 
 bool intersect(const XPnt3d& a, const XPnt3d& b, const XPnt3d& c, const XPnt3d& p0, const XPnt3d& p1,

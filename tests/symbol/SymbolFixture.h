@@ -106,4 +106,16 @@ class SymbolTest : public ::testing::Test {
     ref_ptr<IQelSymbol> symbol{newQelSymbol()};
 };
 
+/// The ball at (0.1, 2, 3) with a radius of 0.7.
+inline Calls ballCalls() {
+    return {call("gluNewQuadric"),
+            call("glPushMatrix"),
+            call("gluQuadricDrawStyle", any, GLU_SILHOUETTE),
+            call("glTranslatef", 0.1F, 2, 3),
+            call("gluSphere", any, 0.7, 20, 20),
+            call("glTranslatef", -0.1F, -2, -3),
+            call("gluDeleteQuadric", any),
+            call("glPopMatrix")};
+}
+
 }  // namespace qel::test

@@ -32,17 +32,6 @@ Calls segmentCalls() {
     return primitive(GL_LINE_STRIP, {{1.0, 2.0, 3.0}, {4.0, 5.0, 6.0}});
 }
 
-Calls ballCalls() {
-    return {call("gluNewQuadric"),
-            call("glPushMatrix"),
-            call("gluQuadricDrawStyle", any, GLU_SILHOUETTE),
-            call("glTranslatef", 0.1F, 2, 3),
-            call("gluSphere", any, 0.7, 20, 20),
-            call("glTranslatef", -0.1F, -2, -3),
-            call("gluDeleteQuadric", any),
-            call("glPopMatrix")};
-}
-
 ref_ptr<HostCurve> curveOf(const std::vector<XPnt3d>& points) {
     return {new HostCurve(points)};
 }
