@@ -74,14 +74,14 @@ LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE module, HINSTANCE, LPSTR, int) {
+int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR, int) {
     WNDCLASSW description{};
     description.style = CS_OWNDC | CS_HREDRAW | CS_VREDRAW;
     description.lpfnWndProc = handleMessage;
     description.lpszClassName = L"QelMinimal";
     RegisterClassW(&description);
     HWND const window = CreateWindowW(L"QelMinimal", L"A minimal host", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                      CW_USEDEFAULT, 800, 600, nullptr, nullptr, module, nullptr);
+                                      CW_USEDEFAULT, 800, 600, nullptr, nullptr, hInstance, nullptr);
     display = newScreenDisplay();
     display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)), false);
     display->getTrackBall()->setExtent({-1, 1, -1, 1, -1, 1}, false);

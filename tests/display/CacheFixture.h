@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "DisplayFixture.h"
+#include "DisplayFixtureWindows.h"
 
 /// What the tests of the frame copy share: frames as a host reads them, a scene, and the calls to expect.
 

@@ -130,9 +130,9 @@ TEST_F(StageOnAWindow, WritesItsTextsAtTheEdges) {
     stage->setView(0);
     const qelview::PixelImage image = stage->picture();
     int bright = 0;
-    for (int y = 0; y < 24; ++y) {
-        for (int x = 0; x < 160; ++x) {
-            bright += image.rgb[static_cast<std::size_t>((y * 320 + x) * 3)] > 140 ? 1 : 0;
+    for (std::size_t y = 0; y < 24; ++y) {
+        for (std::size_t x = 0; x < 160; ++x) {
+            bright += image.rgb[(y * 320 + x) * 3] > 140 ? 1 : 0;
         }
     }
     EXPECT_GT(bright, 50);

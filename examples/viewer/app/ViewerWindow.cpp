@@ -67,12 +67,12 @@ void ViewerWindow::create(const Options& options, const Scene& scene) {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-LRESULT CALLBACK ViewerWindow::dispatch(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* const self = reinterpret_cast<ViewerWindow*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+LRESULT CALLBACK ViewerWindow::dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* const self = reinterpret_cast<ViewerWindow*>(GetWindowLongPtrW(receiver, GWLP_USERDATA));
     if (self != nullptr && self->stage && self->handle(message, wParam, lParam)) {
         return 0;
     }
-    return DefWindowProcW(handle, message, wParam, lParam);
+    return DefWindowProcW(receiver, message, wParam, lParam);
 }
 
 bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {

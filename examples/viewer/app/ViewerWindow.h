@@ -23,7 +23,7 @@ class ViewerWindow {
     [[nodiscard]] ExitCode run(const Options& options, const Scene& scene);
 
   private:
-    static LRESULT CALLBACK dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
 
     void create(const Options& options, const Scene& scene);
     /// True if the message needs no further treatment.

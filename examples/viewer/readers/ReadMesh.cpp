@@ -198,7 +198,9 @@ class MeshPlacer {
     void placePoints(const aiMesh& mesh, Points&& positions) {
         PointCloud cloud;
         for (const qel::QelColor3f& color : colorsOf(mesh)) {
-            const auto byte = [](float share) { return static_cast<std::uint8_t>(share * 255.0F + 0.5F); };
+            const auto byte = [](float share) {
+                return static_cast<std::uint8_t>(std::lround(share * 255.0F));
+            };
             cloud.colors.emplace_back(byte(color.r), byte(color.g), byte(color.b));
         }
         cloud.positions = std::move(positions);

@@ -1,5 +1,6 @@
 #include "ReadPoints.h"
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -89,7 +90,7 @@ class PointReader {
         if (!(value >= 0.0 && value <= 255.0)) {
             lines.refuseLine("the colour " + quoted(word) + " is not from 0 to 255");
         }
-        return static_cast<std::uint8_t>(value + 0.5);
+        return static_cast<std::uint8_t>(std::lround(value));
     }
 
     Scene finished() {
