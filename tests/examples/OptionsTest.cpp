@@ -46,6 +46,10 @@ TEST(ParseOptions, TakesFilesAndOptionsInAnyOrder) {
     EXPECT_TRUE(options.writesPictures());
 }
 
+TEST(ParseOptions, TakesAPathThatBeginsWithASlashForAFile) {
+    EXPECT_EQ(optionsOf({"/models/a.obj"}).files, (std::vector<std::string>{"/models/a.obj"}));
+}
+
 TEST(ParseOptions, TakesAPrefixForPicturesOfAllViews) {
     const Options options = optionsOf({"--views-out", "out/view"});
     EXPECT_EQ(options.viewsOut, "out/view");

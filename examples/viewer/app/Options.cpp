@@ -86,6 +86,8 @@ void addOptions(CLI::App& app, Options& options) {
 std::variant<Options, Ending> parseOptions(std::vector<std::string> arguments) {
     Options options;
     CLI::App app("qelview shows 3D models and point files.", "qelview");
+    // A slash begins a path, on Windows too.
+    app.allow_windows_style_options(false);
     addOptions(app, options);
     app.footer(helpFooter());
     app.set_version_flag("--version", "qelview " QELVIEW_VERSION);
