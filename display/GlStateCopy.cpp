@@ -3,10 +3,19 @@
 namespace {
 
 constexpr GLenum kCopiedCapabilities[] = {
-    GL_LIGHTING,     GL_LIGHT0,      GL_LIGHT1,    GL_LIGHT2,      GL_LIGHT3,         GL_LIGHT4,
-    GL_LIGHT5,       GL_LIGHT6,      GL_LIGHT7,    GL_DEPTH_TEST,  GL_BLEND,          GL_TEXTURE_2D,
-    GL_NORMALIZE,    GL_AUTO_NORMAL, GL_CULL_FACE, GL_LINE_SMOOTH, GL_POINT_SMOOTH,   GL_POLYGON_SMOOTH,
-    GL_LINE_STIPPLE, GL_ALPHA_TEST,  GL_DITHER,    GL_FOG,         GL_COLOR_LOGIC_OP, GL_POLYGON_OFFSET_FILL,
+    GL_LIGHTING,       GL_LIGHT0,
+    GL_LIGHT1,         GL_LIGHT2,
+    GL_LIGHT3,         GL_LIGHT4,
+    GL_LIGHT5,         GL_LIGHT6,
+    GL_LIGHT7,         GL_DEPTH_TEST,
+    GL_BLEND,          GL_TEXTURE_2D,
+    GL_NORMALIZE,      GL_AUTO_NORMAL,
+    GL_CULL_FACE,      GL_LINE_SMOOTH,
+    GL_POINT_SMOOTH,   GL_POLYGON_SMOOTH,
+    GL_LINE_STIPPLE,   GL_ALPHA_TEST,
+    GL_DITHER,         GL_FOG,
+    GL_COLOR_LOGIC_OP, GL_POLYGON_OFFSET_FILL,
+    GL_COLOR_MATERIAL,
 };
 constexpr GLenum kLightColorNames[] = {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR};
 constexpr GLenum kMaterialColorNames[] = {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR, GL_EMISSION};
@@ -66,6 +75,8 @@ void GlStateCopy::takeLights() {
 }
 
 void GlStateCopy::put() const {
+    // While a material follows the colour, it cannot be set: so the material comes first.
+    putLights();
     for (int index = 0; index < kCapabilities; ++index) {
         if (enabled[index] != GL_FALSE) {
             glEnable(kCopiedCapabilities[index]);
@@ -84,7 +95,6 @@ void GlStateCopy::put() const {
     glLineWidth(lineWidth);
     glPointSize(pointSize);
     glColor4fv(color);
-    putLights();
 }
 
 void GlStateCopy::putLights() const {

@@ -11,11 +11,11 @@ class GlStateCopy {
   public:
     /// Takes the state of the current context.
     void take();
-    /// Sets it in the current context, whose model-view matrix is left as it was.
+    /// Sets it in the current context, a new one, whose model-view matrix is left as it was.
     void put() const;
 
   private:
-    static constexpr int kCapabilities = 24;
+    static constexpr int kCapabilities = 25;
     static constexpr int kLights = 8;
     static constexpr int kLightColors = 3;
 
