@@ -79,6 +79,11 @@ void addOptions(CLI::App& app, Options& options) {
     app.add_option("--views-out", options.viewsOut,
                    "Write pictures PREFIX0.png to PREFIX7.png of the eight standard views and end")
         ->type_name("PREFIX");
+    app.add_flag("--map", options.isMap,
+                 "Show the files as a map: keys 1 GDI, 2 OpenGL, 3 in three dimensions");
+    app.add_option("--map-out", options.mapOut,
+                   "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and end")
+        ->type_name("PREFIX");
 }
 
 }  // namespace

@@ -32,9 +32,14 @@ struct Options {
     std::string out;
     /// Beginning of the names of eight pictures, one of each standard view; empty for none.
     std::string viewsOut;
+    /// Shows the files as a map instead of a model.
+    bool isMap = false;
+    /// Beginning of the names of the pictures of a map; empty opens a window.
+    std::string mapOut;
 
     /// True if pictures are wanted instead of a window.
-    [[nodiscard]] bool writesPictures() const { return !out.empty() || !viewsOut.empty(); }
+    [[nodiscard]] bool writesPictures() const { return !out.empty() || !viewsOut.empty() || !mapOut.empty(); }
+    [[nodiscard]] bool showsMap() const { return isMap || !mapOut.empty(); }
 };
 
 /// A text to print, and how to end then: the help, the version, or what is wrong with the command line.

@@ -10,10 +10,12 @@
 #include <vector>
 
 #include "LoadTask.h"
+#include "MapRun.h"
 #include "Options.h"
 #include "PictureRun.h"
 #include "ProgressWindow.h"
 #include "ReadError.h"
+#include "SampleMap.h"
 #include "SampleScene.h"
 #include "SystemWindow.h"
 #include "ViewerWindow.h"
@@ -34,7 +36,7 @@ std::vector<std::string> readArguments() {
 
 qelview::Scene loadWanted(const qelview::Options& options) {
     if (options.files.empty()) {
-        return qelview::makeSampleScene();
+        return options.showsMap() ? qelview::makeSampleMap() : qelview::makeSampleScene();
     }
     qelview::LoadTask task(options.files);
     return options.writesPictures() ? qelview::waitWithText(task) : qelview::waitWithWindow(task);
@@ -43,6 +45,9 @@ qelview::Scene loadWanted(const qelview::Options& options) {
 qelview::ExitCode runViewer(const qelview::Options& options) {
     try {
         const qelview::Scene scene = loadWanted(options);
+        if (options.showsMap()) {
+            return qelview::runMap(options, scene);
+        }
         return options.writesPictures() ? qelview::writePictures(options, scene)
                                         : qelview::ViewerWindow().run(options, scene);
     } catch (const qelview::ReadCancelled&) {

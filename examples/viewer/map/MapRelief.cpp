@@ -1,0 +1,53 @@
+#include "MapRelief.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "MapTriangles.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr qel::QelColor3f kGround{0.30F, 0.36F, 0.33F};
+constexpr std::size_t kMostLabels = 40;
+
+Rings2d flat(const Polygon& polygon) {
+    Rings2d rings;
+    for (const Points& ring : polygon.rings) {
+        Line2d& line = rings.emplace_back();
+        std::transform(ring.begin(), ring.end(), std::back_inserter(line),
+                       [](const qel::XPnt3d& point) { return qel::XPnt2d(point.x, point.y); });
+    }
+    return rings;
+}
+
+}  // namespace
+
+Scene reliefOf(const Scene& map) {
+    Scene scene = map;
+    TriangleMesh ground;
+    ground.name = "ground";
+    ground.color = kGround;
+    ground.faceted = true;
+    for (const Polygon& polygon : map.polygons) {
+        if (polygon.rings.empty() || polygon.rings.front().empty()) {
+            continue;
+        }
+        // In the plane of the polygon's beginning: maps have their areas on one level.
+        const double level = polygon.rings.front().front().z;
+        for (const qel::XPnt2d& corner : trianglesOf(flat(polygon))) {
+            ground.positions.emplace_back(corner.x, corner.y, level);
+        }
+    }
+    if (!ground.positions.empty()) {
+        ground.normals.assign(ground.positions.size(), {0.0F, 0.0F, 1.0F});
+        scene.meshes.push_back(std::move(ground));
+    }
+    if (scene.labels.size() > kMostLabels) {
+        scene.labels.resize(kMostLabels);
+    }
+    return scene;
+}
+
+}  // namespace qelview
