@@ -36,7 +36,8 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     virtual std::int32_t attachDC(std::int32_t deviceContext, std::int32_t renderContext) = 0;
     /// Makes a context of the display's own for the window and builds the font. With `stereo` a stereo pixel
     /// format is asked for, which is single-buffered. Returns 0, also when the window cannot get a context
-    /// (drawing then has no effect, and a later call may succeed); a null window changes nothing.
+    /// (drawing then has no effect, and a later call may succeed); a null window changes nothing. The context
+    /// starts with texturing and depth testing on, lighting and blending off.
     virtual std::int32_t attachWindow(std::int32_t window, bool stereo) = 0;
     /// The window given to `attachWindow`; 0 before.
     virtual std::int32_t getWindow() = 0;
@@ -50,7 +51,9 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// camera. Returns 0.
     virtual std::int32_t beginFrame(std::int32_t mode) = 0;
     /// Keeps a copy of the drawn frame, draws the enabled overlays, swaps, and lets the view controller read
-    /// the depth. Called after `endDraw`. Returns 1 if a pending orthographic switch was applied, else 0.
+    /// the depth from the back buffer, as far as the driver keeps it. After a resize some drivers exchange
+    /// the buffers for new ones with the first swap: draw a second frame before picking. Called after
+    /// `endDraw`. Returns 1 if a pending orthographic switch was applied, else 0.
     virtual std::int32_t finishFrame() = 0;
     /// Swaps the buffers; returns 0.
     virtual std::int32_t present() = 0;
@@ -66,7 +69,10 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// @param width, height size of the bitmap in pixels.
     /// @param extent the part of the view to map onto the bitmap, in pixels of the view, origin lower-left.
     /// @param fileName where `saveBitmap` writes; an existing file is replaced.
-    /// @return 0; -1 if the bitmap cannot be had, or an argument is refused.
+    /// @return 0, and the context of the bitmap is current until `saveBitmap`; -1 if the bitmap cannot be
+    /// had, or is
+    ///         refused: a side of 0, a file of 2^32 bytes or more, an extent that is null, empty or not
+    ///         finite.
     virtual std::int32_t beginCapture(std::uint32_t width, std::uint32_t height, qel::Enve2d* extent,
                                       QString fileName) = 0;
     /// Writes the captured bitmap and returns the display to normal drawing. Returns 0, also when the file
@@ -80,8 +86,9 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// Draws the kept copy of the last finished frame, colour and depth, and opens a draw bracket in pixel
     /// coordinates for temporary graphics. The context must be current. Returns 1.
     virtual std::int32_t restoreCache() = 0;
-    /// Closes a draw bracket; closing the outermost one draws a small red marker cross and swaps. Always
-    /// loads the camera again. Returns the brackets still open.
+    /// Closes a draw bracket; closing the outermost one draws a small red marker cross at (10, 10, 0), in the
+    /// coordinates that OpenGL holds then, and swaps. Always loads the camera again. Returns the brackets
+    /// still open.
     virtual std::int32_t endFrame() = 0;
     /// OpenGL state calls; owned by the display, no reference taken.
     virtual IQelGL* getGL() = 0;
@@ -118,8 +125,9 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// Keeps an object of the host's alive with the display; the one attached before is given back. Returns
     /// 1; null is refused with -1.
     virtual std::int32_t attachObject(qel::QelReferenced* object) = 0;
-    /// Draws formatted text at the current raster position with the display's bitmap font (characters 32 to
-    /// 127). Text beyond 255 characters is cut; a null format draws nothing. Returns 0.
+    /// Draws formatted text at the current raster position of the current context with the display's bitmap
+    /// font (characters 32 to 127). Text beyond 255 characters is cut; a null format draws nothing. Returns
+    /// 0.
     virtual std::int32_t printText(const char* format, ...) = 0;
 
   protected:

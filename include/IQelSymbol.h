@@ -87,6 +87,7 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     virtual std::int32_t drawSegmentFrame(const qel::XPnt3d& from, const qel::XPnt3d& to, double unused,
                                           float width, qel::QelColor3f color, bool lighting,
                                           bool depthTest) = 0;
+    /// A line between two points.
     virtual std::int32_t drawLine(const qel::XPnt3d& from, const qel::XPnt3d& to, double width,
                                   qel::QelColor3f color, bool lighting, bool depthTest) = 0;
     /// A circle of 21 segments at z = 0, whatever the z of its centre.
@@ -95,17 +96,23 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     /// @param points `count` pointers to three floats each; null ones are skipped.
     virtual std::int32_t drawPointsF(const float* const* points, std::int32_t count, double size,
                                      qel::QelColor3f color, bool lighting, bool depthTest) = 0;
+    /// Points of one size, in pixels. A null pointer or a count that is not above 0 draws none.
     virtual std::int32_t drawPoints(const qel::XPnt3d* points, std::int32_t count, double size,
                                     qel::QelColor3f color, bool lighting, bool depthTest) = 0;
+    /// One point; `size` in pixels.
     virtual std::int32_t drawPoint(double x, double y, double z, float size, qel::QelColor3f color,
                                    bool lighting, bool depthTest) = 0;
+    /// The same with single precision.
     virtual std::int32_t drawPointF(float x, float y, float z, float size, qel::QelColor3f color,
                                     bool lighting, bool depthTest) = 0;
     /// Points from plain memory, unlit and not depth-tested.
     /// @param type OpenGL type of a coordinate (GL_FLOAT, GL_DOUBLE, ...); three to a vertex.
     /// @param stride bytes from one vertex to the next.
-    /// @param indices which vertices to draw; empty pointer for all.
-    /// @param colors a colour a vertex; empty pointer for `color`.
+    /// @param count of the vertices to draw where there are no indices; not above 0 draws nothing.
+    /// @param indices which vertices to draw, all of which must exist; empty pointer for all.
+    /// @param colors a colour a vertex, as many as vertices are named: their number is not checked against
+    /// `count`.
+    ///        Empty pointer for `color`.
     /// @return 0, also for null vertices; -1 for an index array without indices, an array without memory,
     ///         and a type or stride that OpenGL does not take.
     virtual std::int32_t drawVertexArrayPoints(std::uint32_t type, std::int32_t stride, const void* vertices,
@@ -158,7 +165,8 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     virtual std::int32_t drawStippledLoop(qel::ref_ptr<IQelArray<qel::XPnt3d>> points, double width,
                                           qel::QelColor3f color, bool lighting, bool depthTest,
                                           std::uint16_t pattern) = 0;
-    /// The three edges of a triangle with OpenGL's current colour and width. Returns 0; -1 for a null record.
+    /// The three edges of a triangle with OpenGL's current colour and width. Returns 0; -1 for a null record
+    /// or corner.
     virtual std::int32_t drawTriangleOutline(const qel::TrianglePoints* triangle) = 0;
     /// A size kept for the host; 1.5 at first. Returns 1.
     virtual std::int32_t setSymbolSize(float size) = 0;

@@ -82,15 +82,17 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
                                    ...) = 0;
     /// Always 0.
     virtual std::int32_t isBusy() = 0;
-    /// Reads the depth of the frame just drawn, and applies a pending switch to orthographic. Returns 1 if it
-    /// did, else 0.
+    /// Reads the depth of the whole back buffer of the context that is current, and applies a pending switch
+    /// to orthographic. A display calls it at the end of each frame, after the buffers were exchanged.
+    /// Returns 1 if it applied a switch, else 0.
     virtual std::int32_t refreshDepth() = 0;
     /// Sets the point that drags rotate about, in model units; the camera does not move. Returns 1.
     virtual std::int32_t setRotationCenter(double x, double y, double z) = 0;
-    /// Sets the rotation centre to the model point under a window position (see `pickModelPnt`). Returns 1.
+    /// Sets the rotation centre to the model point under a window position (see `pickModelPnt`, which it
+    /// needs the same context for). Returns 1.
     virtual std::int32_t setRotationCenterAt(std::int32_t x, std::int32_t y) = 0;
-    /// An orthographic standard view of an extent: looking from `target` - `direction` along `direction`.
-    /// Returns 0.
+    /// An orthographic standard view of an extent: looking from `target` - `direction` along `direction`. The
+    /// extent becomes the model's and its middle the rotation centre; the clipping distances stay. Returns 0.
     virtual std::int32_t setOrthoView(qel::XPnt3d target, qel::XPnt3d direction, qel::XPnt3d up,
                                       qel::Enve3d extent) = 0;
     /// Switches to orthographic projection. The box that keeps the apparent size is rebuilt from the depth of
@@ -104,10 +106,13 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Returns 1.
     virtual std::int32_t pan(double dx, double dy) = 0;
     /// One of eight standard views, fitted to the model: 0 top, 1 bottom, 2 back, 3 front, 4 right, 5 left,
-    /// 6 and 7 the two isometric ones from (1, 1, 1) and (-1, -1, -1). Returns 1.
+    /// 6 and 7 the two isometric ones from (1, 1, 1) and (-1, -1, -1). A number above 7 is not refused: eye
+    /// and target both end in the middle of the model, without an up vector, and the next view puts that
+    /// right. Returns 1.
     virtual std::int32_t setStandardView(std::uint32_t view) = 0;
     /// Fits an extent into the view. Quick fit: a sphere of the extent's diagonal fills the view's height.
-    /// Precise fit: the extent's image fills the view. Returns 1; -1 for an extent that is not valid.
+    /// Precise fit: the extent's image fills the view. The extent's middle becomes the rotation centre.
+    /// Returns 1; -1 for an extent that is not valid, which changes nothing.
     virtual std::int32_t zoomToExtent(qel::Enve3d extent, bool precise) = 0;
     /// `zoomToExtent` of the model's extent.
     virtual std::int32_t zoomToModel(bool precise) = 0;
@@ -134,7 +139,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Degrees above 0 and below 180; returns 0.
     virtual std::int32_t setFieldOfView(double degrees) = 0;
     /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters take effect with
-    /// the next load of the projection and return 0.
+    /// the next load of the projection and return 0. OpenGL shows nothing in perspective unless the near one
+    /// is above 0 and the far one above the near one; this is not checked.
     virtual double getNearPlane() = 0;
     virtual std::int32_t setNearPlane(double distance) = 0;
     virtual double getFarPlane() = 0;
@@ -145,9 +151,10 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Size of the view in pixels; 0 before the first `onResize`.
     virtual float getWidth() = 0;
     virtual float getHeight() = 0;
-    /// Pixels that one model unit covers at the rotation centre.
+    /// Pixels that one model unit covers at the rotation centre; 0 while the view has no size.
     virtual float getPixelsPerUnit() = 0;
-    /// Draws into a part of the window only; size and aspect of the view stay. Returns 0.
+    /// Draws into a part of the window only, in pixels from its lower-left corner; size and aspect of the
+    /// view stay. The context must be current. The next `onResize` takes the whole window again. Returns 0.
     virtual std::int32_t setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
                                      std::int32_t height) = 0;
     /// OpenGL's current viewport (x, y, width, height); the array belongs to the camera and is valid until it
@@ -156,13 +163,16 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// OpenGL's current matrices, 16 doubles each, column by column; owned like the viewport.
     virtual const double* getModelviewMatrix() = 0;
     virtual const double* getProjectionMatrix() = 0;
-    /// The model point under a pixel from its exact depth; `XPnt3d::invalid()` on the background.
+    /// The model point under a pixel, from its exact depth in the back buffer of the current context; call it
+    /// between drawing and the exchange of the buffers, or as long as the driver keeps the back buffer after
+    /// it. `XPnt3d::invalid()` on the background, outside the view and for positions that are not finite.
     virtual qel::XPnt3d getModelPntAt(double x, double y) = 0;
-    /// Window coordinates and depth to a model point.
+    /// Window coordinates and depth to a model point; (0, 0, 0) if the camera's matrices cannot be inverted.
     virtual qel::XPnt3d unProject(double x, double y, double z) = 0;
     virtual qel::XPnt3d unProjectPnt(const qel::XPnt3d& windowPoint) = 0;
     /// The model point under a pixel; beside an object at the mean depth of what lies within 20 pixels, in
-    /// empty space at the mean depth of the scene. Never invalid.
+    /// empty space at the mean depth of the scene. Reads the back buffer like `getModelPntAt`. Never invalid:
+    /// a position that is not finite gives the target.
     virtual qel::XPnt3d pickModelPnt(double x, double y) = 0;
     /// A model point to window coordinates and depth.
     virtual qel::XPnt3d project(double x, double y, double z) = 0;
@@ -182,8 +192,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// loaded: call `updateView` to see it. Returns 1.
     virtual std::int32_t lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) = 0;
     /// Moves the eye so that a window of the rectangle's size fills the view; the target stays, and
-    /// orthographic views do not change. The rectangle must span at least one pixel in each direction, else
-    /// nothing changes. Returns 1.
+    /// orthographic views do not change. Only the larger of its two sides counts, each as a share of the
+    /// view's; a rectangle without any size moves nothing. The view is loaded again in every case. Returns 1.
     virtual std::int32_t zoomInRect(const qel::PixelRect& rect) = 0;
     /// The inverse of `zoomInRect`.
     virtual std::int32_t zoomOutRect(const qel::PixelRect& rect) = 0;

@@ -12,8 +12,8 @@ CQelSimpSymbol::CQelSimpSymbol() {
 
 CQelSimpSymbol::~CQelSimpSymbol() = default;
 
-// Hosts have come to compare the setters' answers, so each keeps its own: 1 for name, size and second colour,
-// 0 for width and colour.
+// The answers of the setters are part of the interface, so each keeps its own: 1 for name, size and second
+// colour, 0 for width and colour.
 
 std::int32_t CQelSimpSymbol::setName(QString newName) {
     name = std::move(newName);

@@ -9,14 +9,16 @@
 
 namespace {
 
-/// Half of a unit square's diagonal, to the four digits that hosts lay their own marks out by.
+/// Half of a unit square's diagonal, to four digits: hosts that draw their own marks beside ours use the same
+/// ones.
 constexpr double kDiagonal = 0.7071;
 
 void emitVertex(const qel::XPnt3d& point) {
     glVertex3d(point.x, point.y, point.z);
 }
 
-// Five vertices although the loop would close by itself: a stipple pattern runs on to the very first corner.
+// Five vertices although the loop would close by itself: where the polygon mode of a host shows points, the
+// first corner gets its own like every other one, and the count is that of the closed outline.
 void emitRectLoop(const qel::Enve2d& rect, double z) {
     glBegin(GL_LINE_LOOP);
     glVertex3d(rect.xmin, rect.ymin, z);

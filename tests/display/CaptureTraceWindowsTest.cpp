@@ -181,6 +181,28 @@ TEST_F(CaptureTraces, OfASaveWithoutACaptureAreEmpty) {
     EXPECT_TRUE(callsMatch(trace.calls(), {}));
 }
 
+void setFogAndTestsOfAHost() {
+    const GLfloat fog[] = {0.25F, 0.5F, 0.75F, 1};
+    glEnable(GL_FOG);
+    glFogi(GL_FOG_MODE, GL_LINEAR);
+    glFogf(GL_FOG_START, 10);
+    glFogf(GL_FOG_END, 20);
+    glFogf(GL_FOG_DENSITY, 0.5F);
+    glFogfv(GL_FOG_COLOR, fog);
+    glHint(GL_FOG_HINT, GL_FASTEST);
+    glEnable(GL_ALPHA_TEST);
+    glAlphaFunc(GL_GREATER, 0.5F);
+    glEnable(GL_COLOR_LOGIC_OP);
+    glLogicOp(GL_XOR);
+    glPolygonOffset(1.5F, 2);
+    glDepthMask(GL_FALSE);
+    glColorMask(GL_TRUE, GL_FALSE, GL_TRUE, GL_FALSE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+    const GLdouble plane[] = {1, 0, 0, 7};
+    glEnable(GL_CLIP_PLANE2);
+    glClipPlane(GL_CLIP_PLANE2, plane);
+}
+
 /// Whatever a host may have set before.
 void setStateOfAHost() {
     glEnable(GL_BLEND);
@@ -210,6 +232,7 @@ void setStateOfAHost() {
     glLightfv(GL_LIGHT3, GL_POSITION, place);
     glLightf(GL_LIGHT3, GL_SPOT_CUTOFF, 40);
     glLightf(GL_LIGHT3, GL_LINEAR_ATTENUATION, 0.5F);
+    setFogAndTestsOfAHost();
 }
 
 TEST_F(CaptureTraces, LeaveTheContextOfTheSectionInTheStateOfTheWindow) {
@@ -230,6 +253,21 @@ TEST_F(CaptureTraces, LeaveTheContextOfTheSectionInTheStateOfTheWindow) {
         display->saveBitmap();
         EXPECT_TRUE(changesOnly(ofWindow, StateSnapshot::take()));
     }
+}
+
+TEST_F(CaptureTraces, LeaveTheWindowToAHostThatAttachesItInTheMiddle) {
+    windowFrame();
+    ASSERT_EQ(begin(kWidth, kHeight), 0);
+    const HGLRC ofSection = currentContext();
+    const StateSnapshot inSection = StateSnapshot::take();
+    // The first time that this display is given a context: its initial state is set there.
+    display->attachDC(display->getDC(), static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(context)));
+    EXPECT_EQ(currentContext(), ofSection);
+    EXPECT_TRUE(changesOnly(inSection, StateSnapshot::take()));
+    display->saveBitmap();
+    EXPECT_EQ(currentContext(), context);
+    EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
+    EXPECT_EQ(glIsEnabled(GL_BLEND), GL_TRUE);
 }
 
 }  // namespace

@@ -64,17 +64,6 @@ TEST_F(PlanarReading, AsksNoDriverForPixelsThatNoWindowHas) {
     }
 }
 
-TEST_F(PlanarReading, AsksForTheDepthThenForTheMatrices) {
-    const CallTrace trace;
-    heightAt(100, 40);
-    EXPECT_TRUE(
-        callsMatch(trace.calls("glRead", "glGet", "glu"),
-                   {call("glReadPixels", 100, 60, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, out),
-                    call("glGetDoublev", GL_PROJECTION_MATRIX, out),
-                    call("glGetDoublev", GL_MODELVIEW_MATRIX, out), call("glGetIntegerv", GL_VIEWPORT, out),
-                    call("gluUnProject", 100, 60, any, any, any, any, out, out, out)}));
-}
-
 TEST_F(PlanarReading, WaitsForAWindowWithAShapeBeforeItFitsAnExtent) {
     transform->setDeviceExtent({0.0, 0.0, 0.0, 0.0, 0.0, 0.0});
     transform->setViewExtent({0.0, 10.0, 0.0, 10.0, 0.0, 0.0});

@@ -176,7 +176,7 @@ TEST(MatrixInvertInSinglePrecision, TakesTheSmallestNumbersForPivotsToo) {
 }
 
 TEST(MatrixInvertInSinglePrecision, RoundsEveryStepToFloat) {
-    // Eliminated by hand, in the order that is promised; the values are not
+    // Eliminated by hand, with the pivots in place; the values are not
     // exact, so another order shows.
     const float a[2][2] = {{3.0F, 0.1F}, {0.7F, 1.3F}};
     matrix<float> m = filled<float>(2, 2, {3.0, 0.0, 0.0, 0.0});

@@ -122,7 +122,7 @@ TYPED_TEST(Matrix, TransposesInPlace) {
     EXPECT_EQ(valuesOf(m), (std::vector<TypeParam>{1, 2, 3, 4, 5, 6}));
 }
 
-/// The sum in the order that the matrix promises, in its own precision.
+/// The sum term by term along the common side, in the matrix's own precision.
 template <class T>
 std::vector<T> productByHand(const matrix<T>& a, const matrix<T>& b) {
     std::vector<T> all;

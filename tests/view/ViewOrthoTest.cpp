@@ -118,6 +118,16 @@ TEST_F(OrthoBox, IsNotRebuiltForASwitchThatSwitchedNothing) {
     EXPECT_EQ(view->refreshDepth(), 0);
 }
 
+TEST_F(OrthoBox, KeepsItsSizeIfTheSwitchIsAskedForAgainBeforeTheFrame) {
+    view->setOrtho();
+    view->setOrtho();
+    EXPECT_EQ(view->refreshDepth(), 0);
+    view->setPerspective();
+    view->setOrtho();
+    EXPECT_EQ(view->refreshDepth(), 1);
+    EXPECT_EQ(view->refreshDepth(), 0);
+}
+
 TEST_F(OrthoBox, StaysPendingThroughPerspective) {
     view->setOrtho();
     view->setPerspective();
