@@ -202,6 +202,18 @@ TEST(MapRelief, GivesPolygonsASurface) {
     EXPECT_EQ(relief.polygons.size(), 1U);
 }
 
+TEST(MapRelief, KeepsTheNamesThatCanBeRead) {
+    qelview::Scene scene = sceneOf({square(0, 0, 100)}, {1e6, 2e6, 0});
+    for (int number = 0; number < 50; ++number) {
+        scene.labels.push_back({{50.0, 50.0 + 0.1 * number, 0}, "Name " + std::to_string(number)});
+    }
+    scene.labels.push_back({{20.0, 10.0, 5.0}, "Alone"});
+    const qelview::Scene relief = qelview::reliefOf(scene);
+    ASSERT_EQ(relief.labels.size(), 2U);
+    EXPECT_EQ(relief.labels[0].text, "Name 0");
+    EXPECT_EQ(relief.labels[1].at.z, 5.0);
+}
+
 TEST(SampleMap, HasIslandsLakesLinesAndNamedTowns) {
     const qelview::Scene scene = qelview::makeSampleMap();
     ASSERT_EQ(scene.polygons.size(), 1U);

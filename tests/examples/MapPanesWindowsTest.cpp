@@ -180,9 +180,9 @@ TEST_F(MapPanes, WriteTitleCoordinatesAndScaleBar) {
     }
     const qelview::ScaleBar bar = qelview::scaleBarOf(view, false);
     EXPECT_NEAR(static_cast<double>(byGl.countOf(rgbaOf(qelview::kInk), 0, {kWidth - 190, 14, 180, 1})),
-                bar.pixels, 3);
+                bar.right - bar.left, 3);
     EXPECT_NEAR(static_cast<double>(byGdi.countOf(rgbaOf(qelview::kInk), 0, {kWidth - 190, 14, 180, 1})),
-                bar.pixels, 3);
+                bar.right - bar.left, 3);
 }
 
 /// Where single precision would put the coordinates metres apart.

@@ -137,9 +137,14 @@ TEST(MapTexts, GiveABarOfARoundLength) {
     const MapView view = viewOf(400, 300, {0, 0, 40, 30});
     const qelview::ScaleBar bar = qelview::scaleBarOf(view, false);
     EXPECT_EQ(bar.units, 10.0);
-    EXPECT_NEAR(bar.pixels, 94.0, 1e-6);
+    EXPECT_NEAR(bar.right - bar.left, 94.0, 1e-6);
+    EXPECT_LT(bar.right, 400.0);
     EXPECT_EQ(bar.text, "10 units");
     EXPECT_EQ(qelview::scaleBarOf(view, true).text, "10 deg");
+    // A long text begins further to the left than its bar.
+    const qelview::ScaleBar wide = qelview::scaleBarOf(viewOf(400, 300, {0, 0, 4e7, 3e7}), false);
+    EXPECT_EQ(wide.text, "10000000 units");
+    EXPECT_LT(wide.textLeft + 8.5 * static_cast<double>(wide.text.size()), 400.0);
 }
 
 TEST(MapTexts, GiveCoordinatesAsExactAsAPixel) {

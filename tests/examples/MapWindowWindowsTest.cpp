@@ -144,6 +144,20 @@ TEST(RunMap, WritesAPictureOfEachPane) {
     }
 }
 
+TEST(RunMap, WritesTheOpenGlPaneToASingleFile) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "qelview-test-map.png";
+    qelview::Options options;
+    options.width = 320;
+    options.height = 240;
+    options.isMap = true;
+    options.out = file.string();
+    EXPECT_EQ(qelview::runMap(options, qelview::makeSampleMap()), qelview::ExitCode::Success);
+    const qel::test::Picture picture = qel::test::Picture::load(file);
+    std::filesystem::remove(file);
+    const qelview::MapColor land = qelview::kLand;
+    EXPECT_GT(picture.countOf({land.red, land.green, land.blue, 255}), 5000U);
+}
+
 TEST(RunMap, EndsWithOneWhereNoPictureCanBeWritten) {
     qelview::Options options;
     options.mapOut = "absent-folder/map";

@@ -168,7 +168,6 @@ void GdiMapPane::drawTexts(const MapFrame& frame, const MapView& view, const Map
 
 void GdiMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
     display->setPenColor(kInk.forGdi());
-    const double right = view.width() - 1.0 - kTextMarginPx;
     const double base = view.height() - 1.0 - kTextMarginPx;
     const double tick = 6.0;
     const auto segment = [&](double fromX, double fromY, double toX, double toY) {
@@ -176,11 +175,10 @@ void GdiMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
         const qel::XPnt2d to = view.worldAt(toX, toY);
         display->drawLineSeg({{from.x, from.y, 0.0}, {to.x, to.y, 0.0}});
     };
-    segment(right - bar.pixels, base, right, base);
-    segment(right - bar.pixels, base - tick, right - bar.pixels, base);
-    segment(right, base - tick, right, base + 1.0);
-    printAt(deviceContext(), static_cast<int>(right - bar.pixels) + kTextMarginPx / 2,
-            static_cast<int>(base) - 5, bar.text);
+    segment(bar.left, base, bar.right, base);
+    segment(bar.left, base - tick, bar.left, base);
+    segment(bar.right, base - tick, bar.right, base + 1.0);
+    printAt(deviceContext(), static_cast<int>(bar.textLeft), static_cast<int>(base) - 5, bar.text);
 }
 
 }  // namespace qelview

@@ -8,7 +8,7 @@
 #include "QelDisplay64t.h"
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
-#include "SceneSummary.h"
+#include "SystemWindow.h"
 
 namespace qelview {
 
@@ -24,6 +24,25 @@ std::array<GLubyte, 128> hatchPattern(int height) {
                     kHatchRows.at(fromAbove));
     }
     return pattern;
+}
+
+/// A text in the letters that the display's font has: accents are dropped, what is still strange is a '?'.
+std::string plainLetters(const std::string& text) {
+    constexpr wchar_t kFirstAccent = 0x300;
+    constexpr wchar_t kLastAccent = 0x36F;
+    constexpr wchar_t kLastLetter = 0x7E;
+    const std::wstring wide = toWide(text);
+    const int length = static_cast<int>(wide.size());
+    std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
+                       L'\0');
+    FoldStringW(MAP_COMPOSITE, wide.c_str(), length, apart.data(), static_cast<int>(apart.size()));
+    std::string plain;
+    for (const wchar_t letter : apart) {
+        if (letter < kFirstAccent || letter > kLastAccent) {
+            plain.push_back(letter <= kLastLetter ? static_cast<char>(letter) : '?');
+        }
+    }
+    return plain;
 }
 
 /// What only the host sets while it fills areas: the surfaces lie in the plane and have no light of their
@@ -174,26 +193,24 @@ void GlMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapT
     }
     printAt(kTextMarginPx, height - kTextMarginPx - kTextHeightPx, texts.title);
     printAt(kTextMarginPx, kTextMarginPx, texts.place);
-    const double left = view.width() - 1.0 - kTextMarginPx - texts.bar.pixels;
-    printAt(left + kTextMarginPx / 2, kTextMarginPx + 5, texts.bar.text);
+    printAt(texts.bar.textLeft, kTextMarginPx + 5, texts.bar.text);
 }
 
 void GlMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
-    const double right = view.width() - 1.0 - kTextMarginPx;
     const double base = view.height() - 1.0 - kTextMarginPx;
     const double tick = 6.0;
     const auto segment = [&](double fromX, double fromY, double toX, double toY) {
         symbol->drawLine(local(view.worldAt(fromX, fromY)), local(view.worldAt(toX, toY)), 1.0,
                          kInk.forOpenGl(), false, false);
     };
-    segment(right - bar.pixels, base, right, base);
-    segment(right - bar.pixels, base - tick, right - bar.pixels, base);
-    segment(right, base - tick, right, base + 1.0);
+    segment(bar.left, base, bar.right, base);
+    segment(bar.left, base - tick, bar.left, base);
+    segment(bar.right, base - tick, bar.right, base + 1.0);
 }
 
 void GlMapPane::printAt(double x, double y, const std::string& text) {
     glRasterPos2d(x, y);
-    display->printText("%s", printable(text).c_str());
+    display->printText("%s", plainLetters(text).c_str());
 }
 
 }  // namespace qelview

@@ -13,7 +13,7 @@ namespace {
 
 /// What is cut lies this far outside the pane, so that no cut is seen.
 constexpr double kMarginPx = 48.0;
-constexpr std::size_t kMostFramedPoints = 3000;
+constexpr std::size_t kMostFramedPoints = 1500;
 /// Distance of the lines of the net, at least.
 constexpr double kNetPx = 110.0;
 /// Room that a name takes, in pixels.
@@ -123,8 +123,8 @@ MapFrame makeFrame(const MapData& map, const MapView& view) {
     Line2d seen;
     std::copy_if(map.points.begin(), map.points.end(), std::back_inserter(seen),
                  [&](const qel::XPnt2d& point) { return contains(area, point); });
+    frame.isCrowded = seen.size() > kMostFramedPoints;
     frame.points = snapped(seen, view);
-    frame.isCrowded = frame.points.size() > kMostFramedPoints;
     addNames(frame, map, view);
     return frame;
 }

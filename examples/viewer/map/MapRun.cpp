@@ -26,10 +26,27 @@ bool writePicture(MapWindow& window, const std::string& file) {
     return false;
 }
 
+bool writeAll(MapWindow& window, const Options& options) {
+    bool areWritten = true;
+    if (!options.out.empty()) {
+        window.choose(MapWindow::Pane::Gl);
+        areWritten = writePicture(window, options.out);
+    }
+    for (const std::string& prefix : {options.mapOut, options.viewsOut}) {
+        for (const auto& [pane, ending] : kPictures) {
+            if (areWritten && !prefix.empty()) {
+                window.choose(pane);
+                areWritten = writePicture(window, prefix + ending);
+            }
+        }
+    }
+    return areWritten;
+}
+
 }  // namespace
 
 ExitCode runMap(const Options& options, const Scene& scene) {
-    const bool isForPictures = !options.mapOut.empty();
+    const bool isForPictures = options.writesPictures();
     MapWindow window(scene);
     if (!window.open({options.width, options.height}, isForPictures)) {
         reportNoContext(!isForPictures);
@@ -39,13 +56,7 @@ ExitCode runMap(const Options& options, const Scene& scene) {
         window.run();
         return ExitCode::Success;
     }
-    for (const auto& [pane, ending] : kPictures) {
-        window.choose(pane);
-        if (!writePicture(window, options.mapOut + ending)) {
-            return ExitCode::Usage;
-        }
-    }
-    return ExitCode::Success;
+    return writeAll(window, options) ? ExitCode::Success : ExitCode::Usage;
 }
 
 }  // namespace qelview

@@ -1,7 +1,9 @@
 #include "MapTexts.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "MapStyle.h"
 #include "RoundNumbers.h"
 
 namespace qelview {
@@ -9,6 +11,9 @@ namespace qelview {
 namespace {
 
 constexpr double kLongestBarPx = 160.0;
+/// So that the text above the bar ends before the edge of the pane.
+constexpr double kLetterPx = 9.5;
+constexpr double kTextInset = 7.0;
 
 std::string degrees(double value, double step, const char* positive, const char* negative) {
     return withStep(std::fabs(value), step) + " deg " + (value < 0.0 ? negative : positive);
@@ -19,8 +24,11 @@ std::string degrees(double value, double step, const char* positive, const char*
 ScaleBar scaleBarOf(const MapView& view, bool isGeographic) {
     ScaleBar bar;
     bar.units = roundAtMost(kLongestBarPx * view.unitsPerPixel());
-    bar.pixels = bar.units / view.unitsPerPixel();
+    bar.right = view.width() - 1.0 - kTextMarginPx;
+    bar.left = bar.right - bar.units / view.unitsPerPixel();
     bar.text = withStep(bar.units, bar.units) + (isGeographic ? " deg" : " units");
+    bar.textLeft =
+        std::min(bar.left + kTextInset, bar.right - kLetterPx * static_cast<double>(bar.text.size()));
     return bar;
 }
 

@@ -6,11 +6,15 @@
 
 namespace qelview {
 
-/// A bar of a round length.
+/// A bar of a round length in the lower right corner.
 struct ScaleBar {
     double units = 1.0;
-    double pixels = 1.0;
+    /// Columns of its ends.
+    double left = 0.0;
+    double right = 1.0;
     std::string text;
+    /// Column where the text above it begins.
+    double textLeft = 0.0;
 };
 
 [[nodiscard]] ScaleBar scaleBarOf(const MapView& view, bool isGeographic);
