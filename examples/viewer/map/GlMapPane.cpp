@@ -185,11 +185,11 @@ void GlMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapT
     drawBar(view, texts.bar);
     display->setOrtho2D();
     const QelTmpGlStateCtrl ink(kInk.forOpenGl());
-    constexpr int kBeside = 6;
+    constexpr double kBeside = 6.0;
     const double height = view.height();
     for (const Name2d& name : frame.names) {
         const qel::XPnt2d at = view.pixelOf(name.at);
-        printAt(at.x + kBeside, height - at.y + kBeside / 2, name.text);
+        printAt(at.x + kBeside, height - at.y + kBeside * 0.5, name.text);
     }
     printAt(kTextMarginPx, height - kTextMarginPx - kTextHeightPx, texts.title);
     printAt(kTextMarginPx, kTextMarginPx, texts.place);

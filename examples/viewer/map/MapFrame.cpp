@@ -76,6 +76,18 @@ void addArea(MapFrame& frame, const Rings2d& rings, const qel::Enve2d& area, con
     }
 }
 
+std::vector<double> multiplesWithin(double from, double to, double step) {
+    // A pane has room for fewer.
+    constexpr double kMost = 1000.0;
+    const double first = std::ceil(from / step);
+    const auto count = static_cast<int>(std::clamp(std::floor(to / step) - first + 1.0, 0.0, kMost));
+    std::vector<double> multiples;
+    for (int i = 0; i < count; ++i) {
+        multiples.push_back((first + i) * step);
+    }
+    return multiples;
+}
+
 void addNet(MapFrame& frame, const MapView& view, bool isGlobe) {
     const double step = roundAtLeast(kNetPx * view.unitsPerPixel());
     qel::Enve2d area = widened(view);
@@ -83,10 +95,10 @@ void addNet(MapFrame& frame, const MapView& view, bool isGlobe) {
         area = {std::max(area.xmin, -180.0), std::max(area.ymin, -90.0), std::min(area.xmax, 180.0),
                 std::min(area.ymax, 90.0)};
     }
-    for (double x = std::ceil(area.xmin / step) * step; x <= area.xmax; x += step) {
+    for (const double x : multiplesWithin(area.xmin, area.xmax, step)) {
         frame.net.push_back(snapped({{x, area.ymin}, {x, area.ymax}}, view));
     }
-    for (double y = std::ceil(area.ymin / step) * step; y <= area.ymax; y += step) {
+    for (const double y : multiplesWithin(area.ymin, area.ymax, step)) {
         frame.net.push_back(snapped({{area.xmin, y}, {area.xmax, y}}, view));
     }
 }
