@@ -19,12 +19,19 @@ PixelView flatView() {
 
 Order orderOf(const qelview::Points& points, const PixelView& view, const qelview::DepthImage& depths = {}) {
     Order order{7, 7, 7, 7, 7, 7, 7};
-    orderVisiblePoints(points, view, depths, order);
+    orderVisiblePoints(points, view, depths, 1, order);
     return order;
 }
 
 TEST(OrderVisiblePoints, BeginsWithTheFarthest) {
     EXPECT_EQ(orderOf({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}}, flatView()), (Order{1, 3, 0, 2}));
+}
+
+TEST(OrderVisiblePoints, TakesEachNthPointAlone) {
+    Order order;
+    orderVisiblePoints({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}, {0, 0, -0.5}}, flatView(), {}, 2,
+                       order);
+    EXPECT_EQ(order, (Order{0, 4, 2}));
 }
 
 TEST(OrderVisiblePoints, LeavesOutWhatLiesOutsideTheView) {

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "PictureRun.h"
 #include "QelGl.h"
@@ -188,14 +189,16 @@ TEST_F(RunningViewer, HasTheWantedSizeAndEndsOnEscape) {
 }
 
 TEST_F(RunningViewer, LivesThroughEveryKeyTheMouseAndANewSize) {
-    for (const char key : std::string("01234567O6FOX")) {
+    for (const char key : std::string("01234567O6FOXAASHHZZ")) {
         press(static_cast<WPARAM>(key));
         UpdateWindow(window);
     }
-    for (const UINT down : {UINT{WM_LBUTTONDOWN}, UINT{WM_MBUTTONDOWN}, UINT{WM_RBUTTONDOWN}}) {
-        SendMessageW(window, down, 0, MAKELPARAM(100, 100));
+    for (const auto& [down, up] :
+         {std::pair(WM_LBUTTONDOWN, WM_LBUTTONUP), std::pair(WM_MBUTTONDOWN, WM_MBUTTONUP),
+          std::pair(WM_RBUTTONDOWN, WM_RBUTTONUP)}) {
+        SendMessageW(window, static_cast<UINT>(down), 0, MAKELPARAM(100, 100));
         SendMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(140, 120));
-        SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(140, 120));
+        SendMessageW(window, static_cast<UINT>(up), 0, MAKELPARAM(140, 120));
     }
     SendMessageW(window, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), MAKELPARAM(100, 100));
     ShowWindow(window, SW_MINIMIZE);

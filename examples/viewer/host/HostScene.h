@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -21,7 +22,8 @@ class HostScene {
     /// Draws everything but labels. The context must be current. Enabled depth testing and disabled lighting
     /// are expected; the current colour and line width change.
     /// @param view the camera that OpenGL holds.
-    void draw(IQelSymbol& symbol, const PixelView& view);
+    /// @param partsPerDrawn draws only one of so many points of clouds and parts of meshes; 1 draws all.
+    void draw(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn = 1);
 
   private:
     template <class Element>
@@ -30,6 +32,9 @@ class HostScene {
     struct Mesh {
         Array<qel::ArrayVertex> vertices;
         Array<qel::ArrayIndex> indices;
+        /// Those of a thinned mesh, for the number of parts that they were made for.
+        Array<qel::ArrayIndex> thinned;
+        std::size_t partsPerThinned = 0;
         Array<qel::ArrayNormal4f> normals;
         Array<qel::ArrayNormal3b> byteNormals;
         Array<qel::ArrayColor4f> colors;
@@ -54,11 +59,12 @@ class HostScene {
     void addGeometry(IQelGeometry* geometry, const LineStyle& style);
     void addGeometries(const Scene& scene);
 
-    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh);
+    static void thin(Mesh& mesh, std::size_t partsPerDrawn);
+    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices);
     static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn);
     static void drawMarker(IQelSymbol& symbol, const Marker& marker);
-    void drawMeshes(IQelSymbol& symbol) const;
-    void drawClouds(IQelSymbol& symbol, const PixelView& view);
+    void drawMeshes(IQelSymbol& symbol, std::size_t partsPerDrawn);
+    void drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn);
 
     std::vector<Mesh> meshes;
     std::vector<Cloud> clouds;

@@ -75,10 +75,13 @@ class DepthOfPoints {
 }  // namespace
 
 void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
-                        std::vector<std::uint32_t>& order) {
+                        std::size_t everyNth, std::vector<std::uint32_t>& order) {
     const DepthOfPoints depthOf(view, depths);
-    std::vector<double> depthsOfPoints(positions.size());
-    std::transform(positions.begin(), positions.end(), depthsOfPoints.begin(), depthOf);
+    std::vector<double> depthsOfPoints;
+    depthsOfPoints.reserve(positions.size() / everyNth + 1);
+    for (std::size_t i = 0; i < positions.size(); i += everyNth) {
+        depthsOfPoints.push_back(depthOf(positions[i]));
+    }
     double nearest = 1.0;
     double farthest = 0.0;
     for (const double depth : depthsOfPoints) {
@@ -102,9 +105,9 @@ void orderVisiblePoints(const Points& positions, const PixelView& view, const De
         next[slice + 1] += next[slice];
     }
     order.resize(next[kSlices]);
-    for (std::size_t i = 0; i < positions.size(); ++i) {
+    for (std::size_t i = 0; i < depthsOfPoints.size(); ++i) {
         if (depthsOfPoints[i] <= 1.0) {
-            order[next[sliceOf(depthsOfPoints[i])]++] = static_cast<std::uint32_t>(i);
+            order[next[sliceOf(depthsOfPoints[i])]++] = static_cast<std::uint32_t>(i * everyNth);
         }
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -22,8 +23,9 @@ using DepthImage = std::vector<float>;
 /// Symbols draw clouds without a depth test. Drawing the points in this order, and these alone, gives the
 /// same picture as a depth test would: from the farthest to the nearest, without those that surfaces hide or
 /// that lie outside the view.
+/// @param everyNth leaves out all points but each n-th one, from the first.
 /// @param order receives the numbers of the points; its storage is used again.
 void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
-                        std::vector<std::uint32_t>& order);
+                        std::size_t everyNth, std::vector<std::uint32_t>& order);
 
 }  // namespace qelview
