@@ -99,6 +99,7 @@ const std::vector<WrongLine> kWrongLines{
     {"SizeWithMore", {"--size", "640x480x3"}, "--size"},
     {"OutWithoutAName", {"--out"}, "--out"},
     {"ScriptAndMotion", {"--script", "a", "--motion", "b"}, "--motion"},
+    {"PictureAndMotion", {"--out", "a", "--motion", "b"}, "--motion"},
     {"ScriptAndTour", {"--script", "a", "--tour", "b"}, "--tour"},
 };
 INSTANTIATE_TEST_SUITE_P(Lines, ParseWrongOptions, testing::ValuesIn(kWrongLines),

@@ -219,6 +219,14 @@ TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
     }
 }
 
+TEST(QelView, RefusesAWrongRecordingWithExitCodeOne) {
+    const qel::test::TemporaryFile motion("wrong-motion.txt", "0 0 0 0 0 0\n1 2 3\n");
+    const Ended ended = runViewer(L"--size 64x64 --motion " + quoted(motion.path()));
+    EXPECT_EQ(ended.code, 1U);
+    EXPECT_NE(ended.errors.find("wrong-motion.txt: line 2: expected six numbers"), std::string::npos)
+        << ended.errors;
+}
+
 struct FailingScript {
     const char* name;
     const char* script;

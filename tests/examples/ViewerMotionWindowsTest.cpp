@@ -96,6 +96,12 @@ TEST_F(ViewerReplay, EndsWhenAKeyTakesTheControls) {
     EXPECT_FALSE(viewer->isReplaying());
 }
 
+TEST_F(ViewerReplay, EndsWhenTheMouseTakesTheControls) {
+    viewer->replay(std::vector<qelview::MotionStep>(10, {0, 0, 0, 10, 0, 0}));
+    play("down left 100 100");
+    EXPECT_FALSE(viewer->isReplaying());
+}
+
 /// A thousand events of a mouse that somebody plays about with.
 std::string restlessMouse() {
     constexpr std::array<const char*, 3> kButtons{"left", "middle", "right"};

@@ -113,6 +113,15 @@ TEST_F(ViewerMouse, KeepsToTheFirstButton) {
     EXPECT_EQ(camera().getDragButton(), 0);
 }
 
+TEST_F(ViewerMouse, LetsNothingElseMoveTheCameraDuringADrag) {
+    play("down left 160 120\nmove 200 100");
+    const std::string before = cameraNow();
+    play("wheel 3 160 120\nkey 0\nkey F\nkey O");
+    EXPECT_EQ(cameraNow(), before);
+    play("up left 200 100\nkey O");
+    EXPECT_TRUE(camera().isOrtho());
+}
+
 TEST_F(ViewerMouse, ShowsRingsWhileItRotatesAndOnlyThen) {
     constexpr qel::test::Rgba kWhite{255, 255, 255, 255};
     const std::size_t before = picture().countOf(kWhite);

@@ -87,7 +87,10 @@ void addWindowOptions(CLI::App& app, Options& options) {
             ->type_name("FILE");
     app.add_option("--motion", options.motion, "Replay recorded six-axis input in the window")
         ->type_name("FILE")
-        ->excludes(script);
+        ->excludes(script)
+        ->excludes("--out")
+        ->excludes("--views-out")
+        ->excludes("--capture");
     app.add_option("--tour", options.tour,
                    "Write a picture with a tile for each thing there is to see and end")
         ->type_name("FILE.png")

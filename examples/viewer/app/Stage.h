@@ -20,7 +20,8 @@
 namespace qelview {
 
 /// A scene on a window: the module's display, its camera, a symbol, and what is drawn with them. Lives on the
-/// thread of the window. Places in the view are pixels from its lower left corner.
+/// thread of the window. Places in the view are pixels from its lower left corner. Everything is drawn with
+/// OpenGL 1.1; no extension is asked for.
 class Stage {
   public:
     /// Null if the window gets no OpenGL context.

@@ -15,6 +15,10 @@ bool ViewerWindow::handleKey(WPARAM key) {
     if (wanted.command == Command::Nothing) {
         return false;
     }
+    // A drag goes on from the camera of its press: nothing else may move it meanwhile.
+    if (gesture.isActive() && wanted.command != Command::Leave) {
+        return true;
+    }
     stage->annotations().notice.clear();
     // Whoever takes the controls ends a demonstration.
     motion.clear();
@@ -131,6 +135,10 @@ void ViewerWindow::openFiles(const std::vector<std::string>& files) {
     }
     EnableWindow(window.get(), TRUE);
     isLoading = false;
+    if (surroundings.isAttended) {
+        // The progress went while this window could not take its place.
+        SetForegroundWindow(window.get());
+    }
     if (!reason.empty()) {
         refuse(reason);
     }

@@ -82,6 +82,7 @@ void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
         return;
     }
     stage->annotations().notice.clear();
+    motion.clear();
     SetCapture(window.get());
     stage->camera().onButtonDown(dragOf(gesture.tool()), place.x, place.y);
 }
@@ -148,6 +149,9 @@ void ViewerWindow::rotateAbout(LPARAM position) {
 }
 
 void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
+    if (gesture.isActive()) {
+        return;
+    }
     // The wheel alone gives its position on the screen.
     POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     ScreenToClient(window.get(), &onScreen);
