@@ -18,4 +18,11 @@ namespace qel {
     return INT32_MIN;
 }
 
+/// True for window positions that a driver can be asked about. Drivers add sizes to positions in 32 bits, and
+/// some read wild memory where that overflows; nothing is ever drawn so far out.
+[[nodiscard]] constexpr bool isReadablePixel(std::int32_t x, std::int32_t y) noexcept {
+    constexpr std::int32_t kFarthest = 1 << 24;
+    return x > -kFarthest && x < kFarthest && y > -kFarthest && y < kFarthest;
+}
+
 }  // namespace qel

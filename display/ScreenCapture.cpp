@@ -84,6 +84,7 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
         releaseBitmap();
         return false;
     }
+    releaseOtherContext();
     const std::uint8_t depth = depthThatIsDrawnRight(captureDC);
     if ((depth != kFileDepth && !createSection(depth)) || !captureContext.createForDC(captureDC, depth)) {
         captureContext.dropLeftovers();
@@ -92,6 +93,19 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
     }
     font.build(captureDC);
     return true;
+}
+
+// Where contexts of windows and of bitmaps are served by two libraries that do not hear of each other, the
+// window's one believes to be current all the time, and binds nothing when the window is made current again.
+void ScreenCapture::releaseOtherContext() const {
+    if (wglGetCurrentContext() != captureContext.renderContext()) {
+        wglMakeCurrent(nullptr, nullptr);
+    }
+}
+
+void ScreenCapture::makeCurrent() {
+    releaseOtherContext();
+    captureContext.makeCurrent();
 }
 
 bool ScreenCapture::createSection(std::uint8_t depth) {
@@ -112,7 +126,9 @@ bool ScreenCapture::createSection(std::uint8_t depth) {
 }
 
 void ScreenCapture::readPixels() {
-    // The section's memory is only up to date once OpenGL has finished with it.
+    // The section's memory is only up to date once OpenGL has finished with it; the host may have left
+    // another context current.
+    makeCurrent();
     glFinish();
     // GDI fills in the size of the picture, which the file leaves at 0: so it gets a copy of the header.
     BITMAPINFO info{};

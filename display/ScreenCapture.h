@@ -32,10 +32,11 @@ class ScreenCapture {
 
     [[nodiscard]] bool isActive() const noexcept { return captureContext.isInitialised(); }
     [[nodiscard]] HGLRC renderContext() const noexcept { return captureContext.renderContext(); }
-    void makeCurrent() { captureContext.makeCurrent(); }
+    void makeCurrent();
     [[nodiscard]] const BitmapFont& textFont() const noexcept { return font; }
 
   private:
+    void releaseOtherContext() const;
     bool createSection(std::uint8_t depth);
     void readPixels();
     [[nodiscard]] std::uint32_t pixelBytes() const noexcept { return captureWidth * captureHeight * 3; }

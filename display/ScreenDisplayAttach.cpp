@@ -47,10 +47,14 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
     if (glStateReady) {
         return 0;
     }
-    makeCurrent();
+    // The window's context, also in the middle of a capture.
+    wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext);
     setInitialState();
     font.build(qel::toHandle<HDC>(deviceContext));
     glStateReady = true;
+    if (capture.isActive()) {
+        capture.makeCurrent();
+    }
     return 0;
 }
 

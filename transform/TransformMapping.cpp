@@ -1,4 +1,5 @@
 #include "CQelTransform2d.h"
+#include "PixelPackScope.h"
 #include "QelGl.h"
 #include "QelTruncate.h"
 
@@ -28,7 +29,8 @@ bool CQelTransform2d::applyProjection() {
             qel::truncateToInt(deviceExtent.xmin), qel::truncateToInt(deviceExtent.xmax),
             qel::truncateToInt(deviceExtent.ymin), qel::truncateToInt(deviceExtent.ymax)};
         fitExtentToDevice(rectangle, viewExtent, viewExtent);
-        fitPending = false;
+        // A minimised window has no shape to fit to: the next one does.
+        fitPending = rectangle.left == rectangle.right || rectangle.top == rectangle.bottom;
     }
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -85,7 +87,10 @@ void CQelTransform2d::projectPoint(const qel::XPnt3d& point, std::int32_t& x, st
 qel::XPnt3d CQelTransform2d::unprojectPixel(std::int32_t x, std::int32_t y) {
     const std::int32_t row = qel::truncateToInt(deviceExtent.HightY() - y);
     GLfloat depth = 0.0F;
-    glReadPixels(x, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+    if (qel::isReadablePixel(x, row)) {
+        const qel::PixelPackScope packing;
+        glReadPixels(x, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+    }
     if (!depthPicking) {
         depth = 0.0F;
     }

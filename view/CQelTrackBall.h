@@ -156,18 +156,22 @@ class CQelTrackBall : public IQelTrackBall {
     };
 
     void makeDisplayCurrent();
+    /// Window depth of a pixel of the back buffer; 1 outside of it.
+    [[nodiscard]] float depthAt(double x, double y);
     void holdDisplay(IQelDisplay* newDisplay);
     /// Half the vertical field of view as a tangent.
     [[nodiscard]] double tanHalfFieldOfView() const;
     /// Model-space width of the view at the rotation centre.
     double viewSpanAtCenter();
+    /// The same at a window depth, in perspective.
+    double viewSpanAtDepth(double depth);
     double meanOfDepthBuffer(std::size_t& count) const;
     void panTo(double x, double y);
     void rotateTo(double x, double y);
     void fitQuickly(const qel::Enve3d& box);
     void fitPrecisely(const qel::Enve3d& box);
     /// Eye and target in one step. A place that is not finite is refused: no later step could leave it.
-    void placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget);
+    bool placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget);
     void moveEyeAndTarget(const qel::XPnt3d& delta);
     void scaleEyeDistance(const qel::PixelRect& rect, bool inwards);
     /// The camera after a change of position: view and trackball sphere. Returns 1.
@@ -181,6 +185,7 @@ class CQelTrackBall : public IQelTrackBall {
 
     IQelDisplay* display = nullptr;
     IQelDisplay* owner = nullptr;
+    /// No OpenGL state is touched then: the context that is current belongs to somebody else.
     bool ownerGone = false;
     std::int32_t dragButton = 0;
     qel::Enve3d extent;

@@ -104,7 +104,8 @@ std::int32_t CQelTrackBall::drawFrame(double x, double y, double z, const qel::X
     qel::XPnt3d zAxis = qel::cross(xDir, yDir);
     zAxis.normalize();
     const double reach = ortho ? orthoBox.right : qel::dist(point, eye) * tanHalfFieldOfView();
-    const double length = reach * (ortho ? kTripodShareInOrtho : kFrameUnit * static_cast<double>(size));
+    const double length =
+        ortho ? reach * kTripodShareInOrtho : reach * kFrameUnit * static_cast<double>(size);
     glLineWidth(2.0F);
     xAxis *= length;
     yAxis *= length;

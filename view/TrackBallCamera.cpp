@@ -14,8 +14,7 @@ std::int32_t CQelTrackBall::onResize(std::uint32_t width, std::uint32_t height) 
         return 1;
     }
     makeDisplayCurrent();
-    glViewport(0, 0, static_cast<GLsizei>(width), static_cast<GLsizei>(height));
-    viewportDirty = true;
+    CQelTrackBall::setViewport(0, 0, static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
     viewWidth = static_cast<float>(width);
     viewHeight = static_cast<float>(height);
     aspect = static_cast<double>(viewWidth / viewHeight);
@@ -27,16 +26,16 @@ std::int32_t CQelTrackBall::onResize(std::uint32_t width, std::uint32_t height) 
 
 std::int32_t CQelTrackBall::setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
                                         std::int32_t height) {
-    glViewport(x, y, width, height);
-    viewportDirty = true;
+    if (!ownerGone) {
+        glViewport(x, y, width, height);
+        viewportDirty = true;
+    }
     return 0;
 }
 
 std::int32_t CQelTrackBall::restoreViewport() {
-    glViewport(0, 0, qel::truncateToInt(static_cast<double>(viewWidth)),
-               qel::truncateToInt(static_cast<double>(viewHeight)));
-    viewportDirty = true;
-    return 0;
+    return CQelTrackBall::setViewport(0, 0, qel::truncateToInt(static_cast<double>(viewWidth)),
+                                      qel::truncateToInt(static_cast<double>(viewHeight)));
 }
 
 std::int32_t CQelTrackBall::updateView() {
@@ -46,6 +45,9 @@ std::int32_t CQelTrackBall::updateView() {
 }
 
 std::int32_t CQelTrackBall::applyProjection() {
+    if (ownerGone) {
+        return 0;
+    }
     makeDisplayCurrent();
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -60,6 +62,9 @@ std::int32_t CQelTrackBall::applyProjection() {
 }
 
 std::int32_t CQelTrackBall::applyModelview() {
+    if (ownerGone) {
+        return 0;
+    }
     makeDisplayCurrent();
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
@@ -71,7 +76,7 @@ std::int32_t CQelTrackBall::applyModelview() {
 // The mono view comes back with applyModelview; until then the cached model-view stays the mono one, so
 // picking works the same whichever eye was drawn last.
 std::int32_t CQelTrackBall::applyStereoModelview(double offset) {
-    if (!qel::areFinite(offset)) {
+    if (ownerGone || !qel::areFinite(offset)) {
         return 0;
     }
     const qel::XPnt3d direction = eye - target;
@@ -150,13 +155,13 @@ std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
 }
 
 double CQelTrackBall::viewSpanAtCenter() {
-    if (isOrtho()) {
-        return orthoBox.right - orthoBox.left;
-    }
-    const double depth = projectPnt(rotationCenter).z;
+    return isOrtho() ? orthoBox.right - orthoBox.left : viewSpanAtDepth(projectPnt(rotationCenter).z);
+}
+
+double CQelTrackBall::viewSpanAtDepth(double depth) {
     const qel::XPnt3d corner = unProject(0.0, 0.0, depth);
-    // Along the window's y axis by the view's width: the scale of the two axes is the same, and this is the
-    // axis that the sphere's radius has always been measured on.
+    // Along the window's y axis by the view's width: pixels are square, and hosts that measure the sphere
+    // themselves do it on this axis.
     const qel::XPnt3d across = unProject(0.0, static_cast<double>(viewWidth), depth);
     return qel::dist(corner, across);
 }

@@ -51,8 +51,8 @@ void CQelTrackBall::readDepthBuffer() {
         // What lies outside OpenGL's buffer is never read and stays background.
         std::fill_n(depthBuffer.get(), areaOf(width, height), 1.0F);
     }
-    glReadBuffer(GL_BACK);
-    {
+    if (!ownerGone) {
+        glReadBuffer(GL_BACK);
         const qel::PixelPackScope packing;
         glReadPixels(0, 0, depthWidth, depthHeight, GL_DEPTH_COMPONENT, GL_FLOAT, depthBuffer.get());
     }

@@ -66,8 +66,11 @@ std::int32_t CQelTrackBall::setExtent(qel::Enve3d newExtent, bool zoom) {
     }
     const bool flat = !newExtent.hasZ();
     giveZ(newExtent);
+    const double diagonal = newExtent.getDiagonal();
+    if (!std::isfinite(diagonal * kFarDiagonals)) {
+        return -1;
+    }
     extent = newExtent;
-    const double diagonal = extent.getDiagonal();
     zNear = diagonal / kNearShareOfDiagonal;
     zFar = diagonal * kFarDiagonals;
     if (zoom) {

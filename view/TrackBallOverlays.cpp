@@ -103,7 +103,7 @@ std::int32_t CQelTrackBall::drawLabel(double x, double y, double z, double dx, d
         return -1;
     }
     const qel::XPnt3d window = project(x, y, z);
-    if (window.z < 0.0 || window.z > 1.0) {
+    if (!(window.z >= 0.0 && window.z <= 1.0)) {
         return -1;
     }
     glMatrixMode(GL_PROJECTION);

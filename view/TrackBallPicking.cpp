@@ -18,15 +18,6 @@ constexpr double kPickReach = 20.0;
 constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
 constexpr double kOnPlane = 0.000001;
 
-float depthAt(double x, double y) {
-    // Outside the buffer nothing is read: background.
-    float depth = 1.0F;
-    glReadBuffer(GL_BACK);
-    const qel::PixelPackScope packing;
-    glReadPixels(qel::truncateToInt(x), qel::truncateToInt(y), 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
-    return depth;
-}
-
 /// Mean depth of what is drawn in the square around a window position; false if nothing is.
 bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, double& mean) {
     const double left = std::max(0.0, x - kPickReach);
@@ -128,6 +119,19 @@ qel::XPnt3d CQelTrackBall::projectPnt(const qel::XPnt3d& modelPoint) {
     return project(modelPoint.x, modelPoint.y, modelPoint.z);
 }
 
+float CQelTrackBall::depthAt(double x, double y) {
+    // Outside the buffer nothing is read: background.
+    float depth = 1.0F;
+    const std::int32_t column = qel::truncateToInt(x);
+    const std::int32_t row = qel::truncateToInt(y);
+    if (!ownerGone && qel::isReadablePixel(column, row)) {
+        glReadBuffer(GL_BACK);
+        const qel::PixelPackScope packing;
+        glReadPixels(column, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+    }
+    return depth;
+}
+
 qel::XPnt3d CQelTrackBall::getModelPntAt(double x, double y) {
     if (!qel::areFinite(x, y)) {
         return qel::XPnt3d::invalid();
@@ -141,8 +145,8 @@ qel::XPnt3d CQelTrackBall::pickModelPnt(double x, double y) {
         return target;
     }
     double depth = static_cast<double>(depthAt(x, y));
-    if (depth >= 1.0 &&
-        !meanDepthAround(x, y, static_cast<double>(viewWidth), static_cast<double>(viewHeight), depth)) {
+    if (depth >= 1.0 && (ownerGone || !meanDepthAround(x, y, static_cast<double>(viewWidth),
+                                                       static_cast<double>(viewHeight), depth))) {
         depth = getMeanDepth();
     }
     return unProject(x, y, depth);

@@ -33,8 +33,12 @@ qel::XPnt3d turned(const qel::XPnt3d& point, const qel::matrix<float>& rotation)
 }  // namespace
 
 std::int32_t CQelTrackBall::updateSphereRadius() {
+    // Orthographic views need no depth, but the projection has the new matrices read back now: later OpenGL
+    // may hold the host's pixel coordinates.
+    const double depth = projectPnt(rotationCenter).z;
     const float halfDiagonal = static_cast<float>(extent.getDiagonal() * 0.5);
-    const float span = static_cast<float>(viewSpanAtCenter());
+    const float span =
+        static_cast<float>(isOrtho() ? orthoBox.right - orthoBox.left : viewSpanAtDepth(depth));
     // A view without a size has no sphere yet; the next resize computes it.
     if (!(span > 0.0F) || !qel::areFinite(span)) {
         return 0;
@@ -114,10 +118,13 @@ std::int32_t CQelTrackBall::applyDragRotation() {
     // Always from the camera as it was at the press: no error adds up over a drag.
     const qel::XPnt3d center = rotationCenter;
     dragRotation.transpose();
-    placeEyeAndTarget(turned(dragEye - center, dragRotation) + center,
-                      turned(dragTarget - center, dragRotation) + center);
-    up = turned(dragUp, dragRotation);
-    up.normalize();
+    qel::XPnt3d newUp = turned(dragUp, dragRotation);
+    newUp.normalize();
+    const bool isPlaced = placeEyeAndTarget(turned(dragEye - center, dragRotation) + center,
+                                            turned(dragTarget - center, dragRotation) + center);
+    if (isPlaced && qel::isFinite(newUp)) {
+        up = newUp;
+    }
     dragRotation.transpose();
     const qel::matrix<float> inverse = dragRotation.inverse();
     sphereStartView = turned(sphereStart, inverse);

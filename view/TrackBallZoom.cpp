@@ -24,11 +24,13 @@ std::int32_t CQelTrackBall::updateViewAndSphere() {
     return 1;
 }
 
-void CQelTrackBall::placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget) {
-    if (qel::isFinite(newEye) && qel::isFinite(newTarget)) {
+bool CQelTrackBall::placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget) {
+    const bool isFinite = qel::isFinite(newEye) && qel::isFinite(newTarget);
+    if (isFinite) {
         eye = newEye;
         target = newTarget;
     }
+    return isFinite;
 }
 
 void CQelTrackBall::moveEyeAndTarget(const qel::XPnt3d& delta) {

@@ -104,9 +104,7 @@ TEST(DisplayLife, LeavesAHeldControllerWithoutADisplayThatDrawsNothing) {
     const Picture before = Picture::ofFrame();
     const CallTrace trace;
     useAll(*controller);
-    EXPECT_TRUE(callsMatch(trace.calls("glBegin", "glCallLists", "glBitmap", "gluSphere", "gluCylinder",
-                                       "gluDisk", "glDrawArrays", "wglMakeCurrent", "SwapBuffers"),
-                           {}));
+    EXPECT_TRUE(callsMatch(trace.calls(), trace.calls("glGet", "gluProject", "gluUnProject")));
     EXPECT_TRUE(Picture::ofFrame() == before);
 }
 

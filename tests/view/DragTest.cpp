@@ -260,6 +260,17 @@ struct HardView {
 };
 
 /// No direction to look in, no up, a centre beside the eye or beyond all measure: the camera stays a camera.
+TEST_F(Drag, AnUpVectorTooLongToTurnIsKept) {
+    begin(*camera);
+    camera->setCamera({0.0, 0.0, 100.0}, {}, {1.7e308, 1.7e308, 0.0});
+    // Pixel coordinates of the host's make a matrix that can be inverted again.
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    camera->onButtonDown(2, 120.0, 50.0);
+    camera->onMouseMove(100.0, 80.0);
+    EXPECT_TRUE(isFinitePlacement(Placement(*camera))) << Placement(*camera);
+}
+
 TEST_F(Drag, NoLegalCallMakesTheCameraNotANumber) {
     const HardView views[] = {
         {"eye on target", {1.0, 2.0, 3.0}, {1.0, 2.0, 3.0}, {0.0, 1.0, 0.0}, {}},

@@ -13,6 +13,9 @@ TEST_F(CameraTrace, MovesLoadTheViewAndMeasureTheSphere) {
     const auto expected = [&] { return joined({loadView(), measureSphere(kCenter)}); };
     expectCalls([&] { EXPECT_EQ(view->moveBy(1.0, 2.0, 3.0), 1); }, expected);
     expectCalls([&] { EXPECT_EQ(view->pan(1.0, 2.0), 1); }, expected);
+    view->setOrtho();
+    expectCalls([&] { EXPECT_EQ(view->moveBy(1.0, 2.0, 3.0), 1); }, expected);
+    expectCalls([&] { EXPECT_EQ(view->pan(1.0, 2.0), 1); }, expected);
 }
 
 TEST_F(CameraTrace, ZoomAtFindsThePointThenMovesThenRebuildsBoxViewAndSphere) {
@@ -90,11 +93,11 @@ TEST_F(CameraTrace, StandardViewsFitTheModel) {
     EXPECT_TRUE(callsMatch(calls, joined({{"makeCurrent"}, loadView(), measureSphere(kMiddle)})));
 }
 
-TEST_F(CameraTrace, OrthographicViewsOfAnExtentNeedNoDepth) {
+TEST_F(CameraTrace, OrthographicViewsOfAnExtentMeasureTheSphereInTheirBox) {
     const Calls calls = traced([&] {
         EXPECT_EQ(view->setOrthoView({}, {0.0, 0.0, -1.0}, {0.0, 1.0, 0.0}, kBox), 0);
     });
-    EXPECT_TRUE(callsMatch(calls, loadView()));
+    EXPECT_TRUE(callsMatch(calls, joined({loadView(), measureSphere(kMiddle)})));
 }
 
 TEST_F(CameraTrace, LookAtTriangleWaitsForTheCallerToLoadTheView) {

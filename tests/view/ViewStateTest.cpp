@@ -246,6 +246,30 @@ TEST_F(CameraDisplay, GoneWithTheOwnerLeavesACameraThatDrawsNothing) {
     EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), {}));
 }
 
+TEST_F(CameraDisplay, GoneWithTheOwnerLeavesTheStateOfOtherViewsAlone) {
+    const GlSurface surface(64, 64);
+    view->setOwner(display.get());
+    view->setDisplay(display.get());
+    view->onResize(64, 64);
+    view->ownerGoes();
+    const CallTrace trace;
+    view->onResize(32, 32);
+    view->setViewport(1, 2, 3, 4);
+    view->restoreViewport();
+    view->setStandardView(6);
+    view->zoomToModel(true);
+    view->zoomAt(0.05F, 10, 10);
+    view->setRotationCenterAt(10, 10);
+    view->applyStereoModelview(3.0);
+    view->setOrtho();
+    view->refreshDepth();
+    EXPECT_EQ(view->getWidth(), 32.0F);
+    // Looking is allowed; changing is not.
+    const Calls looking = trace.calls("glGet", "gluProject", "gluUnProject");
+    EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), looking));
+    EXPECT_FALSE(looking.empty());
+}
+
 TEST_F(CameraDisplay, GoneWithTheOwnerStaysGoneUntilThereIsAnother) {
     const GlSurface surface(64, 64);
     view->onResize(64, 64);

@@ -112,10 +112,12 @@ class CameraTrace : public ::testing::Test {
         return joined({loadProjection(view->isOrtho() ? anyOrthoCall() : perspectiveCall()),
                        loadModelview(view->getEye(), view->getTarget(), view->getUp())});
     }
-    /// The size of the trackball sphere after that, in perspective.
-    static Calls measureSphere(const XPnt3d& center) {
-        return joined({readBack("mp"), projectCall(center), unProjectCall(0.0, 0.0),
-                       unProjectCall(0.0, static_cast<double>(kTraceWidth))});
+    /// The size of the trackball sphere after that.
+    Calls measureSphere(const XPnt3d& center) const {
+        const Calls centerCalls = joined({readBack("mp"), projectCall(center)});
+        return view->isOrtho() ? centerCalls
+                               : joined({centerCalls, unProjectCall(0.0, 0.0),
+                                         unProjectCall(0.0, static_cast<double>(kTraceWidth))});
     }
     /// The point in the middle of the view.
     static Calls findMiddle() { return unProjectCall(kTraceWidth * 0.5, kTraceHeight * 0.5); }

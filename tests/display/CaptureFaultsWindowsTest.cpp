@@ -1,0 +1,187 @@
+#include "CaptureFixture.h"
+
+namespace qel::test {
+namespace {
+
+/// What stands for a file that could not be opened.
+constexpr std::int64_t kNoFile = -1;
+
+struct Fault {
+    const char* function;
+    int nth;
+    std::int64_t answer;
+    std::int32_t begins;
+    /// What a second attempt without the fault finds: the file that the first one wrote, or none.
+    bool writes;
+    const char* name;
+};
+
+/// How many more of the capture's objects were made than given back.
+std::string balance(const CallTrace& trace) {
+    const auto open = [&trace](std::initializer_list<const char*> made, const char* given) {
+        long count = -static_cast<long>(trace.count(given));
+        for (const char* const name : made) {
+            count += static_cast<long>(trace.count(name));
+        }
+        return std::to_string(count);
+    };
+    return open({"CreateCompatibleDC"}, "DeleteDC") + " device contexts, " +
+           open({"CreateDIBSection", "CreateFontW"}, "DeleteObject") + " GDI objects, " +
+           open({"wglCreateContext"}, "wglDeleteContext") + " contexts";
+}
+
+constexpr char kBalanced[] = "0 device contexts, 0 GDI objects, 0 contexts";
+
+class CaptureFaults : public Capture, public ::testing::WithParamInterface<Fault> {};
+
+TEST_P(CaptureFaults, LeaveADisplayThatWorksAndGivesEverythingBack) {
+    const Census before = censusAfterFirstUse();
+    const Picture picture = windowFrame();
+    {
+        CallTrace trace;
+        trace.answer(GetParam().function, GetParam().answer, GetParam().nth);
+        EXPECT_EQ(begin(64, 40), GetParam().begins);
+        if (GetParam().begins != 0) {
+            EXPECT_EQ(currentContext(), context);
+        }
+        drawHostsScene();
+        EXPECT_EQ(display->saveBitmap(), 0);
+    }
+    EXPECT_EQ(file.exists() && file.size() == 54U + 64 * 40 * 3, GetParam().writes);
+
+    // Without the fault: the bitmap is written and the window is back.
+    if (!GetParam().writes) {
+        ASSERT_EQ(begin(64, 40), 0);
+        drawHostsScene();
+        EXPECT_EQ(display->saveBitmap(), 0);
+        EXPECT_EQ(file.size(), 54U + 64 * 40 * 3);
+    }
+    EXPECT_EQ(currentContext(), context);
+    EXPECT_TRUE(windowFrame() == picture);
+    EXPECT_EQ(Census::now(), before);
+}
+
+TEST_P(CaptureFaults, LeaveNoHandleBehind) {
+    TestWindow other(64, 64);
+    HeldDisplay passing;
+    passing.attach(other);
+    CallTrace trace;
+    trace.answer(GetParam().function, GetParam().answer, GetParam().nth);
+    Enve2d extent = wholeView();
+    const std::int32_t begun = passing->beginCapture(64, 40, &extent, file.name());
+    passing->saveBitmap();
+    trace.passOn();
+    passing.release();
+
+    EXPECT_EQ(begun, GetParam().begins);
+    // The window's context was made before the trace. What could not be made has nothing to give back.
+    const std::string name = GetParam().function;
+    const std::string expected = std::string(name == "CreateCompatibleDC" ? "1" : "0") +
+                                 " device contexts, " + (name == "CreateDIBSection" ? "1" : "0") +
+                                 " GDI objects, -1 contexts";
+    EXPECT_EQ(balance(trace), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(In, CaptureFaults,
+                         ::testing::Values(Fault{"CreateCompatibleDC", 1, 0, -1, false, "CreateCompatibleDC"},
+                                           Fault{"CreateDIBSection", 1, 0, -1, false, "CreateDIBSection"},
+                                           Fault{"CreateDIBSection", 2, 0, -1, false, "TheDeepSection"},
+                                           Fault{"ChoosePixelFormat", 0, 0, -1, false, "ChoosePixelFormat"},
+                                           Fault{"ChoosePixelFormat", 2, 0, -1, false,
+                                                 "TheLastChoosePixelFormat"},
+                                           Fault{"SetPixelFormat", 1, 0, -1, false, "SetPixelFormat"},
+                                           Fault{"DescribePixelFormat", 1, 0, 0, true, "DescribePixelFormat"},
+                                           Fault{"wglCreateContext", 1, 0, 0, true, "wglCreateContext"},
+                                           Fault{"glGenLists", 1, 0, 0, true, "glGenLists"},
+                                           Fault{"CreateFontW", 1, 0, 0, true, "CreateFontW"},
+                                           Fault{"wglUseFontBitmapsW", 1, 0, 0, true, "wglUseFontBitmapsW"},
+                                           Fault{"GetDIBits", 1, 0, 0, true, "GetDIBits"},
+                                           Fault{"CreateFileW", 1, kNoFile, 0, false, "CreateFileW"},
+                                           Fault{"WriteFile", 0, 0, 0, false, "WriteFile"}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
+
+using CaptureHandles = Capture;
+
+QString unwritableName() {
+    return QString::fromStdWString(
+        (std::filesystem::temp_directory_path() / "no such folder" / "picture.bmp").wstring());
+}
+
+TEST_F(CaptureHandles, OfACaptureThatCannotBeWrittenAreKeptAndTheDisplayStaysInTheCapture) {
+    Enve2d extent = wholeView();
+    ASSERT_EQ(display->beginCapture(100, 50, &extent, unwritableName()), 0);
+    const HGLRC ofCapture = currentContext();
+    const CallTrace trace;
+    EXPECT_EQ(display->saveBitmap(), 0);
+    const Calls expected{call("wglGetCurrentContext"),
+                         call("wglMakeCurrent", any, ofCapture),
+                         call("glFinish"),
+                         call("GetDIBits", anyArguments),
+                         call("DeleteDC", any),
+                         call("CreateFileW", anyArguments)};
+    EXPECT_TRUE(callsMatch(trace.calls(), expected));
+    EXPECT_EQ(currentContext(), ofCapture);
+    GLint viewport[4] = {};
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    EXPECT_EQ(viewport[2], 100);
+}
+
+TEST_F(CaptureHandles, OfAFileThatBecomesWritableAreGivenBackByTheNextSave) {
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "capture made later";
+    std::filesystem::remove_all(folder);
+    const Picture inWindow = windowFrame();
+    Enve2d extent = wholeView();
+    ASSERT_EQ(display->beginCapture(kWidth, kHeight, &extent,
+                                    QString::fromStdWString((folder / "picture.bmp").wstring())),
+              0);
+    drawHostsScene();
+    EXPECT_EQ(display->saveBitmap(), 0);
+    std::filesystem::create_directories(folder);
+    EXPECT_EQ(display->saveBitmap(), 0);
+    EXPECT_EQ(std::filesystem::file_size(folder / "picture.bmp"), 54U + kWidth * kHeight * 3);
+    EXPECT_EQ(currentContext(), context);
+    EXPECT_TRUE(windowFrame() == inWindow);
+    std::filesystem::remove_all(folder);
+}
+
+TEST_F(CaptureHandles, OfRepeatedBeginsFailedSavesAndTheDestructorAreAllGivenBack) {
+    const Census before = censusAfterFirstUse();
+    const CallTrace trace;
+    {
+        const TestWindow other(64, 64);
+        const HeldDisplay passing;
+        passing.attach(other);
+        for (int round = 0; round < 20; ++round) {
+            Enve2d extent = wholeView();
+            const bool writable = round % 4 == 3;
+            ASSERT_EQ(passing->beginCapture(32, 20, &extent, writable ? file.name() : unwritableName()), 0);
+            if (round % 2 == 1) {
+                passing->saveBitmap();
+            }
+        }
+    }
+    EXPECT_EQ(balance(trace), kBalanced);
+    EXPECT_EQ(trace.count("wglCreateContext"), 21U);
+    EXPECT_EQ(Census::now(), before);
+}
+
+TEST_F(CaptureHandles, OfAWindowThatIsGoneDuringTheCaptureAreGivenBack) {
+    const Census before = censusAfterFirstUse();
+    {
+        HeldDisplay passing;
+        {
+            const TestWindow other(64, 64);
+            passing.attach(other);
+            Enve2d extent = wholeView();
+            ASSERT_EQ(passing->beginCapture(32, 20, &extent, file.name()), 0);
+        }
+        EXPECT_EQ(passing->saveBitmap(), 0);
+        EXPECT_EQ(file.size(), 54U + 32 * 20 * 3);
+    }
+    const Census after = Census::now();
+    EXPECT_EQ(after.gdiHandles, before.gdiHandles);
+    EXPECT_EQ(after.glContexts, before.glContexts);
+}
+
+}  // namespace
+}  // namespace qel::test

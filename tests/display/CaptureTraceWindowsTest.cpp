@@ -1,0 +1,274 @@
+#include "CaptureFixture.h"
+#include "kit/StateSnapshot.h"
+
+namespace qel::test {
+namespace {
+
+constexpr GLuint kLists = 5000;
+
+BITMAPINFO sectionOf(std::int32_t width, std::int32_t height, std::uint16_t depth) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = 40;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = depth;
+    return info;
+}
+
+PIXELFORMATDESCRIPTOR bitmapFormat(std::uint8_t depth) {
+    PIXELFORMATDESCRIPTOR wanted{};
+    wanted.nSize = 40;
+    wanted.nVersion = 1;
+    wanted.dwFlags = PFD_DRAW_TO_BITMAP | PFD_SUPPORT_OPENGL;
+    wanted.iPixelType = PFD_TYPE_RGBA;
+    wanted.cColorBits = depth;
+    wanted.cDepthBits = 32;
+    return wanted;
+}
+
+/// Says which order of channels the system's choice for sections has; a real choice is never touched.
+class CaptureTraces : public Capture {
+  protected:
+    /// What belongs to the system, that is all but the state of OpenGL.
+    Calls systemCalls() const {
+        return trace.calls("wgl", "Create", "Delete", "Select", "ChoosePixelFormat", "SetPixelFormat",
+                           "DescribePixelFormat", "GetDIBits", "WriteFile", "CloseHandle", "ReleaseDC",
+                           "GetDC", "glFinish");
+    }
+
+    /// The calls from the first of a name on.
+    static Calls from(const Calls& calls, const std::string& first) {
+        const auto at = std::find_if(calls.begin(), calls.end(),
+                                     [&](const std::string& text) { return callMatches(text, first); });
+        return {at, calls.end()};
+    }
+
+    /// A section in the place of the one that is selected.
+    static Calls sectionSelected(int depth) {
+        return {call("CreateDIBSection", any, sectionOf(100, 50, static_cast<std::uint16_t>(depth)), 0, any,
+                     nullptr, 0),
+                call("SelectObject", any, any)};
+    }
+
+    static Calls sectionMadeCurrent(HDC section, HGLRC rc) {
+        return {call("wglGetCurrentContext"), call("wglMakeCurrent", section, rc)};
+    }
+
+    static Calls contextOn(HDC section, HGLRC rc, int depth) {
+        const auto bits = static_cast<std::uint8_t>(depth);
+        return {call("ChoosePixelFormat", section, bitmapFormat(bits)),
+                call("SetPixelFormat", section, any, bitmapFormat(bits)), call("wglCreateContext", section),
+                call("wglMakeCurrent", section, rc),
+                // Its font.
+                call("wglGetCurrentDC"), call("wglGetCurrentContext"), call("CreateFontW", anyArguments),
+                call("SelectObject", section, any), call("wglUseFontBitmapsW", section, 32, 96, any),
+                call("SelectObject", section, any), call("DeleteObject", any)};
+    }
+
+    CallTrace trace;
+};
+
+TEST_F(CaptureTraces, BeginWithTheSectionThenItsContextThenTheStateOfTheWindow) {
+    trace.clear();
+    ASSERT_EQ(begin(100, 50), 0);
+    const Calls made = systemCalls();
+    const CallTrace::Pause unrecorded;
+    const HDC section = wglGetCurrentDC();
+    const HGLRC rc = wglGetCurrentContext();
+    ASSERT_NE(rc, context);
+    // A driver whose 24-bit format has another order of channels gets a section of 32 bits.
+    const bool inDeepSection = trace.count("CreateDIBSection") == 2;
+
+    Calls expected{makesCurrent(), call("CreateCompatibleDC", widened(window.dc()))};
+    append(expected, sectionSelected(24));
+    // Drivers of windows and of bitmaps may not hear of each other.
+    append(expected, {call("wglGetCurrentContext"), call("wglMakeCurrent", nullptr, nullptr)});
+    append(expected, {call("ChoosePixelFormat", section, bitmapFormat(24)),
+                      call("DescribePixelFormat", section, any, 40, out)});
+    if (inDeepSection) {
+        append(expected, sectionSelected(32));
+        append(expected, {call("DeleteObject", any)});
+    }
+    append(expected, contextOn(section, rc, inDeepSection ? 32 : 24));
+    // Once for the state, and once for each matrix of the camera.
+    for (int time = 0; time < 3; ++time) {
+        append(expected, sectionMadeCurrent(section, rc));
+    }
+    EXPECT_TRUE(callsMatch(made, expected));
+}
+
+TEST_F(CaptureTraces, BeginByLoadingTheViewportTheBackColourTheCameraAndTheLights) {
+    display->setBackColor({0.25F, 0.5F, 0.75F});
+    camera().setOverlayOption(false);
+    trace.clear();
+    ASSERT_EQ(begin(100, 50), 0);
+
+    Calls expected{call("glGetIntegerv", GL_VIEWPORT, out),
+                   call("glViewport", 0, 0, 100, 50),
+                   call("glClearColor", 0.25F, 0.5F, 0.75F, 1),
+                   call("glClear", GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT),
+                   call("glMatrixMode", GL_PROJECTION),
+                   call("glLoadIdentity"),
+                   call("gluPerspective", anyArguments),
+                   call("glMatrixMode", GL_MODELVIEW),
+                   call("glLoadIdentity"),
+                   call("gluLookAt", anyArguments)};
+    append(expected, lightsSet(Verbatim{"*"}, Verbatim{"*"}));
+    EXPECT_TRUE(callsMatch(from(trace.glCalls(), call("glGetIntegerv", GL_VIEWPORT, out)), expected));
+}
+
+/// Where the choice has the section's order of channels already, nothing else is tried.
+TEST_F(CaptureTraces, TakeTheSectionOf24BitsWhereItsFormatHasTheRightOrderOrIsNotDescribed) {
+    trace.answer("DescribePixelFormat", 0);
+    ASSERT_EQ(begin(100, 50), 0);
+    Calls expected = sectionSelected(24);
+    expected.resize(1);
+    EXPECT_TRUE(callsMatch(trace.callsOf("CreateDIBSection"), expected));
+}
+
+TEST_F(CaptureTraces, EndWithThePixelsThenTheFileThenTheWindow) {
+    trace.answer("glGenLists", kLists);
+    ASSERT_EQ(begin(100, 50), 0);
+    trace.passOn();
+    HDC section = nullptr;
+    HGLRC rc = nullptr;
+    {
+        const CallTrace::Pause unrecorded;
+        section = wglGetCurrentDC();
+        rc = wglGetCurrentContext();
+    }
+    trace.clear();
+    EXPECT_EQ(display->saveBitmap(), 0);
+
+    Calls expected = sectionMadeCurrent(section, rc);
+    append(expected, {call("glFinish"),
+                      call("GetDIBits", section, any, 0, 50, out, sectionOf(100, 50, 24), 0),
+                      call("DeleteDC", section),
+                      call("CreateFileW", file.name().toStdWString(), GENERIC_WRITE, 0, nullptr,
+                           CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr),
+                      call("WriteFile", any, any, 14, out, nullptr),
+                      call("WriteFile", any, any, 40, out, nullptr),
+                      call("WriteFile", any, any, 15000, out, nullptr),
+                      call("CloseHandle", any),
+                      call("glFinish"),
+                      call("DeleteObject", any),
+                      call("wglMakeCurrent", section, nullptr),
+                      call("wglDeleteContext", rc),
+                      call("ReleaseDC", nullptr, section),
+                      makesCurrent(),
+                      call("glViewport", 0, 0, kWidth, kHeight),
+                      makesCurrent(),
+                      call("glMatrixMode", GL_PROJECTION),
+                      call("glLoadIdentity"),
+                      call("gluPerspective", anyArguments),
+                      makesCurrent(),
+                      call("glMatrixMode", GL_MODELVIEW),
+                      call("glLoadIdentity"),
+                      call("gluLookAt", anyArguments)});
+    EXPECT_TRUE(callsMatch(trace.calls(), expected));
+    EXPECT_EQ(currentContext(), context);
+}
+
+TEST_F(CaptureTraces, OfASaveWithoutACaptureAreEmpty) {
+    trace.clear();
+    EXPECT_EQ(display->saveBitmap(), 0);
+    EXPECT_TRUE(callsMatch(trace.calls(), {}));
+    ASSERT_EQ(begin(8, 8), 0);
+    display->saveBitmap();
+    trace.clear();
+    EXPECT_EQ(display->saveBitmap(), 0);
+    EXPECT_TRUE(callsMatch(trace.calls(), {}));
+}
+
+void setFogAndTestsOfAHost() {
+    const GLfloat fog[] = {0.25F, 0.5F, 0.75F, 1};
+    glEnable(GL_FOG);
+    glFogi(GL_FOG_MODE, GL_LINEAR);
+    glFogf(GL_FOG_START, 10);
+    glFogf(GL_FOG_END, 20);
+    glFogf(GL_FOG_DENSITY, 0.5F);
+    glFogfv(GL_FOG_COLOR, fog);
+    glHint(GL_FOG_HINT, GL_FASTEST);
+    glEnable(GL_ALPHA_TEST);
+    glAlphaFunc(GL_GREATER, 0.5F);
+    glEnable(GL_COLOR_LOGIC_OP);
+    glLogicOp(GL_XOR);
+    glPolygonOffset(1.5F, 2);
+    glDepthMask(GL_FALSE);
+    glColorMask(GL_TRUE, GL_FALSE, GL_TRUE, GL_FALSE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+    const GLdouble plane[] = {1, 0, 0, 7};
+    glEnable(GL_CLIP_PLANE2);
+    glClipPlane(GL_CLIP_PLANE2, plane);
+}
+
+/// Whatever a host may have set before.
+void setStateOfAHost() {
+    glEnable(GL_BLEND);
+    glEnable(GL_CULL_FACE);
+    glEnable(GL_LINE_STIPPLE);
+    glEnable(GL_POINT_SMOOTH);
+    glEnable(GL_LIGHTING);
+    glEnable(GL_LIGHT3);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_NORMALIZE);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glDepthFunc(GL_GEQUAL);
+    glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    glShadeModel(GL_FLAT);
+    glCullFace(GL_FRONT);
+    glFrontFace(GL_CW);
+    glPolygonMode(GL_FRONT, GL_LINE);
+    glPolygonMode(GL_BACK, GL_POINT);
+    glLineStipple(3, 0x1234);
+    glLineWidth(2.5F);
+    glPointSize(3.5F);
+    glColor4f(0.1F, 0.2F, 0.3F, 0.4F);
+    const GLfloat diffuse[] = {0.9F, 0.8F, 0.7F, 0.6F};
+    const GLfloat place[] = {1, 2, 3, 1};
+    glLightfv(GL_LIGHT3, GL_DIFFUSE, diffuse);
+    glLightfv(GL_LIGHT3, GL_POSITION, place);
+    glLightf(GL_LIGHT3, GL_SPOT_CUTOFF, 40);
+    glLightf(GL_LIGHT3, GL_LINEAR_ATTENUATION, 0.5F);
+    setFogAndTestsOfAHost();
+}
+
+TEST_F(CaptureTraces, LeaveTheContextOfTheSectionInTheStateOfTheWindow) {
+    windowFrame();
+    for (const bool hostSetsState : {false, true}) {
+        SCOPED_TRACE(hostSetsState);
+        if (hostSetsState) {
+            setStateOfAHost();
+        }
+        // The rig stands in eye coordinates, so both contexts get it under the same camera.
+        camera().updateView();
+        display.own().setupLights();
+        const StateSnapshot ofWindow = StateSnapshot::take();
+        ASSERT_EQ(begin(kWidth, kHeight), 0);
+        EXPECT_TRUE(changesOnly(ofWindow, StateSnapshot::take(),
+                                // A section has one buffer; where text was drawn is no setting.
+                                {"GL_DRAW_BUFFER", "GL_READ_BUFFER", "GL_CURRENT_RASTER_*"}));
+        display->saveBitmap();
+        EXPECT_TRUE(changesOnly(ofWindow, StateSnapshot::take()));
+    }
+}
+
+TEST_F(CaptureTraces, LeaveTheWindowToAHostThatAttachesItInTheMiddle) {
+    windowFrame();
+    ASSERT_EQ(begin(kWidth, kHeight), 0);
+    const HGLRC ofSection = currentContext();
+    const StateSnapshot inSection = StateSnapshot::take();
+    // The first time that this display is given a context: its initial state is set there.
+    display->attachDC(display->getDC(), static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(context)));
+    EXPECT_EQ(currentContext(), ofSection);
+    EXPECT_TRUE(changesOnly(inSection, StateSnapshot::take()));
+    display->saveBitmap();
+    EXPECT_EQ(currentContext(), context);
+    EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
+    EXPECT_EQ(glIsEnabled(GL_BLEND), GL_TRUE);
+}
+
+}  // namespace
+}  // namespace qel::test

@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+
+#include "CQelTransform2d.h"
+#include "QelGl.h"
+#include "QelRefPtr.h"
+#include "kit/CallTrace.h"
+#include "kit/GlSurface.h"
+
+namespace qel::test {
+namespace {
+
+/// A planar view with a rectangle drawn over all of it, at a known depth.
+class PlanarReading : public ::testing::Test {
+  protected:
+    PlanarReading() {
+        transform->setDeviceExtent({0.0, 200.0, 0.0, 100.0, 0.0, 0.0});
+        transform->setViewExtent({0.0, 20.0, 0.0, 10.0, 0.0, 0.0});
+        transform->resizeViewport();
+        transform->setDepthPicking(true);
+        glEnable(GL_DEPTH_TEST);
+        glTranslated(0.0, 0.0, kHeightDrawn);
+        glRectd(0.0, 0.0, 20.0, 10.0);
+        glTranslated(0.0, 0.0, -kHeightDrawn);
+    }
+
+    double heightAt(std::int32_t x, std::int32_t y) {
+        XPnt3d point;
+        transform->deviceToWorld(x, y, point);
+        return point.z;
+    }
+
+    static constexpr double kHeightDrawn = 750.0;
+    /// Two steps of a 24-bit depth buffer over the 6000 units of the depth range.
+    static constexpr double kStep = 6000.0 / (1 << 24) * 2.0;
+
+    GlSurface surface{200, 100};
+    ref_ptr<CQelTransform2d> transform{new CQelTransform2d()};
+};
+
+TEST_F(PlanarReading, TakesNoNoticeOfTheLayoutThatTheHostReadsWith) {
+    constexpr GLenum kLayouts[] = {GL_PACK_SKIP_PIXELS, GL_PACK_SKIP_ROWS, GL_PACK_ROW_LENGTH};
+    for (const GLenum layout : kLayouts) {
+        glPixelStorei(layout, 3);
+    }
+    glPixelStorei(GL_PACK_SWAP_BYTES, GL_TRUE);
+    EXPECT_NEAR(heightAt(100, 50), kHeightDrawn, kStep);
+    GLint skipped = 0;
+    glGetIntegerv(GL_PACK_SKIP_PIXELS, &skipped);
+    EXPECT_EQ(skipped, 3);
+}
+
+TEST_F(PlanarReading, AsksNoDriverForPixelsThatNoWindowHas) {
+    constexpr std::int32_t kFar[] = {std::numeric_limits<std::int32_t>::max(),
+                                     std::numeric_limits<std::int32_t>::min(), 1 << 25};
+    for (const std::int32_t far : kFar) {
+        const CallTrace trace;
+        heightAt(far, 50);
+        heightAt(100, far);
+        EXPECT_EQ(trace.count("glReadPixels"), 0U) << far;
+        EXPECT_EQ(trace.count("gluUnProject"), 2U) << far;
+    }
+}
+
+TEST_F(PlanarReading, AsksForTheDepthThenForTheMatrices) {
+    const CallTrace trace;
+    heightAt(100, 40);
+    EXPECT_TRUE(
+        callsMatch(trace.calls("glRead", "glGet", "glu"),
+                   {call("glReadPixels", 100, 60, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, out),
+                    call("glGetDoublev", GL_PROJECTION_MATRIX, out),
+                    call("glGetDoublev", GL_MODELVIEW_MATRIX, out), call("glGetIntegerv", GL_VIEWPORT, out),
+                    call("gluUnProject", 100, 60, any, any, any, any, out, out, out)}));
+}
+
+TEST_F(PlanarReading, WaitsForAWindowWithAShapeBeforeItFitsAnExtent) {
+    transform->setDeviceExtent({0.0, 0.0, 0.0, 0.0, 0.0, 0.0});
+    transform->setViewExtent({0.0, 10.0, 0.0, 10.0, 0.0, 0.0});
+    transform->setFitPending(true);
+    transform->applyProjection();
+    EXPECT_EQ(transform->getViewExtent().xmin, 0.0);
+    transform->setDeviceExtent({0.0, 200.0, 0.0, 100.0, 0.0, 0.0});
+    transform->applyProjection();
+    EXPECT_DOUBLE_EQ(transform->getViewExtent().xmin, -5.0);
+}
+
+}  // namespace
+}  // namespace qel::test
