@@ -190,6 +190,18 @@ TEST_F(ViewerCaptures, GetANameOfTheirOwn) {
     EXPECT_NE(first->rgb, second->rgb);
 }
 
+TEST_F(ViewerCaptures, ShowTheMarkButNeitherHelpNorNoticeNorStrip) {
+    play("capture plain.bmp\nkey H\nmove 170 150\ncapture helped.bmp");
+    const auto plain = qelview::readBitmap("plain.bmp");
+    const auto helped = qelview::readBitmap("helped.bmp");
+    ASSERT_TRUE(plain.has_value() && helped.has_value());
+    EXPECT_EQ(plain->rgb, helped->rgb);
+    play("key H\ndown left 170 149\nup left 170 149\ncapture marked.bmp");
+    const auto marked = qelview::readBitmap("marked.bmp");
+    ASSERT_TRUE(marked.has_value());
+    EXPECT_GT(qel::test::pictureOf(*marked).countOf(kSignalColour, 2), 60U);
+}
+
 TEST_F(ViewerCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
     play("size 323 200\ncapture odd.bmp");
     const auto odd = qelview::readBitmap("odd.bmp");

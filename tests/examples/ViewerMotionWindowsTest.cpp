@@ -65,6 +65,28 @@ TEST_F(ViewerThinning, LeavesAFastSceneWhole) {
     EXPECT_EQ(cornersOf("down left 160 120\nmove 165 120"), full);
 }
 
+TEST_F(ViewerThinning, TellsTheTimeOfTheLastFrame) {
+    open(qelview::makeSampleScene(), slowFrames(20.0));
+    const qel::test::Picture before = picture();
+    EXPECT_EQ(stage().annotations().frameMilliseconds, 20.0);
+    stage().annotations().frameMilliseconds = 21.0;
+    // Only the strip shows it.
+    const qel::test::Picture after = picture();
+    EXPECT_NE(after, before);
+    EXPECT_EQ(after.countOf(qel::test::kSignalColour, 2), before.countOf(qel::test::kSignalColour, 2));
+}
+
+TEST_F(ViewerThinning, ShowsAllInPicturesEvenWhileTheCameraMoves) {
+    open(qelview::makeSampleScene(), slowFrames(120.0));
+    play("wheel 1 160 120");
+    stage().annotations().frameMilliseconds.reset();
+    const qel::test::Picture moving = picture();
+    send(WM_TIMER, qelview::ViewerWindow::kRestTimer, 0);
+    send(WM_PAINT, 0, 0);
+    stage().annotations().frameMilliseconds.reset();
+    EXPECT_EQ(picture(), moving);
+}
+
 class ViewerReplay : public OpenViewer {};
 
 TEST_F(ViewerReplay, MovesTheCameraOneStepEachTimeTheTimerFires) {

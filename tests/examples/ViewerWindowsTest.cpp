@@ -139,6 +139,38 @@ TEST_F(StageOnAWindow, WritesItsTextsAtTheEdges) {
     EXPECT_GT(bright, 50);
 }
 
+TEST_F(StageOnAWindow, MovesToAnotherWindowWithItsCamera) {
+    for (const bool isOrthographic : {false, true}) {
+        stage->setView(3);
+        if (isOrthographic) {
+            stage->switchProjection();
+            stage->fit();
+        }
+        stage->show();
+        const qelview::PixelImage before = stage->picture();
+        const qelview::OwnedWindow other = qelview::createHiddenWindow({320, 200});
+        std::unique_ptr<Stage> moved = stage->moveTo(other.get(), false);
+        ASSERT_NE(moved, nullptr);
+        EXPECT_EQ(moved->camera().isOrtho(), isOrthographic);
+        EXPECT_EQ(qel::dist(moved->camera().getEye(), stage->camera().getEye()), 0.0);
+        EXPECT_EQ(moved->picture().rgb, before.rgb);
+        moved.reset();
+    }
+}
+
+TEST_F(StageOnAWindow, ShowsAnotherScene) {
+    stage->setView(0);
+    const qelview::PixelImage before = stage->picture();
+    qelview::Scene other = crossingLines();
+    other.segments.pop_back();
+    stage->setScene(other);
+    stage->setView(0);
+    EXPECT_NE(stage->picture().rgb, before.rgb);
+    stage->setScene(crossingLines());
+    stage->setView(0);
+    EXPECT_EQ(stage->picture().rgb, before.rgb);
+}
+
 /// The finished program in its own window.
 class RunningViewer : public testing::Test {
   protected:

@@ -1,6 +1,5 @@
 #include "ScriptRun.h"
 
-#include <array>
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -9,6 +8,7 @@
 #include "CameraText.h"
 #include "FileInput.h"
 #include "MotionFile.h"
+#include "MouseMessages.h"
 #include "PngFile.h"
 #include "ReadError.h"
 #include "ReadFile.h"
@@ -19,19 +19,6 @@ namespace qelview {
 
 namespace {
 
-struct ButtonMessages {
-    UINT down;
-    UINT up;
-    WPARAM held;
-};
-
-/// In the order of `MouseButton`.
-constexpr std::array<ButtonMessages, 3> kButtons{{
-    {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON},
-    {WM_MBUTTONDOWN, WM_MBUTTONUP, MK_MBUTTON},
-    {WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON},
-}};
-
 std::filesystem::path pathOf(const ScriptStep& step) {
     return toWide(step.file);
 }
@@ -41,7 +28,7 @@ void send(const ViewerWindow& viewer, UINT message, WPARAM wParam, LPARAM lParam
 }
 
 void pressOrRelease(const ViewerWindow& viewer, const ScriptStep& step) {
-    const ButtonMessages& button = kButtons.at(static_cast<std::size_t>(step.button));
+    const ButtonMessages& button = kButtonMessages.at(static_cast<std::size_t>(step.button));
     const bool isDown = step.action == ScriptAction::Down;
     const WPARAM keys = (isDown ? button.held : 0) | (step.withShift ? WPARAM{MK_SHIFT} : WPARAM{0});
     send(viewer, isDown ? button.down : button.up, keys, MAKELPARAM(step.x, step.y));

@@ -1,5 +1,6 @@
 #include <windowsx.h>
 
+#include "MouseMessages.h"
 #include "ViewerWindow.h"
 
 /// The mouse of the viewer window.
@@ -34,26 +35,6 @@ constexpr int kSmallestRectangle = 4;
 
 bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_LBUTTONDOWN:
-            press(MouseButton::Left, wParam, lParam);
-            return true;
-        case WM_MBUTTONDOWN:
-        case WM_MBUTTONDBLCLK:
-            press(MouseButton::Middle, wParam, lParam);
-            return true;
-        case WM_RBUTTONDOWN:
-        case WM_RBUTTONDBLCLK:
-            press(MouseButton::Right, wParam, lParam);
-            return true;
-        case WM_LBUTTONUP:
-            release(MouseButton::Left);
-            return true;
-        case WM_MBUTTONUP:
-            release(MouseButton::Middle);
-            return true;
-        case WM_RBUTTONUP:
-            release(MouseButton::Right);
-            return true;
         case WM_LBUTTONDBLCLK:
             rotateAbout(lParam);
             return true;
@@ -70,8 +51,22 @@ bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
             zoom(wParam, lParam);
             return true;
         default:
-            return false;
+            return handleButton(message, wParam, lParam);
     }
+}
+
+bool ViewerWindow::handleButton(UINT message, WPARAM wParam, LPARAM lParam) {
+    for (const ButtonMessages& each : kButtonMessages) {
+        if (message == each.down || message == each.twice) {
+            press(each.button, wParam, lParam);
+            return true;
+        }
+        if (message == each.up) {
+            release(each.button);
+            return true;
+        }
+    }
+    return false;
 }
 
 void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {

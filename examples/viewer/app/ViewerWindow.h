@@ -77,6 +77,7 @@ class ViewerWindow {
     /// True if the message needs no further treatment.
     bool handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool handleMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    bool handleButton(UINT message, WPARAM wParam, LPARAM lParam);
     void resized(const ClientSize& size);
     void paint();
     /// Draws what is stale.
