@@ -78,6 +78,18 @@ TEST_F(ViewerMouse, KeepsThePointUnderTheCursorWhenTheWheelZooms) {
     }
 }
 
+TEST_F(ViewerMouse, LeavesTheSameShareOfTheWayWithEachNotchOfTheWheel) {
+    const qel::XPnt3d eye = camera().getEye();
+    const auto wayOf = [&](int notches) {
+        play("key 6\nwheel " + std::to_string(notches) + " 160 120");
+        return qel::dist(camera().getEye(), eye);
+    };
+    const double one = wayOf(1);
+    EXPECT_NEAR(wayOf(2) / one, 1.9, 1e-5);
+    EXPECT_NEAR(wayOf(10) / one, (1.0 - std::pow(0.9, 10)) / 0.1, 1e-5);
+    EXPECT_NEAR(wayOf(-2) / one, (1.0 / 0.81 - 1.0) / 0.1, 1e-5);
+}
+
 TEST_F(ViewerMouse, RotatesAboutThePointOfADoubleClick) {
     const qel::XPnt3d point = stage().pointAt(kOnModel);
     ASSERT_TRUE(point.isValid());
@@ -169,6 +181,12 @@ TEST_F(ViewerMouse, TellsThePointUnderTheMouseInTheStrip) {
     EXPECT_GT(inked(), withoutPoint + 50);
     send(WM_MOUSELEAVE, 0, 0);
     EXPECT_EQ(inked(), withoutPoint);
+}
+
+TEST_F(ViewerMouse, ShowsTheLastFrameAgainAsItWas) {
+    play("down left " + mouse(kOnModel) + "\nup left " + mouse(kOnModel));
+    const qel::test::Picture whole = picture();
+    EXPECT_EQ(qel::test::pictureOf(stage().overlayPicture(std::nullopt)), whole);
 }
 
 TEST_F(ViewerMouse, CountsCoordinatesFromTheOriginOfTheFiles) {

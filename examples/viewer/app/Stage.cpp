@@ -150,12 +150,14 @@ void Stage::switchLongAxes() {
 }
 
 void Stage::zoom(double notches, const PixelPlace& place) {
-    // Notch by notch: the camera slows a single long step, and each ratio outwards is that of a notch
-    // inwards.
-    for (double left = std::abs(notches); left > 0.0; left -= 1.0) {
-        const double step = kStepOfANotch * std::min(left, 1.0);
-        const double factor = notches > 0.0 ? step : -step / (1.0 - step);
-        camera().zoomAt(static_cast<float>(factor), place.x, place.y);
+    // Each notch leaves the same share of the way, in steps of one notch because the camera slows longer
+    // ones. The way is that of the last frame for all steps.
+    double left = 1.0;
+    for (double count = std::abs(notches); count > 0.0; count -= 1.0) {
+        const double share = std::pow(1.0 - kStepOfANotch, std::min(count, 1.0));
+        const double next = notches > 0.0 ? left * share : left / share;
+        camera().zoomAt(static_cast<float>(left - next), place.x, place.y);
+        left = next;
     }
 }
 

@@ -50,10 +50,11 @@ class Tour {
 
     void takeRings() {
         begin("Rings while the view is rotated");
-        stage.zoom(-9.0, {kTile.width / 2, kTile.height / 2});
         stage.show();
-        stage.camera().onButtonDown(kRotateDrag, kTile.width / 2 - 60, kTile.height / 2 - 30);
-        stage.camera().onMouseMove(kTile.width / 2 + 10, kTile.height / 2 + 15);
+        stage.zoom(-4.0, {kTile.width / 2, kTile.height / 2});
+        stage.show();
+        stage.camera().onButtonDown(kRotateDrag, kTile.width / 2 - 30, kTile.height / 2 + 10);
+        stage.camera().onMouseMove(kTile.width / 2 + 10, kTile.height / 2 + 25);
         sheet.add(stage.picture());
         stage.camera().onButtonUp();
     }
