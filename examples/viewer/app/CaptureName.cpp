@@ -9,7 +9,7 @@ std::filesystem::path freeCaptureName(const std::filesystem::path& folder) {
     constexpr int kMost = 999;
     for (int number = 1; number <= kMost; ++number) {
         const std::string digits = std::to_string(number);
-        const std::filesystem::path file =
+        std::filesystem::path file =
             folder / ("qelview-" + std::string(3 - digits.size(), '0') + digits + ".bmp");
         std::error_code error;
         if (!std::filesystem::exists(file, error) && !error) {

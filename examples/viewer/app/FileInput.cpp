@@ -3,6 +3,7 @@
 #include <commdlg.h>
 #include <shlobj.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "ReadFile.h"
@@ -86,18 +87,18 @@ HDROP makeDrop(const std::vector<std::string>& files) {
     for (const std::string& file : files) {
         names += toWide(file) + std::wstring(1, L'\0');
     }
-    names += L'\0';
     DROPFILES header{};
     header.pFiles = sizeof header;
     header.fWide = TRUE;
-    const std::size_t bytesOfNames = names.size() * sizeof(wchar_t);
-    HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, sizeof header + bytesOfNames);
+    // One zero more than the names have ends the list.
+    const std::size_t bytesOfNames = (names.size() + 1) * sizeof(wchar_t);
+    HGLOBAL const memory = GlobalAlloc(GHND, sizeof header + bytesOfNames);
     auto* const bytes = static_cast<char*>(memory != nullptr ? GlobalLock(memory) : nullptr);
     if (bytes == nullptr) {
         return nullptr;
     }
     std::memcpy(bytes, &header, sizeof header);
-    std::memcpy(bytes + sizeof header, names.data(), bytesOfNames);
+    std::copy(names.begin(), names.end(), reinterpret_cast<wchar_t*>(bytes + sizeof header));
     GlobalUnlock(memory);
     return static_cast<HDROP>(memory);
 }

@@ -153,8 +153,9 @@ void Stage::zoom(double notches, const PixelPlace& place) {
     // Each notch leaves the same share of the way, in steps of one notch because the camera slows longer
     // ones. The way is that of the last frame for all steps.
     double left = 1.0;
-    for (double count = std::abs(notches); count > 0.0; count -= 1.0) {
-        const double share = std::pow(1.0 - kStepOfANotch, std::min(count, 1.0));
+    const int steps = static_cast<int>(std::ceil(std::abs(notches)));
+    for (int step = 0; step < steps; ++step) {
+        const double share = std::pow(1.0 - kStepOfANotch, std::min(std::abs(notches) - step, 1.0));
         const double next = notches > 0.0 ? left * share : left / share;
         camera().zoomAt(static_cast<float>(left - next), place.x, place.y);
         left = next;
