@@ -34,6 +34,18 @@ TEST(OrderVisiblePoints, TakesEachNthPointAlone) {
     EXPECT_EQ(order, (Order{0, 4, 2}));
 }
 
+TEST(VisiblePointAt, FindsTheNearestToTheEyeWithinReach) {
+    const qelview::Points points{{0, 0, 0.5}, {0, 0, -0.5}, {0.5, 0, -0.9}, {0, 0, 0}};
+    Order order;
+    orderVisiblePoints(points, flatView(), {}, 1, order);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.0, 1.0, 0.4), 1U);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.7, 1.0, 0.4), 2U);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 1.5, 1.0, 0.4), std::nullopt);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.0, 1.5, 0.4), std::nullopt);
+    EXPECT_EQ(qelview::visiblePointAt(points, {0, 3}, flatView(), 2.0, 1.0, 0.4), 3U);
+    EXPECT_EQ(qelview::visiblePointAt(points, {}, flatView(), 2.0, 1.0, 0.4), std::nullopt);
+}
+
 TEST(OrderVisiblePoints, LeavesOutWhatLiesOutsideTheView) {
     EXPECT_EQ(orderOf({{1.1, 0, 0}, {0, -1.1, 0}, {0, 0, 1.1}, {0, 0, -1.1}, {1, 1, 1}}, flatView()),
               (Order{4}));

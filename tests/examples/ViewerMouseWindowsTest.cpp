@@ -189,6 +189,21 @@ TEST_F(ViewerMouse, ShowsTheLastFrameAgainAsItWas) {
     EXPECT_EQ(qel::test::pictureOf(stage().overlayPicture(std::nullopt)), whole);
 }
 
+TEST_F(ViewerMouse, MarksThePointsOfACloudThemselves) {
+    qelview::Scene scene;
+    qelview::PointCloud cloud;
+    cloud.positions = {{-10, 0, 0}, {10, 0, 0}, {0, 5, 1}};
+    scene.clouds.push_back(cloud);
+    open(scene);
+    play("key 0");
+    const qel::XPnt3d place = camera().project(0, 5, 1);
+    const PixelPlace pixel{static_cast<int>(place.x) + 1, static_cast<int>(place.y) - 1};
+    play("down left " + mouse(pixel) + "\nup left " + mouse(pixel));
+    ASSERT_TRUE(stage().annotations().mark.has_value());
+    EXPECT_EQ(qel::dist(stage().annotations().mark->at, {0, 5, 1}), 0.0);
+    EXPECT_FALSE(stage().pointAt({pixel.x + 10, pixel.y}).isValid());
+}
+
 TEST_F(ViewerMouse, CountsCoordinatesFromTheOriginOfTheFiles) {
     qelview::Scene remote;
     remote.points.push_back({{500000, 4000000, 100}});

@@ -31,15 +31,15 @@ void placeKeyLight(IQelGL& gl) {
     gl.enable(GL_LIGHT0);
 }
 
-PixelView viewOf(IQelTrackBall& camera) {
+}  // namespace
+
+PixelView Stage::pixelView() {
     PixelView view;
-    std::copy_n(camera.getModelviewMatrix(), view.modelview.size(), view.modelview.begin());
-    std::copy_n(camera.getProjectionMatrix(), view.projection.size(), view.projection.begin());
-    std::copy_n(camera.getViewport(), view.viewport.size(), view.viewport.begin());
+    std::copy_n(camera().getModelviewMatrix(), view.modelview.size(), view.modelview.begin());
+    std::copy_n(camera().getProjectionMatrix(), view.projection.size(), view.projection.begin());
+    std::copy_n(camera().getViewport(), view.viewport.size(), view.viewport.begin());
     return view;
 }
-
-}  // namespace
 
 void Stage::drawFrame() {
     display->makeCurrent();
@@ -63,7 +63,7 @@ void Stage::drawContent() {
     placeKeyLight(*display->getGL());
     display->getGL()->enable(GL_DEPTH_TEST);
     display->getGL()->disable(GL_LIGHTING);
-    content.drawn.draw(*symbol, viewOf(camera()), partsPerDrawn);
+    content.drawn.draw(*symbol, pixelView(), partsPerDrawn);
     findPointUnderMouse();
     drawLocalFrame();
     drawTexts();

@@ -92,7 +92,14 @@ qel::XPnt3d Stage::pointAt(const PixelPlace& place) {
     display->restoreCache();
     display->endDraw();
     camera().updateView();
-    return camera().getModelPntAt(place.x + 0.5, place.y + 0.5);
+    return drawnAt(place);
+}
+
+qel::XPnt3d Stage::drawnAt(const PixelPlace& place) {
+    const double x = place.x + 0.5;
+    const double y = place.y + 0.5;
+    const std::optional<qel::XPnt3d> ofACloud = content.drawn.cloudPointAt(pixelView(), x, y);
+    return ofACloud ? *ofACloud : camera().getModelPntAt(x, y);
 }
 
 std::string Stage::textOf(const qel::XPnt3d& point) const {
@@ -101,8 +108,7 @@ std::string Stage::textOf(const qel::XPnt3d& point) const {
 
 void Stage::findPointUnderMouse() {
     const bool isAsked = notes.hasStrip && notes.mouse.has_value();
-    underMouse =
-        isAsked ? camera().getModelPntAt(notes.mouse->x + 0.5, notes.mouse->y + 0.5) : qel::XPnt3d::invalid();
+    underMouse = isAsked ? drawnAt(*notes.mouse) : qel::XPnt3d::invalid();
 }
 
 void Stage::drawStrip() {

@@ -184,8 +184,12 @@ void Stage::zoomInto(const PixelBox& rectangle) {
 }
 
 void Stage::rotateAbout(const PixelPlace& place) {
-    static_cast<void>(pointAt(place));
-    camera().setRotationCenterAt(place.x, place.y);
+    const qel::XPnt3d shown = pointAt(place);
+    if (shown.isValid()) {
+        camera().setRotationCenter(shown.x, shown.y, shown.z);
+    } else {
+        camera().setRotationCenterAt(place.x, place.y);
+    }
 }
 
 double Stage::aspect() {

@@ -91,6 +91,8 @@ class Stage {
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
     [[nodiscard]] double aspect();
+    /// The camera that OpenGL holds.
+    [[nodiscard]] PixelView pixelView();
     void chooseClippingDistances();
     /// Draws into the back buffer, up to and without the exchange of the buffers.
     void drawFrame();
@@ -104,6 +106,8 @@ class Stage {
     void printAt(double x, double y, const std::string& text);
 
     void drawOverlay(const std::optional<PixelBox>& rectangle);
+    /// The point of the scene that OpenGL holds at a place, as `pointAt` gives it.
+    [[nodiscard]] qel::XPnt3d drawnAt(const PixelPlace& place);
     void findPointUnderMouse();
     void drawStrip();
     void drawNotice();

@@ -156,6 +156,18 @@ void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_
     }
 }
 
+std::optional<qel::XPnt3d> HostScene::cloudPointAt(const PixelView& view, double x, double y) const {
+    // A hand does not meet a single pixel.
+    constexpr double kReach = 3.0;
+    for (const Cloud& cloud : clouds) {
+        const auto number = visiblePointAt(cloud.positions, cloud.order->content(), view, x, y, kReach);
+        if (number) {
+            return cloud.positions[*number];
+        }
+    }
+    return std::nullopt;
+}
+
 void HostScene::thin(Mesh& mesh, std::size_t partsPerDrawn) {
     if (!mesh.vertices || mesh.partsPerThinned == partsPerDrawn) {
         return;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "HostGeometry.h"
@@ -24,6 +25,11 @@ class HostScene {
     /// @param view the camera that OpenGL holds.
     /// @param partsPerDrawn draws only one of so many points of clouds and parts of meshes; 1 draws all.
     void draw(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn = 1);
+
+    /// The point of a cloud that the last drawing showed at a place; nothing if there is none.
+    /// @param view the camera of that drawing.
+    /// @param x, y in pixels from the lower left of the view.
+    [[nodiscard]] std::optional<qel::XPnt3d> cloudPointAt(const PixelView& view, double x, double y) const;
 
   private:
     template <class Element>
