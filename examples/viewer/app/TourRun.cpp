@@ -53,8 +53,8 @@ class Tour {
         stage.show();
         stage.zoom(-4.0, {kTile.width / 2, kTile.height / 2});
         stage.show();
-        stage.camera().onButtonDown(kRotateDrag, kTile.width / 2 - 30, kTile.height / 2 + 10);
-        stage.camera().onMouseMove(kTile.width / 2 + 10, kTile.height / 2 + 25);
+        stage.camera().onButtonDown(kRotateDrag, kTile.width / 2 - 40, kTile.height / 2 - 70);
+        stage.camera().onMouseMove(kTile.width / 2, kTile.height / 2 - 75);
         sheet.add(stage.picture());
         stage.camera().onButtonUp();
     }
