@@ -15,7 +15,9 @@
 #include "ProgressWindow.h"
 #include "ReadError.h"
 #include "SampleScene.h"
+#include "ScriptRun.h"
 #include "SystemWindow.h"
+#include "TourRun.h"
 #include "ViewerWindow.h"
 
 namespace {
@@ -37,14 +39,23 @@ qelview::Scene loadWanted(const qelview::Options& options) {
         return qelview::makeSampleScene();
     }
     qelview::LoadTask task(options.files);
-    return options.writesPictures() ? qelview::waitWithText(task) : qelview::waitWithWindow(task);
+    return options.isAttended() ? qelview::waitWithWindow(task) : qelview::waitWithText(task);
+}
+
+qelview::ExitCode showScene(const qelview::Options& options, const qelview::Scene& scene) {
+    if (!options.script.empty()) {
+        return qelview::playScript(options, scene);
+    }
+    if (!options.tour.empty()) {
+        return qelview::writeTour(options, scene);
+    }
+    return options.writesPictures() ? qelview::writePictures(options, scene)
+                                    : qelview::ViewerWindow().run(options, scene);
 }
 
 qelview::ExitCode runViewer(const qelview::Options& options) {
     try {
-        const qelview::Scene scene = loadWanted(options);
-        return options.writesPictures() ? qelview::writePictures(options, scene)
-                                        : qelview::ViewerWindow().run(options, scene);
+        return showScene(options, loadWanted(options));
     } catch (const qelview::ReadCancelled&) {
         return qelview::ExitCode::Success;
     } catch (const std::exception& error) {
