@@ -13,7 +13,7 @@ constexpr const char* kNoContext = "the window gets no OpenGL context; check the
 const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure) {
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
-    description.style = CS_OWNDC | CS_HREDRAW | CS_VREDRAW;
+    description.style = CS_OWNDC | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleW(nullptr);
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -36,6 +36,19 @@ ClientSize clientSizeOf(HWND window) {
     return {area.right - area.left, area.bottom - area.top};
 }
 
+void setClientSize(HWND window, const ClientSize& size) {
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+    const ClientSize frame = frameSizeAround(size, style, GetDpiForWindow(window));
+    SetWindowPos(window, nullptr, 0, 0, frame.width, frame.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi) {
+    RECT area{0, 0, client.width, client.height};
+    AdjustWindowRectExForDpi(&area, style, FALSE, 0, dpi);
+    return {area.right - area.left, area.bottom - area.top};
+}
+
 std::wstring toWide(const std::string& utf8) {
     const int length = static_cast<int>(utf8.size());
     std::wstring wide(
@@ -52,6 +65,24 @@ std::string toUtf8(const std::wstring& wide) {
     WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr,
                         nullptr);
     return utf8;
+}
+
+std::string toPlainLetters(const std::string& text) {
+    constexpr wchar_t kFirstAccent = 0x300;
+    constexpr wchar_t kLastAccent = 0x36F;
+    constexpr wchar_t kLastLetter = 0x7E;
+    const std::wstring wide = toWide(text);
+    const int length = static_cast<int>(wide.size());
+    std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
+                       L'\0');
+    FoldStringW(MAP_COMPOSITE, wide.c_str(), length, apart.data(), static_cast<int>(apart.size()));
+    std::string plain;
+    for (const wchar_t letter : apart) {
+        if (letter < kFirstAccent || letter > kLastAccent) {
+            plain.push_back(letter <= kLastLetter ? static_cast<char>(letter) : '?');
+        }
+    }
+    return plain;
 }
 
 void reportNoContext(bool isInteractive) {

@@ -109,6 +109,10 @@ std::string knownExtensions() {
     return list;
 }
 
+std::string readTextFile(const std::filesystem::path& file) {
+    return readBytes(file);
+}
+
 Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress) {
     try {
         Scene scene = readAs(formatOf(file), file, progress);
