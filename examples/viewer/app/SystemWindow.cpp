@@ -67,11 +67,11 @@ std::string toUtf8(const std::wstring& wide) {
     return utf8;
 }
 
-std::string toPlainLetters(const std::string& text) {
+std::string toPlainLetters(const std::string& utf8) {
     constexpr wchar_t kFirstAccent = 0x300;
     constexpr wchar_t kLastAccent = 0x36F;
     constexpr wchar_t kLastLetter = 0x7E;
-    const std::wstring wide = toWide(text);
+    const std::wstring wide = toWide(utf8);
     const int length = static_cast<int>(wide.size());
     std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
                        L'\0');

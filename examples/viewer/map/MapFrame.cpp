@@ -79,6 +79,7 @@ std::vector<double> multiplesWithin(double from, double to, double step) {
     const double first = std::ceil(from / step);
     const auto count = static_cast<int>(std::clamp(std::floor(to / step) - first + 1.0, 0.0, kMost));
     std::vector<double> multiples;
+    multiples.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         multiples.push_back((first + i) * step);
     }
