@@ -40,13 +40,18 @@ struct Options {
     std::string motion;
     /// Picture with a tile for each thing that the viewer shows; empty for none.
     std::string tour;
+    /// Shows the files as a map instead of a model.
+    bool isMap = false;
+    /// Beginning of the names of the pictures of a map; empty opens a window.
+    std::string mapOut;
 
     /// True if pictures are wanted instead of a window.
     [[nodiscard]] bool writesPictures() const {
-        return !out.empty() || !viewsOut.empty() || (!capture.empty() && script.empty());
+        return !out.empty() || !viewsOut.empty() || !mapOut.empty() || (!capture.empty() && script.empty());
     }
     /// True if somebody is to sit in front of a window.
     [[nodiscard]] bool isAttended() const { return !writesPictures() && script.empty() && tour.empty(); }
+    [[nodiscard]] bool showsMap() const { return isMap || !mapOut.empty(); }
 };
 
 /// A text to print, and how to end then: the help, the version, or what is wrong with the command line.

@@ -10,10 +10,12 @@
 #include <vector>
 
 #include "LoadTask.h"
+#include "MapRun.h"
 #include "Options.h"
 #include "PictureRun.h"
 #include "ProgressWindow.h"
 #include "ReadError.h"
+#include "SampleMap.h"
 #include "SampleScene.h"
 #include "ScriptRun.h"
 #include "SystemWindow.h"
@@ -36,13 +38,16 @@ std::vector<std::string> readArguments() {
 
 qelview::Scene loadWanted(const qelview::Options& options) {
     if (options.files.empty()) {
-        return qelview::makeSampleScene();
+        return options.showsMap() ? qelview::makeSampleMap() : qelview::makeSampleScene();
     }
     qelview::LoadTask task(options.files);
     return options.isAttended() ? qelview::waitWithWindow(task) : qelview::waitWithText(task);
 }
 
 qelview::ExitCode showScene(const qelview::Options& options, const qelview::Scene& scene) {
+    if (options.showsMap()) {
+        return qelview::runMap(options, scene);
+    }
     if (!options.script.empty()) {
         return qelview::playScript(options, scene);
     }
