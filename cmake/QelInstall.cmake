@@ -10,7 +10,7 @@ install(TARGETS QelBase64t QelGeometry64t QelDisplay64t qel_include EXPORT QelDi
     RUNTIME DESTINATION bin ARCHIVE DESTINATION lib LIBRARY DESTINATION lib INCLUDES DESTINATION include/QelDisplay64t)
 set_target_properties(qel_include PROPERTIES EXPORT_NAME Headers)
 install(EXPORT QelDisplay64tTargets NAMESPACE QelDisplay64t:: DESTINATION ${package_folder})
-foreach(program qelview qelminimal)
+foreach(program qelview qelminimal qelhostcontext)
     if(TARGET ${program})
         install(TARGETS ${program} RUNTIME DESTINATION bin)
     endif()
@@ -19,7 +19,7 @@ endforeach()
 # The headers of base/ that are only for the libraries themselves stay here.
 install(DIRECTORY include/ base/ DESTINATION include/QelDisplay64t FILES_MATCHING PATTERN "*.h"
     PATTERN EnvelopeBounds.h EXCLUDE PATTERN PixelPackScope.h EXCLUDE PATTERN QelTruncate.h EXCLUDE)
-install(DIRECTORY examples/minimal DESTINATION share/QelDisplay64t/examples)
+install(DIRECTORY examples/minimal examples/hostcontext DESTINATION share/QelDisplay64t/examples)
 
 include(CMakePackageConfigHelpers)
 configure_package_config_file(cmake/QelDisplay64tConfig.cmake.in "${CMAKE_BINARY_DIR}/QelDisplay64tConfig.cmake"

@@ -57,8 +57,8 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     virtual std::int32_t reservedSlot3() = 0;
     virtual std::int32_t reservedSlot4() = 0;
     /// Draws a host geometry by its kind with the symbol's colour and line width, which stay set in OpenGL.
-    /// Points are always green and two pixels wide. Kinds the symbol does not know draw nothing. A ball
-    /// leaves OpenGL's current normal changed.
+    /// Points are always green and two pixels wide; line segments and balls take OpenGL's current colour and
+    /// width. Kinds the symbol does not know draw nothing. A ball leaves OpenGL's current normal changed.
     virtual std::int32_t drawGeometry(IQelGeometry* geometry) = 0;
     /// Draws a polyline, polygon, ring, curve or line segment; other kinds draw nothing. The colour given
     /// holds for rings, curves and segments, the width for segments; polylines and polygons keep the symbol's

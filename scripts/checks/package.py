@@ -53,6 +53,7 @@ def lacking(prefix):
     """Files that a host needs and the package lacks."""
     wanted = [f"bin/{name}.dll" for name in LIBRARIES] + [f"lib/lib{name}.dll.a" for name in LIBRARIES]
     wanted += [f"lib/cmake/QelDisplay64t/QelDisplay64t{part}.cmake" for part in ("Config", "ConfigVersion", "Targets")]
+    wanted += [f"share/QelDisplay64t/examples/{name}/main.cpp" for name in ("minimal", "hostcontext")]
     wanted += ["lib/pkgconfig/QelDisplay64t.pc", "bin/qelview.exe", "bin/Qt5Core.dll", "include/QtCore/QString"]
     wanted += [f"{DOCUMENTS}/{name}" for name in ("LICENSE", "README.md", "CHANGELOG.md", "docs/licences.md", "licences/qt5core/LICENSE.LGPL3")]
     wanted += [f"include/QelDisplay64t/{path.name}" for path in (tree.ROOT / "include").glob("*.h")]
