@@ -4,6 +4,7 @@
 
 #include "GdiSystem.h"
 #include "IQelScrDisplay2D.h"
+#include "QelTruncate.h"
 
 /// The plain 2D display: a world rectangle on a window's device context, drawn with one pen and one hatch
 /// brush.
@@ -56,6 +57,7 @@ class CGDIScrDisplay : public IQelScrDisplay2D {
     ~CGDIScrDisplay() override;
 
   private:
+    [[nodiscard]] qel::PixelPoint pixelOf(double x, double y) const noexcept;
     void selectOldTools();
     void deleteTools();
     [[nodiscard]] bool canDraw() const;
@@ -76,3 +78,11 @@ class CGDIScrDisplay : public IQelScrDisplay2D {
     HGDIOBJ oldPen = nullptr;
     HGDIOBJ oldBrush = nullptr;
 };
+
+// Here, so that what draws thousands of segments has it without a call.
+inline qel::PixelPoint CGDIScrDisplay::pixelOf(double x, double y) const noexcept {
+    const std::int32_t column = qel::truncateToInt((scale * 0.5 + x - viewExtent.xmin) / scale);
+    const std::int32_t rowFromBelow = qel::truncateToInt((scale * 0.5 + y - viewExtent.ymin) / scale);
+    // In double: a point far outside has a row that does not fit an integer.
+    return {column, qel::truncateToInt(static_cast<double>(pixelHeight) - rowFromBelow - 1.0)};
+}

@@ -84,8 +84,8 @@ std::int32_t CGDIScrDisplay::drawRect(const qel::Enve2d& rect, bool outlineOnly)
     if (!canDraw()) {
         return 1;
     }
-    const qel::PixelPoint a = worldToScreen({rect.xmin, rect.ymin});
-    const qel::PixelPoint b = worldToScreen({rect.xmax, rect.ymax});
+    const qel::PixelPoint a = pixelOf(rect.xmin, rect.ymin);
+    const qel::PixelPoint b = pixelOf(rect.xmax, rect.ymax);
     if (!outlineOnly) {
         const RECT area{a.x, a.y, b.x, b.y};
         FillRect(deviceContext, &area, brush);
@@ -102,8 +102,8 @@ std::int32_t CGDIScrDisplay::drawLineSeg(CQelLineSeg segment) {
     if (!canDraw()) {
         return 1;
     }
-    const qel::PixelPoint from = worldToScreen3d(segment.start);
-    const qel::PixelPoint to = worldToScreen3d(segment.end);
+    const qel::PixelPoint from = pixelOf(segment.start.x, segment.start.y);
+    const qel::PixelPoint to = pixelOf(segment.end.x, segment.end.y);
     MoveToEx(deviceContext, from.x, from.y, nullptr);
     LineTo(deviceContext, to.x, to.y);
     return 1;

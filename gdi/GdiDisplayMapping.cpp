@@ -1,5 +1,4 @@
 #include "CGDIScrDisplay.h"
-#include "QelTruncate.h"
 
 std::int32_t CGDIScrDisplay::setFullExtent(const qel::Enve2d& extent) {
     fullExtent = extent;
@@ -42,10 +41,7 @@ std::int32_t CGDIScrDisplay::fitExtent(qel::Enve2d& extent) {
 }
 
 qel::PixelPoint CGDIScrDisplay::worldToScreen(const qel::XPnt2d& point) {
-    const std::int32_t column = qel::truncateToInt((scale * 0.5 + point.x - viewExtent.xmin) / scale);
-    const std::int32_t rowFromBelow = qel::truncateToInt((scale * 0.5 + point.y - viewExtent.ymin) / scale);
-    // In double: a point far outside has a row that does not fit an integer.
-    return {column, qel::truncateToInt(static_cast<double>(pixelHeight) - rowFromBelow - 1.0)};
+    return pixelOf(point.x, point.y);
 }
 
 qel::PixelPoint CGDIScrDisplay::worldToScreen3d(const qel::XPnt3d& point) {

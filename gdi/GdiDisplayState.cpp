@@ -20,8 +20,8 @@ std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
         return -1;
     }
     windowHandle = window;
-    // In the middle of a bracket: a tool that is selected cannot be deleted, and a window may have the same device
-    // context all its life.
+    // In the middle of a bracket: a tool that is selected cannot be deleted, and a window may have the same
+    // device context all its life.
     if (pen != nullptr || brush != nullptr) {
         endDraw();
     }

@@ -56,6 +56,22 @@ TEST(ParseOptions, TakesAPrefixForPicturesOfAllViews) {
     EXPECT_TRUE(options.writesPictures());
 }
 
+TEST(ParseOptions, TakesFilesOfCapturesScriptsRecordingsAndTours) {
+    const Options capture = optionsOf({"--capture", "a.bmp"});
+    EXPECT_EQ(capture.capture, "a.bmp");
+    EXPECT_TRUE(capture.writesPictures());
+    EXPECT_FALSE(capture.isAttended());
+    // In a script the name is for the key.
+    const Options script = optionsOf({"--script", "a.txt", "--capture", "a.bmp"});
+    EXPECT_EQ(script.script, "a.txt");
+    EXPECT_FALSE(script.writesPictures());
+    EXPECT_FALSE(script.isAttended());
+    EXPECT_EQ(optionsOf({"--tour", "t.png"}).tour, "t.png");
+    EXPECT_FALSE(optionsOf({"--tour", "t.png"}).isAttended());
+    EXPECT_EQ(optionsOf({"--motion", "m.txt"}).motion, "m.txt");
+    EXPECT_TRUE(optionsOf({"--motion", "m.txt"}).isAttended());
+}
+
 struct WrongLine {
     const char* name;
     std::vector<std::string> arguments;
@@ -82,6 +98,9 @@ const std::vector<WrongLine> kWrongLines{
     {"SizeTooLarge", {"--size", "640x100000"}, "--size"},
     {"SizeWithMore", {"--size", "640x480x3"}, "--size"},
     {"OutWithoutAName", {"--out"}, "--out"},
+    {"ScriptAndMotion", {"--script", "a", "--motion", "b"}, "--motion"},
+    {"PictureAndMotion", {"--out", "a", "--motion", "b"}, "--motion"},
+    {"ScriptAndTour", {"--script", "a", "--tour", "b"}, "--tour"},
 };
 INSTANTIATE_TEST_SUITE_P(Lines, ParseWrongOptions, testing::ValuesIn(kWrongLines),
                          [](const auto& each) { return each.param.name; });
@@ -90,7 +109,8 @@ TEST(ParseOptions, ExplainsItself) {
     const Ending help = endingOf({"--help"});
     EXPECT_EQ(help.code, ExitCode::Success);
     for (const char* word :
-         {"--size", "--view", "--ortho", "--out", "--views-out", ".obj", ".xyz", "Esc", "Exit codes"}) {
+         {"--size", "--view", "--ortho", "--out", "--views-out", "--capture", "--script", "--motion",
+          "--tour", ".obj", ".xyz", "Ctrl+O", "Double click", "wheel NOTCHES", "PANX", "Esc", "Exit codes"}) {
         EXPECT_NE(help.text.find(word), std::string::npos) << word;
     }
     const Ending version = endingOf({"--version"});

@@ -19,12 +19,31 @@ PixelView flatView() {
 
 Order orderOf(const qelview::Points& points, const PixelView& view, const qelview::DepthImage& depths = {}) {
     Order order{7, 7, 7, 7, 7, 7, 7};
-    orderVisiblePoints(points, view, depths, order);
+    orderVisiblePoints(points, view, depths, 1, order);
     return order;
 }
 
 TEST(OrderVisiblePoints, BeginsWithTheFarthest) {
     EXPECT_EQ(orderOf({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}}, flatView()), (Order{1, 3, 0, 2}));
+}
+
+TEST(OrderVisiblePoints, TakesEachNthPointAlone) {
+    Order order;
+    orderVisiblePoints({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}, {0, 0, -0.5}}, flatView(), {}, 2,
+                       order);
+    EXPECT_EQ(order, (Order{0, 4, 2}));
+}
+
+TEST(VisiblePointAt, FindsTheNearestToTheEyeWithinReach) {
+    const qelview::Points points{{0, 0, 0.5}, {0, 0, -0.5}, {0.5, 0, -0.9}, {0, 0, 0}};
+    Order order;
+    orderVisiblePoints(points, flatView(), {}, 1, order);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.0, 1.0, 0.4), 1U);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.7, 1.0, 0.4), 2U);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 1.5, 1.0, 0.4), std::nullopt);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.0, 1.5, 0.4), std::nullopt);
+    EXPECT_EQ(qelview::visiblePointAt(points, {0, 3}, flatView(), 2.0, 1.0, 0.4), 3U);
+    EXPECT_EQ(qelview::visiblePointAt(points, {}, flatView(), 2.0, 1.0, 0.4), std::nullopt);
 }
 
 TEST(OrderVisiblePoints, LeavesOutWhatLiesOutsideTheView) {

@@ -6,8 +6,11 @@
 #include <sstream>
 #include <string>
 
+#include "BitmapFile.h"
+#include "OpenViewerWindows.h"
 #include "ViewerData.h"
 #include "kit/Picture.h"
+#include "kit/PictureComparison.h"
 
 /// The finished program as a user calls it.
 
@@ -173,6 +176,95 @@ TEST(QelView, WritesAllStandardViewsOfTheSampleScene) {
         std::filesystem::remove(file);
         // Each view shows something on more than a tenth of its area.
         EXPECT_GT(picture.countOtherThan({27, 32, 40, 255}, 2), 320U * 240U / 10U) << view;
+    }
+}
+
+TEST(QelView, CapturesWhatItsPicturesShow) {
+    const std::filesystem::path captured = temporary("captured.bmp");
+    const std::filesystem::path shown = temporary("shown.png");
+    const Ended ended =
+        runViewer(L"--size 400x300 --capture " + quoted(captured) + L" --out " + quoted(shown));
+    ASSERT_EQ(ended.code, 0U) << ended.errors;
+    const auto bitmap = qelview::readBitmap(captured);
+    ASSERT_TRUE(bitmap.has_value());
+    const Picture picture = Picture::load(shown);
+    // Two contexts, and 24 bits of depth in one of them where the other may have 16.
+    EXPECT_LT(qel::test::compare(picture, qel::test::pictureOf(*bitmap), 8).share, 0.005);
+    std::filesystem::remove(captured);
+    std::filesystem::remove(shown);
+}
+
+TEST(QelView, SaysWhenACaptureCannotBeWritten) {
+    const Ended ended = runViewer(L"--size 64x64 --capture absent-folder/view.bmp");
+    EXPECT_EQ(ended.code, 1U);
+    EXPECT_EQ(ended.errors, "qelview: absent-folder/view.bmp: the picture cannot be written\n");
+}
+
+TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
+    const std::filesystem::path picture = temporary("script.png");
+    const std::filesystem::path camera = temporary("script.txt");
+    const std::filesystem::path capture = temporary("script.bmp");
+    const qel::test::TemporaryFile motion("script-motion.txt", "0 0 0 20 0 0\n");
+    const qel::test::TemporaryFile script(
+        "session.txt", "key 0\nsize 200 100\nmotion " + motion.path().string() + "\npicture " +
+                           picture.string() + "\ncamera " + camera.string() + "\nkey C\nkey Esc\nkey 1\n");
+    const Ended ended = runViewer(L"--script " + quoted(script.path()) + L" --capture " + quoted(capture));
+    ASSERT_EQ(ended.code, 0U) << ended.errors;
+    EXPECT_EQ(ended.errors, "");
+    EXPECT_EQ(Picture::load(picture).width(), 200);
+    EXPECT_EQ(contentOf(camera).rfind("eye ", 0), 0U);
+    EXPECT_TRUE(qelview::readBitmap(capture).has_value());
+    for (const auto& file : {picture, camera, capture}) {
+        std::filesystem::remove(file);
+    }
+}
+
+TEST(QelView, RefusesAWrongRecordingWithExitCodeOne) {
+    const qel::test::TemporaryFile motion("wrong-motion.txt", "0 0 0 0 0 0\n1 2 3\n");
+    const Ended ended = runViewer(L"--size 64x64 --motion " + quoted(motion.path()));
+    EXPECT_EQ(ended.code, 1U);
+    EXPECT_NE(ended.errors.find("wrong-motion.txt: line 2: expected six numbers"), std::string::npos)
+        << ended.errors;
+}
+
+struct FailingScript {
+    const char* name;
+    const char* script;
+    DWORD code;
+    const char* mentioned;
+};
+
+class FailingScripts : public testing::TestWithParam<FailingScript> {};
+
+TEST_P(FailingScripts, EndWithTheirLineAndReason) {
+    const qel::test::TemporaryFile script("failing.txt", GetParam().script);
+    const Ended ended = runViewer(L"--size 64x64 --script " + quoted(script.path()));
+    EXPECT_EQ(ended.code, GetParam().code);
+    EXPECT_NE(ended.errors.find(GetParam().mentioned), std::string::npos) << ended.errors;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scripts, FailingScripts,
+    testing::Values(FailingScript{"WrongLine", "key F\nkey F1\n", 1, "line 2: 'F1' is not a letter"},
+                    FailingScript{"PictureNotWritten", "picture absent-folder/a.png\n", 1, "line 1: "},
+                    FailingScript{"RecordingRefused", "\nmotion absent.txt\n", 1, "line 2: "},
+                    FailingScript{"DroppedFileRefused", "drop absent.obj\nkey F\n", 2,
+                                  "absent.obj: there is no such file"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST(QelView, WritesATourOfAllThatItShows) {
+    const std::filesystem::path file = temporary("tour.png");
+    const Ended ended = runViewer(L"--tour " + quoted(file));
+    ASSERT_EQ(ended.code, 0U) << ended.errors;
+    const Picture sheet = Picture::load(file);
+    std::filesystem::remove(file);
+    ASSERT_EQ(sheet.width(), 4 * 484 + 4);
+    ASSERT_EQ(sheet.height(), 4 * 364 + 4);
+    for (int tile = 0; tile < 16; ++tile) {
+        const qel::test::PixelArea area{4 + tile % 4 * 484, 4 + tile / 4 * 364, 480, 360};
+        const std::size_t background = sheet.countOf({27, 32, 40, 255}, 2, area);
+        EXPECT_LT(background, 480U * 360U * 95U / 100U) << tile;
+        EXPECT_EQ(sheet.countOf({92, 92, 92, 255}, 0, {area.x, area.y, area.width, 1}), 0U) << tile;
     }
 }
 

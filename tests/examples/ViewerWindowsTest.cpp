@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "PictureRun.h"
 #include "QelGl.h"
@@ -138,6 +139,38 @@ TEST_F(StageOnAWindow, WritesItsTextsAtTheEdges) {
     EXPECT_GT(bright, 50);
 }
 
+TEST_F(StageOnAWindow, MovesToAnotherWindowWithItsCamera) {
+    for (const bool isOrthographic : {false, true}) {
+        stage->setView(3);
+        if (isOrthographic) {
+            stage->switchProjection();
+            stage->fit();
+        }
+        stage->show();
+        const qelview::PixelImage before = stage->picture();
+        const qelview::OwnedWindow other = qelview::createHiddenWindow({320, 200});
+        std::unique_ptr<Stage> moved = stage->moveTo(other.get(), false);
+        ASSERT_NE(moved, nullptr);
+        EXPECT_EQ(moved->camera().isOrtho(), isOrthographic);
+        EXPECT_EQ(qel::dist(moved->camera().getEye(), stage->camera().getEye()), 0.0);
+        EXPECT_EQ(moved->picture().rgb, before.rgb);
+        moved.reset();
+    }
+}
+
+TEST_F(StageOnAWindow, ShowsAnotherScene) {
+    stage->setView(0);
+    const qelview::PixelImage before = stage->picture();
+    qelview::Scene other = crossingLines();
+    other.segments.pop_back();
+    stage->setScene(other);
+    stage->setView(0);
+    EXPECT_NE(stage->picture().rgb, before.rgb);
+    stage->setScene(crossingLines());
+    stage->setView(0);
+    EXPECT_EQ(stage->picture().rgb, before.rgb);
+}
+
 /// The finished program in its own window.
 class RunningViewer : public testing::Test {
   protected:
@@ -188,14 +221,16 @@ TEST_F(RunningViewer, HasTheWantedSizeAndEndsOnEscape) {
 }
 
 TEST_F(RunningViewer, LivesThroughEveryKeyTheMouseAndANewSize) {
-    for (const char key : std::string("01234567O6FOX")) {
+    for (const char key : std::string("01234567O6FOXAASHHZZ")) {
         press(static_cast<WPARAM>(key));
         UpdateWindow(window);
     }
-    for (const UINT down : {UINT{WM_LBUTTONDOWN}, UINT{WM_MBUTTONDOWN}, UINT{WM_RBUTTONDOWN}}) {
-        SendMessageW(window, down, 0, MAKELPARAM(100, 100));
+    for (const auto& [down, up] :
+         {std::pair(WM_LBUTTONDOWN, WM_LBUTTONUP), std::pair(WM_MBUTTONDOWN, WM_MBUTTONUP),
+          std::pair(WM_RBUTTONDOWN, WM_RBUTTONUP)}) {
+        SendMessageW(window, static_cast<UINT>(down), 0, MAKELPARAM(100, 100));
         SendMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(140, 120));
-        SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(140, 120));
+        SendMessageW(window, static_cast<UINT>(up), 0, MAKELPARAM(140, 120));
     }
     SendMessageW(window, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), MAKELPARAM(100, 100));
     ShowWindow(window, SW_MINIMIZE);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <ranges>
 
 namespace qel::test {
 
@@ -92,9 +93,9 @@ void ImportPatches::redirect(const Import& import, void* replacement) {
 }
 
 void ImportPatches::restore() {
-    for (auto slot = patched.rbegin(); slot != patched.rend(); ++slot) {
-        if (isLoaded(slot->importer) && *slot->slot == slot->replacement) {
-            writeSlot(slot->slot, slot->original);
+    for (const auto& patch : std::views::reverse(patched)) {
+        if (isLoaded(patch.importer) && *patch.slot == patch.replacement) {
+            writeSlot(patch.slot, patch.original);
         }
     }
     patched.clear();

@@ -4,6 +4,7 @@
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
 #include "Stage.h"
+#include "TextPlaces.h"
 
 namespace qelview {
 
@@ -11,10 +12,8 @@ namespace {
 
 constexpr qel::QelColor3f kTitleColor{0.95F, 0.96F, 0.98F};
 constexpr qel::QelColor3f kSummaryColor{0.62F, 0.68F, 0.76F};
+constexpr qel::QelColor3f kMarkColor{1.0F, 0.85F, 0.25F};
 constexpr qel::QelColor3f kLabelColor{0.98F, 0.98F, 0.94F};
-
-constexpr double kMargin = 18.0;
-constexpr double kLineHeight = 22.0;
 
 /// The display lights the scene with a bluish light from the eye. A warm one from above makes the two
 /// together white where a surface faces the viewer, so that colours look like themselves. Surfaces are matt.
@@ -32,15 +31,15 @@ void placeKeyLight(IQelGL& gl) {
     gl.enable(GL_LIGHT0);
 }
 
-PixelView viewOf(IQelTrackBall& camera) {
+}  // namespace
+
+PixelView Stage::pixelView() {
     PixelView view;
-    std::copy_n(camera.getModelviewMatrix(), view.modelview.size(), view.modelview.begin());
-    std::copy_n(camera.getProjectionMatrix(), view.projection.size(), view.projection.begin());
-    std::copy_n(camera.getViewport(), view.viewport.size(), view.viewport.begin());
+    std::copy_n(camera().getModelviewMatrix(), view.modelview.size(), view.modelview.begin());
+    std::copy_n(camera().getProjectionMatrix(), view.projection.size(), view.projection.begin());
+    std::copy_n(camera().getViewport(), view.viewport.size(), view.viewport.begin());
     return view;
 }
-
-}  // namespace
 
 void Stage::drawFrame() {
     display->makeCurrent();
@@ -48,21 +47,35 @@ void Stage::drawFrame() {
     // The display places its lights in the coordinates that OpenGL holds: the camera must be loaded before.
     display->updateView();
     display->beginFrame(0);
-    placeKeyLight(*display->getGL());
     display->beginDraw();
-    camera().updateView();
-    display->getGL()->enable(GL_DEPTH_TEST);
-    display->getGL()->disable(GL_LIGHTING);
-    drawn.draw(*symbol, viewOf(camera()));
-    drawTexts();
+    for (const bool isLeftEye : {true, false}) {
+        if (isLeftEye || isStereo()) {
+            camera().updateView();
+            display->selectStereoBuffer(isLeftEye);
+            drawContent();
+        }
+    }
     camera().updateView();
     display->endDraw();
+}
+
+void Stage::drawContent() {
+    placeKeyLight(*display->getGL());
+    display->getGL()->enable(GL_DEPTH_TEST);
+    display->getGL()->disable(GL_LIGHTING);
+    content.drawn.draw(*symbol, pixelView(), partsPerDrawn);
+    findPointUnderMouse();
+    drawLocalFrame();
+    drawTexts();
+    drawMark();
+    drawNotice();
+    drawHelp();
 }
 
 void Stage::drawTexts() {
     // Places are asked for while the camera is loaded; text is drawn in pixels.
     std::vector<qel::XPnt3d> places;
-    for (const Label& label : labels) {
+    for (const Label& label : content.labels) {
         const qel::XPnt3d place = camera().projectPnt(label.at);
         places.push_back(isHidden(label.at, place) ? qel::XPnt3d::invalid() : place);
     }
@@ -70,19 +83,20 @@ void Stage::drawTexts() {
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     {
         const QelTmpGlStateCtrl color(kLabelColor);
-        for (std::size_t i = 0; i < labels.size(); ++i) {
-            drawLabel(labels[i], places[i]);
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            drawLabel(content.labels[i], places[i]);
         }
     }
     const double top = static_cast<double>(camera().getHeight()) - kMargin;
-    const std::string projection = camera().isOrtho() ? "orthographic" : "perspective";
     {
         const QelTmpGlStateCtrl color(kTitleColor);
-        printAt(kMargin, top - kLineHeight * 0.5, title);
+        printAt(kMargin, top - kLineHeight * 0.5, content.title);
     }
-    const QelTmpGlStateCtrl color(kSummaryColor);
-    printAt(kMargin, top - kLineHeight * 1.5, summary);
-    printAt(kMargin, kMargin, viewName + ", " + projection);
+    {
+        const QelTmpGlStateCtrl color(kSummaryColor);
+        printAt(kMargin, top - kLineHeight * 1.5, content.summary);
+    }
+    drawStrip();
 }
 
 void Stage::drawLabel(const Label& label, const qel::XPnt3d& place) {
@@ -106,9 +120,38 @@ bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {
         return false;
     }
     // Labels stand close to what they name, and depth is coarse far from the eye.
-    const double tolerance = 0.02 * extent.getDiagonal();
+    const double tolerance = 0.02 * content.extent.getDiagonal();
     const qel::XPnt3d eye = camera().getEye();
     return qel::dist(eye, inFront) + tolerance < qel::dist(eye, point);
+}
+
+void Stage::drawLocalFrame() {
+    if (!notes.localFrame) {
+        return;
+    }
+    const LocalFrame& frame = *notes.localFrame;
+    // The frame loads the camera of both eyes in the end, and is the last that needs one.
+    camera().drawFrame(frame.at.x, frame.at.y, frame.at.z, frame.xDirection, frame.yDirection, frame.size,
+                       frame.isHiddenByScene);
+}
+
+void Stage::drawMark() {
+    constexpr double kReach = 7.0;
+    constexpr double kBeside = 12.0;
+    if (!notes.mark) {
+        return;
+    }
+    const qel::XPnt3d& at = notes.mark->at;
+    const qel::XPnt3d place = camera().projectPnt(at);
+    if (place.z <= 0.0 || place.z >= 1.0) {
+        return;
+    }
+    display->setOrtho2D();
+    symbol->drawDiagonalCross({place.x, place.y, 0.0}, kReach, 2.0F, kMarkColor, false, false);
+    camera().updateView();
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    const QelTmpGlStateCtrl color(kMarkColor);
+    camera().drawLabel(at.x, at.y, at.z, kBeside, kBeside * 0.5, "%s", notes.mark->label.c_str());
 }
 
 }  // namespace qelview

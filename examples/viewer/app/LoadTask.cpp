@@ -39,9 +39,14 @@ Scene loadScene(const std::vector<std::string>& files, Progress& progress) {
 }
 
 LoadTask::LoadTask(std::vector<std::string> files)
-    : worker([this, wanted = std::move(files)] {
+    : LoadTask(Work([wanted = std::move(files)](Progress& progressOfLoad) {
+          return loadScene(wanted, progressOfLoad);
+      })) {}
+
+LoadTask::LoadTask(Work work)
+    : worker([this, wanted = std::move(work)] {
           try {
-              scene = loadScene(wanted, progress);
+              scene = wanted(progress);
           } catch (...) {
               failure = std::current_exception();
           }

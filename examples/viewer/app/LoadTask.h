@@ -1,6 +1,7 @@
 #pragma once
 
 #include <exception>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -18,7 +19,11 @@ namespace qelview {
 /// `loadScene` on a thread of its own, so that whoever waits stays responsive.
 class LoadTask {
   public:
+    using Work = std::function<Scene(Progress&)>;
+
     explicit LoadTask(std::vector<std::string> files);
+    /// Any other work that ends in a scene.
+    explicit LoadTask(Work work);
     /// Gives up on a load that still runs, and waits for its thread.
     ~LoadTask();
     LoadTask(const LoadTask&) = delete;

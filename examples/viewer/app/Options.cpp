@@ -7,7 +7,10 @@
 #include <string_view>
 #include <utility>
 
+#include "Commands.h"
+#include "MotionFile.h"
 #include "ReadFile.h"
+#include "Script.h"
 
 namespace qelview {
 
@@ -15,6 +18,17 @@ namespace {
 
 constexpr int kSmallestSide = 16;
 constexpr int kLargestSide = 8192;
+
+std::string inputHelp() {
+    constexpr std::size_t kColumn = 15;
+    std::string help;
+    for (const HelpLine& line : kHelpLines) {
+        std::string input(line.input);
+        input.resize(kColumn, ' ');
+        help += "  " + input + std::string(line.meaning) + "\n";
+    }
+    return help;
+}
 
 std::string helpFooter() {
     return "Files: " + knownExtensions() +
@@ -29,12 +43,22 @@ std::string helpFooter() {
            "\n"
            "Views: 0 top, 1 bottom, 2 back, 3 front, 4 right, 5 left, 6 and 7 from two opposite corners.\n"
            "\n"
-           "Keys in the window: 0 to 7 view, F fit, O perspective or orthographic, Esc quit;\n"
-           "  the mouse wheel zooms.\n"
+           "In the window:\n" +
+           inputHelp() +
+           "Keys of a map (--map): 1 GDI, 2 OpenGL, 3 three dimensions, F fit, Esc quit; drag to move, the "
+           "wheel zooms\n"
+           "  at the cursor. Without a file a map made by code is shown.\n"
            "\n"
-           "Exit codes: 0 done, 1 wrong command line or picture not written, 2 a file is refused (the reason "
+           "Scripts drive a window that is not shown. A line is one of these, places count from the upper "
+           "left:\n" +
+           scriptHelp() +
+           "\n"
+           "Recorded six-axis input:\n" +
+           motionHelp() +
+           "\n"
+           "Exit codes: 0 done, 1 wrong command line, script or recording, or picture not written, 2 a file "
            "is\n"
-           "  on standard error), 3 no OpenGL context.";
+           "  refused (the reason is on standard error), 3 no OpenGL context.";
 }
 
 std::optional<std::pair<int, int>> parseSize(std::string_view text) {
@@ -55,6 +79,25 @@ std::optional<std::pair<int, int>> parseSize(std::string_view text) {
         return std::nullopt;
     }
     return std::pair(width, height);
+}
+
+void addWindowOptions(CLI::App& app, Options& options) {
+    app.add_option("--capture", options.capture,
+                   "Capture the view into a BMP file and end; with --script, the file of the key C")
+        ->type_name("FILE.bmp");
+    CLI::Option* const script =
+        app.add_option("--script", options.script, "Play a script of mouse and keys and end")
+            ->type_name("FILE");
+    app.add_option("--motion", options.motion, "Replay recorded six-axis input in the window")
+        ->type_name("FILE")
+        ->excludes(script)
+        ->excludes("--out")
+        ->excludes("--views-out")
+        ->excludes("--capture");
+    app.add_option("--tour", options.tour,
+                   "Write a picture with a tile for each thing there is to see and end")
+        ->type_name("FILE.png")
+        ->excludes(script);
 }
 
 void addOptions(CLI::App& app, Options& options) {
@@ -78,6 +121,12 @@ void addOptions(CLI::App& app, Options& options) {
     app.add_option("--out", options.out, "Write a picture of the view and end")->type_name("FILE.png");
     app.add_option("--views-out", options.viewsOut,
                    "Write pictures PREFIX0.png to PREFIX7.png of the eight standard views and end")
+        ->type_name("PREFIX");
+    addWindowOptions(app, options);
+    app.add_flag("--map", options.isMap,
+                 "Show the files as a map: keys 1 GDI, 2 OpenGL, 3 in three dimensions");
+    app.add_option("--map-out", options.mapOut,
+                   "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and end")
         ->type_name("PREFIX");
 }
 

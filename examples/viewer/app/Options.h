@@ -10,7 +10,7 @@ namespace qelview {
 /// How the program ends.
 enum class ExitCode : std::uint8_t {
     Success = 0,
-    /// The command line is wrong, or a picture cannot be written.
+    /// The command line, a script or a recording is wrong, or a picture cannot be written.
     Usage = 1,
     /// A file is refused.
     BadFile = 2,
@@ -32,9 +32,26 @@ struct Options {
     std::string out;
     /// Beginning of the names of eight pictures, one of each standard view; empty for none.
     std::string viewsOut;
+    /// Bitmap file of a capture: of the view, and of the key C in a window and in a script. Empty for none.
+    std::string capture;
+    /// Script of mouse and keys; empty for none.
+    std::string script;
+    /// Recorded six-axis input, replayed in the window; empty for none.
+    std::string motion;
+    /// Picture with a tile for each thing that the viewer shows; empty for none.
+    std::string tour;
+    /// Shows the files as a map instead of a model.
+    bool isMap = false;
+    /// Beginning of the names of the pictures of a map; empty opens a window.
+    std::string mapOut;
 
     /// True if pictures are wanted instead of a window.
-    [[nodiscard]] bool writesPictures() const { return !out.empty() || !viewsOut.empty(); }
+    [[nodiscard]] bool writesPictures() const {
+        return !out.empty() || !viewsOut.empty() || !mapOut.empty() || (!capture.empty() && script.empty());
+    }
+    /// True if somebody is to sit in front of a window.
+    [[nodiscard]] bool isAttended() const { return !writesPictures() && script.empty() && tour.empty(); }
+    [[nodiscard]] bool showsMap() const { return isMap || !mapOut.empty(); }
 };
 
 /// A text to print, and how to end then: the help, the version, or what is wrong with the command line.

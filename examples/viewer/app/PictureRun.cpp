@@ -15,17 +15,28 @@ namespace {
 
 constexpr unsigned kStandardViews = 8;
 
-bool writePicture(Stage& stage, const Options& options, unsigned view, const std::string& file) {
+void choose(Stage& stage, const Options& options, unsigned view) {
     stage.setView(view);
     if (options.isOrthographic != stage.camera().isOrtho()) {
         stage.switchProjection();
         stage.fit();
     }
-    if (!writePng(std::filesystem::path(toWide(file)), stage.picture())) {
-        std::fprintf(stderr, "qelview: %s: the picture cannot be written\n", file.c_str());
-        return false;
-    }
-    return true;
+}
+
+bool reportUnwritten(const std::string& file) {
+    std::fprintf(stderr, "qelview: %s: the picture cannot be written\n", file.c_str());
+    return false;
+}
+
+bool writePicture(Stage& stage, const Options& options, unsigned view, const std::string& file) {
+    choose(stage, options, view);
+    return writePng(std::filesystem::path(toWide(file)), stage.picture()) || reportUnwritten(file);
+}
+
+bool writeCapture(Stage& stage, const Options& options) {
+    choose(stage, options, options.view);
+    stage.show();
+    return stage.capture(std::filesystem::path(toWide(options.capture))) || reportUnwritten(options.capture);
 }
 
 }  // namespace
@@ -41,6 +52,9 @@ ExitCode writePictures(const Options& options, const Scene& scene) {
     bool areWritten = options.out.empty() || writePicture(*stage, options, options.view, options.out);
     for (unsigned view = 0; areWritten && !options.viewsOut.empty() && view < kStandardViews; ++view) {
         areWritten = writePicture(*stage, options, view, options.viewsOut + std::to_string(view) + ".png");
+    }
+    if (areWritten && !options.capture.empty()) {
+        areWritten = writeCapture(*stage, options);
     }
     return areWritten ? ExitCode::Success : ExitCode::Usage;
 }

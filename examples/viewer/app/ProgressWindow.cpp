@@ -37,10 +37,7 @@ OwnedWindow openProgressWindow(LoadTask& task, HWND& bar) {
     const auto scaled = [dpi](int pixels) {
         return MulDiv(pixels, static_cast<int>(dpi), USER_DEFAULT_SCREEN_DPI);
     };
-    RECT area{0, 0, scaled(kWidth), scaled(kHeight)};
-    AdjustWindowRectExForDpi(&area, kWindowStyle, FALSE, 0, dpi);
-    const int width = area.right - area.left;
-    const int height = area.bottom - area.top;
+    const auto [width, height] = frameSizeAround({scaled(kWidth), scaled(kHeight)}, kWindowStyle, dpi);
     HINSTANCE const module = GetModuleHandleW(nullptr);
     OwnedWindow window(CreateWindowExW(
         0, registerWindowClass(L"QelViewProgress", handleMessage), L"qelview: loading", kWindowStyle,

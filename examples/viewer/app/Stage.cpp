@@ -19,35 +19,83 @@ constexpr qel::QelColor3f kBackColor{0.105F, 0.125F, 0.155F};
 constexpr std::array<const char*, 8> kViewNames{"Top",   "Bottom", "Back",      "Front",
                                                 "Right", "Left",   "Isometric", "Isometric from below"};
 
+/// Share of the way to the scene for a notch of the wheel.
+constexpr double kStepOfANotch = 0.1;
+
 std::int32_t handleOf(HWND window) {
     return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window));
 }
 
 }  // namespace
 
-std::unique_ptr<Stage> Stage::open(HWND window, const Scene& scene) {
-    IQelDisplay* const made = newScreenDisplay();
-    qel::ref_ptr<IQelDisplay> display = made;
-    // The display came with a reference of its own; the pointer has taken its own by now.
-    made->Release();
-    display->attachWindow(handleOf(window), false);
-    display->makeCurrent();
-    if (display->getDC() == 0 || wglGetCurrentContext() == nullptr) {
-        return nullptr;
-    }
-    return std::unique_ptr<Stage>(new Stage(display, scene));
-}
-
-Stage::Stage(qel::ref_ptr<IQelDisplay> attached, const Scene& scene)
-    : display(std::move(attached)),
-      symbol(newQelSymbol()),
-      drawn(scene),
+Stage::Content::Content(const Scene& scene)
+    : drawn(scene),
       extent(scene.bounds()),
       outline(scene.outline()),
       labels(scene.labels),
       title(printable(scene.title)),
-      summary(summaryOf(scene)) {
+      summary(summaryOf(scene)),
+      origin(scene.origin) {}
+
+qel::ref_ptr<IQelDisplay> Stage::attach(HWND window, bool isStereo) {
+    IQelDisplay* const made = newScreenDisplay();
+    qel::ref_ptr<IQelDisplay> display = made;
+    // The display came with a reference of its own; the pointer has taken its own by now.
+    made->Release();
+    display->attachWindow(handleOf(window), isStereo);
+    display->makeCurrent();
+    if (display->getDC() == 0 || wglGetCurrentContext() == nullptr) {
+        return {};
+    }
+    return display;
+}
+
+std::unique_ptr<Stage> Stage::open(HWND window, const Scene& scene) {
+    const qel::ref_ptr<IQelDisplay> display = attach(window, false);
+    return display ? std::unique_ptr<Stage>(new Stage(display, Content(scene))) : nullptr;
+}
+
+std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
+    const qel::ref_ptr<IQelDisplay> other = attach(window, isStereo);
+    GLboolean hasStereoBuffers = GL_FALSE;
+    if (other) {
+        glGetBooleanv(GL_STEREO, &hasStereoBuffers);
+    }
+    if (!other || (isStereo && hasStereoBuffers == GL_FALSE)) {
+        display->makeCurrent();
+        return nullptr;
+    }
+    std::unique_ptr<Stage> moved(new Stage(other, content));
+    moved->notes = notes;
+    moved->viewName = viewName;
+    moved->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
+    moved->camera().setExtent(camera().getExtent(), false);
+    moved->camera().setCamera(camera().getEye(), camera().getTarget(), camera().getUp());
+    if (camera().isOrtho()) {
+        moved->switchProjection();
+    }
+    return moved;
+}
+
+Stage::Stage(qel::ref_ptr<IQelDisplay> attached, Content shown)
+    : display(std::move(attached)),
+      symbol(newQelSymbol()),
+      content(std::move(shown)),
+      underMouse(qel::XPnt3d::invalid()) {
     display->setBackColor(kBackColor);
+}
+
+void Stage::setScene(const Scene& scene) {
+    // A scene that does not fit into memory leaves the old one.
+    Content other(scene);
+    content = std::move(other);
+    notes.mark.reset();
+    notes.localFrame.reset();
+}
+
+void Stage::setTitle(const std::string& text) {
+    content.title = text;
+    content.summary.clear();
 }
 
 void Stage::resize(const ClientSize& size) {
@@ -55,7 +103,7 @@ void Stage::resize(const ClientSize& size) {
 }
 
 void Stage::setView(unsigned number) {
-    camera().setExtent(extent, false);
+    camera().setExtent(content.extent, false);
     camera().setStandardView(number);
     viewName = kViewNames.at(number);
     fit();
@@ -63,11 +111,12 @@ void Stage::setView(unsigned number) {
 
 void Stage::fit() {
     const bool wasOrtho = camera().isOrtho();
-    const qel::XPnt3d middle = extent.MidPoint();
+    const qel::XPnt3d middle = content.extent.MidPoint();
     camera().setPerspective();
     camera().setRotationCenter(middle.x, middle.y, middle.z);
-    const CameraPlace place = placeToSee(outline, {camera().getEye(), camera().getTarget(), camera().getUp()},
-                                         camera().getFieldOfView(), aspect());
+    const CameraPlace place =
+        placeToSee(content.outline, {camera().getEye(), camera().getTarget(), camera().getUp()},
+                   camera().getFieldOfView(), aspect());
     camera().setCamera(place.eye, place.target, place.up);
     if (wasOrtho) {
         switchProjection();
@@ -77,7 +126,7 @@ void Stage::fit() {
 
 void Stage::shrinkIntoView() {
     std::vector<qel::XPnt3d> places;
-    std::transform(outline.begin(), outline.end(), std::back_inserter(places),
+    std::transform(content.outline.begin(), content.outline.end(), std::back_inserter(places),
                    [this](const qel::XPnt3d& point) { return camera().projectPnt(point); });
     const double excess = shareOfUsableView(places, static_cast<double>(camera().getWidth()),
                                             static_cast<double>(camera().getHeight()));
@@ -96,14 +145,61 @@ void Stage::shrinkIntoView() {
     switchProjection();
 }
 
+void Stage::switchLongAxes() {
+    camera().setOverlayOption(!camera().getOverlayOption());
+}
+
+void Stage::zoom(double notches, const PixelPlace& place) {
+    // Each notch leaves the same share of the way, in steps of one notch because the camera slows longer
+    // ones. The way is that of the last frame for all steps.
+    double left = 1.0;
+    const int steps = static_cast<int>(std::ceil(std::abs(notches)));
+    for (int step = 0; step < steps; ++step) {
+        const double share = std::pow(1.0 - kStepOfANotch, std::min(std::abs(notches) - step, 1.0));
+        const double next = notches > 0.0 ? left * share : left / share;
+        camera().zoomAt(static_cast<float>(left - next), place.x, place.y);
+        left = next;
+    }
+}
+
+void Stage::zoomInto(const PixelBox& rectangle) {
+    const qel::XPnt3d shown = pointAt(rectangle.middle());
+    const PixelPlace middle = rectangle.middle();
+    const qel::XPnt3d aim = shown.isValid() ? shown : camera().pickModelPnt(middle.x, middle.y);
+    // First the middle of the rectangle comes to the middle of the view, at the same distance.
+    qel::XPnt3d back = camera().getEye() - camera().getTarget();
+    back.normalize();
+    const double distance = qel::dot(camera().getEye() - aim, back);
+    camera().setCamera(aim + back * distance, aim, camera().getUp());
+    if (!camera().isOrtho()) {
+        camera().zoomInRect({rectangle.from.x, rectangle.from.y, rectangle.to.x, rectangle.to.y});
+        camera().updateSphereRadius();
+        return;
+    }
+    // The size of an orthographic view follows the distance to what is drawn.
+    const double share = std::max(rectangle.width() / static_cast<double>(camera().getWidth()),
+                                  rectangle.height() / static_cast<double>(camera().getHeight()));
+    camera().zoomAt(static_cast<float>(1.0 - share), static_cast<std::int32_t>(camera().getWidth() / 2.0F),
+                    static_cast<std::int32_t>(camera().getHeight() / 2.0F));
+}
+
+void Stage::rotateAbout(const PixelPlace& place) {
+    const qel::XPnt3d shown = pointAt(place);
+    if (shown.isValid()) {
+        camera().setRotationCenter(shown.x, shown.y, shown.z);
+    } else {
+        camera().setRotationCenterAt(place.x, place.y);
+    }
+}
+
 double Stage::aspect() {
     return static_cast<double>(camera().getWidth() / camera().getHeight());
 }
 
 void Stage::chooseClippingDistances() {
     // Some systems give 16 bits of depth: they are spent on the scene alone.
-    const double distance = qel::dist(camera().getEye(), extent.MidPoint());
-    const ClippingDistances clipping = clippingAround(extent, distance);
+    const double distance = qel::dist(camera().getEye(), content.extent.MidPoint());
+    const ClippingDistances clipping = clippingAround(content.extent, distance);
     camera().setNearPlane(clipping.nearest);
     camera().setFarPlane(clipping.farthest);
 }
@@ -119,26 +215,6 @@ void Stage::switchProjection() {
     resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
     camera().setOrtho();
     show();
-}
-
-void Stage::show() {
-    drawFrame();
-    display->finishFrame();
-}
-
-PixelImage Stage::picture() {
-    drawFrame();
-    // Finishing the frame draws these too, but leaves nothing to read: it exchanges the buffers.
-    camera().drawAxes();
-    PixelImage image;
-    image.width = static_cast<int>(camera().getWidth());
-    image.height = static_cast<int>(camera().getHeight());
-    image.rgb.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height) * 3);
-    glReadBuffer(GL_BACK);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, image.width, image.height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
-    display->finishFrame();
-    return image;
 }
 
 }  // namespace qelview

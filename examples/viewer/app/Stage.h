@@ -2,11 +2,16 @@
 
 #include <windows.h>
 
+#include <cstddef>
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "Annotations.h"
 #include "HostScene.h"
+#include "MouseGesture.h"
 #include "PngFile.h"
 #include "QelDisplay64t.h"
 #include "Scene.h"
@@ -15,12 +20,18 @@
 namespace qelview {
 
 /// A scene on a window: the module's display, its camera, a symbol, and what is drawn with them. Lives on the
-/// thread of the window.
+/// thread of the window. Places in the view are pixels from its lower left corner. Everything is drawn with
+/// OpenGL 1.1; no extension is asked for.
 class Stage {
   public:
     /// Null if the window gets no OpenGL context.
     [[nodiscard]] static std::unique_ptr<Stage> open(HWND window, const Scene& scene);
+    /// The same scene and camera on another window; null, with nothing changed, if that gets no context of
+    /// the wanted kind.
+    [[nodiscard]] std::unique_ptr<Stage> moveTo(HWND window, bool isStereo);
 
+    /// Another scene; the view stays as it is.
+    void setScene(const Scene& scene);
     void resize(const ClientSize& size);
     /// One of the eight standard views, filled by the scene.
     void setView(unsigned number);
@@ -28,36 +39,90 @@ class Stage {
     void fit();
     /// Perspective becomes orthographic, and the other way round.
     void switchProjection();
+    void switchLongAxes();
+    /// Moves towards a place of the view; negative notches of a mouse wheel move away by the same ratio.
+    void zoom(double notches, const PixelPlace& place);
+    /// Makes the part of the scene that a rectangle shows fill the view.
+    void zoomInto(const PixelBox& rectangle);
+    /// Rotates from now on about the point that is shown at a place.
+    void rotateAbout(const PixelPlace& place);
     [[nodiscard]] IQelTrackBall& camera() { return *display->getTrackBall(); }
+    [[nodiscard]] bool isStereo() { return display->isStereo(); }
+
+    /// The point of the scene that the last frame shows at a place; not valid on the background.
+    [[nodiscard]] qel::XPnt3d pointAt(const PixelPlace& place);
+    /// A point as the user reads it, in the coordinates of the files.
+    [[nodiscard]] std::string textOf(const qel::XPnt3d& point) const;
+
+    [[nodiscard]] Annotations& annotations() { return notes; }
+    /// The title of the view, in place of the scene's own and its counts.
+    void setTitle(const std::string& text);
+    /// From now on draws one of so many parts of the scene; 1 draws all.
+    void setPartsPerDrawn(std::size_t parts) { partsPerDrawn = parts; }
 
     /// Draws a frame and shows it.
     void show();
-    /// Draws a frame and reads it back.
+    /// Draws a frame, with the overlays of the moment, and reads it back.
     [[nodiscard]] PixelImage picture();
+    /// Shows the last frame again with the strip of the moment and, over everything, a rectangle.
+    void showOverlay(const std::optional<PixelBox>& rectangle);
+    [[nodiscard]] PixelImage overlayPicture(const std::optional<PixelBox>& rectangle);
+    /// Writes the view, without strip, help and notice, into a BMP file. Of views whose width is not a
+    /// multiple of four the last pixels of each row are left out, because programs disagree about such files.
+    /// @return false if the file cannot be written; nothing is left of it then.
+    [[nodiscard]] bool capture(const std::filesystem::path& file);
 
   private:
-    Stage(qel::ref_ptr<IQelDisplay> attached, const Scene& scene);
+    /// A scene and what is asked of it again and again.
+    struct Content {
+        explicit Content(const Scene& scene);
+        HostScene drawn;
+        qel::Enve3d extent;
+        Points outline;
+        std::vector<Label> labels;
+        std::string title;
+        std::string summary;
+        qel::XPnt3d origin;
+    };
+
+    Stage(qel::ref_ptr<IQelDisplay> attached, Content shown);
+    [[nodiscard]] static qel::ref_ptr<IQelDisplay> attach(HWND window, bool isStereo);
 
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
     [[nodiscard]] double aspect();
+    /// The camera that OpenGL holds.
+    [[nodiscard]] PixelView pixelView();
     void chooseClippingDistances();
     /// Draws into the back buffer, up to and without the exchange of the buffers.
     void drawFrame();
+    /// The scene with everything on it, into whatever the display draws to.
+    void drawContent();
     void drawTexts();
     void drawLabel(const Label& label, const qel::XPnt3d& place);
-    void printAt(double x, double y, const std::string& text);
     [[nodiscard]] bool isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place);
+    void drawMark();
+    void drawLocalFrame();
+    void printAt(double x, double y, const std::string& text);
+
+    void drawOverlay(const std::optional<PixelBox>& rectangle);
+    /// The point of the scene that OpenGL holds at a place, as `pointAt` gives it.
+    [[nodiscard]] qel::XPnt3d drawnAt(const PixelPlace& place);
+    void findPointUnderMouse();
+    void drawStrip();
+    void drawNotice();
+    void drawHelp();
+    void drawPlate(double left, double bottom, double right, double top);
+    void drawRectangle(const PixelBox& rectangle);
+    [[nodiscard]] PixelImage readBack();
 
     qel::ref_ptr<IQelDisplay> display;
     qel::ref_ptr<IQelSymbol> symbol;
-    HostScene drawn;
-    qel::Enve3d extent;
-    Points outline;
-    std::vector<Label> labels;
-    std::string title;
-    std::string summary;
+    Content content;
+    Annotations notes;
+    qel::XPnt3d underMouse;
     std::string viewName;
+    std::size_t partsPerDrawn = 1;
 };
 
 }  // namespace qelview

@@ -13,7 +13,7 @@ constexpr const char* kNoContext = "the window gets no OpenGL context; check the
 const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure) {
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
-    description.style = CS_OWNDC | CS_HREDRAW | CS_VREDRAW;
+    description.style = CS_OWNDC | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleW(nullptr);
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -33,6 +33,19 @@ OwnedWindow createHiddenWindow(const ClientSize& size) {
 ClientSize clientSizeOf(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
+    return {area.right - area.left, area.bottom - area.top};
+}
+
+void setClientSize(HWND window, const ClientSize& size) {
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+    const ClientSize frame = frameSizeAround(size, style, GetDpiForWindow(window));
+    SetWindowPos(window, nullptr, 0, 0, frame.width, frame.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi) {
+    RECT area{0, 0, client.width, client.height};
+    AdjustWindowRectExForDpi(&area, style, FALSE, 0, dpi);
     return {area.right - area.left, area.bottom - area.top};
 }
 

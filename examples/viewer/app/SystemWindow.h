@@ -28,6 +28,10 @@ const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure);
 [[nodiscard]] OwnedWindow createHiddenWindow(const ClientSize& size);
 
 [[nodiscard]] ClientSize clientSizeOf(HWND window);
+/// Gives a window the frame around this client area that it has on its screen.
+void setClientSize(HWND window, const ClientSize& size);
+/// The frame around a client area on a screen of so many dots an inch.
+[[nodiscard]] ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi);
 
 [[nodiscard]] std::wstring toWide(const std::string& utf8);
 [[nodiscard]] std::string toUtf8(const std::wstring& wide);

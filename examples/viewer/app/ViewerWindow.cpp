@@ -2,74 +2,118 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <utility>
+
+#include "FileInput.h"
+#include "LoadTask.h"
+#include "ProgressWindow.h"
+#include "ReadError.h"
+#include "ReadFile.h"
+
 namespace qelview {
 
 namespace {
 
-/// Buttons as the camera numbers its drags.
-constexpr int kPan = 1;
-constexpr int kRotate = 2;
-constexpr int kZoom = 3;
-/// Share of the way to the scene for a notch of the wheel.
-constexpr float kZoomOfANotch = 0.1F;
+/// The camera rests when nothing has moved it for so long.
+constexpr UINT kRestMilliseconds = 150;
+constexpr UINT kReplayMilliseconds = 33;
 
-RECT frameAround(const ClientSize& client, DWORD style, UINT dpi) {
-    RECT area{0, 0, client.width, client.height};
-    AdjustWindowRectExForDpi(&area, style, FALSE, 0, dpi);
-    return area;
+double steadyMilliseconds() {
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    return Milliseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 }  // namespace
+
+Surroundings Surroundings::attended() {
+    return {true, steadyMilliseconds, [](const std::vector<std::string>& files) {
+                LoadTask task(files);
+                return waitWithWindow(task);
+            }};
+}
+
+Surroundings Surroundings::scripted() {
+    return {false, [] { return 0.0; },
+            [](const std::vector<std::string>& files) {
+                LoadTask task(files);
+                return waitWithText(task);
+            }};
+}
+
+ViewerWindow::ViewerWindow(Surroundings around) : surroundings(std::move(around)) {}
 
 ViewerWindow::~ViewerWindow() {
     // The display lets go of the window before the window goes.
     stage.reset();
 }
 
-ExitCode ViewerWindow::run(const Options& options, const Scene& scene) {
-    create(options, scene);
+bool ViewerWindow::open(const Options& options, const Scene& scene) {
+    const ClientSize size{options.width, options.height};
+    window = create(size);
     stage = window ? Stage::open(window.get(), scene) : nullptr;
     if (stage == nullptr) {
         window.reset();
-        reportNoContext(true);
-        return ExitCode::NoContext;
+        return false;
     }
+    captureFile = options.capture;
+    firstView = options.view;
+    setCaption(scene.title);
+    stage->annotations().hasStrip = true;
     stage->resize(clientSizeOf(window.get()));
     stage->setView(options.view);
     if (options.isOrthographic) {
         stage->switchProjection();
         stage->fit();
     }
+    DragAcceptFiles(window.get(), TRUE);
+    redraw(Stale::Frame);
+    return true;
+}
+
+ExitCode ViewerWindow::run(const Options& options, const Scene& scene) {
+    if (!open(options, scene)) {
+        reportNoContext(surroundings.isAttended);
+        return ExitCode::NoContext;
+    }
+    if (!options.motion.empty()) {
+        try {
+            replay(parseMotion(readTextFile(toWide(options.motion))));
+        } catch (const ReadError& error) {
+            std::fprintf(stderr, "qelview: %s: %s\n", options.motion.c_str(), error.what());
+            return ExitCode::Usage;
+        }
+    }
     ShowWindow(window.get(), SW_SHOW);
     MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (!ended && GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
     return ExitCode::Success;
 }
 
-void ViewerWindow::create(const Options& options, const Scene& scene) {
+OwnedWindow ViewerWindow::create(const ClientSize& size) {
     constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW;
-    const RECT frame = frameAround({options.width, options.height}, kStyle, GetDpiForSystem());
-    const std::wstring caption = toWide(scene.title + " - qelview");
-    window.reset(CreateWindowExW(0, registerWindowClass(L"QelViewWindow", dispatch), caption.c_str(), kStyle,
-                                 CW_USEDEFAULT, CW_USEDEFAULT, frame.right - frame.left,
-                                 frame.bottom - frame.top, nullptr, nullptr, GetModuleHandleW(nullptr),
-                                 nullptr));
-    if (!window) {
-        return;
+    const ClientSize frame = frameSizeAround(size, kStyle, GetDpiForSystem());
+    OwnedWindow made(CreateWindowExW(0, registerWindowClass(L"QelViewWindow", dispatch), L"qelview", kStyle,
+                                     CW_USEDEFAULT, CW_USEDEFAULT, frame.width, frame.height, nullptr,
+                                     nullptr, GetModuleHandleW(nullptr), nullptr));
+    if (made) {
+        SetWindowLongPtrW(made.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        // The window may have opened on a screen of another resolution than the system's.
+        setClientSize(made.get(), size);
     }
-    SetWindowLongPtrW(window.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    // The window may have opened on a screen of another resolution than the system's.
-    const RECT exact = frameAround({options.width, options.height}, kStyle, GetDpiForWindow(window.get()));
-    SetWindowPos(window.get(), nullptr, 0, 0, exact.right - exact.left, exact.bottom - exact.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return made;
 }
 
 LRESULT CALLBACK ViewerWindow::dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<ViewerWindow*>(GetWindowLongPtrW(receiver, GWLP_USERDATA));
-    if (self != nullptr && self->stage && self->handle(message, wParam, lParam)) {
+    // A window that is being made, or replaced by another one, is nobody's yet or any more.
+    if (self != nullptr && self->stage && self->window.get() == receiver &&
+        self->handle(message, wParam, lParam)) {
         return 0;
     }
     return DefWindowProcW(receiver, message, wParam, lParam);
@@ -78,8 +122,7 @@ LRESULT CALLBACK ViewerWindow::dispatch(HWND receiver, UINT message, WPARAM wPar
 bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SIZE:
-            stage->resize({LOWORD(lParam), HIWORD(lParam)});
-            redraw();
+            resized({LOWORD(lParam), HIWORD(lParam)});
             return true;
         case WM_PAINT:
             paint();
@@ -89,6 +132,12 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_KEYDOWN:
             return handleKey(wParam);
+        case WM_TIMER:
+            timerFired(wParam);
+            return true;
+        case WM_DROPFILES:
+            openFiles(takeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
+            return true;
         case WM_DPICHANGED: {
             const RECT& wanted = *reinterpret_cast<const RECT*>(lParam);
             SetWindowPos(window.get(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
@@ -96,98 +145,97 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         }
         case WM_CLOSE:
-            PostQuitMessage(0);
+            ended = true;
             return true;
         default:
             return handleMouse(message, wParam, lParam);
     }
 }
 
-bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_LBUTTONDOWN:
-            press(kRotate, lParam);
-            return true;
-        case WM_MBUTTONDOWN:
-            press(kPan, lParam);
-            return true;
-        case WM_RBUTTONDOWN:
-            press(kZoom, lParam);
-            return true;
-        case WM_LBUTTONUP:
-        case WM_MBUTTONUP:
-        case WM_RBUTTONUP:
-            release();
-            return true;
-        case WM_MOUSEMOVE:
-            if (stage->camera().getDragButton() != 0) {
-                const POINT place = fromBelow(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
-                stage->camera().onMouseMove(place.x, place.y);
-                redraw();
-            }
-            return true;
-        case WM_MOUSEWHEEL:
-            zoom(wParam, lParam);
-            return true;
-        default:
-            return false;
+void ViewerWindow::resized(const ClientSize& size) {
+    if (size.width > 0 && size.height > 0) {
+        stage->resize(size);
+        redraw(Stale::Frame);
     }
-}
-
-bool ViewerWindow::handleKey(WPARAM key) {
-    const bool isDigit = key >= '0' && key <= '7';
-    const bool isPadDigit = key >= VK_NUMPAD0 && key <= VK_NUMPAD7;
-    if (isDigit || isPadDigit) {
-        stage->setView(static_cast<unsigned>(key - (isDigit ? WPARAM{'0'} : WPARAM{VK_NUMPAD0})));
-    } else if (key == 'F') {
-        stage->fit();
-    } else if (key == 'O') {
-        stage->switchProjection();
-    } else if (key == VK_ESCAPE) {
-        PostQuitMessage(0);
-    } else {
-        return false;
-    }
-    redraw();
-    return true;
-}
-
-void ViewerWindow::press(int cameraButton, LPARAM position) {
-    const POINT place = fromBelow(GET_X_LPARAM(position), GET_Y_LPARAM(position));
-    SetCapture(window.get());
-    stage->camera().onButtonDown(cameraButton, place.x, place.y);
-}
-
-void ViewerWindow::release() {
-    stage->camera().onButtonUp();
-    ReleaseCapture();
-    redraw();
-}
-
-void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
-    // The wheel alone gives its position on the screen.
-    POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
-    ScreenToClient(window.get(), &onScreen);
-    const POINT place = fromBelow(onScreen.x, onScreen.y);
-    const float notches =
-        static_cast<float>(GET_WHEEL_DELTA_WPARAM(wParam)) / static_cast<float>(WHEEL_DELTA);
-    stage->camera().zoomAt(notches * kZoomOfANotch, place.x, place.y);
-    redraw();
 }
 
 void ViewerWindow::paint() {
     PAINTSTRUCT painting;
     BeginPaint(window.get(), &painting);
-    stage->show();
+    // What the system has covered is shown again from the copy of the frame.
+    stale = std::max(stale, Stale::Overlay);
+    refresh();
     EndPaint(window.get(), &painting);
 }
 
-void ViewerWindow::redraw() {
+void ViewerWindow::refresh() {
+    if (stale == Stale::Frame) {
+        drawFrame();
+    }
+    if (stale == Stale::Overlay) {
+        stage->showOverlay(drawnRectangle());
+    }
+    stale = Stale::Nothing;
+}
+
+void ViewerWindow::drawFrame() {
+    const std::size_t parts = budget.partsPerDrawn(isMoving);
+    stage->setPartsPerDrawn(parts);
+    const double begin = surroundings.clock();
+    stage->show();
+    const double milliseconds = surroundings.clock() - begin;
+    stage->setPartsPerDrawn(1);
+    budget.frameTook(milliseconds, parts);
+    isThinned = parts > 1;
+    stage->annotations().frameMilliseconds = milliseconds;
+    stale = drawnRectangle() ? Stale::Overlay : Stale::Nothing;
+}
+
+PixelImage ViewerWindow::picture() {
+    refresh();
+    const std::optional<PixelBox> rectangle = drawnRectangle();
+    return rectangle ? stage->overlayPicture(rectangle) : stage->picture();
+}
+
+void ViewerWindow::redraw(Stale what) {
+    stale = std::max(stale, what);
     InvalidateRect(window.get(), nullptr, FALSE);
 }
 
-POINT ViewerWindow::fromBelow(int x, int y) const {
-    return {x, clientSizeOf(window.get()).height - 1 - y};
+void ViewerWindow::moved() {
+    isMoving = true;
+    SetTimer(window.get(), kRestTimer, kRestMilliseconds, nullptr);
+    redraw(Stale::Frame);
+}
+
+void ViewerWindow::rest() {
+    KillTimer(window.get(), kRestTimer);
+    isMoving = false;
+    if (isThinned) {
+        redraw(Stale::Frame);
+    }
+}
+
+void ViewerWindow::timerFired(UINT_PTR timer) {
+    if (timer == kRestTimer) {
+        rest();
+    } else if (timer == kReplayTimer && isReplaying()) {
+        stage->camera().applyMotion(motion[nextMotion++].data());
+        moved();
+        if (!isReplaying()) {
+            KillTimer(window.get(), kReplayTimer);
+        }
+    }
+}
+
+void ViewerWindow::replay(std::vector<MotionStep> steps) {
+    motion = std::move(steps);
+    nextMotion = 0;
+    SetTimer(window.get(), kReplayTimer, kReplayMilliseconds, nullptr);
+}
+
+void ViewerWindow::setCaption(const std::string& title) {
+    SetWindowTextW(window.get(), toWide(title + " - qelview").c_str());
 }
 
 }  // namespace qelview

@@ -10,12 +10,16 @@
 #include <vector>
 
 #include "LoadTask.h"
+#include "MapRun.h"
 #include "Options.h"
 #include "PictureRun.h"
 #include "ProgressWindow.h"
 #include "ReadError.h"
+#include "SampleMap.h"
 #include "SampleScene.h"
+#include "ScriptRun.h"
 #include "SystemWindow.h"
+#include "TourRun.h"
 #include "ViewerWindow.h"
 
 namespace {
@@ -34,17 +38,29 @@ std::vector<std::string> readArguments() {
 
 qelview::Scene loadWanted(const qelview::Options& options) {
     if (options.files.empty()) {
-        return qelview::makeSampleScene();
+        return options.showsMap() ? qelview::makeSampleMap() : qelview::makeSampleScene();
     }
     qelview::LoadTask task(options.files);
-    return options.writesPictures() ? qelview::waitWithText(task) : qelview::waitWithWindow(task);
+    return options.isAttended() ? qelview::waitWithWindow(task) : qelview::waitWithText(task);
+}
+
+qelview::ExitCode showScene(const qelview::Options& options, const qelview::Scene& scene) {
+    if (options.showsMap()) {
+        return qelview::runMap(options, scene);
+    }
+    if (!options.script.empty()) {
+        return qelview::playScript(options, scene);
+    }
+    if (!options.tour.empty()) {
+        return qelview::writeTour(options, scene);
+    }
+    return options.writesPictures() ? qelview::writePictures(options, scene)
+                                    : qelview::ViewerWindow().run(options, scene);
 }
 
 qelview::ExitCode runViewer(const qelview::Options& options) {
     try {
-        const qelview::Scene scene = loadWanted(options);
-        return options.writesPictures() ? qelview::writePictures(options, scene)
-                                        : qelview::ViewerWindow().run(options, scene);
+        return showScene(options, loadWanted(options));
     } catch (const qelview::ReadCancelled&) {
         return qelview::ExitCode::Success;
     } catch (const std::exception& error) {

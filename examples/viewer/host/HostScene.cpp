@@ -6,6 +6,7 @@
 
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
+#include "Thinning.h"
 
 namespace qelview {
 
@@ -121,9 +122,9 @@ void HostScene::addGeometries(const Scene& scene) {
     }
 }
 
-void HostScene::draw(IQelSymbol& symbol, const PixelView& view) {
-    drawMeshes(symbol);
-    drawClouds(symbol, view);
+void HostScene::draw(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn) {
+    drawMeshes(symbol, partsPerDrawn);
+    drawClouds(symbol, view, partsPerDrawn);
     for (const Geometry& drawn : geometries) {
         drawGeometry(symbol, drawn);
     }
@@ -132,35 +133,61 @@ void HostScene::draw(IQelSymbol& symbol, const PixelView& view) {
     }
 }
 
-void HostScene::drawMeshes(IQelSymbol& symbol) const {
+void HostScene::drawMeshes(IQelSymbol& symbol, std::size_t partsPerDrawn) {
     // Surfaces step back a little, so that lines which lie on them stay whole.
     glPolygonOffset(1.0F, 1.0F);
     const QelTmpGlStateCtrl offset(GL_POLYGON_OFFSET_FILL, true);
-    for (const Mesh& mesh : meshes) {
-        drawMesh(symbol, mesh);
+    for (Mesh& mesh : meshes) {
+        if (partsPerDrawn > 1) {
+            thin(mesh, partsPerDrawn);
+        }
+        drawMesh(symbol, mesh, partsPerDrawn > 1 ? mesh.thinned : mesh.indices);
     }
 }
 
-void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view) {
+void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn) {
     if (clouds.empty()) {
         return;
     }
     const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
     for (Cloud& cloud : clouds) {
-        orderVisiblePoints(cloud.positions, view, depths, cloud.order->content());
+        orderVisiblePoints(cloud.positions, view, depths, partsPerDrawn, cloud.order->content());
         symbol.drawPointCloud(cloud.vertices, cloud.order, cloud.colors, cloud.size, cloud.color);
     }
 }
 
-void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh) {
+std::optional<qel::XPnt3d> HostScene::cloudPointAt(const PixelView& view, double x, double y) const {
+    // A hand does not meet a single pixel.
+    constexpr double kReach = 3.0;
+    for (const Cloud& cloud : clouds) {
+        const auto number = visiblePointAt(cloud.positions, cloud.order->content(), view, x, y, kReach);
+        if (number) {
+            return cloud.positions[*number];
+        }
+    }
+    return std::nullopt;
+}
+
+void HostScene::thin(Mesh& mesh, std::size_t partsPerDrawn) {
+    if (!mesh.vertices || mesh.partsPerThinned == partsPerDrawn) {
+        return;
+    }
+    const std::vector<qel::ArrayIndex> all =
+        mesh.indices ? mesh.indices->content() : std::vector<qel::ArrayIndex>();
+    mesh.thinned =
+        makeArray(thinnedTriangles(all, static_cast<std::size_t>(mesh.vertices->count()), partsPerDrawn));
+    mesh.partsPerThinned = partsPerDrawn;
+}
+
+void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices) {
     const QelTmpGlStateCtrl color(mesh.color);
     const qel::MeshStyle style;
     if (mesh.indices) {
-        symbol.drawIndexedMesh(mesh.vertices, mesh.indices, mesh.normals, mesh.colors, {}, 0, mesh.shadeModel,
+        symbol.drawIndexedMesh(mesh.vertices, indices, mesh.normals, mesh.colors, {}, 0, mesh.shadeModel,
                                GL_FILL, GL_FILL, style);
     } else {
-        symbol.drawMesh(mesh.vertices, {}, mesh.byteNormals, mesh.colors, {}, 0, mesh.shadeModel, GL_FILL,
-                        GL_FILL, style);
+        symbol.drawMesh(mesh.vertices, indices, mesh.byteNormals, mesh.colors, {}, 0, mesh.shadeModel,
+                        GL_FILL, GL_FILL, style);
     }
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "HostGeometry.h"
@@ -21,7 +23,13 @@ class HostScene {
     /// Draws everything but labels. The context must be current. Enabled depth testing and disabled lighting
     /// are expected; the current colour and line width change.
     /// @param view the camera that OpenGL holds.
-    void draw(IQelSymbol& symbol, const PixelView& view);
+    /// @param partsPerDrawn draws only one of so many points of clouds and parts of meshes; 1 draws all.
+    void draw(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn = 1);
+
+    /// The point of a cloud that the last drawing showed at a place; nothing if there is none.
+    /// @param view the camera of that drawing.
+    /// @param x, y in pixels from the lower left of the view.
+    [[nodiscard]] std::optional<qel::XPnt3d> cloudPointAt(const PixelView& view, double x, double y) const;
 
   private:
     template <class Element>
@@ -30,6 +38,9 @@ class HostScene {
     struct Mesh {
         Array<qel::ArrayVertex> vertices;
         Array<qel::ArrayIndex> indices;
+        /// Those of a thinned mesh, for the number of parts that they were made for.
+        Array<qel::ArrayIndex> thinned;
+        std::size_t partsPerThinned = 0;
         Array<qel::ArrayNormal4f> normals;
         Array<qel::ArrayNormal3b> byteNormals;
         Array<qel::ArrayColor4f> colors;
@@ -54,11 +65,12 @@ class HostScene {
     void addGeometry(IQelGeometry* geometry, const LineStyle& style);
     void addGeometries(const Scene& scene);
 
-    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh);
+    static void thin(Mesh& mesh, std::size_t partsPerDrawn);
+    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices);
     static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn);
     static void drawMarker(IQelSymbol& symbol, const Marker& marker);
-    void drawMeshes(IQelSymbol& symbol) const;
-    void drawClouds(IQelSymbol& symbol, const PixelView& view);
+    void drawMeshes(IQelSymbol& symbol, std::size_t partsPerDrawn);
+    void drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn);
 
     std::vector<Mesh> meshes;
     std::vector<Cloud> clouds;

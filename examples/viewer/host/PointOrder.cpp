@@ -49,6 +49,14 @@ class DepthOfPoints {
         return depth > surfaceDepth(x, y) + kDepthTolerance ? kNotDrawn : depth;
     }
 
+    /// True if the image of a point in front of the eye lies within reach of a place, in pixels.
+    [[nodiscard]] bool isNear(const qel::XPnt3d& point, double x, double y, double reach) const {
+        const double w = row(3, point);
+        const double column = (row(0, point) / w * 0.5 + 0.5) * view.viewport[2];
+        const double line = (row(1, point) / w * 0.5 + 0.5) * view.viewport[3];
+        return w > 0.0 && std::abs(column - x) <= reach && std::abs(line - y) <= reach;
+    }
+
   private:
     [[nodiscard]] double row(std::size_t number, const qel::XPnt3d& point) const {
         return matrix[number] * point.x + matrix[number + 4] * point.y + matrix[number + 8] * point.z +
@@ -75,10 +83,13 @@ class DepthOfPoints {
 }  // namespace
 
 void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
-                        std::vector<std::uint32_t>& order) {
+                        std::size_t everyNth, std::vector<std::uint32_t>& order) {
     const DepthOfPoints depthOf(view, depths);
-    std::vector<double> depthsOfPoints(positions.size());
-    std::transform(positions.begin(), positions.end(), depthsOfPoints.begin(), depthOf);
+    std::vector<double> depthsOfPoints;
+    depthsOfPoints.reserve(positions.size() / everyNth + 1);
+    for (std::size_t i = 0; i < positions.size(); i += everyNth) {
+        depthsOfPoints.push_back(depthOf(positions[i]));
+    }
     double nearest = 1.0;
     double farthest = 0.0;
     for (const double depth : depthsOfPoints) {
@@ -102,11 +113,21 @@ void orderVisiblePoints(const Points& positions, const PixelView& view, const De
         next[slice + 1] += next[slice];
     }
     order.resize(next[kSlices]);
-    for (std::size_t i = 0; i < positions.size(); ++i) {
+    for (std::size_t i = 0; i < depthsOfPoints.size(); ++i) {
         if (depthsOfPoints[i] <= 1.0) {
-            order[next[sliceOf(depthsOfPoints[i])]++] = static_cast<std::uint32_t>(i);
+            order[next[sliceOf(depthsOfPoints[i])]++] = static_cast<std::uint32_t>(i * everyNth);
         }
     }
+}
+
+std::optional<std::uint32_t> visiblePointAt(const Points& positions, const std::vector<std::uint32_t>& order,
+                                            const PixelView& view, double x, double y, double reach) {
+    const DepthImage noDepths;
+    const DepthOfPoints images(view, noDepths);
+    const auto found = std::find_if(order.rbegin(), order.rend(), [&](std::uint32_t number) {
+        return images.isNear(positions[number], x, y, reach);
+    });
+    return found == order.rend() ? std::nullopt : std::optional(*found);
 }
 
 }  // namespace qelview

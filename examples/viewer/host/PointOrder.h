@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "SceneParts.h"
@@ -22,8 +24,19 @@ using DepthImage = std::vector<float>;
 /// Symbols draw clouds without a depth test. Drawing the points in this order, and these alone, gives the
 /// same picture as a depth test would: from the farthest to the nearest, without those that surfaces hide or
 /// that lie outside the view.
+/// @param everyNth leaves out all points but each n-th one, from the first.
 /// @param order receives the numbers of the points; its storage is used again.
 void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
-                        std::vector<std::uint32_t>& order);
+                        std::size_t everyNth, std::vector<std::uint32_t>& order);
+
+/// The nearest to the eye of the points whose images lie close to a place. Clouds leave no depth to pick by.
+/// @param order what `orderVisiblePoints` gave for the same view.
+/// @param x, y in pixels from the lower left of the view.
+/// @param reach half the side of the square around the place, in pixels.
+/// @return the number of the point; nothing if none is there.
+[[nodiscard]] std::optional<std::uint32_t> visiblePointAt(const Points& positions,
+                                                          const std::vector<std::uint32_t>& order,
+                                                          const PixelView& view, double x, double y,
+                                                          double reach);
 
 }  // namespace qelview

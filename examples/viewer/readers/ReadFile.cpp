@@ -10,6 +10,7 @@
 
 #include "CheckMeshFiles.h"
 #include "ReadError.h"
+#include "ReadGeoJson.h"
 #include "ReadMesh.h"
 #include "ReadPoints.h"
 
@@ -30,7 +31,7 @@ struct Format {
     Normals normals;
 };
 
-constexpr std::array<Format, 10> kFormats{{
+constexpr std::array<Format, 12> kFormats{{
     {".obj", checkObj, true, Normals::OfTheFile},
     {".ply", checkPly, true, Normals::OfTheFile},
     // STL gives each triangle the normal of its plane, which would make every surface look faceted.
@@ -42,6 +43,8 @@ constexpr std::array<Format, 10> kFormats{{
     {".csv", nullptr, false, Normals::OfTheFile},
     {".txt", nullptr, false, Normals::OfTheFile},
     {".asc", nullptr, false, Normals::OfTheFile},
+    {".geojson", nullptr, false, Normals::OfTheFile},
+    {".json", nullptr, false, Normals::OfTheFile},
 }};
 
 std::string utf8(const std::filesystem::path& path) {
@@ -87,7 +90,8 @@ Scene readAs(const Format& format, const std::filesystem::path& file, const Prog
     constexpr double kCheckShare = 0.2;
     const std::string bytes = readBytes(file);
     if (!format.isMesh) {
-        return readPoints(bytes, progress);
+        const bool isGeoJson = format.extension.ends_with("json");
+        return isGeoJson ? readGeoJson(bytes, progress) : readPoints(bytes, progress);
     }
     if (format.check != nullptr) {
         format.check(bytes, progress.part(0.0, kCheckShare));
@@ -103,6 +107,10 @@ std::string knownExtensions() {
         list += (list.empty() ? "" : " ") + std::string(format.extension);
     }
     return list;
+}
+
+std::string readTextFile(const std::filesystem::path& file) {
+    return readBytes(file);
 }
 
 Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress) {

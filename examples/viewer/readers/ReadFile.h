@@ -13,6 +13,10 @@ namespace qelview {
 /// @throws ReadCancelled if the user gave up.
 [[nodiscard]] Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress);
 
+/// The whole content of a file.
+/// @throws ReadError with the reason, without the name of the file.
+[[nodiscard]] std::string readTextFile(const std::filesystem::path& file);
+
 /// The extensions that `readFile` knows, for the help text.
 [[nodiscard]] std::string knownExtensions();
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "MouseGesture.h"
+#include "XPnt3d.h"
+
+namespace qelview {
+
+/// A point of the scene with a text beside it.
+struct PointMark {
+    qel::XPnt3d at;
+    std::string label;
+};
+
+/// A coordinate frame at a point of the scene.
+struct LocalFrame {
+    qel::XPnt3d at;
+    qel::XPnt3d xDirection{1.0, 0.0, 0.0};
+    qel::XPnt3d yDirection{0.0, 1.0, 0.0};
+    /// In 1/400 of half the view's height.
+    float size = 100.0F;
+    /// False draws it over the scene.
+    bool isHiddenByScene = false;
+};
+
+/// What stands on a view beside the scene and its labels.
+struct Annotations {
+    std::optional<PointMark> mark;
+    std::optional<LocalFrame> localFrame;
+    bool showsHelp = false;
+    /// A line of text for the user; empty for none.
+    std::string notice;
+    /// A strip at the lower edge: the view, the point under the mouse, the time of the last frame.
+    bool hasStrip = false;
+    std::optional<PixelPlace> mouse;
+    std::optional<double> frameMilliseconds;
+};
+
+}  // namespace qelview

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "PngFile.h"
+
+namespace qelview {
+
+/// Reads a captured view: an uncompressed bitmap of 24 bits. Its rows begin at multiples of four bytes; of
+/// widths that are no multiple of four pixels the end of the last rows may be missing and is black.
+/// @return nothing if the file is not such a bitmap.
+[[nodiscard]] std::optional<PixelImage> readBitmap(const std::filesystem::path& file);
+
+}  // namespace qelview

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "XPnt3d.h"
+
+namespace qelview {
+
+/// A point of the view in the coordinates of the files: "x 12.30  y 4.00  z -1.75".
+/// @param size of the scene; it decides how many digits mean something.
+[[nodiscard]] std::string coordinateText(const qel::XPnt3d& point, const qel::XPnt3d& origin, double size);
+
+}  // namespace qelview

@@ -1,0 +1,106 @@
+#include "FileInput.h"
+
+#include <commdlg.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "ReadFile.h"
+#include "SystemWindow.h"
+
+namespace qelview {
+
+namespace {
+
+/// Room for the names of many files of one folder.
+constexpr std::size_t kLongestAnswer = 32768;
+
+/// "*.obj;*.ply;..."
+std::wstring patternOfModels() {
+    std::wstring pattern;
+    for (const char character : knownExtensions()) {
+        if (character == '.') {
+            pattern += pattern.empty() ? L"*." : L";*.";
+        } else if (character != ' ') {
+            pattern += static_cast<wchar_t>(character);
+        }
+    }
+    return pattern;
+}
+
+}  // namespace
+
+std::vector<std::string> askForFiles(HWND owner) {
+    std::wstring answer(kLongestAnswer, L'\0');
+    std::wstring filter = L"Models and points" + std::wstring(1, L'\0') + patternOfModels();
+    filter +=
+        std::wstring(1, L'\0') + L"All files" + std::wstring(1, L'\0') + L"*.*" + std::wstring(2, L'\0');
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrFile = answer.data();
+    dialog.nMaxFile = kLongestAnswer;
+    dialog.Flags =
+        OFN_EXPLORER | OFN_ALLOWMULTISELECT | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (GetOpenFileNameW(&dialog) == FALSE) {
+        return {};
+    }
+    return filesOfAnswer(answer);
+}
+
+std::vector<std::string> filesOfAnswer(const std::wstring& answer) {
+    std::vector<std::wstring> parts;
+    for (std::size_t begin = 0; begin < answer.size() && answer[begin] != L'\0';) {
+        parts.emplace_back(answer.c_str() + begin);
+        begin += parts.back().size() + 1;
+    }
+    if (parts.size() == 1) {
+        return {toUtf8(parts.front())};
+    }
+    std::vector<std::string> files;
+    for (std::size_t i = 1; i < parts.size(); ++i) {
+        const std::wstring& folder = parts.front();
+        const bool isRoot = folder.back() == L'\\';
+        files.push_back(toUtf8(folder + (isRoot ? L"" : L"\\") + parts[i]));
+    }
+    return files;
+}
+
+std::vector<std::string> takeDroppedFiles(HDROP drop) {
+    constexpr UINT kCount = 0xFFFFFFFF;
+    std::vector<std::string> files;
+    const UINT count = DragQueryFileW(drop, kCount, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring name(DragQueryFileW(drop, i, nullptr, 0), L'\0');
+        // The system writes the zero that ends the name too.
+        DragQueryFileW(drop, i, name.data(), static_cast<UINT>(name.size()) + 1);
+        files.push_back(toUtf8(name));
+    }
+    DragFinish(drop);
+    return files;
+}
+
+HDROP makeDrop(const std::vector<std::string>& files) {
+    std::wstring names;
+    for (const std::string& file : files) {
+        names += toWide(file) + std::wstring(1, L'\0');
+    }
+    DROPFILES header{};
+    header.pFiles = sizeof header;
+    header.fWide = TRUE;
+    // One zero more than the names have ends the list.
+    const std::size_t bytesOfNames = (names.size() + 1) * sizeof(wchar_t);
+    HGLOBAL const memory = GlobalAlloc(GHND, sizeof header + bytesOfNames);
+    auto* const bytes = static_cast<char*>(memory != nullptr ? GlobalLock(memory) : nullptr);
+    if (bytes == nullptr) {
+        return nullptr;
+    }
+    std::memcpy(bytes, &header, sizeof header);
+    std::copy(names.begin(), names.end(), reinterpret_cast<wchar_t*>(bytes + sizeof header));
+    GlobalUnlock(memory);
+    return static_cast<HDROP>(memory);
+}
+
+}  // namespace qelview

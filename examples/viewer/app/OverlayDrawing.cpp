@@ -1,0 +1,178 @@
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+#include "Commands.h"
+#include "CoordinateText.h"
+#include "Enve2d.h"
+#include "QelGl.h"
+#include "QelTmpGlStateCtrl.h"
+#include "Stage.h"
+#include "TextPlaces.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr qel::QelColor3f kTextColor{0.62F, 0.68F, 0.76F};
+constexpr qel::QelColor3f kNoticeColor{1.0F, 0.85F, 0.25F};
+constexpr qel::QelColor3f kPlateColor{0.07F, 0.085F, 0.105F};
+constexpr qel::QelColor3f kPlateEdgeColor{0.30F, 0.34F, 0.40F};
+constexpr qel::QelColor3f kRectangleColor{1.0F, 0.85F, 0.25F};
+constexpr std::uint16_t kDashes = 0xF0F0;
+
+constexpr double kStripHeight = 40.0;
+/// Below a line of text, so that descenders stay on the plate.
+constexpr double kUnderLine = 8.0;
+
+/// Tenths are enough to tell a smooth view from a slow one.
+std::string inMilliseconds(double milliseconds) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f ms", std::min(milliseconds, 1e6));
+    return text;
+}
+
+}  // namespace
+
+void Stage::show() {
+    drawFrame();
+    display->finishFrame();
+}
+
+PixelImage Stage::picture() {
+    // The first frame goes the usual way and leaves its copy behind; the exchange of the buffers leaves
+    // nothing to read, so a second one is drawn for the picture, with the overlays that finishing would draw.
+    show();
+    drawFrame();
+    camera().drawTrackBall();
+    camera().drawAxes();
+    return readBack();
+}
+
+void Stage::showOverlay(const std::optional<PixelBox>& rectangle) {
+    drawOverlay(rectangle);
+    display->present();
+}
+
+PixelImage Stage::overlayPicture(const std::optional<PixelBox>& rectangle) {
+    drawOverlay(rectangle);
+    return readBack();
+}
+
+void Stage::drawOverlay(const std::optional<PixelBox>& rectangle) {
+    display->makeCurrent();
+    display->restoreCache();
+    camera().updateView();
+    findPointUnderMouse();
+    display->setOrtho2D();
+    drawStrip();
+    if (rectangle) {
+        drawRectangle(*rectangle);
+    }
+    camera().updateView();
+    // The copy of a frame has no overlays.
+    camera().drawAxes();
+    display->endDraw();
+}
+
+PixelImage Stage::readBack() {
+    PixelImage image;
+    image.width = static_cast<int>(camera().getWidth());
+    image.height = static_cast<int>(camera().getHeight());
+    image.rgb.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height) * 3);
+    glReadBuffer(GL_BACK);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadPixels(0, 0, image.width, image.height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
+    return image;
+}
+
+qel::XPnt3d Stage::pointAt(const PixelPlace& place) {
+    // A driver may forget the depth with the exchange of the buffers; the kept copy has it.
+    display->makeCurrent();
+    display->restoreCache();
+    display->endDraw();
+    camera().updateView();
+    return drawnAt(place);
+}
+
+qel::XPnt3d Stage::drawnAt(const PixelPlace& place) {
+    const double x = place.x + 0.5;
+    const double y = place.y + 0.5;
+    const std::optional<qel::XPnt3d> ofACloud = content.drawn.cloudPointAt(pixelView(), x, y);
+    return ofACloud ? *ofACloud : camera().getModelPntAt(x, y);
+}
+
+std::string Stage::textOf(const qel::XPnt3d& point) const {
+    return coordinateText(point, content.origin, content.extent.getDiagonal());
+}
+
+void Stage::findPointUnderMouse() {
+    const bool isAsked = notes.hasStrip && notes.mouse.has_value();
+    underMouse = isAsked ? drawnAt(*notes.mouse) : qel::XPnt3d::invalid();
+}
+
+void Stage::drawStrip() {
+    std::string text = viewName + (camera().isOrtho() ? ", orthographic" : ", perspective");
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    if (notes.hasStrip) {
+        // Opaque, so that it can be drawn anew over a frame that has it already.
+        drawPlate(-1.0, -1.0, static_cast<double>(camera().getWidth()) + 1.0, kStripHeight);
+        if (notes.frameMilliseconds) {
+            text += "   " + inMilliseconds(*notes.frameMilliseconds);
+        }
+        if (underMouse.isValid()) {
+            text += "   " + textOf(underMouse);
+        }
+    }
+    const QelTmpGlStateCtrl color(kTextColor);
+    printAt(kMargin, kMargin - (notes.hasStrip ? kUnderLine * 0.5 : 0.0), text);
+}
+
+void Stage::drawNotice() {
+    if (notes.notice.empty()) {
+        return;
+    }
+    display->setOrtho2D();
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    const QelTmpGlStateCtrl color(kNoticeColor);
+    printAt(kMargin, kMargin + kStripHeight, notes.notice);
+}
+
+void Stage::drawHelp() {
+    constexpr double kInputColumn = 20.0;
+    constexpr double kMeaningColumn = 160.0;
+    constexpr double kWidth = 600.0;
+    if (!notes.showsHelp) {
+        return;
+    }
+    display->setOrtho2D();
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    const double top = static_cast<double>(camera().getHeight()) - kMargin - 3.0 * kLineHeight;
+    const double height = static_cast<double>(kHelpLines.size() + 1) * kLineHeight;
+    drawPlate(kMargin, top - height, kMargin + kWidth, top);
+    const QelTmpGlStateCtrl color(kTextColor);
+    double y = top - kLineHeight - kUnderLine * 0.5;
+    for (const HelpLine& line : kHelpLines) {
+        printAt(kMargin + kInputColumn, y, std::string(line.input));
+        printAt(kMargin + kMeaningColumn, y, std::string(line.meaning));
+        y -= kLineHeight;
+    }
+}
+
+void Stage::drawPlate(double left, double bottom, double right, double top) {
+    symbol->drawFilledRect2d({left, bottom, right, top}, 1.0F, kPlateEdgeColor, kPlateColor, false, false);
+}
+
+void Stage::drawRectangle(const PixelBox& rectangle) {
+    const auto place = [](int x, int y) { return qel::XPnt3d(x + 0.5, y + 0.5, 0.0); };
+    const auto [from, to] = rectangle;
+    const auto edge = [&](int x1, int y1, int x2, int y2) {
+        symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false, kDashes);
+    };
+    edge(from.x, from.y, to.x, from.y);
+    edge(to.x, from.y, to.x, to.y);
+    edge(to.x, to.y, from.x, to.y);
+    edge(from.x, to.y, from.x, from.y);
+}
+
+}  // namespace qelview

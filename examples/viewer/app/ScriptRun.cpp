@@ -1,0 +1,158 @@
+#include "ScriptRun.h"
+
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "CameraText.h"
+#include "FileInput.h"
+#include "MotionFile.h"
+#include "MouseMessages.h"
+#include "PngFile.h"
+#include "ReadError.h"
+#include "ReadFile.h"
+#include "SystemWindow.h"
+#include "ViewerWindow.h"
+
+namespace qelview {
+
+namespace {
+
+std::filesystem::path pathOf(const ScriptStep& step) {
+    return toWide(step.file);
+}
+
+void send(const ViewerWindow& viewer, UINT message, WPARAM wParam, LPARAM lParam) {
+    SendMessageW(viewer.handle(), message, wParam, lParam);
+}
+
+void pressOrRelease(const ViewerWindow& viewer, const ScriptStep& step) {
+    const ButtonMessages& button = kButtonMessages.at(static_cast<std::size_t>(step.button));
+    const bool isDown = step.action == ScriptAction::Down;
+    const WPARAM keys = (isDown ? button.held : 0) | (step.withShift ? WPARAM{MK_SHIFT} : WPARAM{0});
+    send(viewer, isDown ? button.down : button.up, keys, MAKELPARAM(step.x, step.y));
+}
+
+void turnWheel(const ViewerWindow& viewer, const ScriptStep& step) {
+    POINT onScreen{step.x, step.y};
+    ClientToScreen(viewer.handle(), &onScreen);
+    send(viewer, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(step.notches * WHEEL_DELTA)),
+         MAKELPARAM(onScreen.x, onScreen.y));
+}
+
+void clickTwice(const ViewerWindow& viewer, const ScriptStep& step) {
+    // As the system tells it: the second press has a message of its own.
+    const LPARAM place = MAKELPARAM(step.x, step.y);
+    send(viewer, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    send(viewer, WM_LBUTTONUP, 0, place);
+    send(viewer, WM_LBUTTONDBLCLK, MK_LBUTTON, place);
+    send(viewer, WM_LBUTTONUP, 0, place);
+}
+
+bool writeCamera(ViewerWindow& viewer, const ScriptStep& step) {
+    std::ofstream stream(pathOf(step), std::ios::binary | std::ios::trunc);
+    IQelTrackBall& camera = viewer.view().camera();
+    stream << cameraText(camera.getEye(), camera.getTarget(), camera.getUp());
+    stream.close();
+    return stream.good();
+}
+
+bool replayMotion(ViewerWindow& viewer, const ScriptStep& step) {
+    try {
+        viewer.replay(parseMotion(readTextFile(pathOf(step))));
+    } catch (const ReadError& error) {
+        std::fprintf(stderr, "qelview: %s: %s\n", step.file.c_str(), error.what());
+        return false;
+    }
+    while (viewer.isReplaying()) {
+        send(viewer, WM_TIMER, ViewerWindow::kReplayTimer, 0);
+        send(viewer, WM_PAINT, 0, 0);
+    }
+    return true;
+}
+
+bool perform(ViewerWindow& viewer, const ScriptStep& step) {
+    switch (step.action) {
+        case ScriptAction::Size:
+            setClientSize(viewer.handle(), {step.x, step.y});
+            return true;
+        case ScriptAction::Move:
+            send(viewer, WM_MOUSEMOVE, 0, MAKELPARAM(step.x, step.y));
+            return true;
+        case ScriptAction::Down:
+        case ScriptAction::Up:
+            pressOrRelease(viewer, step);
+            return true;
+        case ScriptAction::Wheel:
+            turnWheel(viewer, step);
+            return true;
+        case ScriptAction::Double:
+            clickTwice(viewer, step);
+            return true;
+        case ScriptAction::Key:
+            send(viewer, WM_KEYDOWN, step.key, 0);
+            return true;
+        case ScriptAction::Drop:
+            send(viewer, WM_DROPFILES, reinterpret_cast<WPARAM>(makeDrop({step.file})), 0);
+            return true;
+        case ScriptAction::Motion:
+            return replayMotion(viewer, step);
+        case ScriptAction::Picture:
+            return writePng(pathOf(step), viewer.picture());
+        case ScriptAction::Camera:
+            return writeCamera(viewer, step);
+        case ScriptAction::Capture:
+            return viewer.capture(pathOf(step));
+    }
+    return false;
+}
+
+std::vector<ScriptStep> readScript(const std::string& file) {
+    try {
+        return parseScript(readTextFile(toWide(file)));
+    } catch (const ReadError& error) {
+        throw ReadError(file + ": " + error.what());
+    }
+}
+
+ExitCode play(ViewerWindow& viewer, const std::vector<ScriptStep>& steps, const std::string& file) {
+    for (const ScriptStep& step : steps) {
+        if (viewer.hasEnded()) {
+            break;
+        }
+        if (!playStep(viewer, step)) {
+            std::fprintf(stderr, "qelview: %s: line %zu: %s fails\n", file.c_str(), step.line,
+                         step.file.c_str());
+            return ExitCode::Usage;
+        }
+    }
+    return viewer.hasRefused() ? ExitCode::BadFile : ExitCode::Success;
+}
+
+}  // namespace
+
+bool playStep(ViewerWindow& viewer, const ScriptStep& step) {
+    const bool isDone = perform(viewer, step);
+    // A window that is not shown is never asked to paint.
+    send(viewer, WM_PAINT, 0, 0);
+    return isDone;
+}
+
+ExitCode playScript(const Options& options, const Scene& scene) {
+    std::vector<ScriptStep> steps;
+    try {
+        steps = readScript(options.script);
+    } catch (const ReadError& error) {
+        std::fprintf(stderr, "qelview: %s\n", error.what());
+        return ExitCode::Usage;
+    }
+    ViewerWindow viewer(Surroundings::scripted());
+    if (!viewer.open(options, scene)) {
+        reportNoContext(false);
+        return ExitCode::NoContext;
+    }
+    return play(viewer, steps, options.script);
+}
+
+}  // namespace qelview

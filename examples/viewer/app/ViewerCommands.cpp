@@ -1,0 +1,170 @@
+#include <cstdio>
+#include <filesystem>
+
+#include "CaptureName.h"
+#include "FileInput.h"
+#include "ReadError.h"
+#include "ViewerWindow.h"
+
+/// What keys and files do in the viewer window.
+
+namespace qelview {
+
+bool ViewerWindow::handleKey(WPARAM key) {
+    const KeyCommand wanted = commandOf(static_cast<unsigned>(key), GetKeyState(VK_CONTROL) < 0);
+    if (wanted.command == Command::Nothing) {
+        return false;
+    }
+    // A drag goes on from the camera of its press: nothing else may move it meanwhile.
+    if (gesture.isActive() && wanted.command != Command::Leave) {
+        return true;
+    }
+    stage->annotations().notice.clear();
+    // Whoever takes the controls ends a demonstration.
+    motion.clear();
+    obey(wanted);
+    redraw(Stale::Frame);
+    return true;
+}
+
+void ViewerWindow::obey(const KeyCommand& key) {
+    switch (key.command) {
+        case Command::StandardView:
+            stage->setView(key.view);
+            break;
+        case Command::Fit:
+            stage->fit();
+            break;
+        case Command::SwitchProjection:
+            stage->switchProjection();
+            break;
+        case Command::LongAxes:
+            stage->switchLongAxes();
+            break;
+        case Command::Stereo:
+            switchStereo();
+            break;
+        case Command::ZoomRectangle:
+            chooseRectangle(!choosesRectangle);
+            break;
+        case Command::Capture:
+            captureAnew();
+            break;
+        case Command::Help:
+            stage->annotations().showsHelp = !stage->annotations().showsHelp;
+            break;
+        case Command::Open:
+            openFiles(askForFiles(window.get()));
+            break;
+        case Command::Leave:
+            leave();
+            break;
+        case Command::Nothing:
+            break;
+    }
+}
+
+void ViewerWindow::leave() {
+    if (gesture.isActive()) {
+        ReleaseCapture();
+        loseMouse();
+    } else if (stage->annotations().showsHelp) {
+        stage->annotations().showsHelp = false;
+    } else if (choosesRectangle) {
+        chooseRectangle(false);
+    } else {
+        ended = true;
+    }
+}
+
+void ViewerWindow::chooseRectangle(bool isChosen) {
+    choosesRectangle = isChosen;
+    stage->annotations().notice = isChosen ? "Drag a rectangle to zoom into; Esc ends" : "";
+}
+
+void ViewerWindow::switchStereo() {
+    // A window keeps its pixel format for life: another kind of view needs another window.
+    OwnedWindow other = create(clientSizeOf(window.get()));
+    std::unique_ptr<Stage> moved = other ? stage->moveTo(other.get(), !stage->isStereo()) : nullptr;
+    if (moved == nullptr) {
+        say("The driver has no stereo view");
+        return;
+    }
+    const bool isVisible = IsWindowVisible(window.get()) != FALSE;
+    stage = std::move(moved);
+    std::swap(window, other);
+    DragAcceptFiles(window.get(), TRUE);
+    wchar_t caption[MAX_PATH] = L"";
+    GetWindowTextW(other.get(), caption, MAX_PATH);
+    SetWindowTextW(window.get(), caption);
+    stage->resize(clientSizeOf(window.get()));
+    if (isVisible) {
+        ShowWindow(window.get(), SW_SHOW);
+    }
+}
+
+void ViewerWindow::captureAnew() {
+    const std::filesystem::path folder = std::filesystem::current_path();
+    const std::filesystem::path file =
+        captureFile.empty() ? freeCaptureName(folder) : std::filesystem::path(toWide(captureFile));
+    static_cast<void>(capture(file));
+}
+
+bool ViewerWindow::capture(const std::filesystem::path& file) {
+    refresh();
+    const bool isWritten = !file.empty() && stage->capture(file);
+    const std::string name = toUtf8(file.filename().wstring());
+    say(isWritten ? "Captured " + name : "The capture " + name + " cannot be written");
+    return isWritten;
+}
+
+void ViewerWindow::openFiles(const std::vector<std::string>& files) {
+    // A load answers messages while it runs, and one of them may be the next drop.
+    if (files.empty() || isLoading) {
+        return;
+    }
+    isLoading = true;
+    EnableWindow(window.get(), FALSE);
+    std::string reason;
+    try {
+        accept(surroundings.load(files));
+    } catch (const ReadCancelled&) {
+        say("Loading was cancelled");
+    } catch (const std::exception& error) {
+        reason = error.what();
+    }
+    EnableWindow(window.get(), TRUE);
+    isLoading = false;
+    if (surroundings.isAttended) {
+        // The progress went while this window could not take its place.
+        SetForegroundWindow(window.get());
+    }
+    if (!reason.empty()) {
+        refuse(reason);
+    }
+}
+
+void ViewerWindow::accept(const Scene& scene) {
+    stage->setScene(scene);
+    budget.reset();
+    stage->setView(firstView);
+    setCaption(scene.title);
+    redraw(Stale::Frame);
+}
+
+void ViewerWindow::refuse(const std::string& reason) {
+    refused = true;
+    std::fprintf(stderr, "qelview: %s\n", reason.c_str());
+    std::fflush(stderr);
+    say("The file is refused");
+    if (surroundings.isAttended) {
+        MessageBoxW(window.get(), toWide(reason).c_str(), L"qelview", MB_OK | MB_ICONWARNING);
+    }
+}
+
+void ViewerWindow::say(const std::string& notice) {
+    stage->annotations().notice = notice;
+    redraw(Stale::Frame);
+}
+
+}  // namespace qelview

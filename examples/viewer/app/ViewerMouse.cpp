@@ -1,0 +1,177 @@
+#include <windowsx.h>
+
+#include "MouseMessages.h"
+#include "ViewerWindow.h"
+
+/// The mouse of the viewer window.
+
+namespace qelview {
+
+namespace {
+
+/// Drags as the camera numbers them.
+constexpr std::int32_t kNoDrag = 0;
+constexpr std::int32_t kPanDrag = 1;
+constexpr std::int32_t kRotateDrag = 2;
+constexpr std::int32_t kZoomDrag = 3;
+
+std::int32_t dragOf(DragTool tool) {
+    switch (tool) {
+        case DragTool::Pan:
+            return kPanDrag;
+        case DragTool::Rotate:
+            return kRotateDrag;
+        case DragTool::Zoom:
+            return kZoomDrag;
+        default:
+            return kNoDrag;
+    }
+}
+
+/// Smaller ones are slips of the hand.
+constexpr int kSmallestRectangle = 4;
+
+}  // namespace
+
+bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_LBUTTONDBLCLK:
+            rotateAbout(lParam);
+            return true;
+        case WM_MOUSEMOVE:
+            moveMouse(placeOf(lParam));
+            return true;
+        case WM_MOUSELEAVE:
+            mouseLeft();
+            return true;
+        case WM_CAPTURECHANGED:
+            loseMouse();
+            return true;
+        case WM_MOUSEWHEEL:
+            zoom(wParam, lParam);
+            return true;
+        default:
+            return handleButton(message, wParam, lParam);
+    }
+}
+
+bool ViewerWindow::handleButton(UINT message, WPARAM wParam, LPARAM lParam) {
+    for (const ButtonMessages& each : kButtonMessages) {
+        if (message == each.down || message == each.twice) {
+            press(each.button, wParam, lParam);
+            return true;
+        }
+        if (message == each.up) {
+            release(each.button);
+            return true;
+        }
+    }
+    return false;
+}
+
+void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
+    const PixelPlace place = placeOf(position);
+    // The picture that the user saw when he pressed is the one that the drag begins from.
+    refresh();
+    if (!gesture.press(button, (wParam & MK_SHIFT) != 0, choosesRectangle, place)) {
+        return;
+    }
+    stage->annotations().notice.clear();
+    motion.clear();
+    SetCapture(window.get());
+    stage->camera().onButtonDown(dragOf(gesture.tool()), place.x, place.y);
+}
+
+void ViewerWindow::moveMouse(const PixelPlace& place) {
+    stage->annotations().mouse = place;
+    if (!gesture.isActive()) {
+        TRACKMOUSEEVENT tracking{sizeof tracking, TME_LEAVE, window.get(), 0};
+        TrackMouseEvent(&tracking);
+        redraw(Stale::Overlay);
+    } else if (gesture.move(place)) {
+        if (gesture.tool() == DragTool::Rectangle) {
+            redraw(Stale::Overlay);
+        } else {
+            stage->camera().onMouseMove(place.x, place.y);
+            moved();
+        }
+    }
+}
+
+void ViewerWindow::release(MouseButton button) {
+    const PixelBox box = gesture.box();
+    const bool wasChoosing = gesture.tool() == DragTool::Rectangle;
+    const std::optional<DragTool> tool = gesture.release(button);
+    if (!tool) {
+        return;
+    }
+    stage->camera().onButtonUp();
+    ReleaseCapture();
+    if (wasChoosing) {
+        if (box.width() >= kSmallestRectangle && box.height() >= kSmallestRectangle) {
+            stage->zoomInto(box);
+            chooseRectangle(false);
+        }
+    } else if (*tool == DragTool::Nothing && button == MouseButton::Left) {
+        markPoint(box.from);
+    }
+    rest();
+    redraw(Stale::Frame);
+}
+
+void ViewerWindow::loseMouse() {
+    // Giving the capture back leads here too, but then the gesture has ended.
+    if (gesture.isActive()) {
+        gesture.cancel();
+        stage->camera().onButtonUp();
+        rest();
+        redraw(Stale::Frame);
+    }
+}
+
+void ViewerWindow::mouseLeft() {
+    stage->annotations().mouse.reset();
+    redraw(Stale::Overlay);
+}
+
+void ViewerWindow::rotateAbout(LPARAM position) {
+    refresh();
+    if (gesture.isActive()) {
+        return;
+    }
+    stage->rotateAbout(placeOf(position));
+    say("Rotates about the point here");
+}
+
+void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
+    if (gesture.isActive()) {
+        return;
+    }
+    // The wheel alone gives its position on the screen.
+    POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+    ScreenToClient(window.get(), &onScreen);
+    refresh();
+    stage->zoom(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA,
+                placeOf(MAKELPARAM(onScreen.x, onScreen.y)));
+    moved();
+}
+
+void ViewerWindow::markPoint(const PixelPlace& place) {
+    const qel::XPnt3d point = stage->pointAt(place);
+    std::optional<PointMark>& mark = stage->annotations().mark;
+    mark.reset();
+    if (point.isValid()) {
+        mark = PointMark{point, stage->textOf(point)};
+    }
+}
+
+std::optional<PixelBox> ViewerWindow::drawnRectangle() const {
+    const bool isDrawn = gesture.isDrag() && gesture.tool() == DragTool::Rectangle;
+    return isDrawn ? std::optional(gesture.box()) : std::nullopt;
+}
+
+PixelPlace ViewerWindow::placeOf(LPARAM position) const {
+    return {GET_X_LPARAM(position), clientSizeOf(window.get()).height - 1 - GET_Y_LPARAM(position)};
+}
+
+}  // namespace qelview

@@ -1,0 +1,16 @@
+#include "DetailBudget.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qelview {
+
+void DetailBudget::frameTook(double milliseconds, std::size_t partsPerDrawn) {
+    // A full frame says anew how much is wanted; a thinned one can only ask for less, or the picture would
+    // flicker between two densities.
+    const double parts = std::clamp(std::ceil(milliseconds / kMilliseconds), 1.0, double{kThinnest});
+    const std::size_t asked = std::min(partsPerDrawn * static_cast<std::size_t>(parts), kThinnest);
+    wanted = partsPerDrawn == 1 ? asked : std::max(wanted, asked);
+}
+
+}  // namespace qelview

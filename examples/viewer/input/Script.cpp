@@ -1,0 +1,168 @@
+#include "Script.h"
+
+#include <algorithm>
+#include <array>
+
+#include "Commands.h"
+#include "Progress.h"
+#include "ReadError.h"
+#include "TextLines.h"
+
+namespace qelview {
+
+namespace {
+
+/// What follows the first word of a line.
+enum class Operands : std::uint8_t { Place, ButtonAndPlace, NotchesAndPlace, KeyName, FileName };
+
+struct Verb {
+    std::string_view word;
+    ScriptAction action;
+    Operands operands;
+    std::string_view usage;
+    std::string_view meaning;
+};
+
+constexpr std::array<Verb, 12> kVerbs{{
+    {"size", ScriptAction::Size, Operands::Place, "size WIDTH HEIGHT", "gives the view this size"},
+    {"move", ScriptAction::Move, Operands::Place, "move X Y", "moves the mouse"},
+    {"down", ScriptAction::Down, Operands::ButtonAndPlace, "down left|middle|right X Y [shift]",
+     "presses a button"},
+    {"up", ScriptAction::Up, Operands::ButtonAndPlace, "up left|middle|right X Y [shift]", "releases it"},
+    {"wheel", ScriptAction::Wheel, Operands::NotchesAndPlace, "wheel NOTCHES X Y",
+     "turns the wheel, away from the user for positive"},
+    {"double", ScriptAction::Double, Operands::Place, "double X Y", "clicks twice with the left button"},
+    {"key", ScriptAction::Key, Operands::KeyName, "key NAME", "presses a key: a letter, a digit or Esc"},
+    {"drop", ScriptAction::Drop, Operands::FileName, "drop FILE", "drops a file on the window"},
+    {"motion", ScriptAction::Motion, Operands::FileName, "motion FILE", "replays a file of --motion"},
+    {"picture", ScriptAction::Picture, Operands::FileName, "picture FILE.png",
+     "writes what the window shows"},
+    {"camera", ScriptAction::Camera, Operands::FileName, "camera FILE.txt",
+     "writes eye, target and up at full precision"},
+    {"capture", ScriptAction::Capture, Operands::FileName, "capture FILE.bmp", "captures the view"},
+}};
+
+constexpr int kLargestPlace = 16384;
+constexpr int kMostNotches = 100;
+
+using Words = std::vector<std::string_view>;
+
+int readWithin(std::string_view word, long long smallest, long long largest, const TextLines& lines) {
+    const long long value = readWhole(word, lines);
+    if (value < smallest || value > largest) {
+        lines.refuseLine(quoted(word) + " is not from " + std::to_string(smallest) + " to " +
+                         std::to_string(largest));
+    }
+    return static_cast<int>(value);
+}
+
+void requireCount(const Words& words, std::size_t count, const Verb& verb, const TextLines& lines) {
+    if (words.size() != count) {
+        lines.refuseLine("expected '" + std::string(verb.usage) + "'");
+    }
+}
+
+void readPlace(ScriptStep& step, std::string_view x, std::string_view y, const TextLines& lines) {
+    // A mouse that is held leaves the window too; a view has a size.
+    const bool isSize = step.action == ScriptAction::Size;
+    const long long smallest = isSize ? 1 : -kLargestPlace;
+    step.x = readWithin(x, smallest, kLargestPlace, lines);
+    step.y = readWithin(y, smallest, kLargestPlace, lines);
+}
+
+MouseButton readButton(std::string_view word, const TextLines& lines) {
+    constexpr std::array<std::string_view, 3> kNames{"left", "middle", "right"};
+    const auto* const found = std::find(kNames.begin(), kNames.end(), word);
+    if (found == kNames.end()) {
+        lines.refuseLine(quoted(word) + " is not left, middle or right");
+    }
+    return static_cast<MouseButton>(found - kNames.begin());
+}
+
+void readButtonAndPlace(ScriptStep& step, const Words& words, const Verb& verb, const TextLines& lines) {
+    constexpr std::size_t kWithoutShift = 4;
+    step.withShift = words.size() == kWithoutShift + 1 && words.back() == "shift";
+    requireCount(words, step.withShift ? kWithoutShift + 1 : kWithoutShift, verb, lines);
+    step.button = readButton(words[1], lines);
+    readPlace(step, words[2], words[3], lines);
+}
+
+void readKey(ScriptStep& step, std::string_view word, const TextLines& lines) {
+    step.key = keyOf(std::string(word));
+    if (step.key == 0) {
+        lines.refuseLine(quoted(word) + " is not a letter, a digit or Esc");
+    }
+}
+
+/// The rest of the line: names may have blanks inside.
+void readFileName(ScriptStep& step, const Words& words, const Verb& verb, const TextLines& lines) {
+    if (words.size() < 2) {
+        requireCount(words, 2, verb, lines);
+    }
+    const char* const begin = words[1].data();
+    const char* const end = words.back().data() + words.back().size();
+    step.file.assign(begin, end);
+}
+
+ScriptStep readStep(const Words& words, const TextLines& lines) {
+    const auto* const verb = std::find_if(kVerbs.begin(), kVerbs.end(),
+                                          [&words](const Verb& each) { return each.word == words[0]; });
+    if (verb == kVerbs.end()) {
+        lines.refuseLine(quoted(words[0]) + " is no action");
+    }
+    ScriptStep step;
+    step.action = verb->action;
+    step.line = lines.number();
+    switch (verb->operands) {
+        case Operands::Place:
+            requireCount(words, 3, *verb, lines);
+            readPlace(step, words[1], words[2], lines);
+            break;
+        case Operands::ButtonAndPlace:
+            readButtonAndPlace(step, words, *verb, lines);
+            break;
+        case Operands::NotchesAndPlace:
+            requireCount(words, 4, *verb, lines);
+            step.notches = readWithin(words[1], -kMostNotches, kMostNotches, lines);
+            readPlace(step, words[2], words[3], lines);
+            break;
+        case Operands::KeyName:
+            requireCount(words, 2, *verb, lines);
+            readKey(step, words[1], lines);
+            break;
+        case Operands::FileName:
+            readFileName(step, words, *verb, lines);
+            break;
+    }
+    return step;
+}
+
+}  // namespace
+
+std::vector<ScriptStep> parseScript(std::string_view text) {
+    requireText(text);
+    Progress progress;
+    TextLines lines(text, ProgressStretch(progress, 0.0, 1.0));
+    std::vector<ScriptStep> steps;
+    Words words;
+    while (lines.next()) {
+        splitWords(lines.line(), words);
+        if (!words.empty() && words[0].front() != '#') {
+            steps.push_back(readStep(words, lines));
+        }
+    }
+    return steps;
+}
+
+std::string scriptHelp() {
+    constexpr std::size_t kColumn = 38;
+    std::string help;
+    for (const Verb& verb : kVerbs) {
+        std::string usage(verb.usage);
+        usage.resize(std::max(kColumn, usage.size() + 1), ' ');
+        help += "  " + usage + std::string(verb.meaning) + "\n";
+    }
+    return help;
+}
+
+}  // namespace qelview

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "MouseGesture.h"
+
+namespace qelview {
+
+enum class ScriptAction : std::uint8_t {
+    Size,
+    Move,
+    Down,
+    Up,
+    Wheel,
+    Double,
+    Key,
+    Drop,
+    Motion,
+    Picture,
+    Camera,
+    Capture,
+};
+
+/// One line of a script.
+struct ScriptStep {
+    ScriptAction action = ScriptAction::Move;
+    /// A place in the view in pixels, from its upper left corner as the mouse counts; or the size of the
+    /// view.
+    int x = 0;
+    int y = 0;
+    MouseButton button = MouseButton::Left;
+    bool withShift = false;
+    /// Notches of the wheel, positive away from the user.
+    int notches = 0;
+    /// As the system names it.
+    unsigned key = 0;
+    /// In UTF-8.
+    std::string file;
+    /// In the script, from 1.
+    std::size_t line = 0;
+};
+
+/// Reads a script of mouse and keys; `scriptHelp` says what its lines look like.
+/// @throws ReadError "line N: REASON" for the first line that is wrong.
+[[nodiscard]] std::vector<ScriptStep> parseScript(std::string_view text);
+
+/// The format of scripts, for the help text.
+[[nodiscard]] std::string scriptHelp();
+
+}  // namespace qelview

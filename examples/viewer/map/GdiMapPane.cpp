@@ -1,0 +1,184 @@
+#include "GdiMapPane.h"
+
+#include <cmath>
+
+#include "MapStyle.h"
+#include "QelDisplay64t.h"
+#include "SystemWindow.h"
+
+namespace qelview {
+
+namespace {
+
+/// An object that is selected for as long as this lives.
+class Selected {
+  public:
+    Selected(HDC context, HGDIOBJ object) : dc(context), before(SelectObject(context, object)) {}
+    ~Selected() { SelectObject(dc, before); }
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+
+  private:
+    HDC dc;
+    HGDIOBJ before;
+};
+
+void printAt(HDC dc, int x, int baseline, const std::string& text) {
+    const std::wstring wide = toWide(text);
+    TextOutW(dc, x, baseline, wide.c_str(), static_cast<int>(wide.size()));
+}
+
+/// Rows from the lowest to the highest, without padding.
+PixelImage imageOf(HDC dc, int width, int height) {
+    PixelImage image;
+    image.width = width;
+    image.height = height;
+    HDC const memory = CreateCompatibleDC(dc);
+    HBITMAP const bitmap = CreateCompatibleBitmap(dc, width, height);
+    HGDIOBJ const before = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, dc, 0, 0, SRCCOPY);
+    SelectObject(memory, before);
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    const auto pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    std::vector<std::uint8_t> rows(pixels * 4);
+    GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), rows.data(), &info, DIB_RGB_COLORS);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    image.rgb.reserve(pixels * 3);
+    for (std::size_t i = 0; i < rows.size(); i += 4) {
+        image.rgb.insert(image.rgb.end(), {rows[i + 2], rows[i + 1], rows[i]});
+    }
+    return image;
+}
+
+}  // namespace
+
+GdiMapPane::GdiMapPane(HWND window) {
+    IQelScrDisplay2D* const made = newGDIScrDisplay();
+    display = made;
+    // The display came with a reference of its own; the pointer has taken its own by now.
+    made->Release();
+    display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)));
+    font = CreateFontW(-kTextHeightPx, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                       OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, kMapFont);
+}
+
+GdiMapPane::~GdiMapPane() {
+    DeleteObject(font);
+}
+
+HDC GdiMapPane::deviceContext() {
+    return reinterpret_cast<HDC>(static_cast<std::intptr_t>(display->getDC()));
+}
+
+void GdiMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+    HDC const dc = deviceContext();
+    display->setPixelSize(view.width(), view.height());
+    display->setViewExtent(view.extent());
+    const RECT all{0, 0, view.width(), view.height()};
+    HBRUSH const sea = CreateSolidBrush(kSea.forGdi());
+    FillRect(dc, &all, sea);
+    DeleteObject(sea);
+    display->beginDraw();
+    drawLines(frame.net, kNetColor.forGdi());
+    fillAreas(frame.areas);
+    drawLines(frame.outlines, kOutline.forGdi());
+    drawLines(frame.lines, kLineColor.forGdi());
+    drawPoints(frame, view);
+    if (texts.areShown) {
+        drawTexts(frame, view, texts);
+    }
+    display->endDraw();
+    GdiFlush();
+}
+
+PixelImage GdiMapPane::picture(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+    show(frame, view, texts);
+    return imageOf(deviceContext(), view.width(), view.height());
+}
+
+void GdiMapPane::drawLines(const std::vector<Line2d>& lines, std::uint32_t color) {
+    display->setPenColor(color);
+    for (const Line2d& line : lines) {
+        for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+            display->drawLineSeg({{line[i].x, line[i].y, 0.0}, {line[i + 1].x, line[i + 1].y, 0.0}});
+        }
+    }
+}
+
+void GdiMapPane::fillAreas(const std::vector<Rings2d>& areas) {
+    HDC const dc = deviceContext();
+    display->setBrushColor(kHatch.forGdi());
+    // The ground between the lines of the hatch.
+    SetBkMode(dc, OPAQUE);
+    SetBkColor(dc, kLand.forGdi());
+    SetPolyFillMode(dc, ALTERNATE);
+    const Selected noPen(dc, GetStockObject(NULL_PEN));
+    for (const Rings2d& rings : areas) {
+        fillArea(rings);
+    }
+}
+
+void GdiMapPane::fillArea(const Rings2d& rings) {
+    corners.clear();
+    counts.clear();
+    for (const Line2d& ring : rings) {
+        for (const qel::XPnt2d& point : ring) {
+            const qel::PixelPoint pixel = display->worldToScreen(point);
+            corners.push_back({pixel.x, pixel.y});
+        }
+        counts.push_back(static_cast<INT>(ring.size()));
+    }
+    PolyPolygon(deviceContext(), corners.data(), counts.data(), static_cast<int>(counts.size()));
+}
+
+void GdiMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
+    display->setPenColor(kPointColorOfMap.forGdi());
+    const double pixel = view.unitsPerPixel();
+    const double half = kPointHalfPx * pixel;
+    for (const qel::XPnt2d& point : frame.points) {
+        if (frame.isCrowded) {
+            display->drawLineSeg({{point.x, point.y, 0.0}, {point.x + pixel, point.y, 0.0}});
+        } else {
+            display->drawRect({point.x - half, point.y - half, point.x + half, point.y + half}, true);
+        }
+    }
+}
+
+void GdiMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+    HDC const dc = deviceContext();
+    const Selected writing(dc, font);
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, kInk.forGdi());
+    SetTextAlign(dc, TA_LEFT | TA_BASELINE);
+    constexpr int kBeside = 6;
+    for (const Name2d& name : frame.names) {
+        const qel::XPnt2d at = view.pixelOf(name.at);
+        printAt(dc, static_cast<int>(at.x) + kBeside, static_cast<int>(at.y) - kBeside / 2, name.text);
+    }
+    printAt(dc, kTextMarginPx, kTextMarginPx + kTextHeightPx, texts.title);
+    printAt(dc, kTextMarginPx, view.height() - kTextMarginPx, texts.place);
+    drawBar(view, texts.bar);
+}
+
+void GdiMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
+    display->setPenColor(kInk.forGdi());
+    const double base = view.height() - 1.0 - kTextMarginPx;
+    const double tick = 6.0;
+    const auto segment = [&](double fromX, double fromY, double toX, double toY) {
+        const qel::XPnt2d from = view.worldAt(fromX, fromY);
+        const qel::XPnt2d to = view.worldAt(toX, toY);
+        display->drawLineSeg({{from.x, from.y, 0.0}, {to.x, to.y, 0.0}});
+    };
+    segment(bar.left, base, bar.right, base);
+    segment(bar.left, base - tick, bar.left, base);
+    segment(bar.right, base - tick, bar.right, base + 1.0);
+    printAt(deviceContext(), static_cast<int>(bar.textLeft), static_cast<int>(base) - 5, bar.text);
+}
+
+}  // namespace qelview

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "IQelScrDisplay2D.h"
+#include "MapPane.h"
+#include "QelRefPtr.h"
+
+namespace qelview {
+
+/// A map drawn by the module's GDI display. The display draws lines and rectangles; areas with holes are
+/// filled on its device context with the brush that it has selected there.
+class GdiMapPane final : public MapPane {
+  public:
+    /// @param window with a device context of its own; it must be visible to be drawn on.
+    explicit GdiMapPane(HWND window);
+    ~GdiMapPane() override;
+
+    void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) override;
+    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view,
+                                     const MapTextsOfFrame& texts) override;
+
+  private:
+    [[nodiscard]] HDC deviceContext();
+    void drawLines(const std::vector<Line2d>& lines, std::uint32_t color);
+    void fillAreas(const std::vector<Rings2d>& areas);
+    void fillArea(const Rings2d& rings);
+    void drawPoints(const MapFrame& frame, const MapView& view);
+    void drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
+    void drawBar(const MapView& view, const ScaleBar& bar);
+
+    qel::ref_ptr<IQelScrDisplay2D> display;
+    HFONT font = nullptr;
+    std::vector<POINT> corners;
+    std::vector<INT> counts;
+};
+
+}  // namespace qelview

@@ -1,0 +1,216 @@
+#include "GlMapPane.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "MapTriangles.h"
+#include "QelDisplay64t.h"
+#include "QelGl.h"
+#include "QelTmpGlStateCtrl.h"
+#include "SystemWindow.h"
+
+namespace qelview {
+
+namespace {
+
+/// GDI's hatch as OpenGL's pattern of 32 x 32 pixels, whose first row is the lowest of the window.
+std::array<GLubyte, 128> hatchPattern(int height) {
+    std::array<GLubyte, 128> pattern{};
+    constexpr std::size_t kBytesOfARow = 4;
+    for (std::size_t y = 0; y < 32; ++y) {
+        const std::size_t fromAbove = (static_cast<std::size_t>(height) + 31 - y) % kHatchRows.size();
+        std::fill_n(pattern.begin() + static_cast<std::ptrdiff_t>(y * kBytesOfARow), kBytesOfARow,
+                    kHatchRows.at(fromAbove));
+    }
+    return pattern;
+}
+
+/// A text in the letters that the display's font has: accents are dropped, what is still strange is a '?'.
+std::string plainLetters(const std::string& text) {
+    constexpr wchar_t kFirstAccent = 0x300;
+    constexpr wchar_t kLastAccent = 0x36F;
+    constexpr wchar_t kLastLetter = 0x7E;
+    const std::wstring wide = toWide(text);
+    const int length = static_cast<int>(wide.size());
+    std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
+                       L'\0');
+    FoldStringW(MAP_COMPOSITE, wide.c_str(), length, apart.data(), static_cast<int>(apart.size()));
+    std::string plain;
+    for (const wchar_t letter : apart) {
+        if (letter < kFirstAccent || letter > kLastAccent) {
+            plain.push_back(letter <= kLastLetter ? static_cast<char>(letter) : '?');
+        }
+    }
+    return plain;
+}
+
+/// What only the host sets while it fills areas: the surfaces lie in the plane and have no light of their
+/// own.
+void drawTriangles(IQelSymbol& symbol, const qel::ref_ptr<IQelArray<qel::ArrayVertex>>& vertices,
+                   const MapColor& color) {
+    const QelTmpGlStateCtrl paint(color.forOpenGl());
+    symbol.drawMesh(vertices, {}, {}, {}, {}, 0, GL_FLAT, GL_FILL, GL_FILL, {false, false, 1.0F});
+}
+
+}  // namespace
+
+std::unique_ptr<GlMapPane> GlMapPane::open(HWND window) {
+    IQelDisplay* const made = newScreenDisplay();
+    qel::ref_ptr<IQelDisplay> display = made;
+    // The display came with a reference of its own; the pointer has taken its own by now.
+    made->Release();
+    display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)), false);
+    display->makeCurrent();
+    if (display->getDC() == 0 || wglGetCurrentContext() == nullptr) {
+        return nullptr;
+    }
+    return std::unique_ptr<GlMapPane>(new GlMapPane(display));
+}
+
+GlMapPane::GlMapPane(qel::ref_ptr<IQelDisplay> attached)
+    : display(std::move(attached)), symbol(newQelSymbol()), transform(new CQelTransform2d()) {
+    display->setBackColor(kSea.forOpenGl());
+    symbol->setLineWidth(1.0F);
+}
+
+void GlMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+    draw(frame, view, texts);
+    display->present();
+}
+
+PixelImage GlMapPane::picture(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+    draw(frame, view, texts);
+    PixelImage image;
+    image.width = view.width();
+    image.height = view.height();
+    image.rgb.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height) * 3);
+    glReadBuffer(GL_BACK);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadPixels(0, 0, image.width, image.height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
+    display->present();
+    return image;
+}
+
+void GlMapPane::draw(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+    display->setViewSize(view.width(), view.height());
+    display->beginFrame(0);
+    display->beginDraw();
+    loadView(view);
+    const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
+    drawLines(frame.net, kNetColor);
+    fillAreas(frame.areas, view);
+    drawLines(frame.outlines, kOutline);
+    drawLines(frame.lines, kLineColor);
+    drawPoints(frame, view);
+    if (texts.areShown) {
+        drawTexts(frame, view, texts);
+    }
+    display->endDraw();
+}
+
+void GlMapPane::loadView(const MapView& view) {
+    // OpenGL's pixels begin at whole numbers; a map's have their middles there.
+    const double half = 0.5 * view.unitsPerPixel();
+    const qel::Enve2d shown = view.extent();
+    const qel::Enve3d extent{
+        shown.xmin - half, shown.xmax - half, shown.ymin - half, shown.ymax - half, 0.0, 0.0};
+    transform->setModelExtent(extent);
+    transform->setViewExtent(extent);
+    transform->setDeviceExtent(
+        {0.0, static_cast<double>(view.width()), 0.0, static_cast<double>(view.height()), 0.0, 0.0});
+    transform->resizeViewport();
+    origin = transform->getOrigin();
+}
+
+qel::XPnt3d GlMapPane::local(const qel::XPnt2d& world) const {
+    return {world.x - origin.x, world.y - origin.y, 0.0};
+}
+
+void GlMapPane::drawLines(const std::vector<Line2d>& lines, const MapColor& color) {
+    std::vector<Points> parts;
+    for (const Line2d& line : lines) {
+        Points& part = parts.emplace_back();
+        std::transform(line.begin(), line.end(), std::back_inserter(part),
+                       [this](const qel::XPnt2d& point) { return local(point); });
+    }
+    symbol->setColor(color.forSymbol());
+    const qel::ref_ptr<IQelGeometry> all = new HostPolyline(parts);
+    symbol->drawGeometry(all.get());
+}
+
+void GlMapPane::fillAreas(const std::vector<Rings2d>& areas, const MapView& view) {
+    std::vector<qel::ArrayVertex> corners;
+    for (const Rings2d& rings : areas) {
+        Rings2d localRings = rings;
+        for (Line2d& ring : localRings) {
+            for (qel::XPnt2d& point : ring) {
+                const qel::XPnt3d moved = local(point);
+                point = {moved.x, moved.y};
+            }
+        }
+        for (const qel::XPnt2d& corner : trianglesOf(localRings)) {
+            corners.push_back({static_cast<float>(corner.x), static_cast<float>(corner.y), 0.0F, {}});
+        }
+    }
+    if (corners.empty()) {
+        return;
+    }
+    const qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices =
+        new HostArray<qel::ArrayVertex>(std::move(corners));
+    drawTriangles(*symbol, vertices, kLand);
+    glPolygonStipple(hatchPattern(view.height()).data());
+    const QelTmpGlStateCtrl hatched(GL_POLYGON_STIPPLE, true);
+    drawTriangles(*symbol, vertices, kHatch);
+}
+
+void GlMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
+    if (frame.isCrowded) {
+        Points places;
+        std::transform(frame.points.begin(), frame.points.end(), std::back_inserter(places),
+                       [this](const qel::XPnt2d& point) { return local(point); });
+        symbol->drawPoints(places.data(), static_cast<std::int32_t>(places.size()), 1.0,
+                           kPointColorOfMap.forOpenGl(), false, false);
+        return;
+    }
+    const double half = kPointHalfPx * view.unitsPerPixel();
+    for (const qel::XPnt2d& point : frame.points) {
+        symbol->drawSquare(local(point), half, 1.0, kPointColorOfMap.forOpenGl(), false, false);
+    }
+}
+
+void GlMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+    drawBar(view, texts.bar);
+    display->setOrtho2D();
+    const QelTmpGlStateCtrl ink(kInk.forOpenGl());
+    constexpr double kBeside = 6.0;
+    const double height = view.height();
+    for (const Name2d& name : frame.names) {
+        const qel::XPnt2d at = view.pixelOf(name.at);
+        printAt(at.x + kBeside, height - at.y + kBeside * 0.5, name.text);
+    }
+    printAt(kTextMarginPx, height - kTextMarginPx - kTextHeightPx, texts.title);
+    printAt(kTextMarginPx, kTextMarginPx, texts.place);
+    printAt(texts.bar.textLeft, kTextMarginPx + 5, texts.bar.text);
+}
+
+void GlMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
+    const double base = view.height() - 1.0 - kTextMarginPx;
+    const double tick = 6.0;
+    const auto segment = [&](double fromX, double fromY, double toX, double toY) {
+        symbol->drawLine(local(view.worldAt(fromX, fromY)), local(view.worldAt(toX, toY)), 1.0,
+                         kInk.forOpenGl(), false, false);
+    };
+    segment(bar.left, base, bar.right, base);
+    segment(bar.left, base - tick, bar.left, base);
+    segment(bar.right, base - tick, bar.right, base + 1.0);
+}
+
+void GlMapPane::printAt(double x, double y, const std::string& text) {
+    glRasterPos2d(x, y);
+    display->printText("%s", plainLetters(text).c_str());
+}
+
+}  // namespace qelview

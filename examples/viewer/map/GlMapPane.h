@@ -1,0 +1,47 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "CQelTransform2d.h"
+#include "HostGeometry.h"
+#include "IQelDisplay.h"
+#include "IQelSymbol.h"
+#include "MapPane.h"
+#include "MapStyle.h"
+
+namespace qelview {
+
+/// A map drawn by the module's symbol on its OpenGL display, through its planar transform. The transform's
+/// local origin is the corner of the view: what OpenGL sees are coordinates of the size of the view.
+class GlMapPane final : public MapPane {
+  public:
+    /// Null if the window gets no OpenGL context.
+    [[nodiscard]] static std::unique_ptr<GlMapPane> open(HWND window);
+
+    void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) override;
+    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view,
+                                     const MapTextsOfFrame& texts) override;
+
+  private:
+    explicit GlMapPane(qel::ref_ptr<IQelDisplay> attached);
+
+    /// Draws into the back buffer.
+    void draw(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
+    void loadView(const MapView& view);
+    void drawLines(const std::vector<Line2d>& lines, const MapColor& color);
+    void fillAreas(const std::vector<Rings2d>& areas, const MapView& view);
+    void drawPoints(const MapFrame& frame, const MapView& view);
+    void drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
+    void drawBar(const MapView& view, const ScaleBar& bar);
+    void printAt(double x, double y, const std::string& text);
+    [[nodiscard]] qel::XPnt3d local(const qel::XPnt2d& world) const;
+
+    qel::ref_ptr<IQelDisplay> display;
+    qel::ref_ptr<IQelSymbol> symbol;
+    qel::ref_ptr<CQelTransform2d> transform;
+    qel::XPnt3d origin;
+};
+
+}  // namespace qelview

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Scene.h"
+
+namespace qelview {
+
+/// A map's scene as a view in three dimensions shows it: its polygons get surfaces, and of its labels only as
+/// many as can be read.
+[[nodiscard]] Scene reliefOf(const Scene& map);
+
+}  // namespace qelview

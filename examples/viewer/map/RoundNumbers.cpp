@@ -1,0 +1,48 @@
+#include "RoundNumbers.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+namespace qelview {
+
+namespace {
+
+constexpr std::array<double, 3> kRound{1.0, 2.0, 5.0};
+/// So that 0.1 counts as round although it is none in binary.
+constexpr double kSlack = 1e-9;
+constexpr int kMostDecimals = 15;
+
+}  // namespace
+
+double roundAtLeast(double smallest) {
+    const double power = std::pow(10.0, std::floor(std::log10(smallest)));
+    for (const double round : kRound) {
+        if (round * power >= smallest * (1.0 - kSlack)) {
+            return round * power;
+        }
+    }
+    return 10.0 * power;
+}
+
+double roundAtMost(double largest) {
+    const double power = std::pow(10.0, std::floor(std::log10(largest * (1.0 + kSlack))));
+    double found = power;
+    for (const double round : kRound) {
+        if (round * power <= largest * (1.0 + kSlack)) {
+            found = round * power;
+        }
+    }
+    return found;
+}
+
+std::string withStep(double value, double step) {
+    const int decimals =
+        std::clamp(static_cast<int>(std::ceil(-std::log10(step) - kSlack)), 0, kMostDecimals);
+    std::array<char, 400> text{};
+    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
+    return text.data();
+}
+
+}  // namespace qelview

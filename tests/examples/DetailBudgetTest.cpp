@@ -1,0 +1,51 @@
+#include "DetailBudget.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using qelview::DetailBudget;
+
+TEST(DetailBudget, DrawsAllOfASceneThatKeepsToItsTime) {
+    DetailBudget budget;
+    EXPECT_EQ(budget.partsPerDrawn(true), 1U);
+    budget.frameTook(50.0, 1);
+    EXPECT_EQ(budget.partsPerDrawn(true), 1U);
+}
+
+TEST(DetailBudget, ThinsWhileTheCameraMovesAndOnlyThen) {
+    DetailBudget budget;
+    budget.frameTook(120.0, 1);
+    EXPECT_EQ(budget.partsPerDrawn(true), 3U);
+    EXPECT_EQ(budget.partsPerDrawn(false), 1U);
+}
+
+TEST(DetailBudget, ThinsFurtherWhenThinnedFramesAreStillTooLong) {
+    DetailBudget budget;
+    budget.frameTook(120.0, 1);
+    budget.frameTook(80.0, 3);
+    EXPECT_EQ(budget.partsPerDrawn(true), 6U);
+    // Short thinned frames do not bring parts back: the picture would flicker.
+    budget.frameTook(10.0, 6);
+    EXPECT_EQ(budget.partsPerDrawn(true), 6U);
+}
+
+TEST(DetailBudget, JudgesEachFullFrameAnew) {
+    DetailBudget budget;
+    budget.frameTook(500.0, 1);
+    EXPECT_EQ(budget.partsPerDrawn(true), 10U);
+    budget.frameTook(30.0, 1);
+    EXPECT_EQ(budget.partsPerDrawn(true), 1U);
+}
+
+TEST(DetailBudget, HasALimitAndCanBeReset) {
+    DetailBudget budget;
+    budget.frameTook(1e12, 1);
+    EXPECT_EQ(budget.partsPerDrawn(true), DetailBudget::kThinnest);
+    budget.frameTook(1e12, DetailBudget::kThinnest);
+    EXPECT_EQ(budget.partsPerDrawn(true), DetailBudget::kThinnest);
+    budget.reset();
+    EXPECT_EQ(budget.partsPerDrawn(true), 1U);
+}
+
+}  // namespace

@@ -1,0 +1,46 @@
+#include "MotionFile.h"
+
+#include <gtest/gtest.h>
+
+#include "ViewerData.h"
+
+namespace {
+
+using qelview::MotionStep;
+using qelview::parseMotion;
+
+TEST(ParseMotion, ReadsSixNumbersALineAndRepeatsThem) {
+    const std::vector<MotionStep> steps = parseMotion("# pan\n1 2 3 4 5 6\n\n-1000 0.5 0 0 0 1e3 3\n");
+    ASSERT_EQ(steps.size(), 4U);
+    EXPECT_EQ(steps[0], (MotionStep{1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(steps[1], (MotionStep{-1000, 0.5, 0, 0, 0, 1000}));
+    EXPECT_EQ(steps[3], steps[1]);
+}
+
+struct WrongMotion {
+    const char* name;
+    const char* line;
+    const char* mentioned;
+};
+
+class ParseWrongMotions : public testing::TestWithParam<WrongMotion> {};
+
+TEST_P(ParseWrongMotions, NamesTheLineAndTheReason) {
+    const std::string refusal = qel::test::refusalOf([] { return parseMotion(GetParam().line); });
+    EXPECT_EQ(refusal.rfind("line 1: ", 0), 0U) << refusal;
+    EXPECT_NE(refusal.find(GetParam().mentioned), std::string::npos) << refusal;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, ParseWrongMotions,
+    testing::Values(WrongMotion{"FiveNumbers", "1 2 3 4 5", "six numbers"},
+                    WrongMotion{"EightNumbers", "1 2 3 4 5 6 7 8", "six numbers"},
+                    WrongMotion{"AWord", "1 2 left 4 5 6", "'left' is not a number"},
+                    WrongMotion{"TooFar", "1 2 3 4 5 1000.5", "'1000.5' is not from"},
+                    WrongMotion{"NotANumber", "nan 2 3 4 5 6", "'nan' is not from"},
+                    WrongMotion{"Never", "1 2 3 4 5 6 0", "'0' is not from 1"},
+                    WrongMotion{"TooOften", "1 2 3 4 5 6 10001", "'10001' is not from 1"},
+                    WrongMotion{"HalfATime", "1 2 3 4 5 6 0.5", "'0.5' is not a whole number"}),
+    [](const auto& each) { return each.param.name; });
+
+}  // namespace

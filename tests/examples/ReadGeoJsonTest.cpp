@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "ReadGeoJson.h"
+#include "ViewerData.h"
+
+/// GeoJSON, good and bad.
+
+namespace {
+
+using qel::test::refusalOf;
+
+qelview::Scene read(const std::string& text) {
+    qelview::Progress progress;
+    return qelview::readGeoJson(text, qelview::ProgressStretch(progress, 0.0, 1.0));
+}
+
+std::string feature(const std::string& geometry) {
+    return R"({"type":"Feature","properties":{},"geometry":)" + geometry + "}";
+}
+
+std::string collection(const std::string& features) {
+    return R"({"type":"FeatureCollection","features":[)" + features + "]}";
+}
+
+constexpr const char* kSquareWithHole =
+    R"({"type":"Polygon","coordinates":[[[0,0],[4,0],[4,4],[0,4],[0,0]],[[1,1],[2,1],[2,2],[1,2],[1,1]]]})";
+
+TEST(ReadGeoJson, KeepsPolygonsWithTheirHoles) {
+    const qelview::Scene scene = read(collection(feature(kSquareWithHole)));
+    ASSERT_EQ(scene.polygons.size(), 1U);
+    ASSERT_EQ(scene.polygons[0].rings.size(), 2U);
+    EXPECT_EQ(scene.polygons[0].rings[0].size(), 5U);
+    EXPECT_EQ(scene.polygons[0].rings[1][2].x, 2.0);
+    EXPECT_EQ(scene.polygons[0].rings[1][2].y, 2.0);
+}
+
+TEST(ReadGeoJson, ReadsAGeometryAFeatureAndACollectionAlike) {
+    for (const std::string& text :
+         {std::string(kSquareWithHole), feature(kSquareWithHole), collection(feature(kSquareWithHole)),
+          R"({"type":"GeometryCollection","geometries":[)" + std::string(kSquareWithHole) + "]}",
+          collection(
+              feature(R"({"type":"MultiPolygon","coordinates":[[[[0,0],[4,0],[4,4],[0,4],[0,0]]]]})"))}) {
+        EXPECT_EQ(read(text).polygons.size(), 1U) << text;
+    }
+}
+
+TEST(ReadGeoJson, MakesOneCloudOfAllPoints) {
+    const qelview::Scene scene =
+        read(collection(feature(R"({"type":"Point","coordinates":[1.5,-2.5]})") + "," +
+                        feature(R"({"type":"MultiPoint","coordinates":[[3,4,5],[6,7,8,9]]})")));
+    ASSERT_EQ(scene.clouds.size(), 1U);
+    const qelview::Points& points = scene.clouds[0].positions;
+    ASSERT_EQ(points.size(), 3U);
+    EXPECT_EQ(points[0].x, 1.5);
+    EXPECT_EQ(points[0].y, -2.5);
+    EXPECT_EQ(points[0].z, 0.0);
+    EXPECT_EQ(points[1].z, 5.0);
+    EXPECT_EQ(points[2].z, 8.0);
+}
+
+TEST(ReadGeoJson, NamesPlaces) {
+    const qelview::Scene scene = read(collection(
+        R"({"type":"Feature","properties":{"name":"Sund"},"geometry":{"type":"Point","coordinates":[1,2]}},)"
+        R"({"type":"Feature","properties":{"name":7},"geometry":{"type":"Point","coordinates":[3,4]}},)"
+        R"({"type":"Feature","properties":null,"geometry":{"type":"Point","coordinates":[5,6]}})"));
+    ASSERT_EQ(scene.labels.size(), 1U);
+    EXPECT_EQ(scene.labels[0].text, "Sund");
+    EXPECT_EQ(scene.labels[0].at.y, 2.0);
+}
+
+TEST(ReadGeoJson, KeepsEachLineByItself) {
+    const qelview::Scene scene = read(collection(
+        feature(R"({"type":"LineString","coordinates":[[0,0],[1,1]]})") + "," +
+        feature(R"({"type":"MultiLineString","coordinates":[[[0,0],[1,1]],[[2,2],[3,3],[4,5]]]})")));
+    ASSERT_EQ(scene.polylines.size(), 3U);
+    EXPECT_EQ(scene.polylines[2].parts.at(0).size(), 3U);
+}
+
+TEST(ReadGeoJson, LeavesOutWhatHasNoGeometry) {
+    const qelview::Scene scene = read(collection(R"({"type":"Feature","properties":null,"geometry":null},)" +
+                                                 feature(R"({"type":"Point","coordinates":[1,2]})") + "," +
+                                                 feature(R"({"type":"Polygon","coordinates":[]})") + "," +
+                                                 feature(R"({"type":"MultiPoint","coordinates":[]})")));
+    EXPECT_EQ(scene.clouds.at(0).positions.size(), 1U);
+    EXPECT_TRUE(scene.polygons.empty());
+    EXPECT_TRUE(read(collection("")).isEmpty());
+}
+
+struct Bad {
+    const char* text;
+    const char* reason;
+};
+
+TEST(ReadGeoJson, SaysInOneLineWhereAFileIsWrongAndWhy) {
+    std::string deep;
+    for (int depth = 0; depth < 40; ++depth) {
+        deep = R"({"type":"GeometryCollection","geometries":[)" + deep + "]}";
+    }
+    const Bad cases[] = {
+        {"{\n\"type\":", "line 2: the file ends in the middle of the JSON text"},
+        {"{\n\n nonsense }", "line 3: no JSON at 'onsense }'"},
+        {"[1,2]", "file: there is no object with a type"},
+        {"{}", "file: there is no type"},
+        {R"({"type":7})", "file: there is no type"},
+        {R"({"type":"Blob","coordinates":[]})", "file: unknown type 'Blob'"},
+        {R"({"type":"MultiBlob","coordinates":[]})", "file: unknown type 'MultiBlob'"},
+        {R"({"type":"FeatureCollection"})", "file: the features are no array"},
+        {R"({"type":"FeatureCollection","features":[7]})", "feature 1: there is no object with a type"},
+        {R"({"type":"Feature","geometry":"x"})", "feature 1: there is no object with a type"},
+        {R"({"type":"Point"})", "file: the coordinates are no array"},
+        {R"({"type":"Point","coordinates":[1]})", "file: a position is no array of two numbers or more"},
+        {R"({"type":"Point","coordinates":[1,"2"]})", "file: a coordinate is no number"},
+        {R"({"type":"Point","coordinates":[1,null]})", "file: a coordinate is no number"},
+        {R"({"type":"Point","coordinates":[1,1e99]})", "file: "},
+        {R"({"type":"Point","coordinates":[1,1e999]})", "file: a number is too large"},
+        {R"({"type":"LineString","coordinates":[[1,2]]})", "file: 1 positions instead of at least 2"},
+        {R"({"type":"MultiLineString","coordinates":[[[0,0],[1,1]],[[2,2]]]})",
+         "file, part 2: 1 positions instead of at least 2"},
+        {R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[0,0]]]})",
+         "file, ring 1: 3 positions instead of at least 4"},
+        {R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,1]]]})",
+         "file, ring 1: the ring is not closed: its last position is not its first"},
+        {R"({"type":"Polygon","coordinates":[7]})", "file, ring 1: the positions are no array"},
+        {R"({"type":"GeometryCollection","geometries":[{"type":"Point","coordinates":[]},{"type":"Fog"}]})",
+         "file, geometry 2: unknown type 'Fog'"},
+        {deep.c_str(), "collections lie more than 16 deep in each other"},
+        {"", "line 1: the file ends in the middle of the JSON text"},
+    };
+    for (const Bad& bad : cases) {
+        const std::string refusal = refusalOf([&] { return read(bad.text); });
+        EXPECT_NE(refusal.find(bad.reason), std::string::npos) << bad.text << "\n" << refusal;
+        EXPECT_EQ(refusal.find('\n'), std::string::npos) << refusal;
+    }
+}
+
+TEST(ReadGeoJson, TakesNoHarmFromDeepNesting) {
+    const std::string text = R"({"type":"Point","coordinates":)" + std::string(200000, '[');
+    EXPECT_NE(refusalOf([&] { return read(text); }), "");
+    const std::string closed =
+        R"({"type":"Point","coordinates":)" + std::string(100000, '[') + std::string(100000, ']') + "}";
+    EXPECT_EQ(refusalOf([&] { return read(closed); }), "file: a position is no array of two numbers or more");
+}
+
+struct Expected {
+    const char* file;
+    const char* refusal;
+};
+
+TEST(ReadGeoJson, RefusesTheBadFilesAtTheirPlace) {
+    QEL_SKIP_WITHOUT_VIEWER_DATA();
+    const Expected files[] = {
+        {"cut", "line 1: the file ends in the middle of the JSON text"},
+        {"no_features", "there is nothing to show"},
+        {"null_geometry", "there is nothing to show"},
+        {"short_ring", "feature 1, ring 1: 3 positions instead of at least 4"},
+        {"unclosed_ring", "feature 1, ring 1: the ring is not closed: its last position is not its first"},
+        // These can be drawn: what an odd number of rings surrounds is inside.
+        {"self_intersecting", ""},
+        {"hole_outside", ""}};
+    for (const Expected& expected : files) {
+        const std::filesystem::path file =
+            qel::test::viewerData() / "bad" / (std::string(expected.file) + ".geojson");
+        const std::string refusal = refusalOf([&] { return qel::test::readWhole(file); });
+        if (*expected.refusal == '\0') {
+            EXPECT_EQ(refusal, "") << file;
+        } else {
+            EXPECT_TRUE(refusal.ends_with(std::string(expected.file) + ".geojson: " + expected.refusal))
+                << refusal;
+        }
+    }
+}
+
+TEST(ReadGeoJson, ReadsTheMapsWhole) {
+    QEL_SKIP_WITHOUT_VIEWER_DATA();
+    const std::filesystem::path maps = qel::test::viewerData() / "maps";
+    const auto positionsOf = [](const qelview::Scene& scene) { return scene.lineVertexCount(); };
+    const qelview::Scene countries = qel::test::readWhole(maps / "ne_110m_admin_0_countries.geojson");
+    EXPECT_EQ(positionsOf(countries), 10654U);
+    std::size_t rings = 0;
+    for (const qelview::Polygon& polygon : countries.polygons) {
+        rings += polygon.rings.size();
+    }
+    EXPECT_EQ(rings, 289U);
+    const qelview::Scene coast = qel::test::readWhole(maps / "coastline_3857.geojson");
+    EXPECT_EQ(coast.polylines.size(), 134U);
+    EXPECT_EQ(positionsOf(coast), 5128U);
+    const qelview::Scene places = qel::test::readWhole(maps / "ne_110m_populated_places_simple.geojson");
+    EXPECT_EQ(places.clouds.at(0).positions.size(), 243U);
+    EXPECT_EQ(places.labels.size(), 243U);
+}
+
+}  // namespace

@@ -1,0 +1,131 @@
+#include "Script.h"
+
+#include <gtest/gtest.h>
+
+#include "ViewerData.h"
+
+namespace {
+
+using qelview::MouseButton;
+using qelview::parseScript;
+using qelview::ScriptAction;
+using qelview::ScriptStep;
+
+ScriptStep onlyStep(const std::string& line) {
+    const std::vector<ScriptStep> steps = parseScript(line);
+    EXPECT_EQ(steps.size(), 1U);
+    return steps.empty() ? ScriptStep() : steps.front();
+}
+
+TEST(ParseScript, ReadsPlacesAndSizes) {
+    EXPECT_EQ(onlyStep("size 640 480").action, ScriptAction::Size);
+    const ScriptStep move = onlyStep("move -12 +34");
+    EXPECT_EQ(move.action, ScriptAction::Move);
+    EXPECT_EQ(move.x, -12);
+    EXPECT_EQ(move.y, 34);
+    EXPECT_EQ(onlyStep("double 1 2").action, ScriptAction::Double);
+}
+
+TEST(ParseScript, ReadsButtonsWithAndWithoutShift) {
+    const ScriptStep down = onlyStep("down middle 5 6 shift");
+    EXPECT_EQ(down.action, ScriptAction::Down);
+    EXPECT_EQ(down.button, MouseButton::Middle);
+    EXPECT_TRUE(down.withShift);
+    EXPECT_EQ(down.x, 5);
+    EXPECT_EQ(down.y, 6);
+    const ScriptStep up = onlyStep("up right 7 8");
+    EXPECT_EQ(up.action, ScriptAction::Up);
+    EXPECT_EQ(up.button, MouseButton::Right);
+    EXPECT_FALSE(up.withShift);
+}
+
+TEST(ParseScript, ReadsWheelsAndKeys) {
+    const ScriptStep wheel = onlyStep("wheel -3 10 20");
+    EXPECT_EQ(wheel.action, ScriptAction::Wheel);
+    EXPECT_EQ(wheel.notches, -3);
+    EXPECT_EQ(wheel.x, 10);
+    EXPECT_EQ(wheel.y, 20);
+    EXPECT_EQ(onlyStep("key z").key, static_cast<unsigned>('Z'));
+    EXPECT_EQ(onlyStep("key Esc").key, 0x1BU);
+}
+
+struct FileLine {
+    const char* name;
+    const char* line;
+    ScriptAction action;
+    const char* file;
+};
+
+class ParseFileLines : public testing::TestWithParam<FileLine> {};
+
+TEST_P(ParseFileLines, TakesTheRestOfTheLineForTheName) {
+    const ScriptStep step = onlyStep(GetParam().line);
+    EXPECT_EQ(step.action, GetParam().action);
+    EXPECT_EQ(step.file, GetParam().file);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, ParseFileLines,
+                         testing::Values(FileLine{"Drop", "drop a b.obj", ScriptAction::Drop, "a b.obj"},
+                                         FileLine{"Motion", "motion m.txt", ScriptAction::Motion, "m.txt"},
+                                         FileLine{"Picture", "  picture  c:\\out\\p 1.png  ",
+                                                  ScriptAction::Picture, "c:\\out\\p 1.png"},
+                                         FileLine{"Camera", "camera c.txt", ScriptAction::Camera, "c.txt"},
+                                         FileLine{"Capture", "capture v.bmp\r\n", ScriptAction::Capture,
+                                                  "v.bmp"}),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(ParseScript, LeavesOutEmptyLinesAndRemarksButCountsThem) {
+    const std::vector<ScriptStep> steps = parseScript("# a remark\n\n  \nkey F\n#\nkey O");
+    ASSERT_EQ(steps.size(), 2U);
+    EXPECT_EQ(steps[0].line, 4U);
+    EXPECT_EQ(steps[1].line, 6U);
+}
+
+struct WrongScriptLine {
+    const char* name;
+    const char* line;
+    const char* mentioned;
+};
+
+class ParseWrongScripts : public testing::TestWithParam<WrongScriptLine> {};
+
+TEST_P(ParseWrongScripts, NamesTheLineAndTheReason) {
+    const std::string refusal =
+        qel::test::refusalOf([] { return parseScript(std::string("key F\n") + GetParam().line); });
+    EXPECT_EQ(refusal.rfind("line 2: ", 0), 0U) << refusal;
+    EXPECT_NE(refusal.find(GetParam().mentioned), std::string::npos) << refusal;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, ParseWrongScripts,
+    testing::Values(WrongScriptLine{"UnknownAction", "jump 1 2", "'jump' is no action"},
+                    WrongScriptLine{"ActionInCapitals", "MOVE 1 2", "'MOVE' is no action"},
+                    WrongScriptLine{"MoveWithoutY", "move 1", "move X Y"},
+                    WrongScriptLine{"MoveWithMore", "move 1 2 3", "move X Y"},
+                    WrongScriptLine{"MoveToAWord", "move a 2", "'a' is not a whole number"},
+                    WrongScriptLine{"MoveToAFraction", "move 1.5 2", "'1.5' is not a whole number"},
+                    WrongScriptLine{"MoveFarAway", "move 99999 2", "'99999' is not from"},
+                    WrongScriptLine{"SizeOfNothing", "size 0 10", "'0' is not from 1"},
+                    WrongScriptLine{"UnknownButton", "down fourth 1 2", "'fourth' is not left"},
+                    WrongScriptLine{"ButtonWithoutPlace", "down left", "down left|middle|right"},
+                    WrongScriptLine{"ShiftMisspelt", "down left 1 2 shfit", "down left|middle|right"},
+                    WrongScriptLine{"ShiftTwice", "down left 1 2 shift shift", "down left|middle|right"},
+                    WrongScriptLine{"WheelWithoutPlace", "wheel 1", "wheel NOTCHES X Y"},
+                    WrongScriptLine{"WheelTooFar", "wheel 101 1 1", "'101' is not from -100 to 100"},
+                    WrongScriptLine{"KeyOfADialog", "key Ctrl+O", "is not a letter, a digit or Esc"},
+                    WrongScriptLine{"NoKey", "key", "key NAME"},
+                    WrongScriptLine{"NoFile", "picture", "picture FILE.png"}),
+    [](const auto& each) { return each.param.name; });
+
+TEST(ParseScript, RefusesWhatIsNoText) {
+    EXPECT_NE(qel::test::refusalOf([] { return parseScript("\xFF\xFEk"); }), "");
+}
+
+TEST(ScriptHelp, ShowsEachAction) {
+    for (const char* word : {"size", "move", "down", "up", "wheel", "double", "key", "drop", "motion",
+                             "picture", "camera", "capture"}) {
+        EXPECT_NE(qelview::scriptHelp().find(std::string("  ") + word + " "), std::string::npos) << word;
+    }
+}
+
+}  // namespace
