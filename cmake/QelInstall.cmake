@@ -44,7 +44,7 @@ if(CMAKE_CROSSCOMPILING)
     install(FILES "${qt_home}/LICENSE.LGPL3" "${qt_home}/LICENSE.GPL3" DESTINATION ${document_folder}/licences/qt5core)
     install(FILES "${QEL_CACHE_DIR}/${QEL_ASSIMP_KEY}/LICENSE" DESTINATION ${document_folder}/licences/assimp)
     foreach(package qtbase5-dev libassimp-dev gcc-mingw-w64-x86-64-posix-runtime mingw-w64-x86-64-dev libz-mingw-w64-dev
-            libcli11-dev libstb-dev libutfcpp-dev libminizip-dev)
+            libcli11-dev libstb-dev nlohmann-json3-dev libutfcpp-dev libminizip-dev)
         install(FILES "/usr/share/doc/${package}/copyright" DESTINATION ${document_folder}/licences RENAME ${package}.txt)
     endforeach()
 endif()
