@@ -87,7 +87,7 @@ qel::ref_ptr<IQelArray<qel::ArrayTexCoord2f>> hillTexCoords() {
 
 /// A chessboard of two shades, in the context that is current.
 std::uint32_t makeTexture() {
-    constexpr int kTexels = 8;
+    constexpr std::size_t kTexels = 8;
     std::array<std::uint8_t, kTexels * kTexels * 3> texels{};
     for (std::size_t index = 0; index < texels.size(); ++index) {
         const std::size_t texel = index / 3;
@@ -98,7 +98,8 @@ std::uint32_t makeTexture() {
     glBindTexture(GL_TEXTURE_2D, texture);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, kTexels, kTexels, 0, GL_RGB, GL_UNSIGNED_BYTE, texels.data());
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, GLsizei{kTexels}, GLsizei{kTexels}, 0, GL_RGB, GL_UNSIGNED_BYTE,
+                 texels.data());
     return texture;
 }
 

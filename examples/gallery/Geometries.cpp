@@ -22,7 +22,9 @@ using qelview::HostSegment;
 
 std::vector<qel::XPnt3d> spiral(double turns) {
     std::vector<qel::XPnt3d> points;
-    for (double at = 0.0; at <= turns; at += 0.02) {
+    const int steps = static_cast<int>(turns * 50.0);
+    for (int step = 0; step <= steps; ++step) {
+        const double at = step / 50.0;
         const double angle = 2.0 * std::numbers::pi * at;
         points.emplace_back(8.0 * std::cos(angle), 8.0 * std::sin(angle), 8.0 * at / turns);
     }
@@ -30,7 +32,8 @@ std::vector<qel::XPnt3d> spiral(double turns) {
 }
 
 void pointGeometry(Easel& easel) {
-    for (double at = -8.0; at <= 8.0; at += 0.25) {
+    for (int step = -32; step <= 32; ++step) {
+        const double at = step / 4.0;
         const qel::ref_ptr<IQelGeometry> point(new HostPoint({at, -at, 3.0 + 2.0 * std::sin(at)}));
         easel.symbol.drawGeometry(point.get());
     }

@@ -63,7 +63,7 @@ void drawSegmentFrame(Easel& easel) {
 }
 
 void drawCircle(Easel& easel) {
-    for (double radius = 2.0; radius <= 8.0; radius += 2.0) {
+    for (const double radius : {2.0, 4.0, 6.0, 8.0}) {
         easel.symbol.drawCircle({0, 0, 0}, radius, 2.0F, kGreen, false, true);
     }
 }

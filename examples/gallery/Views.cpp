@@ -148,7 +148,7 @@ void planarTransform(Easel& easel) {
     };
     easel.symbol.drawRect2d({5, 5, 35, 25}, 2.0, {0.45F, 0.85F, 0.5F}, false, false);
     easel.symbol.drawLine(place(5, 5), place(35, 25), 1.0, {0.4F, 0.65F, 1.0F}, false, false);
-    for (double step = 0.0; step <= 10.0; step += 1.0) {
+    for (int step = 0; step <= 10; ++step) {
         const qel::XPnt3d at = place(5.0 + 3.0 * step, 15.0 + 0.3 * (step - 5.0) * (step - 5.0));
         easel.symbol.drawPoint(at.x, at.y, at.z, 5.0F, {1.0F, 0.85F, 0.35F}, false, false);
     }

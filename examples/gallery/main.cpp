@@ -27,7 +27,8 @@ struct Chapter {
 void drawGround(IQelSymbol& symbol) {
     const qel::QelColor3f color(0.24F, 0.27F, 0.31F);
     // Without the depth test nothing is hidden by it later.
-    for (double at = -kReach; at <= kReach; at += 2.0) {
+    for (int line = -5; line <= 5; ++line) {
+        const double at = kReach * line / 5.0;
         symbol.drawLine({at, -kReach, 0.0}, {at, kReach, 0.0}, 1.0, color, false, false);
         symbol.drawLine({-kReach, at, 0.0}, {kReach, at, 0.0}, 1.0, color, false, false);
     }
