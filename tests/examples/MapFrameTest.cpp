@@ -9,6 +9,7 @@
 #include "MapRelief.h"
 #include "MapTriangles.h"
 #include "SampleMap.h"
+#include "TextRoom.h"
 
 /// What of a map is seen: cut lines and areas, triangles, names.
 
@@ -202,16 +203,14 @@ TEST(MapRelief, GivesPolygonsASurface) {
     EXPECT_EQ(relief.polygons.size(), 1U);
 }
 
-TEST(MapRelief, KeepsTheNamesThatCanBeRead) {
-    qelview::Scene scene = sceneOf({square(0, 0, 100)}, {1e6, 2e6, 0});
-    for (int number = 0; number < 50; ++number) {
-        scene.labels.push_back({{50.0, 50.0 + 0.1 * number, 0}, "Name " + std::to_string(number)});
-    }
-    scene.labels.push_back({{20.0, 10.0, 5.0}, "Alone"});
-    const qelview::Scene relief = qelview::reliefOf(scene);
-    ASSERT_EQ(relief.labels.size(), 2U);
-    EXPECT_EQ(relief.labels[0].text, "Name 0");
-    EXPECT_EQ(relief.labels[1].at.z, 5.0);
+TEST(TextRoom, IsTakenByTheFirstWhoComes) {
+    qelview::TextRoom room;
+    EXPECT_TRUE(room.take(100, 100, "First"));
+    EXPECT_FALSE(room.take(110, 105, "Second"));
+    EXPECT_TRUE(room.take(110, 140, "Below"));
+    EXPECT_TRUE(room.take(200, 100, "Beside"));
+    EXPECT_FALSE(room.take(60, 100, "Long before it"));
+    EXPECT_TRUE(room.take(40, 100, "")) << "what was refused takes no room";
 }
 
 TEST(SampleMap, HasIslandsLakesLinesAndNamedTowns) {

@@ -25,6 +25,9 @@ using qelview::MapColor;
 
 constexpr int kWidth = 640;
 constexpr int kHeight = 420;
+/// The pixel in the middle.
+constexpr double kMiddleColumn = 0.5 * kWidth;
+constexpr double kMiddleRow = 0.5 * kHeight;
 
 Rgba rgbaOf(const MapColor& color) {
     return {color.red, color.green, color.blue, 255};
@@ -194,7 +197,9 @@ TEST_F(MapPanes, KeepLargeCoordinatesCrispAtTheDeepestZoom) {
     // A staircase of steps of 10 cm far from the middle.
     qelview::Points stairs;
     for (int step = 0; step < 40; ++step) {
-        stairs.emplace_back(kFar * 0.7 + 0.1 * ((step + 1) / 2), kFar * 0.3 + 0.1 * (step / 2), 0.0);
+        const int across = (step + 1) / 2;
+        const int up = step / 2;
+        stairs.emplace_back(kFar * 0.7 + 0.1 * across, kFar * 0.3 + 0.1 * up, 0.0);
     }
     scene.polylines.push_back({{stairs}, {}});
     show(scene);
@@ -202,8 +207,8 @@ TEST_F(MapPanes, KeepLargeCoordinatesCrispAtTheDeepestZoom) {
     for (const double unitsPerPixel : {0.05, 0.01, view.finestUnitsPerPixel()}) {
         SCOPED_TRACE(unitsPerPixel);
         const qel::XPnt2d pixel = view.pixelOf(target);
-        view.pan(kWidth / 2 - pixel.x, kHeight / 2 - pixel.y);
-        view.zoomAt(kWidth / 2, kHeight / 2, view.unitsPerPixel() / unitsPerPixel);
+        view.pan(kMiddleColumn - pixel.x, kMiddleRow - pixel.y);
+        view.zoomAt(kMiddleColumn, kMiddleRow, view.unitsPerPixel() / unitsPerPixel);
         ASSERT_NEAR(view.unitsPerPixel(), unitsPerPixel, 1e-9 * unitsPerPixel);
         draw();
         expectSameLines(qelview::kLineColor, 60);
@@ -223,8 +228,8 @@ TEST_F(MapPanes, ShowTheWorldTheSameWayIfItIsThere) {
         const qel::XPnt2d corner =
             map.polygons.empty() ? map.lines.at(40).at(3) : map.polygons.at(40).at(0).at(3);
         const qel::XPnt2d pixel = view.pixelOf(corner);
-        view.pan(kWidth / 2 - pixel.x, kHeight / 2 - pixel.y);
-        view.zoomAt(kWidth / 2, kHeight / 2, 1e30);
+        view.pan(kMiddleColumn - pixel.x, kMiddleRow - pixel.y);
+        view.zoomAt(kMiddleColumn, kMiddleRow, 1e30);
         EXPECT_EQ(view.unitsPerPixel(), view.finestUnitsPerPixel());
         draw();
         expectSameLines(color, 100);

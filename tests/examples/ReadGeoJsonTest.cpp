@@ -143,35 +143,6 @@ TEST(ReadGeoJson, TakesNoHarmFromDeepNesting) {
     EXPECT_EQ(refusalOf([&] { return read(closed); }), "file: a position is no array of two numbers or more");
 }
 
-struct Expected {
-    const char* file;
-    const char* refusal;
-};
-
-TEST(ReadGeoJson, RefusesTheBadFilesAtTheirPlace) {
-    QEL_SKIP_WITHOUT_VIEWER_DATA();
-    const Expected files[] = {
-        {"cut", "line 1: the file ends in the middle of the JSON text"},
-        {"no_features", "there is nothing to show"},
-        {"null_geometry", "there is nothing to show"},
-        {"short_ring", "feature 1, ring 1: 3 positions instead of at least 4"},
-        {"unclosed_ring", "feature 1, ring 1: the ring is not closed: its last position is not its first"},
-        // These can be drawn: what an odd number of rings surrounds is inside.
-        {"self_intersecting", ""},
-        {"hole_outside", ""}};
-    for (const Expected& expected : files) {
-        const std::filesystem::path file =
-            qel::test::viewerData() / "bad" / (std::string(expected.file) + ".geojson");
-        const std::string refusal = refusalOf([&] { return qel::test::readWhole(file); });
-        if (*expected.refusal == '\0') {
-            EXPECT_EQ(refusal, "") << file;
-        } else {
-            EXPECT_TRUE(refusal.ends_with(std::string(expected.file) + ".geojson: " + expected.refusal))
-                << refusal;
-        }
-    }
-}
-
 TEST(ReadGeoJson, ReadsTheMapsWhole) {
     QEL_SKIP_WITHOUT_VIEWER_DATA();
     const std::filesystem::path maps = qel::test::viewerData() / "maps";

@@ -5,6 +5,7 @@
 #include "QelTmpGlStateCtrl.h"
 #include "Stage.h"
 #include "TextPlaces.h"
+#include "TextRoom.h"
 
 namespace qelview {
 
@@ -83,8 +84,12 @@ void Stage::drawTexts() {
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     {
         const QelTmpGlStateCtrl color(kLabelColor);
+        TextRoom room;
         for (std::size_t i = 0; i < places.size(); ++i) {
-            drawLabel(content.labels[i], places[i]);
+            const Label& label = content.labels[i];
+            if (places[i].isValid() && room.take(places[i].x, places[i].y, label.text)) {
+                drawLabel(label, places[i]);
+            }
         }
     }
     const double top = static_cast<double>(camera().getHeight()) - kMargin;
@@ -101,9 +106,7 @@ void Stage::drawTexts() {
 
 void Stage::drawLabel(const Label& label, const qel::XPnt3d& place) {
     constexpr double kBeside = 7.0;
-    if (place.isValid()) {
-        printAt(place.x + kBeside, place.y + kBeside * 0.5, label.text);
-    }
+    printAt(place.x + kBeside, place.y + kBeside * 0.5, toPlainLetters(label.text));
 }
 
 void Stage::printAt(double x, double y, const std::string& text) {

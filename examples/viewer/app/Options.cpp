@@ -45,9 +45,11 @@ std::string helpFooter() {
            "\n"
            "In the window:\n" +
            inputHelp() +
-           "Keys of a map (--map): 1 GDI, 2 OpenGL, 3 three dimensions, F fit, Esc quit; drag to move, the "
-           "wheel zooms\n"
-           "  at the cursor. Without a file a map made by code is shown.\n"
+           "\n"
+           "In the window of a map (--map): 1 GDI, 2 OpenGL, 3 three dimensions, F fit, Esc quit; dragging "
+           "moves "
+           "it, the\n"
+           "  wheel zooms at the cursor. Without a file a map made by code is shown.\n"
            "\n"
            "Scripts drive a window that is not shown. A line is one of these, places count from the upper "
            "left:\n" +
@@ -100,6 +102,19 @@ void addWindowOptions(CLI::App& app, Options& options) {
         ->excludes(script);
 }
 
+void addMapOptions(CLI::App& app, Options& options) {
+    CLI::Option* const map = app.add_flag("--map", options.isMap,
+                                          "Show the files as a map: by GDI, by OpenGL, in three dimensions");
+    CLI::Option* const out =
+        app.add_option("--map-out", options.mapOut,
+                       "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and end")
+            ->type_name("PREFIX");
+    for (const char* const ofModels : {"--capture", "--script", "--motion", "--tour"}) {
+        map->excludes(app.get_option(ofModels));
+        out->excludes(app.get_option(ofModels));
+    }
+}
+
 void addOptions(CLI::App& app, Options& options) {
     app.add_option("FILE", options.files, "Files to show together");
     app.add_option_function<std::string>(
@@ -123,11 +138,7 @@ void addOptions(CLI::App& app, Options& options) {
                    "Write pictures PREFIX0.png to PREFIX7.png of the eight standard views and end")
         ->type_name("PREFIX");
     addWindowOptions(app, options);
-    app.add_flag("--map", options.isMap,
-                 "Show the files as a map: keys 1 GDI, 2 OpenGL, 3 in three dimensions");
-    app.add_option("--map-out", options.mapOut,
-                   "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and end")
-        ->type_name("PREFIX");
+    addMapOptions(app, options);
 }
 
 }  // namespace

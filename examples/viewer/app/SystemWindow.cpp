@@ -67,6 +67,24 @@ std::string toUtf8(const std::wstring& wide) {
     return utf8;
 }
 
+std::string toPlainLetters(const std::string& utf8) {
+    constexpr wchar_t kFirstAccent = 0x300;
+    constexpr wchar_t kLastAccent = 0x36F;
+    constexpr wchar_t kLastLetter = 0x7E;
+    const std::wstring wide = toWide(utf8);
+    const int length = static_cast<int>(wide.size());
+    std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
+                       L'\0');
+    FoldStringW(MAP_COMPOSITE, wide.c_str(), length, apart.data(), static_cast<int>(apart.size()));
+    std::string plain;
+    for (const wchar_t letter : apart) {
+        if (letter < kFirstAccent || letter > kLastAccent) {
+            plain.push_back(letter <= kLastLetter ? static_cast<char>(letter) : '?');
+        }
+    }
+    return plain;
+}
+
 void reportNoContext(bool isInteractive) {
     std::fprintf(stderr, "qelview: %s\n", kNoContext);
     std::fflush(stderr);

@@ -35,6 +35,9 @@ void setClientSize(HWND window, const ClientSize& size);
 
 [[nodiscard]] std::wstring toWide(const std::string& utf8);
 [[nodiscard]] std::string toUtf8(const std::wstring& wide);
+/// A text of UTF-8 in the letters that the display's font has: accents are dropped, what is still strange is
+/// a '?'.
+[[nodiscard]] std::string toPlainLetters(const std::string& utf8);
 
 /// Says on standard error that there is no OpenGL, and in a message box too if somebody sits in front of it.
 void reportNoContext(bool isInteractive);

@@ -26,25 +26,6 @@ std::array<GLubyte, 128> hatchPattern(int height) {
     return pattern;
 }
 
-/// A text in the letters that the display's font has: accents are dropped, what is still strange is a '?'.
-std::string plainLetters(const std::string& text) {
-    constexpr wchar_t kFirstAccent = 0x300;
-    constexpr wchar_t kLastAccent = 0x36F;
-    constexpr wchar_t kLastLetter = 0x7E;
-    const std::wstring wide = toWide(text);
-    const int length = static_cast<int>(wide.size());
-    std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
-                       L'\0');
-    FoldStringW(MAP_COMPOSITE, wide.c_str(), length, apart.data(), static_cast<int>(apart.size()));
-    std::string plain;
-    for (const wchar_t letter : apart) {
-        if (letter < kFirstAccent || letter > kLastAccent) {
-            plain.push_back(letter <= kLastLetter ? static_cast<char>(letter) : '?');
-        }
-    }
-    return plain;
-}
-
 /// What only the host sets while it fills areas: the surfaces lie in the plane and have no light of their
 /// own.
 void drawTriangles(IQelSymbol& symbol, const qel::ref_ptr<IQelArray<qel::ArrayVertex>>& vertices,
@@ -210,7 +191,7 @@ void GlMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
 
 void GlMapPane::printAt(double x, double y, const std::string& text) {
     glRasterPos2d(x, y);
-    display->printText("%s", plainLetters(text).c_str());
+    display->printText("%s", toPlainLetters(text).c_str());
 }
 
 }  // namespace qelview

@@ -6,6 +6,7 @@
 
 #include "MapClip.h"
 #include "RoundNumbers.h"
+#include "TextRoom.h"
 
 namespace qelview {
 
@@ -16,10 +17,6 @@ constexpr double kMarginPx = 48.0;
 constexpr std::size_t kMostFramedPoints = 1500;
 /// Distance of the lines of the net, at least.
 constexpr double kNetPx = 110.0;
-/// Room that a name takes, in pixels.
-constexpr double kNameHeight = 20.0;
-constexpr double kLetterWidth = 9.5;
-constexpr double kNameGap = 8.0;
 
 qel::Enve2d widened(const MapView& view) {
     qel::Enve2d area = view.extent();
@@ -82,6 +79,7 @@ std::vector<double> multiplesWithin(double from, double to, double step) {
     const double first = std::ceil(from / step);
     const auto count = static_cast<int>(std::clamp(std::floor(to / step) - first + 1.0, 0.0, kMost));
     std::vector<double> multiples;
+    multiples.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         multiples.push_back((first + i) * step);
     }
@@ -104,17 +102,13 @@ void addNet(MapFrame& frame, const MapView& view, bool isGlobe) {
 }
 
 void addNames(MapFrame& frame, const MapData& map, const MapView& view) {
-    std::vector<qel::Enve2d> taken;
+    TextRoom room;
     for (const Name2d& name : map.names) {
         const qel::XPnt2d at = view.pixelOf(name.at);
-        const double width = kLetterWidth * static_cast<double>(name.text.size());
-        const qel::Enve2d box(at.x - kNameGap, at.y - kNameHeight, at.x + width + kNameGap, at.y + kNameGap);
+        const qel::Enve2d box = TextRoom::around(at.x, at.y, name.text);
         const bool isInside =
             box.xmin >= 0.0 && box.ymin >= 0.0 && box.xmax < view.width() && box.ymax < view.height();
-        const bool isFree = std::none_of(taken.begin(), taken.end(),
-                                         [&](const qel::Enve2d& other) { return other.isIntersect(box); });
-        if (isInside && isFree) {
-            taken.push_back(box);
+        if (isInside && room.take(at.x, at.y, name.text)) {
             frame.names.push_back(name);
         }
     }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "MapFrame.h"
 #include "MapTriangles.h"
 
 namespace qelview {
@@ -20,23 +19,6 @@ Rings2d flat(const Polygon& polygon) {
                        [](const qel::XPnt3d& point) { return qel::XPnt2d(point.x, point.y); });
     }
     return rings;
-}
-
-/// Labels that would not cover each other on a small map.
-void keepReadableLabels(Scene& scene) {
-    constexpr int kWidth = 700;
-    constexpr int kHeight = 360;
-    const MapData map = mapOf(scene);
-    MapView view;
-    view.resize(kWidth, kHeight);
-    view.fit(map.bounds);
-    const std::vector<Name2d> kept = makeFrame(map, view).names;
-    std::erase_if(scene.labels, [&](const Label& label) {
-        const qel::XPnt3d place = label.at + scene.origin;
-        return std::none_of(kept.begin(), kept.end(), [&](const Name2d& name) {
-            return name.text == label.text && name.at.x == place.x && name.at.y == place.y;
-        });
-    });
 }
 
 }  // namespace
@@ -61,7 +43,6 @@ Scene reliefOf(const Scene& map) {
         ground.normals.assign(ground.positions.size(), {0.0F, 0.0F, 1.0F});
         scene.meshes.push_back(std::move(ground));
     }
-    keepReadableLabels(scene);
     return scene;
 }
 

@@ -4,8 +4,7 @@
 
 namespace qelview {
 
-/// A map's scene as a view in three dimensions shows it: its polygons get surfaces, and of its labels only as
-/// many as can be read.
+/// A map's scene as a view in three dimensions shows it: its polygons get surfaces.
 [[nodiscard]] Scene reliefOf(const Scene& map);
 
 }  // namespace qelview
