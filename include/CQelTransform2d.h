@@ -25,8 +25,12 @@ struct DeviceRect {
 /// view extent and a device rectangle, and converts points both ways through the matrices that OpenGL holds.
 ///
 /// Large model coordinates are reduced by a local origin before OpenGL sees them, so that they keep their
-/// detail: draw a model point p at p - getOrigin(). No factory makes it: construct it with `new` and keep it
-/// in a `qel::ref_ptr`. The operations that touch OpenGL need the view's context to be current.
+/// detail: draw a model point p at p - getOrigin(). Depth grows upwards: with the depth test on, lower parts
+/// hide higher ones, so draw in order without it. Shown is z from -(top + 3000) to 3000 - bottom of the view
+/// extent, counted from the origin.
+///
+/// No factory makes it: construct it with `new` and keep it in a `qel::ref_ptr`. The operations that touch
+/// OpenGL need the view's context to be current.
 class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
   public:
     /// @{
