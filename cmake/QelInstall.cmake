@@ -31,8 +31,10 @@ install(FILES "${CMAKE_BINARY_DIR}/QelDisplay64tConfig.cmake" "${CMAKE_BINARY_DI
 configure_file(cmake/QelDisplay64t.pc.in "${CMAKE_BINARY_DIR}/QelDisplay64t.pc" @ONLY)
 install(FILES "${CMAKE_BINARY_DIR}/QelDisplay64t.pc" DESTINATION lib/pkgconfig)
 
-install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${document_folder})
-install(DIRECTORY docs DESTINATION ${document_folder} PATTERN Doxyfile EXCLUDE)
+install(FILES LICENSE README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${document_folder})
+install(DIRECTORY docs DESTINATION ${document_folder} PATTERN Doxyfile EXCLUDE PATTERN package.md EXCLUDE)
+# What the folder is, for whoever unpacks it.
+install(FILES docs/package.md DESTINATION . RENAME README.md)
 
 # The cross build brings along what its binaries load, with the licences of all that is in them; elsewhere Qt and the compiler's
 # libraries are the machine's own.

@@ -55,9 +55,16 @@ def lacking(prefix):
     wanted += [f"lib/cmake/QelDisplay64t/QelDisplay64t{part}.cmake" for part in ("Config", "ConfigVersion", "Targets")]
     wanted += [f"share/QelDisplay64t/examples/{name}/main.cpp" for name in ("minimal", "hostcontext")]
     wanted += ["lib/pkgconfig/QelDisplay64t.pc", "bin/qelview.exe", "bin/Qt5Core.dll", "include/QtCore/QString"]
-    wanted += [f"{DOCUMENTS}/{name}" for name in ("LICENSE", "README.md", "CHANGELOG.md", "docs/licences.md", "licences/qt5core/LICENSE.LGPL3")]
+    wanted += ["README.md", "bin/qelhostcontext.exe"]
+    wanted += [f"{DOCUMENTS}/{name}" for name in ("LICENSE", "README.md", "CHANGELOG.md", "docs/licences.md", "docs/host-guide.md", "licences/qt5core/LICENSE.LGPL3")]
     wanted += [f"include/QelDisplay64t/{path.name}" for path in (tree.ROOT / "include").glob("*.h")]
     return [f"{name} is not in the package" for name in wanted if not (prefix / name).is_file()]
+
+
+def misnamed(prefix):
+    """Paths that the package's own README names and that are not in it."""
+    quoted = re.findall(r"`([\w./-]+/[\w./-]*|\w+\.exe)`", (prefix / "README.md").read_text())
+    return [f"README.md names {name}" for name in quoted if not (prefix / name).exists() and not (prefix / "bin" / name).exists()]
 
 
 def binaries(prefix):
