@@ -11,10 +11,13 @@ namespace qel {
 ///
 /// The four bounds are held in the order lower x, upper x, lower y, upper y. A default envelope is all zeros.
 struct QEL_BASE_API Enve2d {
+    /// @{
+    /// The bounds.
     double xmin = 0.0;
     double xmax = 0.0;
     double ymin = 0.0;
     double ymax = 0.0;
+    /// @}
 
     constexpr Enve2d() noexcept = default;
     /// Mind the order: both lower bounds first, then both upper bounds.
@@ -23,6 +26,7 @@ struct QEL_BASE_API Enve2d {
 
     /// Empties the envelope: every lower bound becomes 2147483647.0, every upper bound -2147483647.0.
     void setInvalid() noexcept;
+    /// False while a lower bound is above its upper bound.
     [[nodiscard]] bool isValid() const noexcept { return xmin <= xmax && ymin <= ymax; }
 
     /// Grows the envelope to contain the point's x and y; an invalid envelope becomes the point itself. A
@@ -30,6 +34,7 @@ struct QEL_BASE_API Enve2d {
     void SetBox(const XPnt3d& point) noexcept;
     /// True if the two rectangles share at least a point: touching counts. An invalid one meets nothing.
     [[nodiscard]] bool isIntersect(const Enve2d& other) const noexcept;
+    /// Centre of the rectangle.
     [[nodiscard]] XPnt2d MidPoint() const noexcept { return {(xmin + xmax) * 0.5, (ymin + ymax) * 0.5}; }
     /// Extent in x.
     [[nodiscard]] double Width() const noexcept { return xmax - xmin; }

@@ -11,15 +11,19 @@ namespace qel {
 /// The six bounds are held in the order xmin, xmax, ymin, ymax, zmin, zmax. A default box is all zeros. A z
 /// range with a lower bound of 2147483647.0 or an upper one of -2147483647.0 is missing: the box is flat.
 struct QEL_BASE_API Enve3d {
+    /// @{
+    /// The bounds.
     double xmin = 0.0;
     double xmax = 0.0;
     double ymin = 0.0;
     double ymax = 0.0;
     double zmin = 0.0;
     double zmax = 0.0;
+    /// @}
 
     /// Empties the box: every lower bound becomes 2147483647.0, every upper bound -2147483647.0.
     void setInvalid() noexcept;
+    /// False while a lower bound of x or y is above its upper bound; z is not asked.
     [[nodiscard]] bool isValid() const noexcept { return xmin <= xmax && ymin <= ymax; }
     /// True if the z range is not missing.
     [[nodiscard]] bool hasZ() const noexcept;

@@ -15,9 +15,12 @@ class QEL_BASE_API QelQuad {
     /// The real part comes first.
     QelQuad(double realPart, double xPart, double yPart, double zPart) noexcept
         : w(realPart), x(xPart), y(yPart), z(zPart) {}
+    /// @{
+    /// A copy holds the same rotation.
     QelQuad(const QelQuad&) noexcept = default;
     QelQuad& operator=(const QelQuad&) noexcept = default;
     virtual ~QelQuad();
+    /// @}
 
     /// Adds a right-handed turn about an axis, applied after the rotation already held.
     /// @param ax, ay, az the axis; its length does not matter.

@@ -9,6 +9,8 @@ namespace qel {
 template <class T>
 class ref_ptr {
   public:
+    /// @{
+    /// Empty, or with a reference of its own on the object; a moved pointer hands its reference over.
     ref_ptr() noexcept = default;
     ref_ptr(T* object) noexcept : pointer(object) {  // NOLINT(google-explicit-constructor)
         if (pointer != nullptr) {
@@ -21,7 +23,10 @@ class ref_ptr {
     ref_ptr(const ref_ptr<Derived>& other) noexcept
         : ref_ptr(other.get()) {}  // NOLINT(google-explicit-constructor)
     ~ref_ptr() { reset(); }
+    /// @}
 
+    /// @{
+    /// Takes a reference on the other's object, or takes its reference over, and gives the old one back.
     ref_ptr& operator=(const ref_ptr& other) noexcept { return *this = other.pointer; }
     ref_ptr& operator=(ref_ptr&& other) noexcept {
         if (this != &other) {
@@ -35,6 +40,7 @@ class ref_ptr {
         }
         return *this;
     }
+    /// @}
     /// Stores the new pointer first, then takes its reference, then gives the old one back; nothing when both
     /// are the same.
     ref_ptr& operator=(T* object) noexcept {
@@ -60,15 +66,20 @@ class ref_ptr {
         }
     }
 
+    /// @{
+    /// The object, without a reference; null if the pointer is empty.
     [[nodiscard]] T* get() const noexcept { return pointer; }
     T* operator->() const noexcept { return pointer; }
     T& operator*() const noexcept { return *pointer; }
     explicit operator bool() const noexcept { return pointer != nullptr; }
+    /// @}
 
   private:
     T* pointer = nullptr;
 };
 
+/// @{
+/// True if both hold the same object, or none.
 template <class A, class B>
 [[nodiscard]] bool operator==(const ref_ptr<A>& left, const ref_ptr<B>& right) noexcept {
     return left.get() == right.get();
@@ -78,5 +89,6 @@ template <class T>
 [[nodiscard]] bool operator==(const ref_ptr<T>& left, const T* right) noexcept {
     return left.get() == right;
 }
+/// @}
 
 }  // namespace qel

@@ -11,9 +11,12 @@ struct XPnt3f;
 
 /// Three plain doubles, for copying a point in and out of foreign storage.
 struct PNT3D {
+    /// @{
+    /// The coordinates.
     double x;
     double y;
     double z;
+    /// @}
 };
 
 /// A point or vector of three doubles in model or window units, with a validity state.
@@ -22,9 +25,13 @@ struct PNT3D {
 /// word that holds the validity (0 is valid). Copies keep the validity; arithmetic looks at the coordinates
 /// only.
 struct QEL_BASE_API XPnt3d {
+    /// @{
+    /// The coordinates.
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;
+    /// @}
+    /// 0 for a valid point.
     std::int64_t validity = 0;
 
     /// The origin, valid.
@@ -63,6 +70,8 @@ struct QEL_BASE_API XPnt3d {
     /// Length of (x, y).
     [[nodiscard]] double norm_2d() const noexcept;
 
+    /// @{
+    /// Changes the coordinates in place; the validity stays.
     XPnt3d& operator+=(const XPnt3d& other) noexcept {
         x += other.x;
         y += other.y;
@@ -81,10 +90,13 @@ struct QEL_BASE_API XPnt3d {
         z *= factor;
         return *this;
     }
+    /// @}
 };
 
 static_assert(sizeof(XPnt3d) == 32, "point arrays are handed to OpenGL with a stride of 32 bytes");
 
+/// @{
+/// Arithmetic by coordinates; the result is valid.
 [[nodiscard]] constexpr XPnt3d operator+(const XPnt3d& a, const XPnt3d& b) noexcept {
     return {a.x + b.x, a.y + b.y, a.z + b.z};
 }
@@ -94,6 +106,7 @@ static_assert(sizeof(XPnt3d) == 32, "point arrays are handed to OpenGL with a st
 [[nodiscard]] constexpr XPnt3d operator*(const XPnt3d& point, const double& factor) noexcept {
     return {point.x * factor, point.y * factor, point.z * factor};
 }
+/// @}
 
 /// Scalar product.
 [[nodiscard]] constexpr double dot(const XPnt3d& a, const XPnt3d& b) noexcept {

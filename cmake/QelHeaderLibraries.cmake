@@ -18,7 +18,6 @@ endfunction()
 qel_header_library(qel_glm glm)
 qel_header_library(qel_json nlohmann)
 qel_header_library(qel_cli11 CLI)
-qel_header_library(qel_fast_float fast_float)
 qel_header_library(qel_stb stb)
 
 if(EXISTS "${QEL_HEADERS_DIR}/eigen3")

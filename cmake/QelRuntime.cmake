@@ -1,4 +1,4 @@
-# The DLLs that the cross-built programs load, copied beside them when the tree is configured.
+# QEL_RUNTIME_DLLS: the DLLs that the cross-built programs load, without their debug information, beside the programs.
 
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     set(runtime_files "${QEL_CACHE_DIR}/${QEL_QT_KEY}/bin/Qt5Core.dll")
@@ -10,5 +10,14 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
         endif()
         list(APPEND runtime_files "${found}")
     endforeach()
-    file(COPY ${runtime_files} DESTINATION "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}" FOLLOW_SYMLINK_CHAIN)
+    file(MAKE_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    set(QEL_RUNTIME_DLLS)
+    foreach(file IN LISTS runtime_files)
+        get_filename_component(name "${file}" NAME)
+        set(stripped "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}")
+        if("${file}" IS_NEWER_THAN "${stripped}")
+            execute_process(COMMAND "${CMAKE_STRIP}" --strip-unneeded -o "${stripped}" "${file}" COMMAND_ERROR_IS_FATAL ANY)
+        endif()
+        list(APPEND QEL_RUNTIME_DLLS "${stripped}")
+    endforeach()
 endif()

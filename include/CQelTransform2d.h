@@ -10,10 +10,13 @@ namespace qel {
 
 /// A rectangle of window pixels: origin at the upper-left corner, y downwards.
 struct DeviceRect {
+    /// @{
+    /// The edges in pixels.
     std::int32_t left = 0;
     std::int32_t right = 0;
     std::int32_t top = 0;
     std::int32_t bottom = 0;
+    /// @}
 };
 
 }  // namespace qel
@@ -22,13 +25,20 @@ struct DeviceRect {
 /// view extent and a device rectangle, and converts points both ways through the matrices that OpenGL holds.
 ///
 /// Large model coordinates are reduced by a local origin before OpenGL sees them, so that they keep their
-/// detail: draw a model point p at p - getOrigin(). No factory makes it: construct it with `new` and keep it
-/// in a `qel::ref_ptr`. The operations that touch OpenGL need the view's context to be current.
+/// detail: draw a model point p at p - getOrigin(). Depth grows upwards: with the depth test on, lower parts
+/// hide higher ones, so draw in order without it. Shown is z from -(top + 3000) to 3000 - bottom of the view
+/// extent, counted from the origin.
+///
+/// No factory makes it: construct it with `new` and keep it in a `qel::ref_ptr`. The operations that touch
+/// OpenGL need the view's context to be current.
 class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
   public:
+    /// @{
+    /// A copy is an object of its own: it starts without references.
     CQelTransform2d();
     CQelTransform2d(const CQelTransform2d& other);
     CQelTransform2d& operator=(const CQelTransform2d& other);
+    /// @}
 
     std::int32_t getKind() override;
     bool setAnchorPoint(qel::XPnt3d point) override;
@@ -60,6 +70,7 @@ class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
     /// With depth picking `unprojectPixel` uses the depth that was drawn, and `resizeViewport` leaves the
     /// projection alone. Returns false.
     virtual bool setDepthPicking(bool enabled);
+    /// False at first.
     virtual bool getDepthPicking();
     virtual std::int32_t reservedSlot29();
     /// A model point to window pixels, truncated; y counts from the bottom of the viewport.

@@ -23,9 +23,12 @@ class QString;
 /// on 64-bit Windows. No operation reports an OpenGL failure.
 class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
   public:
+    /// @{
+    /// A copy is an object of its own: it starts without references.
     IQelDisplay();
     IQelDisplay(const IQelDisplay& other);
     IQelDisplay& operator=(const IQelDisplay& other);
+    /// @}
 
     /// The device context that the display draws on; 0 before attaching.
     virtual std::int32_t getDC() = 0;
@@ -92,15 +95,21 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     virtual std::int32_t endFrame() = 0;
     /// OpenGL state calls; owned by the display, no reference taken.
     virtual IQelGL* getGL() = 0;
+    /// @{
     /// Colour that `beginFrame(0)` clears to; black at first. Returns 0.
     virtual std::int32_t setBackColor(const qel::QelColor3f& color) = 0;
     virtual qel::QelColor3f getBackColor() = 0;
+    /// @}
+    /// @{
     /// Whether `finishFrame` draws the trackball rings during a rotation; true at first.
     virtual void setShowOverlay1(bool show) = 0;
     virtual bool getShowOverlay1() = 0;
+    /// @}
+    /// @{
     /// Whether `finishFrame` draws the axes tripod; true at first.
     virtual void setShowOverlay2(bool show) = 0;
     virtual bool getShowOverlay2() = 0;
+    /// @}
     /// True if stereo buffers were asked for.
     virtual bool isStereo() = 0;
     /// Distance between the eyes in model units, applied to the right eye; 3.0 at first. Returns 0.
@@ -114,11 +123,13 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     virtual std::int32_t reservedSlot33() = 0;
     /// Swaps the buffers; returns 0.
     virtual std::int32_t presentView() = 0;
+    /// @{
     /// Numbered caches are not offered by default: all four answer 0.
     virtual std::int32_t getActiveCache();
     virtual std::int32_t setActiveCache(std::int32_t cache);
     virtual std::int32_t getCacheDC(std::int32_t cache);
     virtual std::int32_t UpdateWindow();
+    /// @}
     /// The view controller; owned by the display, no reference taken. A host that keeps it longer takes one;
     /// it then reports no display once the display is gone.
     virtual IQelTrackBall* getTrackBall() = 0;

@@ -9,9 +9,12 @@
 /// listeners keep their slots.
 class QEL_DISPLAY_API IQelDisplayEvent : public qel::QelReferenced {
   public:
+    /// @{
+    /// A copy is an object of its own: it starts without references.
     IQelDisplayEvent();
     IQelDisplayEvent(const IQelDisplayEvent& other);
     IQelDisplayEvent& operator=(const IQelDisplayEvent& other);
+    /// @}
 
     virtual std::int32_t reservedSlot1() = 0;
     virtual std::int32_t reservedSlot2() = 0;

@@ -6,5 +6,6 @@
 /// A point geometry (kind 1). Its position is read directly. Symbols draw it green, two pixels wide.
 class IQelPoint : public IQelGeometry {
   public:
+    /// The position in model units.
     qel::XPnt3d position;
 };

@@ -13,8 +13,11 @@ namespace qel {
 
 /// A pixel of a window: origin at the upper-left corner, rows counted downwards.
 struct PixelPoint {
+    /// @{
+    /// Column and row.
     std::int32_t x = 0;
     std::int32_t y = 0;
+    /// @}
 };
 
 }  // namespace qel
@@ -25,14 +28,18 @@ struct PixelPoint {
 /// rows count down. Colours are 0x00BBGGRR. Every operation runs on the thread that owns the window.
 class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
   public:
+    /// @{
+    /// A copy is an object of its own: it starts without references.
     IQelScrDisplay2D();
     IQelScrDisplay2D(const IQelScrDisplay2D& other);
     IQelScrDisplay2D& operator=(const IQelScrDisplay2D& other);
+    /// @}
 
     /// The device context drawn on, as the low 32 bits of its handle; 0 before attaching.
     virtual std::int32_t getDC() = 0;
     /// Binds to a window and takes its outer size in pixels. Returns 0; window 0 is refused with -1.
     virtual std::int32_t attachWindow(std::int32_t window) = 0;
+    /// The window bound to; 0 before.
     virtual std::int32_t getWindow() = 0;
     /// Sets the size of the drawing area in pixels; returns 0.
     virtual std::int32_t setPixelSize(std::int32_t width, std::int32_t height) = 0;
@@ -47,23 +54,33 @@ class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
     virtual std::int32_t reservedSlot11() = 0;
     virtual std::int32_t reservedSlot12() = 0;
     virtual std::int32_t reservedSlot13() = 0;
+    /// @{
     /// Numbered caches are not offered by default: all four answer 0.
     virtual std::int32_t getActiveCache();
     virtual std::int32_t setActiveCache(std::int32_t cache);
     virtual std::int32_t getCacheDC(std::int32_t cache);
     virtual std::int32_t UpdateWindow();
+    /// @}
     /// The world rectangle that `zoomToFull` shows; returns 0.
     virtual std::int32_t setFullExtent(const qel::Enve2d& extent) = 0;
+    /// Shows the full extent, as `setViewExtent` does; returns 0.
     virtual std::int32_t zoomToFull() = 0;
     /// Shows a world rectangle, widened around its centre to the shape of the window; returns 0.
     virtual std::int32_t setViewExtent(const qel::Enve2d& extent) = 0;
     /// The world rectangle shown, as widened.
     virtual qel::Enve2d getViewExtent() = 0;
+    /// @{
+    /// World to pixels, each truncated toward zero; what lies outside the window gets pixels outside it.
     virtual qel::PixelPoint worldToScreen(const qel::XPnt2d& point) = 0;
     virtual qel::PixelPoint worldToScreen3d(const qel::XPnt3d& point) = 0;
+    /// @}
+    /// @{
+    /// Pixels to world.
     virtual qel::XPnt2d screenToWorld(std::int32_t x, std::int32_t y) = 0;
     virtual qel::XPnt2d screenToWorldPoint(const qel::PixelPoint& pixel) = 0;
+    /// @}
     virtual std::int32_t reservedSlot26() = 0;
+    /// @{
     /// Pen width in pixels; the tools are made anew at once. The setters return 0.
     virtual std::int32_t setPenWidth(std::int32_t width) = 0;
     virtual std::int32_t getPenWidth() = 0;
@@ -71,6 +88,7 @@ class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
     virtual std::uint32_t getBrushColor() = 0;
     virtual std::int32_t setPenColor(std::uint32_t color) = 0;
     virtual std::uint32_t getPenColor() = 0;
+    /// @}
     /// Fills a world rectangle with the hatch brush, unless `outlineOnly`, and outlines it; returns 1.
     virtual std::int32_t drawRect(const qel::Enve2d& rect, bool outlineOnly) = 0;
     virtual std::int32_t reservedSlot34() = 0;

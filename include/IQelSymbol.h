@@ -20,9 +20,12 @@ namespace qel {
 
 /// The corners of a triangle, owned by the caller.
 struct TrianglePoints {
+    /// @{
+    /// The corners in model units; none may be null.
     const XPnt3d* p0 = nullptr;
     const XPnt3d* p1 = nullptr;
     const XPnt3d* p2 = nullptr;
+    /// @}
 };
 
 }  // namespace qel
@@ -40,18 +43,22 @@ struct TrianglePoints {
 /// is a failure.
 class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
   public:
+    /// @{
+    /// A copy is an object of its own: it starts without references.
     IQelSymbol();
     IQelSymbol(const IQelSymbol& other);
     IQelSymbol& operator=(const IQelSymbol& other);
+    /// @}
 
     /// Returns 1.
     virtual std::int32_t setName(QString name) = 0;
+    /// The name; empty at first.
     virtual QString getName() = 0;
     virtual std::int32_t reservedSlot3() = 0;
     virtual std::int32_t reservedSlot4() = 0;
     /// Draws a host geometry by its kind with the symbol's colour and line width, which stay set in OpenGL.
-    /// Points are always green and two pixels wide. Kinds the symbol does not know draw nothing. A ball
-    /// leaves OpenGL's current normal changed.
+    /// Points are always green and two pixels wide; line segments and balls take OpenGL's current colour and
+    /// width. Kinds the symbol does not know draw nothing. A ball leaves OpenGL's current normal changed.
     virtual std::int32_t drawGeometry(IQelGeometry* geometry) = 0;
     /// Draws a polyline, polygon, ring, curve or line segment; other kinds draw nothing. The colour given
     /// holds for rings, curves and segments, the width for segments; polylines and polygons keep the symbol's
@@ -168,15 +175,21 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     /// The three edges of a triangle with OpenGL's current colour and width. Returns 0; -1 for a null record
     /// or corner.
     virtual std::int32_t drawTriangleOutline(const qel::TrianglePoints* triangle) = 0;
+    /// @{
     /// A size kept for the host; 1.5 at first. Returns 1.
     virtual std::int32_t setSymbolSize(float size) = 0;
     virtual float getSymbolSize() = 0;
+    /// @}
+    /// @{
     /// A second colour kept for the host. Returns 1.
     virtual std::int32_t setAuxColor(qel::QelColor4b color) = 0;
     virtual qel::QelColor4b getAuxColor() = 0;
+    /// @}
+    /// @{
     /// Line width of host geometries in pixels; 1 at first. Returns 0.
     virtual std::int32_t setLineWidth(float width) = 0;
     virtual float getLineWidth() = 0;
+    /// @}
     /// Colour of host geometries, without alpha; the very light grey (250, 250, 254) at first. Returns 0.
     virtual std::int32_t setColor(qel::QelColor4b color) = 0;
     /// Writes the colour to `color`; returns 0.

@@ -12,10 +12,13 @@ namespace qel {
 
 /// A rectangle of window pixels given by two opposite corners, in either order.
 struct PixelRect {
+    /// @{
+    /// The two corners in pixels.
     std::int32_t x1 = 0;
     std::int32_t y1 = 0;
     std::int32_t x2 = 0;
     std::int32_t y2 = 0;
+    /// @}
 };
 
 }  // namespace qel
@@ -36,9 +39,12 @@ struct PixelRect {
 /// ordinary result where it has none, and changes nothing.
 class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
   public:
+    /// @{
+    /// A copy is an object of its own: it starts without references.
     IQelTrackBall();
     IQelTrackBall(const IQelTrackBall& other);
     IQelTrackBall& operator=(const IQelTrackBall& other);
+    /// @}
 
     /// New window size in pixels: sets viewport, projection and camera. A zero width or height (a minimised
     /// window) changes nothing. Returns 1 always.
@@ -119,25 +125,30 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Sets the model's extent and from it the clipping distances (diagonal / 800 and x 20); with `zoom` fits
     /// it too. Returns 1 if a missing z range was set to 0, 0 if not, -1 for an extent that is not valid.
     virtual std::int32_t setExtent(qel::Enve3d extent, bool zoom) = 0;
+    /// The model's extent; 10 to 100 in each direction at first.
     virtual qel::Enve3d getExtent() = 0;
     /// Moves eye and target by `factor` of the way to the scene under a window position; negative moves away.
     /// In perspective a factor above 0.1 is slowed to 0.067 while the scene lies near the far end of the
     /// depth range. Returns 1.
     virtual std::int32_t zoomAt(float factor, std::int32_t x, std::int32_t y) = 0;
+    /// True while the projection is orthographic.
     virtual bool isOrtho() = 0;
     /// True if orthographic and looking along z.
     virtual bool isPlanView() = 0;
     /// True if orthographic and looking horizontally.
     virtual bool isLevelView() = 0;
+    /// @{
     /// Whether the long axes through the model's origin are drawn; false at first. Returns 0.
     virtual std::int32_t setOverlayOption(bool show) = 0;
     virtual bool getOverlayOption() = 0;
+    /// @}
     /// Loads projection and camera into OpenGL; returns 1.
     virtual std::int32_t updateView() = 0;
     /// Vertical field of view in degrees; 27 at first.
     virtual double getFieldOfView() = 0;
     /// Degrees above 0 and below 180; returns 0.
     virtual std::int32_t setFieldOfView(double degrees) = 0;
+    /// @{
     /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters take effect with
     /// the next load of the projection and return 0. OpenGL shows nothing in perspective unless the near one
     /// is above 0 and the far one above the near one; this is not checked.
@@ -145,12 +156,18 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setNearPlane(double distance) = 0;
     virtual double getFarPlane() = 0;
     virtual std::int32_t setFarPlane(double distance) = 0;
+    /// @}
+    /// @{
+    /// The camera as it stands, in model units; the up vector may have any length.
     virtual qel::XPnt3d getEye() = 0;
     virtual qel::XPnt3d getUp() = 0;
     virtual qel::XPnt3d getTarget() = 0;
+    /// @}
+    /// @{
     /// Size of the view in pixels; 0 before the first `onResize`.
     virtual float getWidth() = 0;
     virtual float getHeight() = 0;
+    /// @}
     /// Pixels that one model unit covers at the rotation centre; 0 while the view has no size.
     virtual float getPixelsPerUnit() = 0;
     /// Draws into a part of the window only, in pixels from its lower-left corner; size and aspect of the
@@ -160,23 +177,29 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// OpenGL's current viewport (x, y, width, height); the array belongs to the camera and is valid until it
     /// goes.
     virtual const std::int32_t* getViewport() = 0;
+    /// @{
     /// OpenGL's current matrices, 16 doubles each, column by column; owned like the viewport.
     virtual const double* getModelviewMatrix() = 0;
     virtual const double* getProjectionMatrix() = 0;
+    /// @}
     /// The model point under a pixel, from its exact depth in the back buffer of the current context; call it
     /// between drawing and the exchange of the buffers, or as long as the driver keeps the back buffer after
     /// it. `XPnt3d::invalid()` on the background, outside the view and for positions that are not finite.
     virtual qel::XPnt3d getModelPntAt(double x, double y) = 0;
+    /// @{
     /// Window coordinates and depth to a model point; (0, 0, 0) if the camera's matrices cannot be inverted.
     virtual qel::XPnt3d unProject(double x, double y, double z) = 0;
     virtual qel::XPnt3d unProjectPnt(const qel::XPnt3d& windowPoint) = 0;
+    /// @}
     /// The model point under a pixel; beside an object at the mean depth of what lies within 20 pixels, in
     /// empty space at the mean depth of the scene. Reads the back buffer like `getModelPntAt`. Never invalid:
     /// a position that is not finite gives the target.
     virtual qel::XPnt3d pickModelPnt(double x, double y) = 0;
+    /// @{
     /// A model point to window coordinates and depth.
     virtual qel::XPnt3d project(double x, double y, double z) = 0;
     virtual qel::XPnt3d projectPnt(const qel::XPnt3d& modelPoint) = 0;
+    /// @}
     /// True if the image of the box's corners in front of the far plane meets a window rectangle.
     virtual bool isBoxInRect(const qel::Enve2d& rect, const qel::Enve3d& box) = 0;
     /// `isBoxInRect` with the whole view.

@@ -7,10 +7,15 @@
 /// A planar transform with four numbers kept for the host. Setters return 0.
 class QEL_DISPLAY_API IQelTransform2D : public IQelTransform {
   public:
+    /// @{
+    /// A copy is an object of its own: it starts without references.
     IQelTransform2D();
     IQelTransform2D(const IQelTransform2D& other);
     IQelTransform2D& operator=(const IQelTransform2D& other);
+    /// @}
 
+    /// @{
+    /// Numbers kept for the host; 0 at first.
     virtual std::int32_t setParamA(double value) = 0;
     virtual double getParamA() = 0;
     virtual std::int32_t setParamB(double value) = 0;
@@ -19,6 +24,7 @@ class QEL_DISPLAY_API IQelTransform2D : public IQelTransform {
     virtual double getParamC() = 0;
     virtual std::int32_t setParamD(double value) = 0;
     virtual double getParamD() = 0;
+    /// @}
     virtual std::int32_t reservedSlot26() = 0;
 
   protected:

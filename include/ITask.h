@@ -19,16 +19,23 @@ class QEL_DISPLAY_API ITask : public qel::QelReferenced {
   public:
     /// Active view -1.
     ITask();
+    /// @{
     /// Copies the active view; the copy starts without references.
     ITask(const ITask& other);
     ITask& operator=(const ITask& other);
+    /// @}
 
     virtual std::int32_t reservedSlot1() = 0;
+    /// @{
+    /// Answer that nothing was done; a task overrides what it needs.
     virtual std::int32_t setName(QString name);
     virtual std::int32_t startup();
     virtual std::int32_t finish();
+    /// @}
     virtual std::int32_t reservedSlot5() = 0;
     virtual std::int32_t reservedSlot6() = 0;
+    /// @{
+    /// A message of the window; answers that it was not handled.
     virtual std::int32_t OnTimer(std::int32_t window, std::int32_t timer);
     virtual std::int32_t OnPaint(std::int32_t window);
     virtual std::int32_t OnLButtonDblClk(std::int32_t window, std::uint32_t flags, std::int32_t x,
@@ -53,6 +60,7 @@ class QEL_DISPLAY_API ITask : public qel::QelReferenced {
                                  std::uint32_t flags);
     virtual std::int32_t onSetCursor(std::int32_t window, std::int32_t cursorWindow, std::uint32_t hitTest,
                                      std::uint32_t message);
+    /// @}
     /// Stores the number of the view the task works in; returns 0.
     virtual std::int32_t setActiveViewID(std::int32_t view);
     /// The number stored last; -1 at first.

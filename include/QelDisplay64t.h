@@ -57,6 +57,9 @@ namespace qel {
 // The smart pointer is a class, and the function must still be found under its plain name.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#elif defined(_MSC_VER)
+#pragma warning(push)
+#pragma warning(disable : 4190)
 #endif
 
 /// The symbol that the module shares with its hosts; empty before the module is loaded. The module renews it
@@ -65,6 +68,8 @@ extern "C" [[nodiscard]] QEL_DISPLAY_API ref_ptr<IQelSymbol> getPubSymbol();
 
 #if defined(__clang__)
 #pragma clang diagnostic pop
+#elif defined(_MSC_VER)
+#pragma warning(pop)
 #endif
 
 }  // namespace qel

@@ -34,7 +34,7 @@ bool CQelTransform2d::applyProjection() {
     }
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
-    // Near above, far below: OpenGL looks down from the near plane's side, whichever number is larger.
+    // Near is the larger number: depth grows upwards. Hosts draw maps in order, without the depth test.
     const double top = viewExtent.hasZ() ? viewExtent.zmax : 0.0;
     const double bottom = viewExtent.hasZ() ? viewExtent.zmin : 0.0;
     glOrtho(viewExtent.xmin, viewExtent.xmax, viewExtent.ymin, viewExtent.ymax, top + kDepthMargin,

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "ModuleFunction.h"
 #include "QelDisplay64t.h"
 #include "QelGl.h"
 
@@ -28,7 +29,7 @@ class Array final : public IQelArray<Element> {
 IQelDisplay* display = nullptr;
 
 void draw() {
-    static const qel::ref_ptr<IQelSymbol> symbol = newQelSymbol();
+    static const qel::ref_ptr<IQelSymbol> symbol = MODULE_FUNCTION(newQelSymbol)();
     static const qel::ref_ptr<IQelArray<qel::ArrayVertex>> corners =
         new Array<qel::ArrayVertex>({{1, 1, 1, {}}, {-1, -1, 1, {}}, {-1, 1, -1, {}}, {1, -1, -1, {}}});
     static const qel::ref_ptr<IQelArray<qel::ArrayIndex>> triangles =
@@ -82,7 +83,7 @@ int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR, int) {
     RegisterClassW(&description);
     HWND const window = CreateWindowW(L"QelMinimal", L"A minimal host", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
                                       CW_USEDEFAULT, 800, 600, nullptr, nullptr, hInstance, nullptr);
-    display = newScreenDisplay();
+    display = MODULE_FUNCTION(newScreenDisplay)();
     display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)), false);
     display->getTrackBall()->setExtent({-1, 1, -1, 1, -1, 1}, false);
     display->setViewSize(800, 600);

@@ -31,7 +31,7 @@ def code(*suffixes):
 
 def texts():
     """Every text file of ours: code, build files, scripts, documents."""
-    found = [path for path in ROOT.iterdir() if path.is_file()]
+    found = [path for path in ROOT.iterdir() if path.is_file() and path.name != ".git"]
     for folder in TEXT_FOLDERS:
         found += [path for path in (ROOT / folder).rglob("*") if path.is_file()]
     binary = (".png", ".bmp", ".pyc", ".ply", ".stl", ".gz")

@@ -41,6 +41,28 @@ TEST_F(PlanarMapping, LoadsAProjectionThatReachesAboveAndBelowTheExtent) {
                                            call("glMatrixMode", GL_MODELVIEW), call("glLoadIdentity")}));
 }
 
+TEST_F(PlanarMapping, PutsHigherThingsBehindLowerOnesForTheDepthTest) {
+    show(kWindow, kWindow);
+    const auto depthOfHeight = [](double height) {
+        glClear(GL_DEPTH_BUFFER_BIT);
+        glEnable(GL_DEPTH_TEST);
+        glBegin(GL_QUADS);
+        glVertex3d(0.0, 0.0, height);
+        glVertex3d(kWidth, 0.0, height);
+        glVertex3d(kWidth, kHeight, height);
+        glVertex3d(0.0, kHeight, height);
+        glEnd();
+        float depth = 0.0F;
+        glReadPixels(kWidth / 2, kHeight / 2, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+        return depth;
+    };
+    // 6000 units of height are spread over the depths from 0 to 1; a buffer may have as few as 16 bits.
+    EXPECT_NEAR(depthOfHeight(-1500.0), 0.25F, 1e-4F);
+    EXPECT_NEAR(depthOfHeight(0.0), 0.5F, 1e-4F);
+    EXPECT_NEAR(depthOfHeight(1500.0), 0.75F, 1e-4F);
+    EXPECT_EQ(depthOfHeight(3100.0), 1.0F) << "beyond the far plane nothing is drawn";
+}
+
 TEST_F(PlanarMapping, SetsTheViewportThenTheProjection) {
     transform->setViewExtent({0.0, 1.0, 0.0, 1.0, 0.0, 0.0});
     transform->setDeviceExtent({10.0, 110.9, 20.0, 70.9, 0.0, 0.0});
