@@ -16,7 +16,7 @@ namespace {
 constexpr int kWidth = 200;
 constexpr int kHeight = 100;
 /// OpenGL may hold its matrices in single precision: results are off by this share of the extent.
-constexpr double kMatrixPrecision = std::numeric_limits<float>::epsilon();
+constexpr double kMatrixPrecision = static_cast<double>(std::numeric_limits<float>::epsilon());
 constexpr Enve3d kWindow{0.0, kWidth, 0.0, kHeight, 0.0, 0.0};
 
 class PlanarMapping : public ::testing::Test {
