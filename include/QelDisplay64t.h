@@ -39,14 +39,15 @@
 extern "C" {
 
 /// Makes an OpenGL screen display. It carries one reference, which the caller gives back with `Release`; the
-/// last reference takes the display with its context along. Call on the thread that owns the window.
+/// last reference takes the display with its context along. Throws std::bad_alloc if there is no memory. Call
+/// on the thread that owns the window.
 [[nodiscard]] QEL_DISPLAY_API IQelDisplay* newScreenDisplay();
 
 /// Makes a GDI display. It carries one reference, which the caller gives back with `Release`.
 [[nodiscard]] QEL_DISPLAY_API IQelScrDisplay2D* newGDIScrDisplay();
 
-/// Makes a symbol that carries no reference: the first holder, a `qel::ref_ptr`, takes the first one. Any
-/// thread.
+/// Makes a symbol that carries no reference: the first holder, a `qel::ref_ptr`, takes the first one. Null if
+/// there is no memory. Any thread.
 [[nodiscard]] QEL_DISPLAY_API IQelSymbol* newQelSymbol();
 }
 

@@ -13,7 +13,6 @@
 
 namespace {
 
-using qel::test::call;
 using qel::test::Calls;
 using qelview::kTrianglesOfAPart;
 using qelview::thinnedTriangles;

@@ -15,7 +15,8 @@
 namespace qel::test {
 namespace {
 
-/// A display with two windows and a context of the host's that it may be attached to, and a file for its captures.
+/// A display with two windows and a context of the host's that it may be attached to, and a file for its
+/// captures.
 struct DisplayAndWindows {
     GlSurface ofTheHost{100, 60};
     TestWindow first{120, 80};

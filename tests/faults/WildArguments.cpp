@@ -40,7 +40,7 @@ double WildArguments::real() {
 }
 
 float WildArguments::single() {
-    constexpr double kLargestSingle = std::numeric_limits<float>::max();
+    constexpr double kLargestSingle = static_cast<double>(std::numeric_limits<float>::max());
     const double value = real();
     // Narrowing what does not fit is undefined before the call is even made.
     const auto narrowed =

@@ -33,6 +33,10 @@ struct Service {
     std::atomic<std::size_t> alignment = kUsualAlignment;
     std::atomic<std::size_t> served = 0;
     std::atomic<std::size_t> unguarded = 0;
+    /// Allocations of the thread `refusedThread` up to the one that is refused; 0 for none.
+    std::atomic<std::size_t> untilRefusal = 0;
+    std::atomic<DWORD> refusedThread = 0;
+    std::atomic<bool> refused = false;
 };
 
 Service service;
@@ -49,6 +53,15 @@ struct Originals {
 };
 
 Originals original;
+
+bool refusesThisOne() {
+    if (service.untilRefusal == 0 || service.refusedThread != GetCurrentThreadId() ||
+        --service.untilRefusal > 0) {
+        return false;
+    }
+    service.refused = true;
+    return true;
+}
 
 void* served(std::size_t size, std::size_t alignment) {
     if (!service.serves.load()) {
@@ -76,12 +89,18 @@ bool releasedHere(void* block) {
 }
 
 void* hookMalloc(std::size_t size) {
+    if (refusesThisOne()) {
+        return nullptr;
+    }
     void* const block = served(size, service.alignment);
     return block != nullptr ? block : original.allocate(size);
 }
 
 /// Pages that are new hold zeros.
 void* hookCalloc(std::size_t count, std::size_t size) {
+    if (refusesThisOne()) {
+        return nullptr;
+    }
     const bool fits = size == 0 || count <= SIZE_MAX / size;
     void* const block = fits ? served(count * size, service.alignment) : nullptr;
     return block != nullptr ? block : original.allocateZeroed(count, size);
@@ -111,6 +130,9 @@ void hookFree(void* block) {
 }
 
 void* hookAlignedMalloc(std::size_t size, std::size_t alignment) {
+    if (refusesThisOne()) {
+        return nullptr;
+    }
     void* const block = served(size, std::max(alignment, service.alignment.load()));
     return block != nullptr ? block : original.allocateAligned(size, alignment);
 }
@@ -236,7 +258,18 @@ GuardedHeap::GuardedHeap(BlockEnd end) {
 
 GuardedHeap::~GuardedHeap() {
     service.serves = false;
+    service.untilRefusal = 0;
     RemoveVectoredExceptionHandler(faultDescriber);
+}
+
+void GuardedHeap::refuse(std::size_t nth) {
+    service.refused = false;
+    service.refusedThread = GetCurrentThreadId();
+    service.untilRefusal = nth;
+}
+
+bool GuardedHeap::hasRefused() const {
+    return service.refused;
 }
 
 std::size_t GuardedHeap::servedBlocks() const {

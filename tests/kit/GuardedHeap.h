@@ -40,6 +40,12 @@ class GuardedHeap {
     std::size_t servedBlocks() const;
     std::size_t unguardedBlocks() const;
 
+    /// The `nth` coming allocation of the calling thread (1 is the next one) finds no memory, so that
+    /// operator new throws; 0 for none.
+    void refuse(std::size_t nth);
+    /// True if an allocation found no memory since `refuse` was called.
+    bool hasRefused() const;
+
     /// Blocks that are not freed, and how many bytes were asked for in them. Counts all guarded blocks of the
     /// process.
     static std::size_t liveBlocks();

@@ -32,6 +32,19 @@ TEST(GuardedHeap, ServesWhatOperatorNewAsksFor) {
     EXPECT_FALSE(GuardedHeap::guards(bytes));
 }
 
+TEST(GuardedHeap, FindsNoMemoryForTheAllocationThatItIsToldToRefuse) {
+    GuardedHeap heap;
+    heap.refuse(2);
+    delete[] block(10);
+    EXPECT_FALSE(heap.hasRefused());
+    EXPECT_THROW(block(10), std::bad_alloc);
+    EXPECT_TRUE(heap.hasRefused());
+    EXPECT_NO_THROW(delete[] block(10));
+    heap.refuse(0);
+    EXPECT_NO_THROW(delete[] block(10));
+    EXPECT_FALSE(heap.hasRefused());
+}
+
 TEST(GuardedHeap, LetsABlockBeUsedToItsLastByte) {
     const GuardedHeap heap;
     const std::size_t damagedBefore = GuardedHeap::damagedBlocks();

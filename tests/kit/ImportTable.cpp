@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
-#include <ranges>
 
 namespace qel::test {
 
@@ -93,11 +92,11 @@ void ImportPatches::redirect(const Import& import, void* replacement) {
 }
 
 void ImportPatches::restore() {
-    for (const auto& patch : std::views::reverse(patched)) {
+    std::for_each(patched.rbegin(), patched.rend(), [](const auto& patch) {
         if (isLoaded(patch.importer) && *patch.slot == patch.replacement) {
             writeSlot(patch.slot, patch.original);
         }
-    }
+    });
     patched.clear();
 }
 
