@@ -112,10 +112,11 @@ void ViewerWindow::captureAnew() {
 
 bool ViewerWindow::capture(const std::filesystem::path& file) {
     refresh();
-    const bool isWritten = !file.empty() && stage->capture(file);
+    const CaptureEnd end = file.empty() ? CaptureEnd::NotWritten : stage->capture(file);
     const std::string name = toUtf8(file.filename().wstring());
-    say(isWritten ? "Captured " + name : "The capture " + name + " cannot be written");
-    return isWritten;
+    const bool isWhole = end == CaptureEnd::Whole;
+    say(isWhole ? "Captured " + name : "The capture " + name + " " + reasonOf(end));
+    return isWhole;
 }
 
 void ViewerWindow::openFiles(const std::vector<std::string>& files) {

@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "LibraryFolders.h"
 #include "LoadTask.h"
 #include "MapRun.h"
 #include "Options.h"
@@ -72,6 +73,8 @@ qelview::ExitCode runViewer(const qelview::Options& options) {
 }  // namespace
 
 int main() {
+    // Before anything else can load a library by its name.
+    qelview::restrictLibraryFolders();
     // Sizes are real pixels on every screen.
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const std::variant<qelview::Options, qelview::Ending> parsed = qelview::parseOptions(readArguments());
