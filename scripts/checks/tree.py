@@ -34,7 +34,7 @@ def texts():
     found = [path for path in ROOT.iterdir() if path.is_file()]
     for folder in TEXT_FOLDERS:
         found += [path for path in (ROOT / folder).rglob("*") if path.is_file()]
-    binary = (".png", ".bmp", ".pyc", ".ply", ".stl", ".glb", ".gz")
+    binary = (".png", ".bmp", ".pyc", ".ply", ".stl", ".glb", ".ico", ".gz")
     return sorted(path for path in found if path.suffix not in binary)
 
 

@@ -10,9 +10,6 @@
 #include <vector>
 
 #include "FileMutator.h"
-#include "HostScene.h"
-#include "LoadTask.h"
-#include "MapData.h"
 #include "ReadFile.h"
 #include "SceneSoundness.h"
 #include "TryWatch.h"
@@ -62,32 +59,11 @@ class PeakMemory {
     std::size_t before = 0;
 };
 
-/// Does with a file what the viewer does when it opens it; what is wrong then, empty if nothing is.
-std::string faultOfOpening(const std::filesystem::path& file) {
-    try {
-        qelview::Progress progress;
-        const qelview::Scene scene = qelview::loadScene({file.string()}, progress);
-        const std::string fault = qel::test::faultOf(scene);
-        if (fault.empty()) {
-            const qelview::HostScene drawn(scene);
-            static_cast<void>(qelview::mapOf(scene));
-        }
-        return fault;
-    } catch (const qelview::ReadError& error) {
-        const std::string text = error.what();
-        const bool isOneLine = text.find_first_of("\r\n") == std::string::npos;
-        const bool isNamed = text.rfind(file.string() + ": ", 0) == 0;
-        return isOneLine && isNamed ? "" : "the refusal is not one line with the file's name: " + text;
-    } catch (const std::exception& error) {
-        return std::string("it ends with ") + error.what();
-    }
-}
-
 void expectHarmless(const std::filesystem::path& file, const std::string& name) {
     const qel::test::TryWatch watch(name, 6 * kLongestSeconds);
     const PeakMemory memory;
     const auto begin = std::chrono::steady_clock::now();
-    const std::string fault = faultOfOpening(file);
+    const std::string fault = qel::test::faultOfOpening(file);
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
     EXPECT_EQ(fault, "") << name;
     EXPECT_LT(taken.count(), kLongestSeconds) << name;

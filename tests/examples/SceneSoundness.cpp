@@ -2,6 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
+
+#include "HostScene.h"
+#include "LoadTask.h"
+#include "MapData.h"
 
 namespace qel::test {
 
@@ -66,6 +71,26 @@ std::string faultOf(const qelview::Scene& scene) {
         }
     }
     return "";
+}
+
+std::string faultOfOpening(const std::filesystem::path& file) {
+    try {
+        qelview::Progress progress;
+        const qelview::Scene scene = qelview::loadScene({file.string()}, progress);
+        const std::string fault = faultOf(scene);
+        if (fault.empty()) {
+            const qelview::HostScene drawn(scene);
+            static_cast<void>(qelview::mapOf(scene));
+        }
+        return fault;
+    } catch (const qelview::ReadError& error) {
+        const std::string text = error.what();
+        const bool isOneLine = text.find_first_of("\r\n") == std::string::npos;
+        const bool isNamed = text.rfind(file.string() + ": ", 0) == 0;
+        return isOneLine && isNamed ? "" : "the refusal is not one line with the file's name: " + text;
+    } catch (const std::exception& error) {
+        return std::string("it ends with ") + error.what();
+    }
 }
 
 }  // namespace qel::test
