@@ -97,7 +97,7 @@ def compile_commands(preset):
     commands = {}
     for entry in json.loads(database.read_text()) if database.exists() else []:
         path = pathlib.Path(entry["file"])
-        if path.is_relative_to(ROOT) and not path.is_relative_to(ROOT / "build"):
+        if path.suffix == ".cpp" and path.is_relative_to(ROOT) and not path.is_relative_to(ROOT / "build"):
             commands[path] = bare(shlex.split(entry["command"]), str(path))
     return commands
 

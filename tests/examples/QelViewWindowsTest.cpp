@@ -9,6 +9,7 @@
 
 #include "BitmapFile.h"
 #include "OpenViewerWindows.h"
+#include "RecentStore.h"
 #include "ViewerData.h"
 #include "kit/Picture.h"
 #include "kit/PictureComparison.h"
@@ -263,6 +264,16 @@ TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
     for (const auto& file : {picture, camera, capture}) {
         std::filesystem::remove(file);
     }
+}
+
+TEST(QelView, RemembersNoFilesOfAScript) {
+    const std::vector<std::string> before = qelview::readRecentFiles(qelview::kKeyOfProgram);
+    const qel::test::TemporaryFile points("forgotten.xyz", "0 0 0\n1 1 1\n");
+    const qel::test::TemporaryFile script("forgetful.txt", "drop " + points.path().string() + "\n");
+    const Ended ended =
+        runViewer(L"--size 64x64 --script " + quoted(script.path()) + L" " + quoted(points.path()));
+    EXPECT_EQ(ended.code, 0U) << ended.errors;
+    EXPECT_EQ(qelview::readRecentFiles(qelview::kKeyOfProgram), before);
 }
 
 TEST(QelView, RefusesAWrongRecordingWithExitCodeOne) {

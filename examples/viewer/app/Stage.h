@@ -61,6 +61,8 @@ class Stage {
     /// Rotates from now on about the point that is shown at a place.
     void rotateAbout(const PixelPlace& place);
     [[nodiscard]] IQelTrackBall& camera() { return *display->getTrackBall(); }
+    /// What draws: the renderer and the version of OpenGL, one a line.
+    [[nodiscard]] std::string driverText();
     [[nodiscard]] bool isStereo() { return display->isStereo(); }
 
     /// The point of the scene that the last frame shows at a place; not valid on the background.

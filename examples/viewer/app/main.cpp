@@ -66,6 +66,12 @@ qelview::ExitCode runViewer(const qelview::Options& options) {
         return qelview::ExitCode::Success;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "qelview: %s\n", error.what());
+        std::fflush(stderr);
+        if (options.isAttended()) {
+            qelview::tellProblem(nullptr, std::string(error.what()) +
+                                              "\n\nMend the file, or start qelview without one and open "
+                                              "another with Ctrl+O.");
+        }
         return qelview::ExitCode::BadFile;
     }
 }
