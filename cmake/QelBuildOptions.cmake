@@ -11,6 +11,12 @@ if(QEL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+option(QEL_FUZZ "Build the programs that fuzz the viewer's readers, instead of the tests; needs clang" OFF)
+if(QEL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
 # Keeps compiled files across build trees and across clones of the project: paths below the sources count as relative.
 find_program(QEL_CCACHE ccache)
 if(QEL_CCACHE AND NOT CMAKE_HOST_WIN32)
@@ -24,7 +30,8 @@ add_library(qel_options INTERFACE)
 target_compile_features(qel_options INTERFACE cxx_std_20)
 if(MSVC)
     target_compile_options(qel_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus)
-else()
+elseif(NOT QEL_FUZZ)
+    # GCC's: clang, which builds for fuzzing alone, knows others.
     target_compile_options(qel_options INTERFACE
         -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wuseless-cast
         -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wnull-dereference -Wduplicated-cond

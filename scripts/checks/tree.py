@@ -34,7 +34,7 @@ def texts():
     found = [path for path in ROOT.iterdir() if path.is_file() and path.name != ".git"]
     for folder in TEXT_FOLDERS:
         found += [path for path in (ROOT / folder).rglob("*") if path.is_file()]
-    binary = (".png", ".bmp", ".pyc", ".ply", ".stl", ".gz")
+    binary = (".png", ".bmp", ".pyc", ".ply", ".stl", ".glb", ".ico", ".gz")
     return sorted(path for path in found if path.suffix not in binary)
 
 
@@ -97,7 +97,7 @@ def compile_commands(preset):
     commands = {}
     for entry in json.loads(database.read_text()) if database.exists() else []:
         path = pathlib.Path(entry["file"])
-        if path.is_relative_to(ROOT) and not path.is_relative_to(ROOT / "build"):
+        if path.suffix == ".cpp" and path.is_relative_to(ROOT) and not path.is_relative_to(ROOT / "build"):
             commands[path] = bare(shlex.split(entry["command"]), str(path))
     return commands
 

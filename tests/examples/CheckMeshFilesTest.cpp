@@ -39,6 +39,10 @@ constexpr Check kObj = qelview::checkObj;
 constexpr Check kPly = qelview::checkPly;
 constexpr Check kStl = qelview::checkStl;
 constexpr Check kOff = qelview::checkOff;
+constexpr Check kGltf = qelview::checkGltf;
+constexpr Check kGlb = qelview::checkGlb;
+
+#define GLTF_URI(uri) "{\"asset\": {}, \"buffers\": [{\"uri\": \"" uri "\"}]}"
 
 #define PLY_HEAD \
     "ply\nformat ascii 1.0\nelement vertex 2\nproperty float x\nproperty float y\nproperty float z\n"
@@ -99,6 +103,29 @@ const std::vector<CheckCase> kCases{
     {"StlTwoCorners", kStl, "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nendloop\n",
      "line 6: a triangle has 3 corners, this one has 2"},
     {"StlOutOfOrder", kStl, "solid a\nvertex 0 0 0\n", "line 2: 'vertex' is not expected here"},
+    {"StlNoNormal", kStl, "solid a\nfacet 0 0 1\n", "line 2: a facet begins with 'facet normal X Y Z'"},
+    {"StlWordForNormal", kStl, "solid a\nfacet normal 0 zero 1\n", "line 2: 'zero' is not a number"},
+    {"StlKeywordsInALine", kStl, "solid a\nfacet normal 0 0 1\nouter loop vertex\n",
+     "line 3: there is more than 'outer' needs"},
+    {"StlKeywordInTheName", kStl, "solid a facet normal\n",
+     "line 1: the name of the solid is too long or holds a keyword"},
+    {"StlControlCharacter", kStl, "solid a\ffacet\n", "line 1: there is a control character"},
+    {"GltfData", kGltf, GLTF_URI("data:application/octet-stream;base64,AAA="), ""},
+    {"GltfBeside", kGltf, GLTF_URI("parts/wheel.bin"), ""},
+    {"GltfNoPositions", kGltf, "{\"asset\": {}, \"meshes\": [{\"primitives\": [{\"indices\": 2}]}]}",
+     "mesh 0: it has no positions"},
+    {"GltfCut", kGltf, "{\"asset\": {},\n\"buffers\": [", "line 2: the JSON text is damaged or ends here"},
+    {"GltfNumber", kGltf, "{\"asset\": 1e999}", "file: a number is too large"},
+    {"GltfNoAsset", kGltf, "[1, 2]", "file: there is no glTF asset"},
+    {"GltfWrongLetter", kGltf, GLTF_URI("data:;base64,AA?="), "buffers 0: its data are not Base64 text"},
+    {"GltfWrongLength", kGltf, GLTF_URI("data:;base64,AAA"), "buffers 0: its data are not Base64 text"},
+    {"GltfPlainData", kGltf, GLTF_URI("data:,AAAA"), "buffers 0: its data are not Base64 text"},
+    {"GltfAbove", kGltf, GLTF_URI("../a.bin"), "buffers 0: '../a.bin' is not a file beside this one"},
+    {"GltfElsewhere", kGltf, GLTF_URI("C:/a.bin"), "buffers 0: 'C:/a.bin' is not a file beside this one"},
+    {"GltfOtherMachine", kGltf, GLTF_URI("//host/a.bin"),
+     "buffers 0: '//host/a.bin' is not a file beside this one"},
+    {"GlbShort", kGlb, "glTF", "header: a binary glTF file begins with glTF, its version and its length"},
+    {"GlbLength", kGlb, "glTF2222....aaaaJSON", "header: it promises 774778414 bytes, the file has 20"},
     {"StlEmpty", kStl, "solid a\nendsolid a\n", "end of file: there is no triangle"},
     {"StlTiny", kStl, "none", "header: the file has 4 bytes, too few for a binary STL file"},
     {"OffSound", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", ""},

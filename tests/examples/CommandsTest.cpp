@@ -15,7 +15,7 @@ TEST(CommandOf, GivesEachDigitItsViewOnBothKeyboards) {
     for (unsigned view = 0; view < 8; ++view) {
         for (const unsigned key : {'0' + view, kFirstPadKey + view}) {
             EXPECT_EQ(commandOf(key, false).command, Command::StandardView) << key;
-            EXPECT_EQ(commandOf(key, false).view, view) << key;
+            EXPECT_EQ(commandOf(key, false).number, view) << key;
         }
     }
     EXPECT_EQ(commandOf('8', false).command, Command::Nothing);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "ViewerData.h"
 
 namespace {
@@ -15,6 +17,17 @@ TEST(ParseMotion, ReadsSixNumbersALineAndRepeatsThem) {
     EXPECT_EQ(steps[0], (MotionStep{1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(steps[1], (MotionStep{-1000, 0.5, 0, 0, 0, 1000}));
     EXPECT_EQ(steps[3], steps[1]);
+}
+
+TEST(ParseMotion, RefusesMoreThanNineHours) {
+    std::string hours;
+    for (int line = 0; line < 100; ++line) {
+        hours += "1 0 0 0 0 0 10000\n";
+    }
+    EXPECT_EQ(parseMotion(hours).size(), 1'000'000U);
+    hours += "1 0 0 0 0 0\n";
+    EXPECT_EQ(qel::test::refusalOf([&hours] { return parseMotion(hours); }),
+              "line 101: there are more than 1000000 steps");
 }
 
 struct WrongMotion {

@@ -3,11 +3,13 @@
 
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 
 #include "BitmapFile.h"
 #include "OpenViewerWindows.h"
+#include "RecentStore.h"
 #include "ViewerData.h"
 #include "kit/Picture.h"
 #include "kit/PictureComparison.h"
@@ -48,7 +50,8 @@ std::string contentOf(const std::filesystem::path& file) {
 }
 
 /// Runs qelview with arguments and waits for its end.
-Ended runViewer(const std::wstring& arguments) {
+/// @param folder the current folder of the program; empty for that of the tests.
+Ended runViewer(const std::wstring& arguments, const std::filesystem::path& folder = {}) {
     const std::filesystem::path outputFile = temporary("stdout.txt");
     const std::filesystem::path errorFile = temporary("stderr.txt");
     HANDLE const output = openForChild(outputFile);
@@ -62,8 +65,8 @@ Ended runViewer(const std::wstring& arguments) {
     std::wstring line = L"\"" + (folderOfPrograms() / "qelview.exe").wstring() + L"\" " + arguments;
     PROCESS_INFORMATION process{};
     Ended ended;
-    const BOOL isStarted =
-        CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process);
+    const BOOL isStarted = CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                                          folder.empty() ? nullptr : folder.c_str(), &startup, &process);
     CloseHandle(output);
     CloseHandle(errors);
     if (isStarted == FALSE) {
@@ -197,8 +200,52 @@ TEST(QelView, CapturesWhatItsPicturesShow) {
 TEST(QelView, SaysWhenACaptureCannotBeWritten) {
     const Ended ended = runViewer(L"--size 64x64 --capture absent-folder/view.bmp");
     EXPECT_EQ(ended.code, 1U);
-    EXPECT_EQ(ended.errors, "qelview: absent-folder/view.bmp: the picture cannot be written\n");
+    EXPECT_EQ(
+        ended.errors,
+        "qelview: absent-folder/view.bmp: the capture cannot be written; choose another folder or name\n");
 }
+
+TEST(QelView, SaysWhenACaptureIsNotComplete) {
+    // A device that takes nothing stands in for a full disk, where there is one.
+    if (!std::filesystem::exists("Z:\\proc\\self\\status")) {
+        GTEST_SKIP() << "this system has no device that is always full";
+    }
+    const Ended ended = runViewer(L"--size 64x64 --capture Z:/dev/full");
+    EXPECT_EQ(ended.code, 1U);
+    EXPECT_EQ(ended.errors,
+              "qelview: Z:/dev/full: the capture is not complete; make room on the disk and capture again\n");
+}
+
+struct Writing {
+    const char* name;
+    const wchar_t* arguments;
+    std::set<std::string> files;
+};
+
+class WritingViewers : public testing::TestWithParam<Writing> {};
+
+TEST_P(WritingViewers, WriteTheFilesTheyWereToldToAndNoOther) {
+    const std::filesystem::path folder = temporary("empty");
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const Ended ended = runViewer(GetParam().arguments, folder);
+    EXPECT_EQ(ended.code, 0U) << ended.errors;
+    std::set<std::string> written;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        written.insert(entry.path().filename().string());
+    }
+    EXPECT_EQ(written, GetParam().files);
+    std::filesystem::remove_all(folder);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Runs, WritingViewers,
+    testing::Values(Writing{"Nothing", L"--version", {}},
+                    Writing{"Picture", L"--size 64x64 --out a.png", {"a.png"}},
+                    Writing{"Capture", L"--size 64x64 --capture a.bmp", {"a.bmp"}},
+                    Writing{"Both", L"--size 64x64 --out a.png --capture a.bmp", {"a.bmp", "a.png"}},
+                    Writing{"Tour", L"--tour a.png", {"a.png"}}),
+    [](const auto& each) { return each.param.name; });
 
 TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
     const std::filesystem::path picture = temporary("script.png");
@@ -217,6 +264,16 @@ TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
     for (const auto& file : {picture, camera, capture}) {
         std::filesystem::remove(file);
     }
+}
+
+TEST(QelView, RemembersNoFilesOfAScript) {
+    const std::vector<std::string> before = qelview::readRecentFiles(qelview::kKeyOfProgram);
+    const qel::test::TemporaryFile points("forgotten.xyz", "0 0 0\n1 1 1\n");
+    const qel::test::TemporaryFile script("forgetful.txt", "drop " + points.path().string() + "\n");
+    const Ended ended =
+        runViewer(L"--size 64x64 --script " + quoted(script.path()) + L" " + quoted(points.path()));
+    EXPECT_EQ(ended.code, 0U) << ended.errors;
+    EXPECT_EQ(qelview::readRecentFiles(qelview::kKeyOfProgram), before);
 }
 
 TEST(QelView, RefusesAWrongRecordingWithExitCodeOne) {

@@ -109,6 +109,16 @@ TEST(ReadFile, SaysThatAFileIsMissing) {
     EXPECT_EQ(refusalOf([] { return readWhole("absent.obj"); }), "absent.obj: there is no such file");
 }
 
+TEST(ReadFile, RefusesAFaceWithoutVertices) {
+    const TemporaryFile file(
+        "face.ply",
+        "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
+        "property float z\nelement face 2\nproperty list uchar int vertex_indices\nend_header\n"
+        "0 0 0\n1 0 0\n0 1 0\n0\n3 0 1 2\n");
+    EXPECT_NE(refusalOf([&] { return readWhole(file.path()); }).find("face 0: it has no vertices"),
+              std::string::npos);
+}
+
 TEST(ReadFile, KnowsFormatsByExtensionInAnyCase) {
     const TemporaryFile file("points.XYZ", "1 2 3\n");
     EXPECT_EQ(readWhole(file.path()).cloudPointCount(), 1U);

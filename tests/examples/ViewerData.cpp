@@ -15,6 +15,10 @@ std::filesystem::path viewerData() {
     return std::filesystem::is_directory(folder / "meshes", error) ? folder : std::filesystem::path();
 }
 
+std::filesystem::path viewerCorpus() {
+    return QEL_CORPUS;
+}
+
 TemporaryFile::TemporaryFile(const std::string& name, std::string_view content)
     : file(std::filesystem::temp_directory_path() / ("qelview-test-" + name)) {
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);

@@ -13,6 +13,9 @@ namespace qel::test {
 /// where the environment variable QEL_TEST_DATA says; empty where there is none.
 [[nodiscard]] std::filesystem::path viewerData();
 
+/// The folder of small sound files, one or more of each format, that tests spoil.
+[[nodiscard]] std::filesystem::path viewerCorpus();
+
 /// A file that goes with its owner.
 class TemporaryFile {
   public:

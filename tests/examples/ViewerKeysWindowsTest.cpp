@@ -4,6 +4,7 @@
 
 #include "BitmapFile.h"
 #include "OpenViewerWindows.h"
+#include "kit/CallTrace.h"
 #include "kit/PictureComparison.h"
 
 /// The keys of the viewer's window, through its window procedure.
@@ -212,11 +213,30 @@ TEST_F(ViewerCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
 
 TEST_F(ViewerCaptures, AreReportedWhenTheyCannotBeWritten) {
     EXPECT_FALSE(viewer->capture("absent/a.bmp"));
-    EXPECT_EQ(stage().annotations().notice, "The capture a.bmp cannot be written");
+    EXPECT_EQ(stage().annotations().notice,
+              "The capture a.bmp cannot be written; choose another folder or name");
     // The view draws on as before.
     play("key C");
     EXPECT_TRUE(std::filesystem::exists("qelview-001.bmp"));
 }
+
+/// Which of the three writes of a capture fail: 0 all, 3 the pixels.
+class ViewerCapturesOnAFullDisk : public ViewerCaptures, public testing::WithParamInterface<int> {};
+
+TEST_P(ViewerCapturesOnAFullDisk, AreReportedAsIncomplete) {
+    {
+        qel::test::CallTrace trace;
+        trace.answer("WriteFile", 0, GetParam());
+        EXPECT_FALSE(viewer->capture("full.bmp"));
+    }
+    EXPECT_EQ(stage().annotations().notice,
+              "The capture full.bmp is not complete; make room on the disk and capture again");
+    // The next one finds room.
+    EXPECT_TRUE(viewer->capture("full.bmp"));
+    EXPECT_EQ(stage().annotations().notice, "Captured full.bmp");
+    EXPECT_TRUE(qelview::readBitmap("full.bmp").has_value());
+}
+INSTANTIATE_TEST_SUITE_P(Writes, ViewerCapturesOnAFullDisk, testing::Values(0, 3));
 
 TEST_F(ViewerKeys, FollowsTheSizeOfTheWindow) {
     play("size 200 150");

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 #include <vector>
 
 namespace qelview {
@@ -13,10 +14,12 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 
 constexpr std::size_t kHeaderBytes = 54;
+constexpr std::size_t kPixelsAt = 10;
 constexpr std::size_t kWidthAt = 18;
 constexpr std::size_t kHeightAt = 22;
 constexpr std::size_t kBitsAt = 28;
 constexpr std::size_t kChannels = 3;
+constexpr std::uint8_t kBitsOfAPixel = 24;
 constexpr std::uint32_t kLargestSide = 1U << 15;
 
 std::uint32_t wordAt(const Bytes& bytes, std::size_t place) {
@@ -36,7 +39,8 @@ Bytes readAll(const std::filesystem::path& file) {
 
 std::optional<PixelImage> readBitmap(const std::filesystem::path& file) {
     const Bytes bytes = readAll(file);
-    if (bytes.size() < kHeaderBytes || bytes[0] != 'B' || bytes[1] != 'M' || bytes[kBitsAt] != 24) {
+    if (bytes.size() < kHeaderBytes || bytes[0] != 'B' || bytes[1] != 'M' ||
+        bytes[kBitsAt] != kBitsOfAPixel) {
         return std::nullopt;
     }
     const std::uint32_t width = wordAt(bytes, kWidthAt);
@@ -59,6 +63,21 @@ std::optional<PixelImage> readBitmap(const std::filesystem::path& file) {
         }
     }
     return image;
+}
+
+bool isWholeBitmap(const std::filesystem::path& file, std::uint32_t width, std::uint32_t height) {
+    const std::uintmax_t whole = kHeaderBytes + std::uintmax_t{width} * height * kChannels;
+    std::error_code error;
+    if (std::filesystem::file_size(file, error) != whole || error) {
+        return false;
+    }
+    Bytes header(kHeaderBytes);
+    std::ifstream stream(file, std::ios::binary);
+    // A disk that is full may also leave a file of the right length with nothing in it.
+    return stream.read(reinterpret_cast<char*>(header.data()), kHeaderBytes) && header[0] == 'B' &&
+           header[1] == 'M' && wordAt(header, kPixelsAt) == kHeaderBytes &&
+           wordAt(header, kWidthAt) == width && wordAt(header, kHeightAt) == height &&
+           header[kBitsAt] == kBitsOfAPixel;
 }
 
 }  // namespace qelview

@@ -50,20 +50,25 @@ std::vector<std::string> askForFiles(HWND owner) {
     return filesOfAnswer(answer);
 }
 
+std::vector<std::string> namesOfList(const std::wstring& list) {
+    std::vector<std::string> names;
+    for (std::size_t begin = 0; begin < list.size() && list[begin] != L'\0';) {
+        const std::wstring name(list.c_str() + begin);
+        begin += name.size() + 1;
+        names.push_back(toUtf8(name));
+    }
+    return names;
+}
+
 std::vector<std::string> filesOfAnswer(const std::wstring& answer) {
-    std::vector<std::wstring> parts;
-    for (std::size_t begin = 0; begin < answer.size() && answer[begin] != L'\0';) {
-        parts.emplace_back(answer.c_str() + begin);
-        begin += parts.back().size() + 1;
+    std::vector<std::string> files = namesOfList(answer);
+    if (files.size() < 2) {
+        return files;
     }
-    if (parts.size() == 1) {
-        return {toUtf8(parts.front())};
-    }
-    std::vector<std::string> files;
-    for (std::size_t i = 1; i < parts.size(); ++i) {
-        const std::wstring& folder = parts.front();
-        const bool isRoot = folder.back() == L'\\';
-        files.push_back(toUtf8(folder + (isRoot ? L"" : L"\\") + parts[i]));
+    const std::string folder = files.front() + (files.front().ends_with('\\') ? "" : "\\");
+    files.erase(files.begin());
+    for (std::string& file : files) {
+        file.insert(0, folder);
     }
     return files;
 }

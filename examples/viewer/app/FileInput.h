@@ -17,6 +17,9 @@ namespace qelview {
 /// a zero, the last by two.
 [[nodiscard]] std::vector<std::string> filesOfAnswer(const std::wstring& answer);
 
+/// The names in a list: each ends with a zero; an empty one ends the list.
+[[nodiscard]] std::vector<std::string> namesOfList(const std::wstring& list);
+
 /// The names of dropped files; the drop is given back to the system.
 [[nodiscard]] std::vector<std::string> takeDroppedFiles(HDROP drop);
 

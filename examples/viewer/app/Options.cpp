@@ -45,6 +45,10 @@ std::string helpFooter() {
            "\n"
            "In the window:\n" +
            inputHelp() +
+           "  The menu has the same commands. The names of the last eight files are kept in the registry, "
+           "under\n"
+           "  HKEY_CURRENT_USER\\Software\\QelDisplay64t\\qelview; runs that end by themselves keep "
+           "nothing.\n"
            "\n"
            "In the window of a map (--map): 1 GDI, 2 OpenGL, 3 three dimensions, F fit, Esc quit; dragging "
            "moves "

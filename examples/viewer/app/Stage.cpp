@@ -93,6 +93,15 @@ void Stage::setScene(const Scene& scene) {
     notes.localFrame.reset();
 }
 
+std::string Stage::driverText() {
+    display->makeCurrent();
+    const auto textOf = [](GLenum name) {
+        const GLubyte* const text = glGetString(name);
+        return text == nullptr ? std::string("unknown") : std::string(reinterpret_cast<const char*>(text));
+    };
+    return "OpenGL by " + textOf(GL_RENDERER) + "\nVersion " + textOf(GL_VERSION);
+}
+
 void Stage::setTitle(const std::string& text) {
     content.title = text;
     content.summary.clear();

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -18,6 +19,19 @@
 #include "SystemWindow.h"
 
 namespace qelview {
+
+/// How a capture ended.
+enum class CaptureEnd : std::uint8_t {
+    /// The file is complete.
+    Whole,
+    /// The file cannot be written, and nothing is left of it.
+    NotWritten,
+    /// The file was begun, but is not complete: the disk may be full. What there is of it is left.
+    NotWhole,
+};
+
+/// What to tell the user about the file of a capture that failed.
+[[nodiscard]] std::string reasonOf(CaptureEnd end);
 
 /// A scene on a window: the module's display, its camera, a symbol, and what is drawn with them. Lives on the
 /// thread of the window. Places in the view are pixels from its lower left corner. Everything is drawn with
@@ -47,6 +61,8 @@ class Stage {
     /// Rotates from now on about the point that is shown at a place.
     void rotateAbout(const PixelPlace& place);
     [[nodiscard]] IQelTrackBall& camera() { return *display->getTrackBall(); }
+    /// What draws: the renderer and the version of OpenGL, one a line.
+    [[nodiscard]] std::string driverText();
     [[nodiscard]] bool isStereo() { return display->isStereo(); }
 
     /// The point of the scene that the last frame shows at a place; not valid on the background.
@@ -69,8 +85,7 @@ class Stage {
     [[nodiscard]] PixelImage overlayPicture(const std::optional<PixelBox>& rectangle);
     /// Writes the view, without strip, help and notice, into a BMP file. Of views whose width is not a
     /// multiple of four the last pixels of each row are left out, because programs disagree about such files.
-    /// @return false if the file cannot be written; nothing is left of it then.
-    [[nodiscard]] bool capture(const std::filesystem::path& file);
+    [[nodiscard]] CaptureEnd capture(const std::filesystem::path& file);
 
   private:
     /// A scene and what is asked of it again and again.

@@ -4,15 +4,13 @@
 #include <system_error>
 #include <utility>
 
+#include "BitmapFile.h"
 #include "Enve2d.h"
 #include "Stage.h"
 
 namespace qelview {
 
 namespace {
-
-constexpr std::uint32_t kHeaderBytes = 54;
-constexpr std::uint32_t kBytesPerPixel = 3;
 
 /// The display reports no failure of a file and stays in its capture: so this is asked before.
 bool canBeWritten(const std::filesystem::path& file) {
@@ -21,9 +19,14 @@ bool canBeWritten(const std::filesystem::path& file) {
 
 }  // namespace
 
-bool Stage::capture(const std::filesystem::path& file) {
+std::string reasonOf(CaptureEnd end) {
+    return end == CaptureEnd::NotWhole ? "is not complete; make room on the disk and capture again"
+                                       : "cannot be written; choose another folder or name";
+}
+
+CaptureEnd Stage::capture(const std::filesystem::path& file) {
     if (!canBeWritten(file)) {
-        return false;
+        return CaptureEnd::NotWritten;
     }
     const auto wholeWidth = static_cast<std::uint32_t>(camera().getWidth());
     const std::uint32_t width = wholeWidth < 4 ? wholeWidth : wholeWidth / 4 * 4;
@@ -32,8 +35,10 @@ bool Stage::capture(const std::filesystem::path& file) {
     qel::Enve2d part(0.0, 0.0, width, height);
     std::error_code error;
     if (display->beginCapture(width, height, &part, QString::fromStdWString(file.wstring())) != 0) {
-        std::filesystem::remove(file, error);
-        return false;
+        if (std::filesystem::is_regular_file(file, error)) {
+            std::filesystem::remove(file, error);
+        }
+        return CaptureEnd::NotWritten;
     }
     Annotations shown;
     shown.mark = notes.mark;
@@ -46,7 +51,7 @@ bool Stage::capture(const std::filesystem::path& file) {
     std::swap(shown, notes);
     partsPerDrawn = parts;
     display->saveBitmap();
-    return std::filesystem::file_size(file, error) == kHeaderBytes + width * height * kBytesPerPixel;
+    return isWholeBitmap(file, width, height) ? CaptureEnd::Whole : CaptureEnd::NotWhole;
 }
 
 }  // namespace qelview

@@ -6,7 +6,16 @@ namespace qelview {
 
 namespace {
 
-constexpr const char* kNoContext = "the window gets no OpenGL context; check the graphics driver";
+constexpr const char* kNoContext =
+    "the window gets no OpenGL context; install or update the driver of the graphics card";
+
+/// The program's first resource of that kind; other programs that use these windows may have none.
+HICON iconOfProgram(int metricOfItsSize) {
+    const int size = GetSystemMetrics(metricOfItsSize);
+    auto* const own = static_cast<HICON>(
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
+    return own != nullptr ? own : LoadIconW(nullptr, IDI_APPLICATION);
+}
 
 }  // namespace
 
@@ -17,7 +26,8 @@ const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure) {
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleW(nullptr);
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    description.hIcon = iconOfProgram(SM_CXICON);
+    description.hIconSm = iconOfProgram(SM_CXSMICON);
     description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     description.lpszClassName = name;
     RegisterClassExW(&description);
@@ -38,14 +48,22 @@ ClientSize clientSizeOf(HWND window) {
 
 void setClientSize(HWND window, const ClientSize& size) {
     const auto style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
-    const ClientSize frame = frameSizeAround(size, style, GetDpiForWindow(window));
-    SetWindowPos(window, nullptr, 0, 0, frame.width, frame.height,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const bool hasMenu = GetMenu(window) != nullptr;
+    const ClientSize frame = frameSizeAround(size, style, GetDpiForWindow(window), hasMenu);
+    const auto give = [window](int width, int height) {
+        SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    give(frame.width, frame.height);
+    // A menu that does not fit into one line takes more, which is known only now.
+    const int missing = size.height - clientSizeOf(window).height;
+    if (hasMenu && missing > 0) {
+        give(frame.width, frame.height + missing);
+    }
 }
 
-ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi) {
+ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi, bool hasMenu) {
     RECT area{0, 0, client.width, client.height};
-    AdjustWindowRectExForDpi(&area, style, FALSE, 0, dpi);
+    AdjustWindowRectExForDpi(&area, style, hasMenu ? TRUE : FALSE, 0, dpi);
     return {area.right - area.left, area.bottom - area.top};
 }
 
@@ -85,11 +103,15 @@ std::string toPlainLetters(const std::string& utf8) {
     return plain;
 }
 
+void tellProblem(HWND owner, const std::string& text) {
+    MessageBoxW(owner, toWide(text).c_str(), L"qelview", MB_OK | MB_ICONWARNING);
+}
+
 void reportNoContext(bool isInteractive) {
     std::fprintf(stderr, "qelview: %s\n", kNoContext);
     std::fflush(stderr);
     if (isInteractive) {
-        MessageBoxW(nullptr, toWide(kNoContext).c_str(), L"qelview", MB_OK | MB_ICONERROR);
+        tellProblem(nullptr, kNoContext);
     }
 }
 

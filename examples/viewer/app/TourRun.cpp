@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <system_error>
+#include <utility>
 
 #include "BitmapFile.h"
 #include "PngFile.h"
@@ -25,7 +25,10 @@ constexpr std::int32_t kRotateDrag = 2;
 /// Takes the pictures of a tour, one after the other.
 class Tour {
   public:
-    explicit Tour(Stage& viewed) : stage(viewed), sheet(kColumns, kRows, kTile.width, kTile.height) {}
+    /// @param fileOfTour the only file that a tour writes: its capture stands there too, until the sheet
+    /// does.
+    Tour(Stage& viewed, std::filesystem::path fileOfTour)
+        : stage(viewed), file(std::move(fileOfTour)), sheet(kColumns, kRows, kTile.width, kTile.height) {}
 
     bool takeAll() {
         for (unsigned view = 0; view < 8; ++view) {
@@ -112,11 +115,8 @@ class Tour {
     bool takeCapture() {
         begin("A capture, read from its file");
         stage.show();
-        const std::filesystem::path file = std::filesystem::temp_directory_path() / "qelview-tour.bmp";
-        const bool isWritten = stage.capture(file);
+        const bool isWritten = stage.capture(file) == CaptureEnd::Whole;
         const std::optional<PixelImage> read = isWritten ? readBitmap(file) : std::nullopt;
-        std::error_code error;
-        std::filesystem::remove(file, error);
         if (read) {
             sheet.add(*read);
         }
@@ -124,6 +124,7 @@ class Tour {
     }
 
     Stage& stage;
+    std::filesystem::path file;
     TileSheet sheet;
 };
 
@@ -137,8 +138,9 @@ ExitCode writeTour(const Options& options, const Scene& scene) {
         return ExitCode::NoContext;
     }
     stage->resize(kTile);
-    Tour tour(*stage);
-    if (!tour.takeAll() || !writePng(std::filesystem::path(toWide(options.tour)), tour.image())) {
+    const std::filesystem::path file(toWide(options.tour));
+    Tour tour(*stage, file);
+    if (!tour.takeAll() || !writePng(file, tour.image())) {
         std::fprintf(stderr, "qelview: %s: the picture cannot be written\n", options.tour.c_str());
         return ExitCode::Usage;
     }

@@ -10,8 +10,14 @@
 
 namespace qelview {
 
-bool ViewerWindow::handleKey(WPARAM key) {
-    const KeyCommand wanted = commandOf(static_cast<unsigned>(key), GetKeyState(VK_CONTROL) < 0);
+namespace {
+
+constexpr const char* kAfterRefusal =
+    "The model that was shown before is still there. Mend the file, or open another one with Ctrl+O.";
+
+}  // namespace
+
+bool ViewerWindow::take(const KeyCommand& wanted) {
     if (wanted.command == Command::Nothing) {
         return false;
     }
@@ -27,10 +33,10 @@ bool ViewerWindow::handleKey(WPARAM key) {
     return true;
 }
 
-void ViewerWindow::obey(const KeyCommand& key) {
-    switch (key.command) {
+void ViewerWindow::obey(const KeyCommand& wanted) {
+    switch (wanted.command) {
         case Command::StandardView:
-            stage->setView(key.view);
+            stage->setView(wanted.number);
             break;
         case Command::Fit:
             stage->fit();
@@ -58,6 +64,15 @@ void ViewerWindow::obey(const KeyCommand& key) {
             break;
         case Command::Leave:
             leave();
+            break;
+        case Command::Recent:
+            openRecent(wanted.number);
+            break;
+        case Command::About:
+            showAbout();
+            break;
+        case Command::Quit:
+            ended = true;
             break;
         case Command::Nothing:
             break;
@@ -112,22 +127,24 @@ void ViewerWindow::captureAnew() {
 
 bool ViewerWindow::capture(const std::filesystem::path& file) {
     refresh();
-    const bool isWritten = !file.empty() && stage->capture(file);
+    const CaptureEnd end = file.empty() ? CaptureEnd::NotWritten : stage->capture(file);
     const std::string name = toUtf8(file.filename().wstring());
-    say(isWritten ? "Captured " + name : "The capture " + name + " cannot be written");
-    return isWritten;
+    const bool isWhole = end == CaptureEnd::Whole;
+    say(isWhole ? "Captured " + name : "The capture " + name + " " + reasonOf(end));
+    return isWhole;
 }
 
-void ViewerWindow::openFiles(const std::vector<std::string>& files) {
+bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     // A load answers messages while it runs, and one of them may be the next drop.
     if (files.empty() || isLoading) {
-        return;
+        return true;
     }
     isLoading = true;
     EnableWindow(window.get(), FALSE);
     std::string reason;
     try {
         accept(surroundings.load(files));
+        remember(files);
     } catch (const ReadCancelled&) {
         say("Loading was cancelled");
     } catch (const std::exception& error) {
@@ -142,6 +159,7 @@ void ViewerWindow::openFiles(const std::vector<std::string>& files) {
     if (!reason.empty()) {
         refuse(reason);
     }
+    return reason.empty();
 }
 
 void ViewerWindow::accept(const Scene& scene) {
@@ -158,7 +176,7 @@ void ViewerWindow::refuse(const std::string& reason) {
     std::fflush(stderr);
     say("The file is refused");
     if (surroundings.isAttended) {
-        MessageBoxW(window.get(), toWide(reason).c_str(), L"qelview", MB_OK | MB_ICONWARNING);
+        tellProblem(window.get(), reason + "\n\n" + kAfterRefusal);
     }
 }
 

@@ -9,9 +9,12 @@
 
 #include "FileInput.h"
 #include "LoadTask.h"
+#include "Menu.h"
 #include "ProgressWindow.h"
 #include "ReadError.h"
 #include "ReadFile.h"
+#include "RecentStore.h"
+#include "ViewerMenu.h"
 
 namespace qelview {
 
@@ -29,21 +32,31 @@ double steadyMilliseconds() {
 }  // namespace
 
 Surroundings Surroundings::attended() {
-    return {true, steadyMilliseconds, [](const std::vector<std::string>& files) {
+    return {true, steadyMilliseconds,
+            [](const std::vector<std::string>& files) {
                 LoadTask task(files);
                 return waitWithWindow(task);
-            }};
+            },
+            [] { return readRecentFiles(kKeyOfProgram); },
+            [](const std::vector<std::string>& files) { writeRecentFiles(kKeyOfProgram, files); }};
 }
 
 Surroundings Surroundings::scripted() {
-    return {false, [] { return 0.0; },
+    return {false,
+            [] { return 0.0; },
             [](const std::vector<std::string>& files) {
                 LoadTask task(files);
                 return waitWithText(task);
-            }};
+            },
+            {},
+            {}};
 }
 
-ViewerWindow::ViewerWindow(Surroundings around) : surroundings(std::move(around)) {}
+ViewerWindow::ViewerWindow(Surroundings around) : surroundings(std::move(around)) {
+    if (surroundings.readRecent) {
+        recent = RecentFiles(surroundings.readRecent());
+    }
+}
 
 ViewerWindow::~ViewerWindow() {
     // The display lets go of the window before the window goes.
@@ -86,6 +99,7 @@ ExitCode ViewerWindow::run(const Options& options, const Scene& scene) {
             return ExitCode::Usage;
         }
     }
+    remember(options.files);
     ShowWindow(window.get(), SW_SHOW);
     MSG message;
     while (!ended && GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -97,10 +111,10 @@ ExitCode ViewerWindow::run(const Options& options, const Scene& scene) {
 
 OwnedWindow ViewerWindow::create(const ClientSize& size) {
     constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW;
-    const ClientSize frame = frameSizeAround(size, kStyle, GetDpiForSystem());
+    const ClientSize frame = frameSizeAround(size, kStyle, GetDpiForSystem(), true);
     OwnedWindow made(CreateWindowExW(0, registerWindowClass(L"QelViewWindow", dispatch), L"qelview", kStyle,
                                      CW_USEDEFAULT, CW_USEDEFAULT, frame.width, frame.height, nullptr,
-                                     nullptr, GetModuleHandleW(nullptr), nullptr));
+                                     makeMenuBar(recent.names()), GetModuleHandleW(nullptr), nullptr));
     if (made) {
         SetWindowLongPtrW(made.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         // The window may have opened on a screen of another resolution than the system's.
@@ -131,7 +145,12 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             // The frame covers everything; erasing before it would flicker.
             return true;
         case WM_KEYDOWN:
-            return handleKey(wParam);
+            return take(commandOf(static_cast<unsigned>(wParam), GetKeyState(VK_CONTROL) < 0));
+        case WM_COMMAND:
+            return take(commandOfMenu(LOWORD(wParam)));
+        case WM_INITMENU:
+            markMenu();
+            return true;
         case WM_TIMER:
             timerFired(wParam);
             return true;

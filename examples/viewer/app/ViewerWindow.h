@@ -14,6 +14,7 @@
 #include "MotionFile.h"
 #include "MouseGesture.h"
 #include "Options.h"
+#include "RecentFiles.h"
 #include "Scene.h"
 #include "Stage.h"
 #include "SystemWindow.h"
@@ -28,10 +29,14 @@ struct Surroundings {
     std::function<double()> clock;
     /// Reads files into a scene; throws ReadError and ReadCancelled.
     std::function<Scene(const std::vector<std::string>&)> load;
+    /// Where the names of recent files are kept; empty keeps none.
+    std::function<std::vector<std::string>()> readRecent;
+    std::function<void(const std::vector<std::string>&)> writeRecent;
 
-    /// A person, the system's clock, and a progress window for long loads.
+    /// A person, the system's clock, a progress window for long loads, the program's key in the registry.
     [[nodiscard]] static Surroundings attended();
-    /// Nobody, and a clock that stands still, so that the same input always leads to the same pictures.
+    /// Nobody, a clock that stands still, so that the same input always leads to the same pictures, and
+    /// nothing that is kept.
     [[nodiscard]] static Surroundings scripted();
 };
 
@@ -51,6 +56,8 @@ class ViewerWindow {
     /// Of the open window.
     [[nodiscard]] HWND handle() const { return window.get(); }
     [[nodiscard]] Stage& view() { return *stage; }
+    /// Versions, and what draws: the text of the box of Help, About.
+    [[nodiscard]] std::string aboutText();
     /// What the window shows, drawn in full.
     [[nodiscard]] PixelImage picture();
     /// True once the user has left.
@@ -62,6 +69,10 @@ class ViewerWindow {
     [[nodiscard]] bool isReplaying() const { return nextMotion < motion.size(); }
     /// Writes the view into a BMP file and tells the user; false if that failed.
     bool capture(const std::filesystem::path& file);
+
+    /// Puts files at the head of the recent ones.
+    void remember(const std::vector<std::string>& files);
+    [[nodiscard]] const RecentFiles& recentFiles() const { return recent; }
 
     /// The timers of the window: the camera has come to rest, the next step of a replay.
     static constexpr UINT_PTR kRestTimer = 1;
@@ -101,13 +112,19 @@ class ViewerWindow {
     /// A mouse position of a message as the stage counts it: y from the lower edge.
     [[nodiscard]] PixelPlace placeOf(LPARAM position) const;
 
-    bool handleKey(WPARAM key);
-    void obey(const KeyCommand& key);
+    /// True if it is a command, wherever the user gave it.
+    bool take(const KeyCommand& wanted);
+    void obey(const KeyCommand& wanted);
+    void markMenu();
+    void openRecent(std::size_t number);
+    void keepRecent();
+    void showAbout();
     void leave();
     void chooseRectangle(bool isChosen);
     void switchStereo();
     void captureAnew();
-    void openFiles(const std::vector<std::string>& files);
+    /// False if the files were refused; the scene is the old one then.
+    bool openFiles(const std::vector<std::string>& files);
     void accept(const Scene& scene);
     void refuse(const std::string& reason);
     void setCaption(const std::string& title);
@@ -117,6 +134,7 @@ class ViewerWindow {
     OwnedWindow window;
     std::unique_ptr<Stage> stage;
     std::string captureFile;
+    RecentFiles recent;
     unsigned firstView = 0;
     Stale stale = Stale::Frame;
     MouseGesture gesture;

@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "LibraryFolders.h"
 #include "LoadTask.h"
 #include "MapRun.h"
 #include "Options.h"
@@ -65,6 +66,12 @@ qelview::ExitCode runViewer(const qelview::Options& options) {
         return qelview::ExitCode::Success;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "qelview: %s\n", error.what());
+        std::fflush(stderr);
+        if (options.isAttended()) {
+            qelview::tellProblem(nullptr, std::string(error.what()) +
+                                              "\n\nMend the file, or start qelview without one and open "
+                                              "another with Ctrl+O.");
+        }
         return qelview::ExitCode::BadFile;
     }
 }
@@ -72,6 +79,8 @@ qelview::ExitCode runViewer(const qelview::Options& options) {
 }  // namespace
 
 int main() {
+    // Before anything else can load a library by its name.
+    qelview::restrictLibraryFolders();
     // Sizes are real pixels on every screen.
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const std::variant<qelview::Options, qelview::Ending> parsed = qelview::parseOptions(readArguments());

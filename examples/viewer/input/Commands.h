@@ -7,7 +7,7 @@
 
 namespace qelview {
 
-/// What a key asks for.
+/// What a key or a line of the menu asks for.
 enum class Command : std::uint8_t {
     Nothing,
     StandardView,
@@ -20,12 +20,17 @@ enum class Command : std::uint8_t {
     Help,
     Open,
     Leave,
+    /// Of the menu alone.
+    Recent,
+    About,
+    Quit,
 };
+inline constexpr Command kLastCommand = Command::Quit;
 
 struct KeyCommand {
     Command command = Command::Nothing;
-    /// Number of the standard view.
-    unsigned view = 0;
+    /// Of the standard view, or of the recent file; both count from 0.
+    unsigned number = 0;
 };
 
 /// @param key as the system names it: the code of a capital letter or digit, else a virtual key.

@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kLargestValue = 1000.0;
 constexpr long long kMostRepeats = 10000;
+/// Nine hours: short lines with many repeats must not fill the memory.
+constexpr std::size_t kMostSteps = 1'000'000;
 
 MotionStep readStep(const std::vector<std::string_view>& words, const TextLines& lines) {
     MotionStep step{};
@@ -46,6 +48,9 @@ std::vector<MotionStep> parseMotion(std::string_view text) {
         const long long repeats = words.size() > kAxes ? readWhole(words[kAxes], lines) : 1;
         if (repeats < 1 || repeats > kMostRepeats) {
             lines.refuseLine(quoted(words[kAxes]) + " is not from 1 to 10000");
+        }
+        if (static_cast<std::size_t>(repeats) > kMostSteps - steps.size()) {
+            lines.refuseLine("there are more than 1000000 steps");
         }
         steps.insert(steps.end(), static_cast<std::size_t>(repeats), step);
     }

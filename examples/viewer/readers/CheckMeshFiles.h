@@ -21,6 +21,11 @@ void checkPly(std::string_view bytes, const ProgressStretch& progress);
 /// binary files begin with "solid" too.
 void checkStl(std::string_view bytes, const ProgressStretch& progress);
 
+/// glTF as text and as one binary file: the JSON text, the lengths in the header, and that buffers and images
+/// are Base64 text or files beside the model. Their numbers the importer checks itself.
+void checkGltf(std::string_view text, const ProgressStretch& progress);
+void checkGlb(std::string_view bytes, const ProgressStretch& progress);
+
 /// OFF: counts, coordinates, indices of faces.
 void checkOff(std::string_view text, const ProgressStretch& progress);
 

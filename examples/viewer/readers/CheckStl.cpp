@@ -57,6 +57,7 @@ class AsciiStlCheck {
 
     void run() {
         while (lines.next()) {
+            requirePlainLine();
             splitWords(lines.line(), words);
             if (!words.empty()) {
                 step();
@@ -98,9 +99,51 @@ class AsciiStlCheck {
         if (found == kSteps.end()) {
             lines.refuseLine(quoted(word) + " is not expected here");
         }
+        checkRest(word);
         state = found->to;
         if (state == State::LoopDone) {
             closeLoop();
+        }
+    }
+
+    /// The importer takes other control characters for ends of lines, and keywords wherever they stand.
+    void requirePlainLine() const {
+        const std::string_view line = lines.line();
+        const bool isPlain = std::all_of(line.begin(), line.end(), [](char character) {
+            return character == '\t' || static_cast<unsigned char>(character) >= ' ';
+        });
+        if (!isPlain) {
+            lines.refuseLine("there is a control character");
+        }
+    }
+
+    void checkRest(std::string_view keyword) const {
+        if (keyword == "solid") {
+            checkName();
+        } else if (keyword == "facet") {
+            checkNormal();
+        } else if (keyword != "endsolid" && words.size() != (keyword == "outer" ? 2U : 1U)) {
+            lines.refuseLine("there is more than " + quoted(keyword) + " needs");
+        }
+    }
+
+    void checkName() const {
+        constexpr std::size_t kLongestName = 1000;
+        const bool isSafe = std::none_of(words.begin() + 1, words.end(), [](std::string_view word) {
+            return word == "facet" || word == "vertex" || word.starts_with("endsolid");
+        });
+        if (!isSafe || lines.line().size() > kLongestName) {
+            lines.refuseLine("the name of the solid is too long or holds a keyword");
+        }
+    }
+
+    /// It is made anew from the triangle, and need not be finite.
+    void checkNormal() const {
+        if (words.size() != 5 || words[1] != "normal") {
+            lines.refuseLine("a facet begins with 'facet normal X Y Z'");
+        }
+        for (std::size_t i = 2; i < words.size(); ++i) {
+            static_cast<void>(readNumber(words[i], lines));
         }
     }
 

@@ -25,7 +25,7 @@ using Check = void (*)(std::string_view, const ProgressStretch&);
 
 struct Format {
     std::string_view extension;
-    /// Null for files that the importer checks alone, and for files of points.
+    /// Null for files of points.
     Check check;
     bool isMesh;
     Normals normals;
@@ -37,8 +37,8 @@ constexpr std::array<Format, 12> kFormats{{
     // STL gives each triangle the normal of its plane, which would make every surface look faceted.
     {".stl", checkStl, true, Normals::MadeAnew},
     {".off", checkOff, true, Normals::OfTheFile},
-    {".gltf", nullptr, true, Normals::OfTheFile},
-    {".glb", nullptr, true, Normals::OfTheFile},
+    {".gltf", checkGltf, true, Normals::OfTheFile},
+    {".glb", checkGlb, true, Normals::OfTheFile},
     {".xyz", nullptr, false, Normals::OfTheFile},
     {".csv", nullptr, false, Normals::OfTheFile},
     {".txt", nullptr, false, Normals::OfTheFile},

@@ -67,6 +67,9 @@ void checkImported(const aiScene& imported) {
         }
         for (unsigned i = 0; i < mesh.mNumFaces; ++i) {
             const aiFace& face = mesh.mFaces[i];
+            if (face.mNumIndices == 0) {
+                refuse(nameOf(mesh, number) + ", face " + std::to_string(i), "it has no vertices");
+            }
             const unsigned* const begin = face.mIndices;
             const unsigned* const end = begin + face.mNumIndices;
             const unsigned* const wrong =

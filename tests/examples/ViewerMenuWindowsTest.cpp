@@ -1,0 +1,167 @@
+#include "Menu.h"
+#include "OpenViewerWindows.h"
+#include "QelGl.h"
+#include "RecentStore.h"
+#include "ViewerData.h"
+#include "kit/PictureComparison.h"
+
+/// The menu of the viewer's window, through its window procedure.
+
+namespace {
+
+using qel::test::OpenViewer;
+using qel::test::TemporaryFile;
+using qelview::Command;
+using qelview::KeyCommand;
+
+using Names = std::vector<std::string>;
+
+class ViewerMenu : public OpenViewer {
+  protected:
+    void choose(const KeyCommand& meaning) {
+        send(WM_COMMAND, MAKEWPARAM(qelview::menuNumberOf(meaning), 0), 0);
+        send(WM_PAINT, 0, 0);
+    }
+    HMENU bar() { return GetMenu(viewer->handle()); }
+    std::string textOf(HMENU menu, unsigned place) {
+        wchar_t text[512] = L"";
+        GetMenuStringW(menu, place, text, 512, MF_BYPOSITION);
+        return qelview::toUtf8(text);
+    }
+    bool isMarked(Command command) {
+        send(WM_INITMENU, reinterpret_cast<WPARAM>(bar()), 0);
+        return (GetMenuState(bar(), qelview::menuNumberOf({command}), MF_BYCOMMAND) & MF_CHECKED) != 0;
+    }
+    HMENU recentList() { return GetSubMenu(GetSubMenu(bar(), 0), 1); }
+    Names recentTexts() {
+        Names texts;
+        for (int i = 0; i < GetMenuItemCount(recentList()); ++i) {
+            texts.push_back(textOf(recentList(), static_cast<unsigned>(i)));
+        }
+        return texts;
+    }
+};
+
+TEST_F(ViewerMenu, StandsAboveAViewOfTheWantedSize) {
+    EXPECT_EQ(textOf(bar(), 0), "&File");
+    EXPECT_EQ(textOf(bar(), 1), "&View");
+    EXPECT_EQ(textOf(bar(), 2), "&Help");
+    EXPECT_EQ(textOf(GetSubMenu(bar(), 0), 0), "&Open...\tCtrl+O");
+    EXPECT_EQ(picture().width(), kWidth);
+    EXPECT_EQ(picture().height(), kHeight);
+    for (const char* const size : {"size 640 480", "size 200 100", "size 110 90"}) {
+        play(size);
+        const qelview::ClientSize client = qelview::clientSizeOf(viewer->handle());
+        EXPECT_EQ("size " + std::to_string(client.width) + " " + std::to_string(client.height), size);
+    }
+}
+
+TEST_F(ViewerMenu, DoesWhatTheKeysDo) {
+    for (const qelview::MenuColumn& column : qelview::menuColumns()) {
+        for (const qelview::MenuLine& line : column.lines) {
+            const unsigned key = qelview::keyOf(std::string(line.key));
+            if (key == 0 || line.meaning.command == Command::Capture) {
+                continue;
+            }
+            const std::string pressed = "key " + std::string(line.key);
+            const bool isView = line.meaning.command == Command::StandardView;
+            play("key 3\nwheel 2 90 80\n" + pressed);
+            const qel::test::Picture byKey = picture();
+            const std::string cameraByKey = cameraNow();
+            // What a key switches on, it switches off.
+            play((isView ? "" : pressed) + "\nkey 3\nwheel 2 90 80");
+            choose(line.meaning);
+            EXPECT_EQ(cameraNow(), cameraByKey) << line.text;
+            EXPECT_EQ(qel::test::compare(picture(), byKey).pixels, 0U) << line.text;
+            play(isView ? "" : pressed);
+        }
+    }
+}
+
+TEST_F(ViewerMenu, MarksWhatIsSwitchedOn) {
+    EXPECT_FALSE(isMarked(Command::SwitchProjection));
+    EXPECT_FALSE(isMarked(Command::LongAxes));
+    choose({Command::SwitchProjection});
+    EXPECT_TRUE(isMarked(Command::SwitchProjection));
+    EXPECT_FALSE(isMarked(Command::LongAxes));
+    choose({Command::LongAxes});
+    EXPECT_TRUE(isMarked(Command::LongAxes));
+    choose({Command::SwitchProjection});
+    EXPECT_FALSE(isMarked(Command::SwitchProjection));
+}
+
+TEST_F(ViewerMenu, QuitsWhateverIsUnderWay) {
+    play("key H");
+    choose({Command::Quit});
+    EXPECT_TRUE(viewer->hasEnded());
+}
+
+TEST_F(ViewerMenu, LeavesADragAlone) {
+    play("down left 100 100");
+    const std::string before = cameraNow();
+    choose({Command::StandardView, 1});
+    EXPECT_EQ(cameraNow(), before);
+    EXPECT_FALSE(viewer->hasEnded());
+}
+
+TEST_F(ViewerMenu, TellsVersionsAndTheRendererInItsAboutBox) {
+    const std::string text = viewer->aboutText();
+    EXPECT_NE(text.find("qelview 0.1.0"), std::string::npos) << text;
+    EXPECT_NE(text.find(reinterpret_cast<const char*>(glGetString(GL_RENDERER))), std::string::npos) << text;
+    EXPECT_NE(text.find(reinterpret_cast<const char*>(glGetString(GL_VERSION))), std::string::npos) << text;
+    choose({Command::About});
+    EXPECT_EQ(stage().annotations().notice, "qelview 0.1.0");
+}
+
+TEST_F(ViewerMenu, ListsTheFilesThatWereOpenedAndOpensThemAgain) {
+    EXPECT_EQ(recentTexts(), Names{"None yet"});
+    const TemporaryFile first("first & best.xyz", "0 0 0\n1 1 1\n");
+    const TemporaryFile second("second.xyz", "0 0 0\n5 5 5\n");
+    play("drop " + first.path().string() + "\ndrop " + second.path().string());
+    const Names texts = recentTexts();
+    ASSERT_EQ(texts.size(), 2U);
+    EXPECT_EQ(texts[0], "&1 " + second.path().string());
+    EXPECT_NE(texts[1].find("first && best.xyz"), std::string::npos);
+    choose({Command::Recent, 1});
+    EXPECT_EQ(viewer->recentFiles().names(), (Names{first.path().string(), second.path().string()}));
+    EXPECT_EQ(stage().textOf({0, 0, 0}), "x 0.5000  y 0.5000  z 0.5000");
+}
+
+TEST_F(ViewerMenu, ForgetsARecentFileThatIsGone) {
+    {
+        const TemporaryFile passing("passing.xyz", "0 0 0\n1 1 1\n");
+        play("drop " + passing.path().string());
+    }
+    choose({Command::Recent, 0});
+    EXPECT_TRUE(viewer->hasRefused());
+    EXPECT_EQ(recentTexts(), Names{"None yet"});
+    // Places without a file do nothing.
+    choose({Command::Recent, 5});
+    EXPECT_EQ(recentTexts(), Names{"None yet"});
+}
+
+TEST_F(ViewerMenu, KeepsRecentFilesWhereItsSurroundingsSay) {
+    Names kept{"C:\\old.obj"};
+    qelview::Surroundings around = qelview::Surroundings::scripted();
+    around.readRecent = [&kept] { return kept; };
+    around.writeRecent = [&kept](const Names& files) { kept = files; };
+    open(qelview::makeSampleScene(), around);
+    EXPECT_EQ(recentTexts(), Names{"&1 C:\\old.obj"});
+    const TemporaryFile file("kept.xyz", "0 0 0\n1 1 1\n");
+    play("drop " + file.path().string());
+    EXPECT_EQ(kept, (Names{file.path().string(), "C:\\old.obj"}));
+}
+
+TEST(RecentStore, KeepsNamesOfAnyLanguageInItsKey) {
+    constexpr const wchar_t* kKey = L"Software\\QelDisplay64t\\qelview-test";
+    RegDeleteKeyW(HKEY_CURRENT_USER, kKey);
+    EXPECT_EQ(qelview::readRecentFiles(kKey), Names{});
+    const Names names{"C:\\a b.obj", "D:\\\xC3\xA9t\xC3\xA9\\\xE5\xB1\xB1.ply"};
+    qelview::writeRecentFiles(kKey, names);
+    EXPECT_EQ(qelview::readRecentFiles(kKey), names);
+    qelview::writeRecentFiles(kKey, {});
+    EXPECT_EQ(qelview::readRecentFiles(kKey), Names{});
+    EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, kKey), ERROR_SUCCESS);
+}
+
+}  // namespace
