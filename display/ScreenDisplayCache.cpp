@@ -3,17 +3,13 @@
 #include "CQelGL.h"
 #include "CQelScreenDisplay.h"
 #include "CQelTrackBall.h"
+#include "PixelArea.h"
 #include "PixelPackScope.h"
 #include "QelTmpGlStateCtrl.h"
 
 namespace {
 
 constexpr std::size_t kChannels = 4;
-
-/// 64 bits wide: the product of two view sizes does not fit 32.
-std::size_t areaOf(std::int32_t width, std::int32_t height) {
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-}
 
 /// Rows of the copy lie one behind the other, whatever the host has set for its own pictures.
 void unpackWithoutPadding() {
@@ -48,14 +44,14 @@ void CQelScreenDisplay::resizeCache() {
     if (width == cacheWidth && height == cacheHeight) {
         return;
     }
-    if (areaOf(cacheWidth, cacheHeight) < areaOf(width, height)) {
+    if (qel::pixelArea(cacheWidth, cacheHeight) < qel::pixelArea(width, height)) {
         cacheColor.reset();
         cacheDepth.reset();
         // Until both are there the copy is empty: memory that cannot be had must not leave sizes without
         // arrays.
         cacheWidth = cacheHeight = 0;
-        auto color = std::make_unique<float[]>(areaOf(width, height) * kChannels);
-        cacheDepth = std::make_unique<float[]>(areaOf(width, height));
+        auto color = std::make_unique<float[]>(qel::pixelArea(width, height) * kChannels);
+        cacheDepth = std::make_unique<float[]>(qel::pixelArea(width, height));
         cacheColor = std::move(color);
     }
     cacheWidth = width;

@@ -37,14 +37,13 @@ void drawPointArrays(const Layout& vertices, std::int32_t count, const LentArray
     }
 }
 
-template <class Color>
-Layout colorLayout(const LentArray& colors, std::uint32_t type) {
-    return {type, static_cast<std::int32_t>(sizeof(Color)), colors.data};
-}
-
 /// Bytes are read as signed ones, which is what hosts' colour arrays are made for: 127 is full intensity.
 Layout byteColors(const LentArray& colors) {
-    return colorLayout<qel::ArrayColor3b>(colors, GL_BYTE);
+    return {GL_BYTE, static_cast<std::int32_t>(sizeof(qel::ArrayColor3b)), colors.data};
+}
+
+Layout floatColors(const LentArray& colors) {
+    return {GL_FLOAT, static_cast<std::int32_t>(sizeof(qel::ArrayColor4f)), colors.data};
 }
 
 // OpenGL refuses any other layout and would then draw from the memory of an earlier call, which may be gone.
@@ -53,16 +52,15 @@ bool isVertexLayout(std::uint32_t type, std::int32_t stride) {
     return known && stride >= 0;
 }
 
-/// The rules that both kinds of point cloud share.
-bool isCloud(const LentArray& vertices, const LentArray& indices, const LentArray& colors) {
-    return vertices.holdsElements() && (!indices.given || indices.holdsElements()) &&
-           colors.isAbsentOrMatches(vertices);
-}
-
-void drawCloud(const LentArray& vertices, const LentArray& indices, const Layout& colors,
-               const PointStyle& style) {
+std::int32_t drawCloud(const LentArray& vertices, const LentArray& indices, const LentArray& colors,
+                       Layout (*layoutOf)(const LentArray&), const PointStyle& style) {
     constexpr auto kStride = static_cast<std::int32_t>(sizeof(qel::ArrayVertex));
-    drawPointArrays({GL_FLOAT, kStride, vertices.data}, vertices.count, indices, colors, style);
+    if (!vertices.holdsElements() || (indices.given && !indices.holdsElements()) ||
+        !colors.isAbsentOrMatches(vertices)) {
+        return qel::kRefused;
+    }
+    drawPointArrays({GL_FLOAT, kStride, vertices.data}, vertices.count, indices, layoutOf(colors), style);
+    return 0;
 }
 
 }  // namespace
@@ -94,26 +92,12 @@ std::int32_t CQelSimpSymbol::drawPointCloud(qel::ref_ptr<IQelArray<qel::ArrayVer
                                             qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                             qel::ref_ptr<IQelArray<qel::ArrayColor3b>> colors, float size,
                                             qel::QelColor3f given) {
-    const LentArray lentVertices(vertices);
-    const LentArray lentIndices(indices);
-    const LentArray lentColors(colors);
-    if (!isCloud(lentVertices, lentIndices, lentColors)) {
-        return qel::kRefused;
-    }
-    drawCloud(lentVertices, lentIndices, byteColors(lentColors), {size, given});
-    return 0;
+    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), byteColors, {size, given});
 }
 
 std::int32_t CQelSimpSymbol::drawPointCloudF(qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices,
                                              qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                              qel::ref_ptr<IQelArray<qel::ArrayColor4f>> colors, float size,
                                              qel::QelColor3f given) {
-    const LentArray lentVertices(vertices);
-    const LentArray lentIndices(indices);
-    const LentArray lentColors(colors);
-    if (!isCloud(lentVertices, lentIndices, lentColors)) {
-        return qel::kRefused;
-    }
-    drawCloud(lentVertices, lentIndices, colorLayout<qel::ArrayColor4f>(lentColors, GL_FLOAT), {size, given});
-    return 0;
+    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), floatColors, {size, given});
 }

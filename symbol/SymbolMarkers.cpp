@@ -9,16 +9,14 @@
 
 namespace {
 
-/// Half of a unit square's diagonal, to four digits: hosts that draw their own marks beside ours use the same
-/// ones.
+/// Half of a unit square's diagonal, to four digits: the distance of a segment's frame.
 constexpr double kDiagonal = 0.7071;
 
 void emitVertex(const qel::XPnt3d& point) {
     glVertex3d(point.x, point.y, point.z);
 }
 
-// Five vertices although the loop would close by itself: where the polygon mode of a host shows points, the
-// first corner gets its own like every other one, and the count is that of the closed outline.
+// Five vertices although the loop would close by itself: whoever records what is drawn gets a closed outline.
 void emitRectLoop(const qel::Enve2d& rect, double z) {
     glBegin(GL_LINE_LOOP);
     glVertex3d(rect.xmin, rect.ymin, z);

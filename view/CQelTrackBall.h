@@ -163,7 +163,7 @@ class CQelTrackBall : public IQelTrackBall {
     [[nodiscard]] double tanHalfFieldOfView() const;
     /// Model-space width of the view at the rotation centre.
     double viewSpanAtCenter();
-    /// The same at a window depth, in perspective.
+    /// The same at a window depth, which orthographic views do not look at.
     double viewSpanAtDepth(double depth);
     double meanOfDepthBuffer(std::size_t& count) const;
     void panTo(double x, double y);

@@ -155,13 +155,15 @@ std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
 }
 
 double CQelTrackBall::viewSpanAtCenter() {
-    return isOrtho() ? orthoBox.right - orthoBox.left : viewSpanAtDepth(projectPnt(rotationCenter).z);
+    return viewSpanAtDepth(isOrtho() ? 0.0 : projectPnt(rotationCenter).z);
 }
 
 double CQelTrackBall::viewSpanAtDepth(double depth) {
+    if (isOrtho()) {
+        return orthoBox.right - orthoBox.left;
+    }
     const qel::XPnt3d corner = unProject(0.0, 0.0, depth);
-    // Along the window's y axis by the view's width: pixels are square, and hosts that measure the sphere
-    // themselves do it on this axis.
+    // The view's width, laid off along the window's y axis: pixels are square, so both axes measure alike.
     const qel::XPnt3d across = unProject(0.0, static_cast<double>(viewWidth), depth);
     return qel::dist(corner, across);
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "CQelTrackBall.h"
+#include "PixelArea.h"
 #include "PixelPackScope.h"
 #include "QelGl.h"
 #include "QelTruncate.h"
@@ -11,10 +12,6 @@ namespace {
 constexpr std::size_t kSampleStep = 10;
 constexpr double kNearestMean = 0.00001;
 constexpr double kFarthestMean = 0.99999;
-
-std::size_t areaOf(std::int32_t width, std::int32_t height) {
-    return static_cast<std::size_t>(std::max(width, 0)) * static_cast<std::size_t>(std::max(height, 0));
-}
 
 double clampMean(double depth) {
     if (depth > kNearestMean) {
@@ -40,16 +37,16 @@ void CQelTrackBall::readDepthBuffer() {
     const std::int32_t width = qel::truncateToInt(static_cast<double>(viewWidth));
     const std::int32_t height = qel::truncateToInt(static_cast<double>(viewHeight));
     if (width != depthWidth || height != depthHeight) {
-        if (areaOf(depthWidth, depthHeight) < areaOf(width, height)) {
+        if (qel::pixelArea(depthWidth, depthHeight) < qel::pixelArea(width, height)) {
             // The old copy goes first, and its size with it: if there is no memory, the camera has no copy.
             depthBuffer.reset();
             depthWidth = depthHeight = 0;
-            depthBuffer = std::make_unique<float[]>(areaOf(width, height));
+            depthBuffer = std::make_unique<float[]>(qel::pixelArea(width, height));
         }
         depthWidth = width;
         depthHeight = height;
         // What lies outside OpenGL's buffer is never read and stays background.
-        std::fill_n(depthBuffer.get(), areaOf(width, height), 1.0F);
+        std::fill_n(depthBuffer.get(), qel::pixelArea(width, height), 1.0F);
     }
     if (!ownerGone) {
         glReadBuffer(GL_BACK);
@@ -62,7 +59,7 @@ void CQelTrackBall::readDepthBuffer() {
 double CQelTrackBall::meanOfDepthBuffer(std::size_t& count) const {
     double sum = 0.0;
     count = 0;
-    const std::size_t area = areaOf(depthWidth, depthHeight);
+    const std::size_t area = qel::pixelArea(depthWidth, depthHeight);
     for (std::size_t index = 0; index < area; index += kSampleStep) {
         if (depthBuffer[index] < 1.0F) {
             sum += static_cast<double>(depthBuffer[index]);

@@ -37,8 +37,7 @@ std::int32_t CQelTrackBall::updateSphereRadius() {
     // may hold the host's pixel coordinates.
     const double depth = projectPnt(rotationCenter).z;
     const float halfDiagonal = static_cast<float>(extent.getDiagonal() * 0.5);
-    const float span =
-        static_cast<float>(isOrtho() ? orthoBox.right - orthoBox.left : viewSpanAtDepth(depth));
+    const float span = static_cast<float>(viewSpanAtDepth(depth));
     // A view without a size has no sphere yet; the next resize computes it.
     if (!(span > 0.0F) || !qel::areFinite(span)) {
         return 0;

@@ -11,11 +11,11 @@ inStages() {
     done
 }
 
-# moveIntoCache WORK HOME: the finished WORK/home becomes HOME in one step, so HOME is never seen half made.
+# moveIntoCache WORK HOME: the finished WORK/product becomes HOME in one step, so HOME is never seen half made.
 moveIntoCache() {
     local work=$1 home=$2
     rm -rf "$home"
-    mv -T "$work/home" "$home"
+    mv -T "$work/product" "$home"
     rm -rf "$work"
     say "Kept in $home"
 }

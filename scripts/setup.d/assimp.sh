@@ -41,12 +41,12 @@ assimpBuild() {
 }
 
 assimpInstall() {
-    rm -rf "${work:?}/home"
-    mkdir -p "$work/home/lib"
-    cp -r "$work/source/include" "$work/home/include"
-    cp "$work"/build/include/assimp/*.h "$work/home/include/assimp/"
-    cp "$(find "$work/build" -name 'libassimp*.a' | head -n 1)" "$work/home/lib/libassimp.a"
-    cp "$work/source/LICENSE" "$work/home/"
+    rm -rf "${work:?}/product"
+    mkdir -p "$work/product/lib"
+    cp -r "$work/source/include" "$work/product/include"
+    cp "$work"/build/include/assimp/*.h "$work/product/include/assimp/"
+    cp "$(find "$work/build" -name 'libassimp*.a' | head -n 1)" "$work/product/lib/libassimp.a"
+    cp "$work/source/LICENSE" "$work/product/"
 }
 
 setupAssimp() {

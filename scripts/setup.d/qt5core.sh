@@ -50,15 +50,15 @@ qtCompile() {
 
 # Only what the module and its tests use goes into the cache: headers, import library and DLL.
 qtInstall() {
-    rm -rf "${work:?}/image" "${work:?}/home"
+    rm -rf "${work:?}/image" "${work:?}/product"
     runLogged "Collecting Qt 5 Core" "$qelLogs/qt-install.log" -- \
         env PATH="$work/tools:$PATH" make -C "$work/build/src/corelib" install INSTALL_ROOT="$work/image"
-    mkdir -p "$work/home/bin" "$work/home/lib" "$work/home/include"
-    cp "$work"/image/qt5core/bin/Qt5Core.dll "$work/home/bin/"
-    cp "$work"/image/qt5core/lib/libQt5Core.a "$work/home/lib/"
-    cp -r "$work"/image/qt5core/include/QtCore "$work/home/include/"
-    rm -rf "$work/home/include/QtCore/$qtVersion"
-    cp "$work"/source/LICENSE.* "$work/home/" 2>/dev/null || true
+    mkdir -p "$work/product/bin" "$work/product/lib" "$work/product/include"
+    cp "$work"/image/qt5core/bin/Qt5Core.dll "$work/product/bin/"
+    cp "$work"/image/qt5core/lib/libQt5Core.a "$work/product/lib/"
+    cp -r "$work"/image/qt5core/include/QtCore "$work/product/include/"
+    rm -rf "$work/product/include/QtCore/$qtVersion"
+    cp "$work"/source/LICENSE.* "$work/product/" 2>/dev/null || true
 }
 
 setupQt() {

@@ -8,10 +8,10 @@ setupWinePrefix() {
     [ ! -e "$winePrefixHome/system.reg" ] || return 0
     local work=$qelCache/building/$QEL_WINE_KEY
     rm -rf "$work"
-    mkdir -p "$work/home"
+    mkdir -p "$work/product"
     runLogged "Making the Wine prefix" "$qelLogs/wineprefix.log" -- \
-        env WINEPREFIX="$work/home" WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="$WINEDLLOVERRIDES" "$qelRoot/scripts/with-screen" \
+        env WINEPREFIX="$work/product" WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="$WINEDLLOVERRIDES" "$qelRoot/scripts/with-screen" \
         timeout -k 5 300 sh -c "wineboot -i && $noDebugger && wineserver -w"
-    [ -e "$work/home/system.reg" ] || die "Wine left no prefix; see $qelLogs/wineprefix.log."
+    [ -e "$work/product/system.reg" ] || die "Wine left no prefix; see $qelLogs/wineprefix.log."
     moveIntoCache "$work" "$winePrefixHome"
 }
