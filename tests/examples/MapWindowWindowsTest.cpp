@@ -75,6 +75,15 @@ TEST_F(OpenMap, MovesWithTheMouseThatDragsIt) {
     EXPECT_NEAR(window.view().pixelOf(grabbed).x, 160, 1e-6) << "the button is up again";
 }
 
+TEST_F(OpenMap, LetsGoWhenSomethingElseTakesTheMouse) {
+    const qel::XPnt2d grabbed = window.view().worldAt(100, 120);
+    send(WM_LBUTTONDOWN, MK_LBUTTON, 100, 120);
+    send(WM_MOUSEMOVE, MK_LBUTTON, 130, 100);
+    ReleaseCapture();
+    send(WM_MOUSEMOVE, 0, 200, 200);
+    EXPECT_NEAR(window.view().pixelOf(grabbed).x, 130, 1e-6);
+}
+
 TEST_F(OpenMap, ZoomsAtTheCursorAndFitsAgain) {
     const double fitted = window.view().unitsPerPixel();
     const qel::XPnt2d under = window.view().worldAt(400, 300);

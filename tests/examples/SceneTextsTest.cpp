@@ -25,10 +25,6 @@ TEST(SummaryOf, TellsTheOriginOfAMovedScene) {
     EXPECT_EQ(qelview::summaryOf(scene), "1 points; around 635,000 -1,235 0");
 }
 
-TEST(Printable, ReplacesWhatTheFontLacks) {
-    EXPECT_EQ(qelview::printable("caf\xC3\xA9 \x07~"), "caf\?\? ?~");
-}
-
 TEST(WritePng, WritesTheLowestRowLast) {
     const qelview::PixelImage image{2, 2, {255, 0, 0, 0, 255, 0, 0, 0, 255, 255, 255, 255}};
     const qel::test::TemporaryFile file("rows.png", "");

@@ -106,7 +106,7 @@ void Stage::drawTexts() {
 
 void Stage::drawLabel(const Label& label, const qel::XPnt3d& place) {
     constexpr double kBeside = 7.0;
-    printAt(place.x + kBeside, place.y + kBeside * 0.5, toPlainLetters(label.text));
+    printAt(place.x + kBeside, place.y + kBeside * 0.5, label.text);
 }
 
 void Stage::printAt(double x, double y, const std::string& text) {

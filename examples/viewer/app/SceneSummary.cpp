@@ -41,11 +41,4 @@ std::string summaryOf(const Scene& scene) {
     return text;
 }
 
-std::string printable(std::string_view text) {
-    std::string shown(text);
-    std::replace_if(
-        shown.begin(), shown.end(), [](char character) { return character < ' ' || character > '~'; }, '?');
-    return shown;
-}
-
 }  // namespace qelview

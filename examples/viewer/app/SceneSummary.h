@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "Scene.h"
 
@@ -9,8 +8,5 @@ namespace qelview {
 
 /// Counts of what a scene has, and its origin if it was moved: "5,856 triangles, 2,930 points".
 [[nodiscard]] std::string summaryOf(const Scene& scene);
-
-/// A text with '?' for what the display's font lacks.
-[[nodiscard]] std::string printable(std::string_view text);
 
 }  // namespace qelview

@@ -33,9 +33,13 @@ Stage::Content::Content(const Scene& scene)
       extent(scene.bounds()),
       outline(scene.outline()),
       labels(scene.labels),
-      title(printable(scene.title)),
+      title(toPlainLetters(scene.title)),
       summary(summaryOf(scene)),
-      origin(scene.origin) {}
+      origin(scene.origin) {
+    for (Label& label : labels) {
+        label.text = toPlainLetters(label.text);
+    }
+}
 
 qel::ref_ptr<IQelDisplay> Stage::attach(HWND window, bool isStereo) {
     IQelDisplay* const made = newScreenDisplay();

@@ -88,6 +88,7 @@ std::string toUtf8(const std::wstring& wide) {
 std::string toPlainLetters(const std::string& utf8) {
     constexpr wchar_t kFirstAccent = 0x300;
     constexpr wchar_t kLastAccent = 0x36F;
+    constexpr wchar_t kFirstLetter = 0x20;
     constexpr wchar_t kLastLetter = 0x7E;
     const std::wstring wide = toWide(utf8);
     const int length = static_cast<int>(wide.size());
@@ -97,7 +98,8 @@ std::string toPlainLetters(const std::string& utf8) {
     std::string plain;
     for (const wchar_t letter : apart) {
         if (letter < kFirstAccent || letter > kLastAccent) {
-            plain.push_back(letter <= kLastLetter ? static_cast<char>(letter) : '?');
+            const bool isInFont = letter >= kFirstLetter && letter <= kLastLetter;
+            plain.push_back(isInFont ? static_cast<char>(letter) : '?');
         }
     }
     return plain;

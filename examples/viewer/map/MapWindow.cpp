@@ -158,6 +158,13 @@ bool MapWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_RBUTTONUP:
             release();
             return true;
+        case WM_CAPTURECHANGED:
+            // Something else took the mouse in the middle of a drag. Giving it back leads here too, after the
+            // drag.
+            if (isDragging) {
+                release();
+            }
+            return true;
         case WM_MOUSEMOVE:
             move(pointOf(lParam));
             return true;
