@@ -220,8 +220,13 @@ class CQelTrackBall : public IQelTrackBall {
     qel::XPnt3d sphereCurrent;
     qel::XPnt3d sphereStartView;
     qel::XPnt3d sphereCurrentView;
-    qel::matrix<double> pressInverse;
+    qel::matrix<double> pressInverse{4, 4};
     qel::matrix<float> dragRotation;
+    /// @{
+    /// What a move computes with, kept so that a drag takes no memory.
+    qel::matrix<float> turnOfMove{3, 3};
+    qel::matrix<float> dragInverse{4, 4};
+    /// @}
     std::unique_ptr<float[]> depthBuffer;
     std::int32_t depthHeight = 0;
     std::int32_t depthWidth = 0;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
+#include <utility>
 
 namespace qel {
 
@@ -13,11 +13,6 @@ char noCommonSize[] = "Matrices do not have common size";
 char notSquare[] = "matrix<T> must be square.";
 
 }  // namespace
-
-template <class T>
-std::size_t matrix<T>::sizeOf(std::int32_t rowCount, std::int32_t columnCount) noexcept {
-    return static_cast<std::size_t>(rowCount) * static_cast<std::size_t>(columnCount);
-}
 
 template <class T>
 T* matrix<T>::allocate(std::int32_t rowCount, std::int32_t columnCount) {
@@ -40,15 +35,18 @@ matrix<T>::matrix(const matrix& other) : matrix(other.rows, other.cols) {
 
 template <class T>
 matrix<T>& matrix<T>::operator=(const matrix& other) {
-    if (this != &other) {
+    if (this == &other) {
+        return *this;
+    }
+    if (rows != other.rows || cols != other.cols || data == nullptr || isShared()) {
         T* const fresh = allocate(other.rows, other.cols);
         release();
         data = fresh;
         rows = other.rows;
         cols = other.cols;
         addRef();
-        copyElements(other.data);
     }
+    copyElements(other.data);
     return *this;
 }
 
@@ -60,18 +58,6 @@ matrix<T>::~matrix() {
 template <class T>
 bool matrix<T>::isValid() const {
     return data != nullptr;
-}
-
-template <class T>
-std::int32_t matrix<T>::refCount() const noexcept {
-    std::int32_t count = 0;
-    std::memcpy(&count, data + sizeOf(rows, cols), sizeof count);
-    return count;
-}
-
-template <class T>
-void matrix<T>::storeRefCount(std::int32_t count) noexcept {
-    std::memcpy(data + sizeOf(rows, cols), &count, sizeof count);
 }
 
 template <class T>
@@ -89,15 +75,13 @@ std::int32_t matrix<T>::release() noexcept {
 }
 
 template <class T>
-void matrix<T>::detach() {
-    if (data != nullptr && refCount() > 1) {
-        T* const own = allocate(rows, cols);
-        const T* const shared = data;
-        release();
-        data = own;
-        addRef();
-        copyElements(shared);
-    }
+void matrix<T>::leaveSharedBuffer() {
+    T* const own = allocate(rows, cols);
+    const T* const shared = data;
+    release();
+    data = own;
+    addRef();
+    copyElements(shared);
 }
 
 template <class T>
@@ -106,37 +90,14 @@ void matrix<T>::copyElements(const T* source) noexcept {
 }
 
 template <class T>
-T& matrix<T>::at(std::int32_t row, std::int32_t column) noexcept {
-    return data[sizeOf(row, cols) + static_cast<std::size_t>(column)];
-}
-
-template <class T>
-T matrix<T>::element(std::int32_t row, std::int32_t column) const noexcept {
-    if (row < 0 || column < 0 || row >= rows || column >= cols || data == nullptr) {
-        return T{};
-    }
-    return data[sizeOf(row, cols) + static_cast<std::size_t>(column)];
-}
-
-template <class T>
-bool matrix<T>::setElement(std::int32_t row, std::int32_t column, T value) {
-    detach();
-    if (row < 0 || column < 0 || row >= rows || column >= cols || data == nullptr) {
-        return false;
-    }
-    at(row, column) = value;
-    return true;
-}
-
-template <class T>
 void matrix<T>::setIdentity() {
     if (rows != cols) {
         throw static_cast<char*>(notSquare);
     }
-    for (std::int32_t row = 0; row < rows; ++row) {
-        for (std::int32_t column = 0; column < cols; ++column) {
-            setElement(row, column, row == column ? T{1} : T{0});
-        }
+    detach();
+    std::fill_n(data, sizeOf(rows, cols), T{0});
+    for (std::int32_t index = 0; index < rows; ++index) {
+        data[indexOf(index, index)] = T{1};
     }
 }
 
@@ -150,9 +111,9 @@ matrix<T> matrix<T>::operator*(const matrix& other) const {
         for (std::int32_t column = 0; column < other.cols; ++column) {
             T sum{};
             for (std::int32_t k = 0; k < cols; ++k) {
-                sum += other.element(k, column) * element(row, k);
+                sum += other.data[other.indexOf(k, column)] * data[indexOf(row, k)];
             }
-            product.setElement(row, column, sum);
+            product.data[product.indexOf(row, column)] = sum;
         }
     }
     return product;
@@ -163,7 +124,10 @@ bool matrix<T>::operator*=(const matrix& other) {
     if (cols != other.rows) {
         return false;
     }
-    *this = *this * other;
+    matrix product = *this * other;
+    std::swap(rows, product.rows);
+    std::swap(cols, product.cols);
+    std::swap(data, product.data);
     return true;
 }
 
@@ -179,12 +143,20 @@ matrix<T> matrix<T>::inverse() const {
 
 template <class T>
 void matrix<T>::transpose() {
-    const matrix original(*this);
     detach();
+    if (rows == cols) {
+        for (std::int32_t row = 1; row < rows; ++row) {
+            for (std::int32_t column = 0; column < row; ++column) {
+                std::swap(data[indexOf(row, column)], data[indexOf(column, row)]);
+            }
+        }
+        return;
+    }
+    const matrix original(*this);
     std::swap(rows, cols);
     for (std::int32_t row = 0; row < rows; ++row) {
         for (std::int32_t column = 0; column < cols; ++column) {
-            setElement(row, column, original.element(column, row));
+            data[indexOf(row, column)] = original.element(column, row);
         }
     }
 }
@@ -192,14 +164,25 @@ void matrix<T>::transpose() {
 template class matrix<double>;
 template class matrix<float>;
 
-XPnt3d transformPoint(const XPnt3d& point, const matrix<double>& transform) {
-    matrix<double> vector(4, 4);
-    vector.setElement(0, 0, point.x);
-    vector.setElement(0, 1, point.y);
-    vector.setElement(0, 2, point.z);
-    vector.setElement(0, 3, 1.0);
-    vector *= transform;
-    return {vector.element(0, 0), vector.element(0, 1), vector.element(0, 2)};
+template <class T>
+XPnt3d transformPoint(const XPnt3d& point, const matrix<T>& transform) {
+    constexpr std::int32_t kComponents = 4;
+    // A transform that does not fit moves nothing.
+    if (transform.rowCount() != kComponents) {
+        return {point.x, point.y, point.z};
+    }
+    const auto along = [&](std::int32_t column) {
+        const double vector[kComponents] = {point.x, point.y, point.z, 1.0};
+        double sum = 0.0;
+        for (std::int32_t k = 0; k < kComponents; ++k) {
+            sum += static_cast<double>(transform.element(k, column)) * vector[k];
+        }
+        return sum;
+    };
+    return {along(0), along(1), along(2)};
 }
+
+template XPnt3d transformPoint(const XPnt3d& point, const matrix<double>& transform);
+template XPnt3d transformPoint(const XPnt3d& point, const matrix<float>& transform);
 
 }  // namespace qel

@@ -17,8 +17,10 @@ class Elimination {
     Elimination(T* buffer, std::int32_t order)
         : elements(buffer),
           size(static_cast<std::size_t>(order)),
-          pivotRow(new (std::nothrow) std::size_t[size]),
-          pivotColumn(new (std::nothrow) std::size_t[size]) {}
+          largePivotRow(size > kSmall ? new (std::nothrow) std::size_t[size] : nullptr),
+          largePivotColumn(size > kSmall ? new (std::nothrow) std::size_t[size] : nullptr),
+          pivotRow(size > kSmall ? largePivotRow.get() : smallPivotRow),
+          pivotColumn(size > kSmall ? largePivotColumn.get() : smallPivotColumn) {}
 
     [[nodiscard]] bool hasMemory() const { return pivotRow != nullptr && pivotColumn != nullptr; }
 
@@ -42,6 +44,9 @@ class Elimination {
     }
 
   private:
+    /// Up to this order, that of every matrix of a camera, the pivots need no memory from the heap.
+    static constexpr std::size_t kSmall = 4;
+
     T& at(std::size_t row, std::size_t column) { return elements[row * size + column]; }
 
     [[nodiscard]] bool choosePivot(std::size_t step) {
@@ -96,8 +101,12 @@ class Elimination {
 
     T* elements;
     std::size_t size;
-    std::unique_ptr<std::size_t[]> pivotRow;
-    std::unique_ptr<std::size_t[]> pivotColumn;
+    std::size_t smallPivotRow[kSmall] = {};
+    std::size_t smallPivotColumn[kSmall] = {};
+    std::unique_ptr<std::size_t[]> largePivotRow;
+    std::unique_ptr<std::size_t[]> largePivotColumn;
+    std::size_t* pivotRow;
+    std::size_t* pivotColumn;
 };
 
 }  // namespace

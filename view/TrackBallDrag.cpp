@@ -36,11 +36,10 @@ std::int32_t CQelTrackBall::onButtonDown(std::int32_t button, double x, double y
     }
     double vector[3] = {};
     mapToSphere(x, y, vector);
-    qel::matrix<double> modelview(4, 4);
     // The press may come while another view's context is current.
     makeDisplayCurrent();
-    getModelViewMatrix(modelview);
-    pressInverse = modelview.inverse();
+    getModelViewMatrix(pressInverse);
+    pressInverse.invert();
     // Directions only: eye space to model space without the translation.
     for (std::int32_t column = 0; column < 3; ++column) {
         pressInverse.setElement(3, column, 0.0);

@@ -20,16 +20,6 @@ double inRadii(double distance, double radius) {
     return std::isnan(share) ? 0.0 : std::clamp(share, -kFarthestOut, kFarthestOut);
 }
 
-qel::XPnt3d turned(const qel::XPnt3d& point, const qel::matrix<float>& rotation) {
-    qel::matrix<double> wide(4, 4);
-    for (std::int32_t row = 0; row < 4; ++row) {
-        for (std::int32_t column = 0; column < 4; ++column) {
-            wide.setElement(row, column, static_cast<double>(rotation.element(row, column)));
-        }
-    }
-    return qel::transformPoint(point, wide);
-}
-
 }  // namespace
 
 std::int32_t CQelTrackBall::updateSphereRadius() {
@@ -103,12 +93,11 @@ void CQelTrackBall::rotateTo(double x, double y) {
     if (!qel::areFinite(quat.x, quat.y, quat.z, quat.w)) {
         quat = {};
     }
-    qel::matrix<float> rotation(3, 3);
-    qel::setRotationFromQuat(rotation, quat);
+    qel::setRotationFromQuat(turnOfMove, quat);
     // A drag only turns. Taken from the matrix of the last move, the scale would be 1 but for its rounding,
     // which over many moves carries the camera away from the model.
     dragRotation.setIdentity();
-    qel::setRotationKeepScale(dragRotation, rotation);
+    qel::setRotationKeepScale(dragRotation, turnOfMove);
     applyDragRotation();
     updateView();
 }
@@ -117,16 +106,17 @@ std::int32_t CQelTrackBall::applyDragRotation() {
     // Always from the camera as it was at the press: no error adds up over a drag.
     const qel::XPnt3d center = rotationCenter;
     dragRotation.transpose();
-    qel::XPnt3d newUp = turned(dragUp, dragRotation);
+    qel::XPnt3d newUp = qel::transformPoint(dragUp, dragRotation);
     newUp.normalize();
-    const bool isPlaced = placeEyeAndTarget(turned(dragEye - center, dragRotation) + center,
-                                            turned(dragTarget - center, dragRotation) + center);
+    const bool isPlaced = placeEyeAndTarget(qel::transformPoint(dragEye - center, dragRotation) + center,
+                                            qel::transformPoint(dragTarget - center, dragRotation) + center);
     if (isPlaced && qel::isFinite(newUp)) {
         up = newUp;
     }
     dragRotation.transpose();
-    const qel::matrix<float> inverse = dragRotation.inverse();
-    sphereStartView = turned(sphereStart, inverse);
-    sphereCurrentView = turned(sphereCurrent, inverse);
+    dragInverse = dragRotation;
+    dragInverse.invert();
+    sphereStartView = qel::transformPoint(sphereStart, dragInverse);
+    sphereCurrentView = qel::transformPoint(sphereCurrent, dragInverse);
     return 1;
 }
