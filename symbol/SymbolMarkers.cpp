@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 
 #include "CQelSimpSymbol.h"
@@ -38,6 +39,36 @@ void emitLineAlongZ(const qel::XPnt3d& center, double halfLength) {
     glVertex3d(center.x, center.y, center.z - halfLength);
     glVertex3d(center.x, center.y, center.z + halfLength);
 }
+
+/// The circle of radius 1. It does not close by itself: it runs slightly past a full turn, so that its ends
+/// overlap.
+class UnitCircle {
+  public:
+    struct Direction {
+        double sine;
+        double cosine;
+    };
+
+    UnitCircle() {
+        float angle = 0.0F;
+        for (Direction& direction : directions) {
+            const auto radians = static_cast<double>(angle);
+            direction = {std::sin(radians), std::cos(radians)};
+            // In single precision, rounding as it goes.
+            angle += kStepRadians;
+        }
+    }
+
+    [[nodiscard]] auto begin() const { return directions.begin(); }
+    [[nodiscard]] auto end() const { return directions.end(); }
+
+  private:
+    static constexpr float kStepRadians = 0.3F;
+    /// The last one at 6.3 radians.
+    static constexpr std::size_t kVertices = 22;
+
+    std::array<Direction, kVertices> directions{};
+};
 
 // True if a sequence counts points and has no memory for them: there is nothing to draw, and nothing to read.
 bool lacksMemory(const void* points, std::int32_t count) {
@@ -212,18 +243,13 @@ std::int32_t CQelSimpSymbol::drawSegmentFrame(const qel::XPnt3d& from, const qel
 
 std::int32_t CQelSimpSymbol::drawCircle(const qel::XPnt3d& center, double radius, float width,
                                         qel::QelColor3f given, bool lighting, bool depthTest) {
-    // The strip is not a loop: it runs slightly past a full turn, so that its ends overlap.
-    constexpr double kLastAngleRadians = 6.597344272932943;
-    constexpr float kStepRadians = 0.3F;
+    static const UnitCircle unitCircle;
 
     const StyleGuards guards(given, GL_LINE_WIDTH, width, lighting, depthTest);
     glBegin(GL_LINE_STRIP);
-    float angle = 0.0F;
-    while (static_cast<double>(angle) <= kLastAngleRadians) {
-        const auto radians = static_cast<double>(angle);
-        glVertex3f(static_cast<float>(std::sin(radians) * radius + center.x),
-                   static_cast<float>(std::cos(radians) * radius + center.y), 0.0F);
-        angle += kStepRadians;
+    for (const UnitCircle::Direction& direction : unitCircle) {
+        glVertex3f(static_cast<float>(direction.sine * radius + center.x),
+                   static_cast<float>(direction.cosine * radius + center.y), 0.0F);
     }
     glEnd();
     return 0;

@@ -134,7 +134,9 @@ class CQelTrackBall : public IQelTrackBall {
     /// Copies the depth of the whole back buffer.
     void readDepthBuffer();
     /// Reads back what the dirty flags name; returns 1 if nothing was dirty, else 0.
-    std::int32_t updateGlMatrices();
+    std::int32_t updateGlMatrices() {
+        return modelviewDirty || projectionDirty || viewportDirty ? readGlMatrices() : 1;
+    }
     /// OpenGL's model-view matrix as a matrix for row vectors.
     void getModelViewMatrix(qel::matrix<double>& m);
 
@@ -155,6 +157,7 @@ class CQelTrackBall : public IQelTrackBall {
         double y = 0.0;
     };
 
+    std::int32_t readGlMatrices();
     void makeDisplayCurrent();
     /// Window depth of a pixel of the back buffer; 1 outside of it.
     [[nodiscard]] float depthAt(double x, double y);

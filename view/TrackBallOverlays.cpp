@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
@@ -20,19 +21,47 @@ void vertex(const qel::XPnt3d& point) {
     glVertex3d(point.x, point.y, point.z);
 }
 
+/// Cosine and sine of each point of a ring, the full turn included.
+class RingAngles {
+  public:
+    struct Angle {
+        float cosine;
+        float sine;
+    };
+
+    RingAngles() {
+        for (std::size_t segment = 0; segment < angles.size(); ++segment) {
+            const float radians = static_cast<float>(segment) * kRadiansPerSegment;
+            angles[segment] = {std::cos(radians), std::sin(radians)};
+        }
+    }
+
+    [[nodiscard]] const Angle& operator[](int segment) const {
+        return angles[static_cast<std::size_t>(segment)];
+    }
+
+  private:
+    std::array<Angle, kSegmentsOfARing + 1> angles{};
+};
+
+const RingAngles& ringAngles() {
+    static const RingAngles angles;
+    return angles;
+}
+
 /// Points of a circle, computed in single precision around a centre in double precision.
 struct Ring {
+    const RingAngles& angles;
     qel::XPnt3d center;
     qel::XPnt3f first;
     qel::XPnt3f second;
 
     Ring(const qel::XPnt3d& middle, const qel::XPnt3d& firstAxis, const qel::XPnt3d& secondAxis,
          double radius)
-        : center(middle), first(firstAxis * radius), second(secondAxis * radius) {}
+        : angles(ringAngles()), center(middle), first(firstAxis * radius), second(secondAxis * radius) {}
 
     [[nodiscard]] qel::XPnt3d pointAt(int segment) const {
-        const float angle = static_cast<float>(segment) * kRadiansPerSegment;
-        return center + qel::XPnt3d(first * std::cos(angle) + second * std::sin(angle));
+        return center + qel::XPnt3d(first * angles[segment].cosine + second * angles[segment].sine);
     }
 };
 

@@ -18,6 +18,21 @@ constexpr double kPickReach = 20.0;
 constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
 constexpr double kOnPlane = 0.000001;
 
+/// Window depth of one pixel. Setting the host's padding aside costs a quarter of such a read; a single value
+/// lies where it should unless something is skipped before it.
+void readPixelDepth(std::int32_t column, std::int32_t row, float& depth) {
+    GLint skippedRows = 0;
+    GLint skippedPixels = 0;
+    glGetIntegerv(GL_PACK_SKIP_ROWS, &skippedRows);
+    glGetIntegerv(GL_PACK_SKIP_PIXELS, &skippedPixels);
+    if (skippedRows == 0 && skippedPixels == 0) {
+        glReadPixels(column, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+    } else {
+        const qel::PixelPackScope packing;
+        glReadPixels(column, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+    }
+}
+
 /// Mean depth of what is drawn in the square around a window position; false if nothing is.
 bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, double& mean) {
     const double left = std::max(0.0, x - kPickReach);
@@ -53,10 +68,7 @@ bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, do
 
 }  // namespace
 
-std::int32_t CQelTrackBall::updateGlMatrices() {
-    if (!modelviewDirty && !projectionDirty && !viewportDirty) {
-        return 1;
-    }
+std::int32_t CQelTrackBall::readGlMatrices() {
     makeDisplayCurrent();
     if (modelviewDirty) {
         glGetDoublev(GL_MODELVIEW_MATRIX, modelviewMatrix);
@@ -126,8 +138,7 @@ float CQelTrackBall::depthAt(double x, double y) {
     const std::int32_t row = qel::truncateToInt(y);
     if (!ownerGone && qel::isReadablePixel(column, row)) {
         glReadBuffer(GL_BACK);
-        const qel::PixelPackScope packing;
-        glReadPixels(column, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
+        readPixelDepth(column, row, depth);
     }
     return depth;
 }

@@ -162,5 +162,22 @@ TEST_F(SteadyFrame, TakesMemoryForANewSizeOnly) {
     EXPECT_GE(heap.servedBlocks() - before, 3U);
 }
 
+TEST(AttachedDisplay, HoldsItsCopiesOfTheFrameAndLittleElse) {
+    constexpr std::size_t kBytesAPixel = 24;
+    constexpr std::size_t kLittle = std::size_t{64} * 1024;
+    const TestWindow window(640, 480);
+    const GuardedHeap heap;
+    const std::size_t before = GuardedHeap::liveBytes();
+    const HeldDisplay display;
+    display.attach(window);
+    display->beginFrame(0);
+    display->finishFrame();
+    const std::size_t held = GuardedHeap::liveBytes() - before;
+    const std::size_t copies = kBytesAPixel * 640 * 480;
+    EXPECT_GE(held, copies);
+    EXPECT_LE(held, copies + kLittle);
+    RecordProperty("bytes_beside_the_copies", static_cast<int>(held - copies));
+}
+
 }  // namespace
 }  // namespace qel::test
