@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Operation.h"
+
+namespace qel::bench {
+
+void addMeshBenches(Operations& all);
+void addCloudBenches(Operations& all);
+void addGeometryBenches(Operations& all);
+void addLineMarkerBenches(Operations& all);
+void addPointMarkerBenches(Operations& all);
+void addTextBenches(Operations& all);
+void addFrameBenches(Operations& all);
+void addDragBenches(Operations& all);
+
+/// Everything that is measured, in the order of the report.
+[[nodiscard]] inline Operations allOperations() {
+    Operations all;
+    addMeshBenches(all);
+    addCloudBenches(all);
+    addGeometryBenches(all);
+    addLineMarkerBenches(all);
+    addPointMarkerBenches(all);
+    addTextBenches(all);
+    addFrameBenches(all);
+    addDragBenches(all);
+    return all;
+}
+
+}  // namespace qel::bench
