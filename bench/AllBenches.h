@@ -11,7 +11,13 @@ void addLineMarkerBenches(Operations& all);
 void addPointMarkerBenches(Operations& all);
 void addTextBenches(Operations& all);
 void addFrameBenches(Operations& all);
+void addPickBenches(Operations& all);
 void addDragBenches(Operations& all);
+void addFitBenches(Operations& all);
+void addMatrixBenches(Operations& all);
+void addGdiBenches(Operations& all);
+void addWholeFrameBenches(Operations& all);
+void addGrowthBenches(Operations& all);
 
 /// Everything that is measured, in the order of the report.
 [[nodiscard]] inline Operations allOperations() {
@@ -23,7 +29,13 @@ void addDragBenches(Operations& all);
     addPointMarkerBenches(all);
     addTextBenches(all);
     addFrameBenches(all);
+    addPickBenches(all);
     addDragBenches(all);
+    addFitBenches(all);
+    addMatrixBenches(all);
+    addGdiBenches(all);
+    addWholeFrameBenches(all);
+    addGrowthBenches(all);
     return all;
 }
 

@@ -18,6 +18,8 @@ Bound boundOf(Kind kind) {
         case Kind::Ball:
         case Kind::FrameOfPolylines:
         case Kind::Projection:
+        case Kind::Gdi:
+        case Kind::Growth:
             return {1.10, 0.0};
         case Kind::FrameBracket:
         case Kind::Capture:
@@ -27,7 +29,6 @@ Bound boundOf(Kind kind) {
         case Kind::Text:
         case Kind::Fit:
         case Kind::Arithmetic:
-        case Kind::Gdi:
             return {};
     }
     return {};

@@ -23,6 +23,7 @@ enum class Kind : std::uint8_t {
     FrameOfMesh,
     FrameOfCloud,
     FrameOfPolylines,
+    Growth,
 };
 
 /// What is allowed; 0 where nothing is promised.
@@ -35,8 +36,6 @@ struct Bound {
 
 [[nodiscard]] Bound boundOf(Kind kind);
 
-/// Growth of the time for one vertex or one call from few to many of them.
-inline constexpr double kLargestGrowth = 1.10;
 /// Memory of an attached display beside OpenGL's own.
 inline constexpr double kBytesOfAPixel = 24.0;
 inline constexpr double kBytesOfADisplay = 64.0 * 1024.0;

@@ -4,8 +4,7 @@
 #include <vector>
 
 #include "AllBenches.h"
-#include "ByHand.h"
-#include "CameraByHand.h"
+#include "FrameByHand.h"
 
 /// The brackets of a frame at 1920 x 1080 without anything drawn between them.
 
@@ -40,56 +39,6 @@ struct FrameScene {
 };
 
 using SharedScene = std::shared_ptr<FrameScene>;
-
-void beginFrameByHand(const BareView& view) {
-    makeCurrent(view);
-    glDrawBuffer(GL_BACK);
-    glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    setLights(view);
-    GLint ignored[16];
-    glGetIntegerv(GL_LIGHT0, ignored);
-}
-
-void selectBackBuffer() {
-    glDrawBuffer(GL_BACK);
-    glGetError();
-}
-
-void beginDrawByHand(const BareView& view) {
-    makeCurrent(view);
-    selectBackBuffer();
-}
-
-void endFrameByHand(const BareView& view) {
-    glDrawBuffer(GL_BACK);
-    glGetError();
-    asLines(QelColor3f(1.0F, 0.0F, 0.0F), 2.0F, false, false, [] {
-        glBegin(GL_LINES);
-        glVertex3d(8.0, 10.0, 0.0);
-        glVertex3d(12.0, 10.0, 0.0);
-        glVertex3d(10.0, 8.0, 0.0);
-        glVertex3d(10.0, 12.0, 0.0);
-        glVertex3d(10.0, 10.0, -2.0);
-        glVertex3d(10.0, 10.0, 2.0);
-        glEnd();
-    });
-    SwapBuffers(view.dc);
-    loadCamera(view);
-}
-
-/// Rows without padding for what is read meanwhile.
-template <class Read>
-void packed(Read read) {
-    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
-    glPixelStorei(GL_PACK_SWAP_BYTES, GL_FALSE);
-    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
-    glPixelStorei(GL_PACK_SKIP_ROWS, 0);
-    glPixelStorei(GL_PACK_SKIP_PIXELS, 0);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    read();
-    glPopClientAttrib();
-}
 
 void linePair(const XPnt3d& tip, float red, float green, float blue) {
     glColor3f(red, green, blue);
@@ -222,7 +171,7 @@ void addFrameBenches(Operations& all) {
         },
         [](FrameScene& scene) {
             beginDrawByHand(scene.view);
-            selectBackBuffer();
+            endDrawByHand();
         });
     addBracket(
         all, "beginDraw and endFrame",
@@ -244,7 +193,7 @@ void addFrameBenches(Operations& all) {
         },
         [](FrameScene& scene) {
             restoreCacheByHand(scene);
-            selectBackBuffer();
+            endDrawByHand();
         });
 }
 

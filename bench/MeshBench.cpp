@@ -1,7 +1,7 @@
 #include <memory>
 
 #include "AllBenches.h"
-#include "ByHand.h"
+#include "MeshByHand.h"
 #include "Models.h"
 #include "Rig.h"
 
@@ -34,56 +34,6 @@ struct MeshScene {
 
 using SharedScene = std::shared_ptr<const MeshScene>;
 
-struct KeptModes {
-    GLint shadeModel = 0;
-    GLint polygon[2] = {};
-};
-
-KeptModes smoothAndFilled() {
-    KeptModes was;
-    glGetIntegerv(GL_SHADE_MODEL, &was.shadeModel);
-    glShadeModel(GL_SMOOTH);
-    glGetIntegerv(GL_POLYGON_MODE, was.polygon);
-    glPolygonMode(GL_FRONT, GL_FILL);
-    glPolygonMode(GL_BACK, GL_FILL);
-    return was;
-}
-
-void modesBack(const KeptModes& was) {
-    glShadeModel(static_cast<GLenum>(was.shadeModel));
-    glPolygonMode(GL_FRONT, static_cast<GLenum>(was.polygon[0]));
-    glPolygonMode(GL_BACK, static_cast<GLenum>(was.polygon[1]));
-}
-
-/// The state of a mesh around what `draw` draws from the arrays.
-template <class Draw>
-void asMesh(const MeshScene& scene, GLenum normalType, GLsizei normalStride, const void* normals, Draw draw) {
-    const bool wasLit = switched(GL_LIGHTING, scene.style.lighting);
-    const bool wasTested = switched(GL_DEPTH_TEST, scene.style.depthTest);
-    const float oldWidth = widened(scene.style.width);
-    const float oldSize = enlarged(scene.style.width);
-    const bool wasTextured = switched(GL_TEXTURE_2D, false);
-    const KeptModes modes = smoothAndFilled();
-    glEnableClientState(GL_VERTEX_ARRAY);
-    glVertexPointer(3, GL_FLOAT, sizeof(ArrayVertex), scene.vertices->data());
-    glEnableClientState(GL_NORMAL_ARRAY);
-    glNormalPointer(normalType, normalStride, normals);
-    glEnableClientState(GL_COLOR_ARRAY);
-    glColorPointer(3, GL_FLOAT, sizeof(ArrayColor4f), scene.colors->data());
-    glIsTexture(0);
-    draw();
-    glDisableClientState(GL_VERTEX_ARRAY);
-    glDisableClientState(GL_NORMAL_ARRAY);
-    glDisableClientState(GL_COLOR_ARRAY);
-    glIsTexture(0);
-    modesBack(modes);
-    switchTo(GL_TEXTURE_2D, wasTextured);
-    glPointSize(oldSize);
-    glLineWidth(oldWidth);
-    switchTo(GL_DEPTH_TEST, wasTested);
-    switchTo(GL_LIGHTING, wasLit);
-}
-
 Forms meshForms(const MeshData& data) {
     const SharedScene scene = std::make_shared<MeshScene>(data);
     Forms forms;
@@ -92,8 +42,9 @@ Forms meshForms(const MeshData& data) {
                                      GL_SMOOTH, GL_FILL, GL_FILL, scene->style);
     });
     forms.bare = repeated([scene] {
-        asMesh(*scene, GL_BYTE, sizeof(ArrayNormal3b), scene->byteNormals->data(),
-               [&] { glDrawArrays(GL_TRIANGLES, 0, scene->vertices->count()); });
+        const MeshMemory memory{scene->vertices->data(), GL_BYTE, sizeof(ArrayNormal3b),
+                                scene->byteNormals->data(), scene->colors->data()};
+        asMesh(scene->style, memory, [&] { glDrawArrays(GL_TRIANGLES, 0, scene->vertices->count()); });
     });
     forms.settle = Rig::finish;
     return forms;
@@ -108,7 +59,9 @@ Forms indexedMeshForms(const MeshData& data) {
                                             scene->style);
     });
     forms.bare = repeated([scene] {
-        asMesh(*scene, GL_FLOAT, sizeof(ArrayNormal4f), scene->floatNormals->data(), [&] {
+        const MeshMemory memory{scene->vertices->data(), GL_FLOAT, sizeof(ArrayNormal4f),
+                                scene->floatNormals->data(), scene->colors->data()};
+        asMesh(scene->style, memory, [&] {
             glDrawElements(GL_TRIANGLES, scene->indices->count(), GL_UNSIGNED_INT, scene->indices->data());
         });
     });
