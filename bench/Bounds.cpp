@@ -29,6 +29,7 @@ Bound boundOf(Kind kind) {
         case Kind::Text:
         case Kind::Fit:
         case Kind::Arithmetic:
+        case Kind::Start:
             return {};
     }
     return {};

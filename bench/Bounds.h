@@ -24,6 +24,7 @@ enum class Kind : std::uint8_t {
     FrameOfCloud,
     FrameOfPolylines,
     Growth,
+    Start,
 };
 
 /// What is allowed; 0 where nothing is promised.

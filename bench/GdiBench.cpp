@@ -44,12 +44,16 @@ class GdiScene {
         display->endDraw();
     }
 
-    void drawByHand() const {
+    void drawByHand() {
         HDC const dc = reinterpret_cast<HDC>(window.dc());
+        // As the display does: what was selected before a redraw is selected before the next one's tools are
+        // made.
+        SelectObject(dc, oldPen);
+        SelectObject(dc, oldBrush);
         HPEN const pen = CreatePen(PS_SOLID, display->getPenWidth(), display->getPenColor());
         HBRUSH const brush = CreateHatchBrush(HS_DIAGCROSS, display->getBrushColor());
-        HGDIOBJ const oldPen = SelectObject(dc, pen);
-        HGDIOBJ const oldBrush = SelectObject(dc, brush);
+        oldPen = SelectObject(dc, pen);
+        oldBrush = SelectObject(dc, brush);
         for (const std::vector<XPnt3d>& line : lines) {
             for (std::size_t i = 0; i + 1 < line.size(); ++i) {
                 MoveToEx(dc, column(line[i].x), row(line[i].y), nullptr);
@@ -77,6 +81,8 @@ class GdiScene {
     Enve2d extent;
     double scale = 1.0;
     std::vector<std::vector<XPnt3d>> lines;
+    HGDIOBJ oldPen = GetStockObject(BLACK_PEN);
+    HGDIOBJ oldBrush = GetStockObject(WHITE_BRUSH);
 };
 
 Forms redrawForms(Size size) {

@@ -30,6 +30,10 @@ struct Forms {
     Form bare;
     /// Ends a sample: what was only begun is waited for. May be empty.
     std::function<void()> settle;
+    /// False where nothing sensible is left without the real functions, or where own costs say nothing.
+    bool hasOwnCost = true;
+    /// Depth that the module reads where the own cost is measured without OpenGL; 1 is background.
+    float depthRead = 1.0F;
     /// How many things of the operation's unit one call does.
     std::int64_t units = 1;
 };

@@ -54,16 +54,17 @@ struct PickScene {
     double sum = 0.0;
 };
 
-void addQuery(Operations& all, const char* name, Kind kind, void (*module)(PickScene&),
-              void (*bare)(PickScene&)) {
-    const auto prepare = [module, bare](Size) {
+void addQuery(Operations& all, const char* name, void (*module)(PickScene&), void (*bare)(PickScene&),
+              float depthRead = 1.0F) {
+    const auto prepare = [module, bare, depthRead](Size) {
         const auto scene = std::make_shared<PickScene>();
         Forms forms;
         forms.module = repeated([scene, module] { module(*scene); });
         forms.bare = repeated([scene, bare] { bare(*scene); });
+        forms.depthRead = depthRead;
         return forms;
     };
-    all.push_back({name, "call", kind, prepare});
+    all.push_back({name, "call", Kind::Projection, prepare});
 }
 
 float depthAt(double x, double y) {
@@ -118,17 +119,17 @@ void pickByHand(PickScene& scene, double x, double y, double meanDepth) {
 
 void addPicks(Operations& all) {
     addQuery(
-        all, "pickModelPnt, hit", Kind::Projection,
+        all, "pickModelPnt, hit",
         [](PickScene& scene) { scene.sum += scene.rig.camera().pickModelPnt(400.0, 300.0).x; },
-        [](PickScene& scene) { pickByHand(scene, 400.0, 300.0, 0.5); });
+        [](PickScene& scene) { pickByHand(scene, 400.0, 300.0, 0.5); }, 0.5F);
     addQuery(
-        all, "pickModelPnt, neighbourhood", Kind::Projection,
+        all, "pickModelPnt, neighbourhood",
         [](PickScene& scene) {
             scene.sum += scene.rig.camera().pickModelPnt(scene.besideX, scene.besideY).x;
         },
         [](PickScene& scene) { pickByHand(scene, scene.besideX, scene.besideY, 0.5); });
     addQuery(
-        all, "pickModelPnt, empty, mean depth known", Kind::Projection,
+        all, "pickModelPnt, empty, mean depth known",
         [](PickScene& scene) { scene.sum += scene.rig.camera().pickModelPnt(30.0, 30.0).x; },
         [](PickScene& scene) {
             static const double mean = meanOfCopy([&] {
@@ -139,7 +140,7 @@ void addPicks(Operations& all) {
             pickByHand(scene, 30.0, 30.0, mean);
         });
     addQuery(
-        all, "refreshDepth, pickModelPnt, mean depth new", Kind::Projection,
+        all, "refreshDepth, pickModelPnt, mean depth new",
         [](PickScene& scene) {
             scene.rig.camera().refreshDepth();
             scene.sum += scene.rig.camera().pickModelPnt(30.0, 30.0).x;
@@ -188,24 +189,23 @@ bool isPointSeenByHand(const BareView& view, const XPnt3d& point) {
 
 void addPickBenches(Operations& all) {
     addQuery(
-        all, "project", Kind::Projection,
-        [](PickScene& scene) { scene.sum += scene.rig.camera().project(0.1, 0.2, 0.3).x; },
+        all, "project", [](PickScene& scene) { scene.sum += scene.rig.camera().project(0.1, 0.2, 0.3).x; },
         [](PickScene& scene) {
             scene.sum += projected(*scene.view, {0.1, 0.2, 0.3}).x;
         });
     addQuery(
-        all, "unProject", Kind::Projection,
+        all, "unProject",
         [](PickScene& scene) { scene.sum += scene.rig.camera().unProject(100.0, 200.0, 0.5).x; },
         [](PickScene& scene) { scene.sum += unProjected(*scene.view, 100.0, 200.0, 0.5).x; });
     addPicks(all);
     addQuery(
-        all, "isBoxVisible", Kind::Projection,
+        all, "isBoxVisible",
         [](PickScene& scene) {
             scene.sum += scene.rig.camera().isBoxVisible({-0.5, 0.5, -0.5, 0.5, -0.5, 0.5}) ? 1.0 : 0.0;
         },
         [](PickScene& scene) { scene.sum += isBoxSeenByHand(*scene.view) ? 1.0 : 0.0; });
     addQuery(
-        all, "isPntInView", Kind::Projection,
+        all, "isPntInView",
         [](PickScene& scene) { scene.sum += scene.rig.camera().isPntInView(0.1, 0.2, 0.3) ? 1.0 : 0.0; },
         [](PickScene& scene) {
             scene.sum += isPointSeenByHand(*scene.view, {0.1, 0.2, 0.3}) ? 1.0 : 0.0;

@@ -7,6 +7,7 @@
 #include "EmptyGl.h"
 #include "Pairs.h"
 #include "QelGl.h"
+#include "Quantities.h"
 #include "Report.h"
 #include "Rig.h"
 #include "Traces.h"
@@ -61,6 +62,7 @@ void measureOwnCost(const Operation& operation, Forms forms, double emptyCall, F
     {
         const EmptyGl empty;
         forms.settle = nullptr;
+        EmptyGl::answerDepth(forms.depthRead);
         finding.own = ownCostOf(forms);
     }
     const Forms few = operation.prepare(Size::Small);
@@ -77,7 +79,7 @@ Finding measure(const Operation& operation, double emptyCall, const Options& opt
     if (!options.onlyOwnCost && forms.bare) {
         finding.pair = pairOf(forms, finding.bound, options);
     }
-    if (!options.onlyPairs) {
+    if (!options.onlyPairs && forms.hasOwnCost) {
         measureOwnCost(operation, forms, emptyCall, finding);
     }
     return finding;
@@ -100,6 +102,12 @@ int measureAll(const Operations& operations, const Options& options) {
         if (options.wants(operation.name)) {
             report.findings.push_back(measure(operation, report.emptyCallNanoseconds, options));
             printFinding(report.findings.back());
+        }
+    }
+    for (const Measurement& measurement : allMeasurements()) {
+        if (options.wants(measurement.name)) {
+            report.quantities.push_back(measurement.measure());
+            printQuantity(report.quantities.back());
         }
     }
     if (!options.json.empty()) {
@@ -154,6 +162,9 @@ int run(const Options& options) {
     if (options.list) {
         for (const Operation& operation : operations) {
             std::printf("%s\n", operation.name.c_str());
+        }
+        for (const Measurement& measurement : allMeasurements()) {
+            std::printf("%s\n", measurement.name.c_str());
         }
         return 0;
     }
