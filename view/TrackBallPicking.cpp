@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <cstring>
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
@@ -16,6 +16,8 @@ namespace {
 constexpr double kPickReach = 20.0;
 /// The largest square of depth values that can come of it, edges rounded.
 constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
+/// A float of such bytes is not a number.
+constexpr int kNotANumberByte = 0xFF;
 constexpr double kOnPlane = 0.000001;
 
 /// Window depth of one pixel. Setting the host's padding aside costs a quarter of such a read; a single value
@@ -49,7 +51,8 @@ bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, do
     const std::int32_t height = qel::truncateToInt(top) - y0;
     const std::size_t area = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     float depths[kMostPickPixels];
-    std::fill_n(depths, area, 1.0F);
+    // What OpenGL does not write stays not a number, which is no depth of anything drawn.
+    std::memset(depths, kNotANumberByte, area * sizeof *depths);
     {
         const qel::PixelPackScope packing;
         glReadPixels(x0, y0, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, depths);
