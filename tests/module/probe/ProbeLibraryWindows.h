@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <initializer_list>
+
 /// The library under test, as the scenes load it themselves.
 
 inline constexpr wchar_t kLibrary[] = L"QelDisplay64t.dll";
