@@ -1,5 +1,4 @@
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 #include "CQelTrackBall.h"
@@ -9,7 +8,8 @@
 #include "QelTruncate.h"
 
 std::int32_t CQelTrackBall::onResize(std::uint32_t width, std::uint32_t height) {
-    constexpr std::uint32_t kLargest = std::numeric_limits<std::int32_t>::max();
+    // In single precision the next one is 2^31, which OpenGL would be given as a negative size.
+    constexpr std::uint32_t kLargest = 2147483520;
     if (width == 0 || height == 0 || width > kLargest || height > kLargest) {
         return 1;
     }

@@ -47,8 +47,13 @@ bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, do
     }
     const std::int32_t x0 = qel::truncateToInt(left);
     const std::int32_t y0 = qel::truncateToInt(bottom);
-    const std::int32_t width = qel::truncateToInt(right) - x0;
-    const std::int32_t height = qel::truncateToInt(top) - y0;
+    const std::int32_t x1 = qel::truncateToInt(right);
+    const std::int32_t y1 = qel::truncateToInt(top);
+    if (!qel::isReadablePixel(x1, y1)) {
+        return false;
+    }
+    const std::int32_t width = x1 - x0;
+    const std::int32_t height = y1 - y0;
     const std::size_t area = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     float depths[kMostPickPixels];
     // What OpenGL does not write stays not a number, which is no depth of anything drawn.

@@ -37,6 +37,9 @@ struct Service {
     std::atomic<std::size_t> untilRefusal = 0;
     std::atomic<DWORD> refusedThread = 0;
     std::atomic<bool> refused = false;
+    /// Larger requests are refused, whoever makes them.
+    std::atomic<std::size_t> largestServed = SIZE_MAX;
+    std::atomic<std::size_t> largestRefused = 0;
 };
 
 Service service;
@@ -54,7 +57,11 @@ struct Originals {
 
 Originals original;
 
-bool refusesThisOne() {
+bool refusesThisOne(std::size_t size) {
+    if (size > service.largestServed) {
+        service.largestRefused = std::max(service.largestRefused.load(), size);
+        return true;
+    }
     if (service.untilRefusal == 0 || service.refusedThread != GetCurrentThreadId() ||
         --service.untilRefusal > 0) {
         return false;
@@ -89,7 +96,7 @@ bool releasedHere(void* block) {
 }
 
 void* hookMalloc(std::size_t size) {
-    if (refusesThisOne()) {
+    if (refusesThisOne(size)) {
         return nullptr;
     }
     void* const block = served(size, service.alignment);
@@ -98,10 +105,10 @@ void* hookMalloc(std::size_t size) {
 
 /// Pages that are new hold zeros.
 void* hookCalloc(std::size_t count, std::size_t size) {
-    if (refusesThisOne()) {
+    const bool fits = size == 0 || count <= SIZE_MAX / size;
+    if (refusesThisOne(fits ? count * size : SIZE_MAX)) {
         return nullptr;
     }
-    const bool fits = size == 0 || count <= SIZE_MAX / size;
     void* const block = fits ? served(count * size, service.alignment) : nullptr;
     return block != nullptr ? block : original.allocateZeroed(count, size);
 }
@@ -130,7 +137,7 @@ void hookFree(void* block) {
 }
 
 void* hookAlignedMalloc(std::size_t size, std::size_t alignment) {
-    if (refusesThisOne()) {
+    if (refusesThisOne(size)) {
         return nullptr;
     }
     void* const block = served(size, std::max(alignment, service.alignment.load()));
@@ -259,6 +266,7 @@ GuardedHeap::GuardedHeap(BlockEnd end) {
 GuardedHeap::~GuardedHeap() {
     service.serves = false;
     service.untilRefusal = 0;
+    service.largestServed = SIZE_MAX;
     RemoveVectoredExceptionHandler(faultDescriber);
 }
 
@@ -270,6 +278,15 @@ void GuardedHeap::refuse(std::size_t nth) {
 
 bool GuardedHeap::hasRefused() const {
     return service.refused;
+}
+
+void GuardedHeap::refuseAbove(std::size_t bytes) {
+    service.largestRefused = 0;
+    service.largestServed = bytes;
+}
+
+std::size_t GuardedHeap::largestRefused() const {
+    return service.largestRefused;
 }
 
 std::size_t GuardedHeap::servedBlocks() const {

@@ -51,6 +51,12 @@ class GuardedHeap {
     static std::size_t liveBlocks();
     static std::size_t liveBytes();
 
+    /// From now on a request of more than `bytes` finds no memory, on whatever thread; SIZE_MAX for no such
+    /// bound.
+    void refuseAbove(std::size_t bytes);
+    /// The largest request that found none since `refuseAbove` was called, in bytes; 0 if there was none.
+    std::size_t largestRefused() const;
+
     /// Blocks of the process, freed or not, behind whose end something was written within the alignment.
     static std::size_t damagedBlocks();
 

@@ -131,6 +131,20 @@ TEST(GuardedHeap, CountsLiveBytes) {
     EXPECT_EQ(GuardedHeap::liveBytes(), before);
 }
 
+TEST(GuardedHeap, RefusesWhatIsLargerThanItsBoundAndTellsHowMuchWasAsked) {
+    GuardedHeap heap;
+    heap.refuseAbove(1000);
+    delete[] block(1000);
+    EXPECT_EQ(heap.largestRefused(), 0U);
+    EXPECT_THROW(block(1001), std::bad_alloc);
+    EXPECT_THROW(block(5000), std::bad_alloc);
+    EXPECT_THROW(block(2000), std::bad_alloc);
+    EXPECT_EQ(heap.largestRefused(), 5000U);
+    heap.refuseAbove(SIZE_MAX);
+    delete[] block(5000);
+    EXPECT_EQ(heap.largestRefused(), 0U);
+}
+
 TEST(GuardedHeapDeathTest, SaysWhichBlockWasLeft) {
     EXPECT_DEATH(
         {

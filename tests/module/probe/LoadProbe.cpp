@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "ProbeScenes.h"
@@ -21,6 +22,14 @@ int main(int count, char** arguments) {
         if (count == 2 && std::strcmp(arguments[1], scene.name) == 0) {
             return scene.play();
         }
+    }
+    if (count == 6 && std::strcmp(arguments[1], "load-storm") == 0) {
+        return loadStorm(std::atoi(arguments[2]), std::atoi(arguments[3]),
+                         static_cast<unsigned>(std::strtoul(arguments[4], nullptr, 10)),
+                         std::atoi(arguments[5]));
+    }
+    if (count == 3 && std::strcmp(arguments[1], "end") == 0) {
+        return endTheProcess(arguments[2]);
     }
     std::fprintf(stderr, "no such scene\n");
     return kUnknownScene;

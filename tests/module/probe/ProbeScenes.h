@@ -16,3 +16,9 @@ int loadAndWatchThread();
 int endWithDisplays();
 /// Ends while threads ask for the public symbol.
 int endWhileThreadsAsk();
+/// Loads and unloads `copies` copies of the library, each on a thread of its own, `cycles` times in all, and
+/// gives each back at a random moment of the first six seconds. The library's sleep and these moments are
+/// shortened `hurry` times.
+int loadStorm(int cycles, int copies, unsigned seed, int hurry);
+/// Ends the process with displays and symbols alive, in the named way.
+int endTheProcess(const char* way);

@@ -10,19 +10,13 @@
 #include <cstdio>
 
 #include "ExportStandInWindows.h"
+#include "ProbeLibraryWindows.h"
 #include "QelDisplay64t.h"
+#include "kit/OpenHandles.h"
 
 namespace {
 
-constexpr wchar_t kLibrary[] = L"QelDisplay64t.dll";
 constexpr int kFailed = 90;
-
-/// What the library stands on, so that only the library itself is led to a stand-in.
-void loadFoundations() {
-    for (const wchar_t* const name : {L"QelGeometry64t.dll", L"Qt5Core.dll", L"glu32.dll", L"opengl32.dll"}) {
-        LoadLibraryW(name);
-    }
-}
 
 bool isLoaded() {
     return GetModuleHandleW(kLibrary) != nullptr;
@@ -80,12 +74,6 @@ std::uintptr_t watchedThread(void (*function)(void*), unsigned stack, void* argu
     return _beginthread(function, stack, argument);
 }
 
-template <class Function>
-Function exported(const char* name) {
-    return reinterpret_cast<Function>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(kLibrary), name)));
-}
-
 }  // namespace
 
 int loadAndUnload() {
@@ -107,8 +95,8 @@ int loadAndUnload() {
 int reload() {
     loadFoundations();
     const ExportStandIn sleep("kernel32.dll", "Sleep", reinterpret_cast<void*>(&sleepShortly));
-    DWORD handlesBefore = 0;
-    DWORD handlesAfter = 0;
+    int handlesBefore = 0;
+    int handlesAfter = 0;
     int failures = 0;
     constexpr int kRounds = 20;
     for (int round = 0; round < kRounds; ++round) {
@@ -119,10 +107,9 @@ int reload() {
         FreeLibrary(library);
         failures += waitUntilUnloaded() < 0 ? 1 : 0;
         Sleep(20);
-        GetProcessHandleCount(GetCurrentProcess(), round == 1 ? &handlesBefore : &handlesAfter);
+        (round == 1 ? handlesBefore : handlesAfter) = qel::test::openHandles();
     }
-    std::printf("failures: %d\nhandles more: %d\n", failures,
-                static_cast<int>(handlesAfter) - static_cast<int>(handlesBefore));
+    std::printf("failures: %d\nhandles more: %d\n", failures, handlesAfter - handlesBefore);
     return 22;
 }
 
