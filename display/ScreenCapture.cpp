@@ -1,5 +1,6 @@
 #include "ScreenCapture.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 #include <string>
@@ -13,10 +14,25 @@ constexpr std::uint32_t kFileHeaderBytes = 14;
 constexpr std::uint32_t kHeaderBytes = kFileHeaderBytes + sizeof(BITMAPINFOHEADER);
 constexpr std::uint16_t kBitmapMagic = 0x4D42;
 
+std::size_t rowBytes(std::uint32_t width) {
+    return static_cast<std::size_t>(width) * kBytesPerPixel;
+}
+
 /// GDI pads the rows it gives to a multiple of four bytes.
-std::size_t paddedBytes(std::uint32_t width, std::uint32_t height) {
-    const std::size_t row = (static_cast<std::size_t>(width) * kBytesPerPixel + 3) / 4 * 4;
-    return row * height;
+std::size_t paddedRowBytes(std::uint32_t width) {
+    return (rowBytes(width) + 3) / 4 * 4;
+}
+
+/// Black for what GDI has not written: the rows from `rowsWritten` on, and the padding. Whatever lay in that
+/// memory before must not come into a file.
+void blackenTheRest(std::uint8_t* pixels, std::uint32_t width, std::uint32_t height,
+                    std::uint32_t rowsWritten) {
+    const std::size_t row = rowBytes(width);
+    const std::size_t padded = paddedRowBytes(width);
+    for (std::uint32_t index = 0; row != padded && index < rowsWritten; ++index) {
+        std::memset(pixels + index * padded + row, 0, padded - row);
+    }
+    std::memset(pixels + rowsWritten * padded, 0, (height - rowsWritten) * padded);
 }
 
 /// A section holds blue, green, red: red stands 16 bits up. Drivers that answer another order for 24 bits
@@ -79,7 +95,7 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
     captureInfo.biHeight = static_cast<LONG>(captureHeight);
     captureInfo.biPlanes = 1;
     captureInfo.biBitCount = kFileDepth;
-    capturePixels.reset(new (std::nothrow) std::uint8_t[paddedBytes(width, height)]());
+    capturePixels.reset(new (std::nothrow) std::uint8_t[paddedRowBytes(width) * height]);
     if (!capturePixels || !createSection(kFileDepth)) {
         releaseBitmap();
         return false;
@@ -133,7 +149,10 @@ void ScreenCapture::readPixels() {
     // GDI fills in the size of the picture, which the file leaves at 0: so it gets a copy of the header.
     BITMAPINFO info{};
     info.bmiHeader = captureInfo;
-    GetDIBits(captureDC, captureBitmap, 0, captureHeight, capturePixels.get(), &info, DIB_RGB_COLORS);
+    const int rows =
+        GetDIBits(captureDC, captureBitmap, 0, captureHeight, capturePixels.get(), &info, DIB_RGB_COLORS);
+    blackenTheRest(capturePixels.get(), captureWidth, captureHeight,
+                   std::min(static_cast<std::uint32_t>(std::max(rows, 0)), captureHeight));
     DeleteDC(captureDC);
     captureDC = nullptr;
 }

@@ -165,6 +165,34 @@ TEST_F(CaptureHandles, OfRepeatedBeginsFailedSavesAndTheDestructorAreAllGivenBac
     EXPECT_EQ(Census::now(), before);
 }
 
+/// Leaves memory of the size of a capture's pixels behind that somebody else has used.
+void leaveUsedMemory(std::size_t bytes) {
+    constexpr unsigned char kUsed = 0xAB;
+    std::vector<std::vector<unsigned char>> blocks;
+    for (int block = 0; block < 40; ++block) {
+        blocks.emplace_back(bytes, kUsed);
+    }
+}
+
+TEST_F(CaptureHandles, OfPixelsThatTheSystemDoesNotGiveShowNobodysMemory) {
+    leaveUsedMemory(64 * 40 * 3);
+    CallTrace trace;
+    trace.answer("GetDIBits", 0);
+    ASSERT_EQ(begin(64, 40), 0);
+    EXPECT_EQ(display->saveBitmap(), 0);
+    EXPECT_EQ(file.bytes(54, 64 * 40 * 3), std::vector<std::uint8_t>(64 * 40 * 3, 0));
+}
+
+TEST_F(CaptureHandles, OfRowsThatArePaddedShowNobodysMemory) {
+    constexpr std::size_t kPaddedRow = 196;
+    leaveUsedMemory(kPaddedRow * 40);
+    ASSERT_EQ(begin(65, 40), 0);
+    EXPECT_EQ(display->saveBitmap(), 0);
+    for (std::uint64_t row = 0; row < 39; ++row) {
+        EXPECT_EQ(file.bytes(54 + row * kPaddedRow + 195, 1).at(0), 0) << row;
+    }
+}
+
 TEST_F(CaptureHandles, OfAWindowThatIsGoneDuringTheCaptureAreGivenBack) {
     const Census before = censusAfterFirstUse();
     {
