@@ -70,10 +70,13 @@ void addQuery(Operations& all, const char* name, void (*module)(PickScene&), voi
 float depthAt(double x, double y) {
     float depth = 1.0F;
     glReadBuffer(GL_BACK);
-    packed([&] {
+    GLint skipped[2] = {};
+    glGetIntegerv(GL_PACK_SKIP_ROWS, &skipped[0]);
+    glGetIntegerv(GL_PACK_SKIP_PIXELS, &skipped[1]);
+    if (skipped[0] == 0 && skipped[1] == 0) {
         glReadPixels(static_cast<GLint>(x), static_cast<GLint>(y), 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT,
                      &depth);
-    });
+    }
     return depth;
 }
 
