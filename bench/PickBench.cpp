@@ -67,15 +67,13 @@ void addQuery(Operations& all, const char* name, void (*module)(PickScene&), voi
     all.push_back({name, "call", Kind::Projection, prepare});
 }
 
-/// A single value needs no rows set right, but nothing must be skipped before it.
 float depthAt(double x, double y) {
     float depth = 1.0F;
     glReadBuffer(GL_BACK);
-    GLint skippedRows = 0;
-    GLint skippedPixels = 0;
-    glGetIntegerv(GL_PACK_SKIP_ROWS, &skippedRows);
-    glGetIntegerv(GL_PACK_SKIP_PIXELS, &skippedPixels);
-    if (skippedRows == 0 && skippedPixels == 0) {
+    GLint skipped[2] = {};
+    glGetIntegerv(GL_PACK_SKIP_ROWS, &skipped[0]);
+    glGetIntegerv(GL_PACK_SKIP_PIXELS, &skipped[1]);
+    if (skipped[0] == 0 && skipped[1] == 0) {
         glReadPixels(static_cast<GLint>(x), static_cast<GLint>(y), 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT,
                      &depth);
     }
