@@ -1,6 +1,7 @@
 #include "BenchOptions.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <stdexcept>
 
@@ -14,6 +15,15 @@ const std::map<std::string, bool Options::*>& switches() {
         {"--verify", &Options::verify}, {"--trace", &Options::trace},     {"--list", &Options::list},
     };
     return known;
+}
+
+double positiveNumber(const std::string& text) {
+    char* end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !(value > 0.0)) {
+        throw std::invalid_argument(text + " is not a number above 0");
+    }
+    return value;
 }
 
 }  // namespace
@@ -34,7 +44,7 @@ Options Options::parse(int count, const char* const* arguments) {
         } else if (argument == "--json") {
             options.json = valueAfter(i);
         } else if (argument == "--seconds") {
-            options.seconds = std::stod(valueAfter(i));
+            options.seconds = positiveNumber(valueAfter(i));
         } else if (argument.compare(0, 2, "--") == 0) {
             throw std::invalid_argument("unknown option " + argument);
         } else {

@@ -56,7 +56,7 @@ void WINAPI getIntegers(GLenum name, GLint* values) {
     } else if (name == GL_POLYGON_MODE) {
         values[0] = values[1] = GL_FILL;
     } else {
-        *values = GL_SMOOTH;
+        *values = name == GL_SHADE_MODEL ? GL_SMOOTH : 0;
     }
 }
 

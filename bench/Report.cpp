@@ -44,35 +44,12 @@ std::string numberOrDash(double value, int digits, const char* unit = "") {
 }
 
 Verdict ofRatio(const Finding& finding) {
-    if (!finding.pair || finding.bound.ratio <= 0.0) {
-        return Verdict::NotHeld;
-    }
-    const MedianInterval& ratio = finding.pair->ratio;
-    if (finding.pair->cappedByTime && ratio.low <= finding.bound.ratio && finding.bound.ratio < ratio.high) {
-        return Verdict::Unclear;
-    }
-    return ratio.median > finding.bound.ratio ? Verdict::TooSlow : Verdict::Ok;
+    return finding.pair ? verdictOf(finding.pair->ratio, finding.pair->cappedByTime, finding.bound.ratio)
+                        : Verdict::NotHeld;
 }
 
 Verdict ofOwnCost(const Finding& finding) {
-    if (!finding.own || finding.bound.ownNanoseconds <= 0.0) {
-        return Verdict::NotHeld;
-    }
-    return finding.own->undisturbed > finding.bound.ownNanoseconds ? Verdict::TooSlow : Verdict::Ok;
-}
-
-const char* textOf(Verdict verdict) {
-    switch (verdict) {
-        case Verdict::NotHeld:
-            return "";
-        case Verdict::Ok:
-            return "ok";
-        case Verdict::Unclear:
-            return "unclear";
-        case Verdict::TooSlow:
-            return "too slow";
-    }
-    return "";
+    return finding.own ? verdictOf(finding.own->undisturbed, finding.bound.ownNanoseconds) : Verdict::NotHeld;
 }
 
 Json intervalJson(const MedianInterval& interval) {

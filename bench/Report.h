@@ -6,16 +6,9 @@
 
 #include "Bounds.h"
 #include "Pairs.h"
+#include "Verdict.h"
 
 namespace qel::bench {
-
-/// What a measurement says about a bound.
-enum class Verdict : std::uint8_t {
-    NotHeld,  ///< nothing is promised
-    Ok,
-    Unclear,  ///< the machine was too busy to tell
-    TooSlow,
-};
 
 /// What was found out about an operation.
 struct Finding {

@@ -21,8 +21,15 @@ namespace {
 /// How wide the interval of a ratio may be where nothing is promised.
 constexpr double kWidthWithoutBound = 0.05;
 
-Plan planOf(const Options& options) {
+/// What draws much in one call has few rounds in the usual time.
+bool isLarge(Kind kind) {
+    return kind == Kind::Mesh || kind == Kind::Cloud || kind == Kind::Capture || kind == Kind::FrameOfMesh ||
+           kind == Kind::FrameOfCloud || kind == Kind::FrameOfPolylines || kind == Kind::Growth;
+}
+
+Plan planOf(Kind kind, const Options& options) {
     Plan plan;
+    plan.mostSeconds = isLarge(kind) ? 45.0 : 15.0;
     if (options.quick) {
         plan.mostSeconds = 3.0;
     }
@@ -32,9 +39,10 @@ Plan planOf(const Options& options) {
     return plan;
 }
 
-PairResult pairOf(const Forms& forms, const Bound& bound, const Options& options) {
+PairResult pairOf(const Forms& forms, Kind kind, const Options& options) {
+    const Bound bound = boundOf(kind);
     const double wantedWidth = bound.ratio > 1.0 ? bound.ratio - 1.0 : kWidthWithoutBound;
-    return comparePairs(forms, bound.ratio, wantedWidth, planOf(options));
+    return comparePairs(forms, bound.ratio, wantedWidth, planOf(kind, options));
 }
 
 /// A plan for what touches no OpenGL: short samples, of which many are disturbed by nothing.
@@ -77,7 +85,7 @@ Finding measure(const Operation& operation, double emptyCall, const Options& opt
     finding.bound = boundOf(operation.kind);
     const Forms forms = operation.prepare(Size::Full);
     if (!options.onlyOwnCost && forms.bare) {
-        finding.pair = pairOf(forms, finding.bound, options);
+        finding.pair = pairOf(forms, operation.kind, options);
     }
     if (!options.onlyPairs && forms.hasOwnCost) {
         measureOwnCost(operation, forms, emptyCall, finding);
