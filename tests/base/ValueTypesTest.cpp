@@ -4,6 +4,7 @@
 
 #include "CQelLineSeg.h"
 #include "QelColor.h"
+#include "XPnt2d.h"
 
 namespace qel::test {
 namespace {
@@ -32,6 +33,12 @@ TEST(Colour, OfBytesStartsOpaqueBlack) {
     const QelColor4b color;
     EXPECT_EQ(color.r + color.g + color.b, 0);
     EXPECT_EQ(color.a, 255);
+}
+
+TEST(FlatPoint, StartsAtTheOrigin) {
+    const XPnt2d point;
+    EXPECT_EQ(point.x, 0.0);
+    EXPECT_EQ(point.y, 0.0);
 }
 
 TEST(LineSegment, KeepsItsEndsAndIsCopied) {

@@ -65,6 +65,10 @@ const WildCase kOperations[] = {
      [](CQelTrackBall& v, double w) {
          v.setExtent({-1.0, 1.0, 0.0, 1.0, w, -w}, true);
      }},
+    {"SetExtentOfAPointFarOut",
+     [](CQelTrackBall& v, double w) {
+         v.setExtent({w, w, w, w, w, w}, true);
+     }},
     {"ZoomToExtent",
      [](CQelTrackBall& v, double w) {
          v.zoomToExtent({-w, w, -w, w, -w, w}, false);
