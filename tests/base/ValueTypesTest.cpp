@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <type_traits>
+#include <vector>
 
 #include "CQelLineSeg.h"
 #include "QelColor.h"
@@ -36,9 +37,10 @@ TEST(Colour, OfBytesStartsOpaqueBlack) {
 }
 
 TEST(FlatPoint, StartsAtTheOrigin) {
-    const XPnt2d point;
-    EXPECT_EQ(point.x, 0.0);
-    EXPECT_EQ(point.y, 0.0);
+    for (const XPnt2d& point : std::vector<XPnt2d>(2)) {
+        EXPECT_EQ(point.x, 0.0);
+        EXPECT_EQ(point.y, 0.0);
+    }
 }
 
 TEST(LineSegment, KeepsItsEndsAndIsCopied) {

@@ -225,6 +225,24 @@ TEST_F(RefusedArguments, OfNaNChangeNothing) {
     }
 }
 
+TEST_F(RefusedArguments, ThatFitTheEyeAloneMoveNothing) {
+    view->setCamera({-1e308, 0.0, 5.0}, {1e308, 0.0, 0.0}, {0.0, 1.0, 0.0});
+    const XPnt3d eye = view->getEye();
+    const XPnt3d target = view->getTarget();
+    view->moveBy(1e308, 0.0, 0.0);
+    EXPECT_TRUE(isExactly(view->getEye(), eye));
+    EXPECT_TRUE(isExactly(view->getTarget(), target));
+}
+
+TEST_F(RefusedArguments, OfAnUpVectorThatCannotBeTurnedKeepIt) {
+    view->setCamera({0.0, 0.0, 5.0}, {}, {1.7e308, 1.7e308, 0.0});
+    view->onButtonDown(2, 32, 16);
+    view->onMouseMove(45, 20);
+    view->onMouseMove(20, 25);
+    view->onButtonUp();
+    expectFiniteCamera(1.7e308);
+}
+
 TEST_F(RefusedArguments, OfSizesThatNoWindowHasChangeNothing) {
     EXPECT_EQ(view->onResize(0x80000000U, 10), 1);
     EXPECT_EQ(view->onResize(10, 0xFFFFFFFFU), 1);
