@@ -16,7 +16,7 @@ import tree  # noqa: E402
 
 FORMATS = ("obj", "ply", "stl", "off", "gltf", "glb", "xyz", "csv", "geojson", "script", "motion")
 BUILD = ROOT / "build" / "fuzz"
-AT_ONCE = 2
+AT_ONCE = max(2, os.cpu_count() or 2)
 # What one input may cost is what the viewer promises.
 SECONDS_OF_AN_INPUT = 10
 MEGABYTES_OF_AN_INPUT = 1024

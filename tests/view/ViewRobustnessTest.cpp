@@ -226,7 +226,7 @@ TEST_F(RefusedArguments, OfNaNChangeNothing) {
 }
 
 TEST_F(RefusedArguments, ThatFitTheEyeAloneMoveNothing) {
-    view->setCamera({-1e308, 0.0, 5.0}, {1e308, 0.0, 0.0}, {0.0, 1.0, 0.0});
+    view->setCamera({1e308, 0.0, 5.0}, {-1e308, 0.0, 0.0}, {0.0, 1.0, 0.0});
     const XPnt3d eye = view->getEye();
     const XPnt3d target = view->getTarget();
     view->moveBy(1e308, 0.0, 0.0);
@@ -234,13 +234,17 @@ TEST_F(RefusedArguments, ThatFitTheEyeAloneMoveNothing) {
     EXPECT_TRUE(isExactly(view->getTarget(), target));
 }
 
-TEST_F(RefusedArguments, OfAnUpVectorThatCannotBeTurnedKeepIt) {
-    view->setCamera({0.0, 0.0, 5.0}, {}, {1.7e308, 1.7e308, 0.0});
-    view->onButtonDown(2, 32, 16);
-    view->onMouseMove(45, 20);
-    view->onMouseMove(20, 25);
-    view->onButtonUp();
-    expectFiniteCamera(1.7e308);
+TEST_F(RefusedArguments, ThatCannotBeTurnedStayFiniteInARotation) {
+    const XPnt3d farOut(1.7e308, 1.7e308, 0.0);
+    const XPnt3d up(0.0, 1.0, 0.0);
+    for (const bool isEyeFarOut : {false, true}) {
+        isEyeFarOut ? view->setCamera(farOut, {}, up) : view->setCamera({0.0, 0.0, 5.0}, {}, farOut);
+        view->onButtonDown(2, 32, 16);
+        view->onMouseMove(45, 20);
+        view->onMouseMove(20, 25);
+        view->onButtonUp();
+        expectFiniteCamera(farOut.x);
+    }
 }
 
 TEST_F(RefusedArguments, OfSizesThatNoWindowHasChangeNothing) {
