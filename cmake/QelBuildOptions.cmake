@@ -11,6 +11,12 @@ if(QEL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+option(QEL_COVERAGE "Count which lines and branches are reached; needs GCC" OFF)
+if(QEL_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()
+
 option(QEL_FUZZ "Build the programs that fuzz the viewer's readers, instead of the tests; needs clang" OFF)
 if(QEL_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

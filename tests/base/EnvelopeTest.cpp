@@ -184,9 +184,20 @@ TEST(Box, GrowsToHoldPoints) {
     EXPECT_TRUE(hasBounds(box, -1.0, 4.0, -5.0, 2.0, -3.0, 6.0));
 }
 
+TEST(Box, ThatIsFlatTakesTheHeightOfThePointThatItGrowsBy) {
+    Enve3d box = flatBox(0.0, 1.0, 0.0, 1.0);
+    ASSERT_FALSE(box.hasZ());
+    box.SetBox(XPnt3d(0.5, 2.0, 7.0));
+    EXPECT_TRUE(hasBounds(box, 0.0, 1.0, 0.0, 2.0, 7.0, 7.0));
+    box.SetBox(XPnt3d(0.5, 0.5, 5.0));
+    EXPECT_TRUE(hasBounds(box, 0.0, 1.0, 0.0, 2.0, 5.0, 7.0));
+}
+
 TEST(Box, DoesNotGrowWithPointsThatAreNone) {
     Enve3d box{0.0, 1.0, 0.0, 1.0, 0.0, 1.0};
     box.SetBox(XPnt3d::invalid());
+    box.SetBox(XPnt3d(kNotANumber, 9.0, 9.0));
+    box.SetBox(XPnt3d(9.0, kNotANumber, 9.0));
     box.SetBox(XPnt3d(9.0, 9.0, kNotANumber));
     EXPECT_TRUE(hasBounds(box, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0));
 }

@@ -122,6 +122,18 @@ TEST_F(RefPtr, CopyTakesOneMoveTakesNone) {
     EXPECT_TRUE(pointer == &first);
 }
 
+TEST_F(RefPtr, MoveOntoItselfKeepsTheReferenceAndIntoAnEmptyOneTakesItOver) {
+    ref_ptr<Recorder> pointer(&first);
+    log.clear();
+    ref_ptr<Recorder>& itself = pointer;
+    pointer = std::move(itself);
+    EXPECT_EQ(pointer.get(), &first);
+    ref_ptr<Recorder> empty;
+    empty = std::move(pointer);
+    EXPECT_EQ(empty.get(), &first);
+    EXPECT_EQ(log, Log());
+}
+
 TEST_F(RefPtr, ResetGivesTheReferenceBackAndLeavesItEmpty) {
     ref_ptr<Recorder> pointer(&first);
     watch(pointer);

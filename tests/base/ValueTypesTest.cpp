@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <type_traits>
+#include <vector>
 
 #include "CQelLineSeg.h"
 #include "QelColor.h"
+#include "XPnt2d.h"
 
 namespace qel::test {
 namespace {
@@ -32,6 +34,13 @@ TEST(Colour, OfBytesStartsOpaqueBlack) {
     const QelColor4b color;
     EXPECT_EQ(color.r + color.g + color.b, 0);
     EXPECT_EQ(color.a, 255);
+}
+
+TEST(FlatPoint, StartsAtTheOrigin) {
+    for (const XPnt2d& point : std::vector<XPnt2d>(2)) {
+        EXPECT_EQ(point.x, 0.0);
+        EXPECT_EQ(point.y, 0.0);
+    }
 }
 
 TEST(LineSegment, KeepsItsEndsAndIsCopied) {

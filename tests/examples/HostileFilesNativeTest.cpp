@@ -93,6 +93,7 @@ void openMutationsOf(const std::vector<std::filesystem::path>& files, std::uint6
     const char* const wanted = std::getenv("QEL_MUTATION_SEED");
     const std::uint64_t first = wanted != nullptr ? std::strtoull(wanted, nullptr, 10) : 1;
     const std::uint64_t last = wanted != nullptr ? first : tries;
+    testing::Test::RecordProperty("files", std::to_string(last - first + 1));
     for (std::uint64_t seed = first; seed <= last; ++seed) {
         FileMutator mutator(seed);
         const bool mayBeLarge = mutator.pick(kTriesALargeFile) == 0;
@@ -134,9 +135,13 @@ TEST(HostileFiles, MadeFromRealModelsAreRefusedOrShown) {
 
 TEST(HostileFiles, ThatWereMadeBadAreRefusedOrShown) {
     QEL_SKIP_WITHOUT_VIEWER_DATA();
+    int files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(qel::test::viewerData() / "bad")) {
         expectHarmless(entry.path(), entry.path().filename().string());
+        ++files;
     }
+    RecordProperty("files", files);
+    EXPECT_GT(files, 0);
 }
 
 }  // namespace

@@ -32,7 +32,9 @@ TryWatch::TryWatch(const std::string& name, double secondsAtMost) {
     const std::string text = "the program ends in the try " + name + "\n";
     lengthOfName = text.copy(nameOfTry.data(), nameOfTry.size());
     std::signal(SIGABRT, tellNameAndAbort);
+#ifdef __SANITIZE_ADDRESS__
     __asan_set_death_callback(tellName);
+#endif
     watcher = std::thread([this, secondsAtMost] { waitForEnd(secondsAtMost); });
 }
 

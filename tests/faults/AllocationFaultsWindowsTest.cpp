@@ -105,11 +105,13 @@ TEST(AllocationFaults, OfEachAllocationOfASessionEndInAnExceptionOrARefusalAndLe
     // The full form tries each of them, the short one some of every kind.
     const std::size_t step = shortOrLong<std::size_t>(allocations / 60 + 1, 1);
     std::size_t ended = 0;
+    std::size_t faults = 0;
     for (std::size_t nth = 1; nth <= allocations; nth += step) {
         // A table of the test's own may grow once in a while; what is lost is lost each time.
         const auto losesMemory = [&] {
             const std::size_t before = GuardedHeap::liveBlocks();
             heap.refuse(nth);
+            ++faults;
             ended += wholeSession(window, model) ? 0U : 1U;
             EXPECT_TRUE(heap.hasRefused()) << nth;
             heap.refuse(0);
@@ -121,7 +123,10 @@ TEST(AllocationFaults, OfEachAllocationOfASessionEndInAnExceptionOrARefusalAndLe
         ASSERT_TRUE(wholeSession(window, model)) << nth;
     }
     RecordProperty("allocations", static_cast<int>(allocations));
-    RecordProperty("sessions that ended with an exception", static_cast<int>(ended));
+    RecordProperty("faults", static_cast<int>(faults));
+    RecordProperty("sessions_ended_by_an_exception", static_cast<int>(ended));
+    RecordProperty("handles_before", handles);
+    RecordProperty("handles_after", Census::now().gdiHandles);
     EXPECT_GT(ended, 0U);
 }
 
@@ -132,6 +137,7 @@ TEST(AllocationFaults, InTheMiddleOfAFrameLeaveADisplayThatDrawsTheNextOne) {
     display.attach(window);
     GuardedHeap heap;
     drawFrame(*display, model);
+    int faults = 0;
     for (int size = 60; size < 160; size += 20) {
         // A view that grows takes new memory for its copies: first the depth's, then the colour's, then the
         // camera's.
@@ -143,12 +149,15 @@ TEST(AllocationFaults, InTheMiddleOfAFrameLeaveADisplayThatDrawsTheNextOne) {
             } catch (const std::bad_alloc&) {
                 EXPECT_TRUE(heap.hasRefused());
             }
+            faults += heap.hasRefused() ? 1 : 0;
             heap.refuse(0);
             drawFrame(*display, model);
             EXPECT_EQ(display->restoreCache(), 1);
             EXPECT_EQ(display->endDraw(), 0);
         }
     }
+    RecordProperty("faults", faults);
+    EXPECT_GT(faults, 0);
 }
 
 }  // namespace

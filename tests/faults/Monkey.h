@@ -43,6 +43,8 @@ void letMonkeyPlay(Subject& subject, std::span<const MonkeyOperation<Subject>> o
                    Before before, Check check) {
     WildArguments wild(seed);
     const int calls = shortOrLong(kCallsOfAShortRun, kCallsOfALongRun) / 4;
+    ::testing::Test::RecordProperty("calls", calls);
+    ::testing::Test::RecordProperty("seed", std::to_string(seed));
     for (int number = 0; number < calls; ++number) {
         const MonkeyOperation<Subject>& operation = operations[wild.pick(operations.size())];
         wild.startCall();

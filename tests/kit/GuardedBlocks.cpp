@@ -13,7 +13,10 @@ namespace qel::test::guarded {
 namespace {
 
 constexpr std::size_t kPage = 4096;
-constexpr std::size_t kPages = std::size_t{1} << 20;
+/// Two million blocks and more come and go before an address is given again.
+constexpr std::size_t kPages = std::size_t{1} << 22;
+/// Each live block splits the address space twice more, and systems allow a process some ten thousand parts.
+constexpr std::size_t kMostLiveBlocks = 20000;
 constexpr unsigned char kPattern = 0xA5;
 
 enum class State : std::uint32_t { kNone, kLive, kFreed };
@@ -30,18 +33,20 @@ struct Entry {
 struct Arena {
     unsigned char* pages;
     Entry* entries;
-    std::atomic<std::size_t> nextPage = 0;
+    /// Where the search for free pages goes on; held while pages are taken.
+    std::size_t nextPage = 0;
+    std::atomic_flag held;
     std::atomic<std::size_t> damaged = 0;
+    std::atomic<std::size_t> live = 0;
+    std::atomic<std::size_t> liveBytes = 0;
 
     Arena()
         : pages(
               static_cast<unsigned char*>(VirtualAlloc(nullptr, kPages * kPage, MEM_RESERVE, PAGE_NOACCESS))),
           entries(static_cast<Entry*>(
-              VirtualAlloc(nullptr, kPages * sizeof(Entry), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE))) {
-        if (pages == nullptr || entries == nullptr) {
-            nextPage = kPages;
-        }
-    }
+              VirtualAlloc(nullptr, kPages * sizeof(Entry), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE))) {}
+
+    bool exists() const { return pages != nullptr && entries != nullptr; }
 };
 
 Arena& arena() {
@@ -83,28 +88,64 @@ Entry* liveEntry(const void* address) {
     return begins && entry.state.load() == State::kLive ? &entry : nullptr;
 }
 
+/// The first page from `page` on behind which `count` pages hold no live block, or kPages.
+std::size_t freePagesFrom(std::size_t page, std::size_t count) {
+    std::size_t begin = page;
+    while (page < kPages && page - begin < count) {
+        const Entry& entry = arena().entries[page];
+        const bool lives = entry.state.load() == State::kLive;
+        page += lives ? entry.pages + 1 : 1;
+        begin = lives ? page : begin;
+    }
+    return page - begin >= count ? begin : kPages;
+}
+
+/// Marks pages for a block and its guard as taken; kPages if there are none. Freed pages come up again only
+/// when the search has gone through all the others.
+std::size_t takePages(std::size_t count) {
+    Arena& here = arena();
+    while (here.held.test_and_set(std::memory_order_acquire)) {
+        SwitchToThread();
+    }
+    std::size_t page = freePagesFrom(here.nextPage, count + 1);
+    page = page < kPages ? page : freePagesFrom(0, count + 1);
+    if (page < kPages) {
+        for (std::size_t inner = page + 1; inner < page + count + 1; ++inner) {
+            here.entries[inner].state = State::kNone;
+        }
+        here.entries[page].pages = static_cast<std::uint32_t>(count);
+        here.entries[page].state = State::kLive;
+        here.nextPage = page + count + 1;
+    }
+    here.held.clear(std::memory_order_release);
+    return page;
+}
+
 }  // namespace
 
 void* allocate(std::size_t size, std::size_t alignment) {
     Arena& here = arena();
+    if (!here.exists() || size > kPages * kPage || here.live.load() >= kMostLiveBlocks) {
+        return nullptr;
+    }
     // A block of no bytes gets some of its own all the same, so that it has an address of its own.
     const std::size_t room = std::max<std::size_t>((size + alignment - 1) / alignment, 1) * alignment;
     const std::size_t pages = std::max<std::size_t>((room + kPage - 1) / kPage, 1);
-    if (size > kPages * kPage || here.nextPage.load() + pages + 1 > kPages) {
-        return nullptr;
-    }
-    const std::size_t page = here.nextPage.fetch_add(pages + 1);
-    if (page + pages + 1 > kPages ||
-        VirtualAlloc(startOf(page), pages * kPage, MEM_COMMIT, PAGE_READWRITE) == nullptr) {
+    const std::size_t page = takePages(pages);
+    if (page == kPages) {
         return nullptr;
     }
     Entry& entry = here.entries[page];
+    if (VirtualAlloc(startOf(page), pages * kPage, MEM_COMMIT, PAGE_READWRITE) == nullptr) {
+        entry.state = State::kNone;
+        return nullptr;
+    }
     entry.size = size;
-    entry.pages = static_cast<std::uint32_t>(pages);
     entry.offset = static_cast<std::uint32_t>(pages * kPage - room);
     unsigned char* const block = startOf(page) + entry.offset;
     std::memset(block + size, kPattern, slackOf(entry));
-    entry.state = State::kLive;
+    ++here.live;
+    here.liveBytes += size;
     return block;
 }
 
@@ -113,10 +154,14 @@ bool release(void* block) {
     if (entry == nullptr) {
         return false;
     }
+    Arena& here = arena();
     const std::size_t page = pageOf(block);
-    arena().damaged += isDamaged(page) ? 1U : 0U;
-    entry->state = State::kFreed;
+    here.damaged += isDamaged(page) ? 1U : 0U;
+    --here.live;
+    here.liveBytes -= entry->size;
+    // Before the block counts as freed: then its pages may be taken at once.
     VirtualFree(startOf(page), entry->pages * kPage, MEM_DECOMMIT);
+    entry->state = State::kFreed;
     return true;
 }
 
@@ -126,7 +171,7 @@ bool isBlock(const void* address) {
 
 bool isHere(const void* address) {
     const Arena& here = arena();
-    return here.pages != nullptr && pageOf(address) < kPages;
+    return here.exists() && pageOf(address) < kPages;
 }
 
 std::size_t sizeOf(const void* block) {
@@ -146,20 +191,21 @@ Place placeOf(const void* address) {
     return {startOf(page) + entry.offset, entry.size, entry.state.load() == State::kFreed};
 }
 
-Totals totals() {
+std::size_t liveBlocks() {
+    return arena().live;
+}
+
+std::size_t liveBytes() {
+    return arena().liveBytes;
+}
+
+std::size_t damagedBlocks() {
     Arena& here = arena();
-    Totals result;
-    result.damaged = here.damaged;
-    const std::size_t used = std::min(here.nextPage.load(), kPages);
-    for (std::size_t page = 0; page < used; ++page) {
-        const Entry& entry = here.entries[page];
-        if (entry.state.load() == State::kLive) {
-            ++result.blocks;
-            result.bytes += entry.size;
-            result.damaged += isDamaged(page) ? 1U : 0U;
-        }
+    std::size_t count = here.damaged;
+    for (std::size_t page = 0; here.exists() && page < kPages; ++page) {
+        count += here.entries[page].state.load() == State::kLive && isDamaged(page) ? 1U : 0U;
     }
-    return result;
+    return count;
 }
 
 }  // namespace qel::test::guarded

@@ -31,13 +31,11 @@ struct Place {
 };
 Place placeOf(const void* address);
 
-struct Totals {
-    std::size_t blocks = 0;
-    std::size_t bytes = 0;
-    std::size_t damaged = 0;
-};
+/// Blocks that are not freed, and the bytes that were asked for in them.
+std::size_t liveBlocks();
+std::size_t liveBytes();
 
-/// Live blocks and their bytes; the damaged ones of all.
-Totals totals();
+/// Blocks, freed or not, behind whose end something was written. Looks at every live block.
+std::size_t damagedBlocks();
 
 }  // namespace qel::test::guarded

@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <stdexcept>
 #include <string>
 
 #include "GuardedBlocks.h"
@@ -251,23 +250,30 @@ LONG CALLBACK goBack(EXCEPTION_POINTERS* exception) {
 }  // namespace
 
 GuardedHeap::GuardedHeap(BlockEnd end) {
-    if (service.serves.load()) {
-        throw std::logic_error("only one GuardedHeap may be alive at a time");
-    }
-    guarded::totals();
+    guarded::liveBlocks();
     hookModules();
-    service.served = 0;
-    service.unguarded = 0;
+    outer = {service.serves, service.alignment, service.served.exchange(0), service.unguarded.exchange(0)};
     service.alignment = end == BlockEnd::kExact ? 1 : kUsualAlignment;
-    faultDescriber = AddVectoredExceptionHandler(0, &describeFault);
+    if (!outer.serves) {
+        faultDescriber = AddVectoredExceptionHandler(0, &describeFault);
+    }
     service.serves = true;
 }
 
 GuardedHeap::~GuardedHeap() {
-    service.serves = false;
     service.untilRefusal = 0;
     service.largestServed = SIZE_MAX;
-    RemoveVectoredExceptionHandler(faultDescriber);
+    service.alignment = outer.alignment;
+    service.served += outer.served;
+    service.unguarded += outer.unguarded;
+    service.serves = outer.serves;
+    if (!outer.serves) {
+        RemoveVectoredExceptionHandler(faultDescriber);
+    }
+}
+
+bool GuardedHeap::isAlive() {
+    return service.serves;
 }
 
 void GuardedHeap::refuse(std::size_t nth) {
@@ -298,15 +304,15 @@ std::size_t GuardedHeap::unguardedBlocks() const {
 }
 
 std::size_t GuardedHeap::liveBlocks() {
-    return guarded::totals().blocks;
+    return guarded::liveBlocks();
 }
 
 std::size_t GuardedHeap::liveBytes() {
-    return guarded::totals().bytes;
+    return guarded::liveBytes();
 }
 
 std::size_t GuardedHeap::damagedBlocks() {
-    return guarded::totals().damaged;
+    return guarded::damagedBlocks();
 }
 
 bool GuardedHeap::guards(const void* address) {

@@ -22,19 +22,22 @@ enum class BlockEnd {
 /// Serves the memory that QelDisplay64t.dll, QelGeometry64t.dll and QelBase64t.dll ask for, with malloc and
 /// its relatives and with operator new, from pages of their own that end in a page without access: a write or
 /// a read past a block faults where it happens. A freed block loses its pages, so its later use faults too;
-/// its addresses are not given again. A fault ends the process with exit code 3 and a line on standard error
-/// that names the block, unless faultsIn catches it.
+/// its addresses are not given again before millions of others. A fault ends the process with exit code 3 and
+/// a line on standard error that names the block, unless faultsIn catches it.
 ///
 /// While one lives, memory that the running program takes with operator new is guarded as well, since both
 /// use the same C++ library. Blocks may outlive it. When the address space set aside for guarded blocks is
-/// used up, the ordinary heap serves on: see unguardedBlocks(). Windows only; only one may be alive at a
-/// time.
+/// used up, or too many blocks live at once, the ordinary heap serves on: see unguardedBlocks(). One that is
+/// made while another one lives serves in its place until it ends. Windows only.
 class GuardedHeap {
   public:
     explicit GuardedHeap(BlockEnd end = BlockEnd::kAligned);
     ~GuardedHeap();
     GuardedHeap(const GuardedHeap&) = delete;
     GuardedHeap& operator=(const GuardedHeap&) = delete;
+
+    /// True while one lives.
+    static bool isAlive();
 
     /// Blocks served since it began to live; blocks that had to be served without a guard.
     std::size_t servedBlocks() const;
@@ -65,6 +68,16 @@ class GuardedHeap {
 
     /// Size that was asked for, of a live guarded block.
     static std::size_t sizeOf(const void* block);
+
+  private:
+    /// How another one served that lives around this one.
+    struct Outer {
+        bool serves = false;
+        std::size_t alignment = 0;
+        std::size_t served = 0;
+        std::size_t unguarded = 0;
+    };
+    Outer outer;
 };
 
 /// Runs the body and tells whether it touched memory that it may not touch. What the body had open at that

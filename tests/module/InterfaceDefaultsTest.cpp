@@ -3,6 +3,8 @@
 #include <cstdint>
 
 #include "CQelCancelTail.h"
+#include "CQelSimpSymbol.h"
+#include "CQelTransform2d.h"
 #include "IQelDisplayEvent.h"
 #include "IQelGL.h"
 #include "IQelLight.h"
@@ -40,6 +42,23 @@ class HostCancelTail : public ICancelTail {
     bool checkCancel() override { return false; }
 };
 
+/// Passes nothing on: what a host gives that has no OpenGL at hand.
+class HostGl : public IQelGL {
+  public:
+    std::int32_t enable(std::uint32_t) override { return 0; }
+    std::int32_t disable(std::uint32_t) override { return 0; }
+    bool isEnabled(std::uint32_t) override { return false; }
+    std::int32_t cullFace(std::uint32_t) override { return 0; }
+    std::int32_t getIntegerv(std::uint32_t, std::int32_t*) override { return 0; }
+    std::int32_t getBooleanv(std::uint32_t, std::uint8_t*) override { return 0; }
+    std::int32_t getDoublev(std::uint32_t, double*) override { return 0; }
+    std::int32_t getFloatv(std::uint32_t, float*) override { return 0; }
+    std::int32_t lightModeli(std::uint32_t, std::int32_t) override { return 0; }
+    std::int32_t lightModelf(std::uint32_t, float) override { return 0; }
+    std::int32_t lightModeliv(std::uint32_t, const std::int32_t*) override { return 0; }
+    std::int32_t lightModelfv(std::uint32_t, const float*) override { return 0; }
+};
+
 TEST(Lights, AreEightAtMost) {
     const ref_ptr<HostLights> lights(new HostLights());
     EXPECT_EQ(lights->getNumMaxLight(), 8);
@@ -48,7 +67,8 @@ TEST(Lights, AreEightAtMost) {
 template <class Implementation>
 class CopiedInterface : public ::testing::Test {};
 
-using Implementations = ::testing::Types<HostLights, HostLight, HostEvent, HostCancelTail, CQelCancelTail>;
+using Implementations = ::testing::Types<HostLights, HostLight, HostEvent, HostCancelTail, HostGl,
+                                         CQelCancelTail, CQelSimpSymbol, CQelTransform2d>;
 TYPED_TEST_SUITE(CopiedInterface, Implementations);
 
 TYPED_TEST(CopiedInterface, StartsWithoutReferences) {

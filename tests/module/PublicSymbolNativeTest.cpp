@@ -54,6 +54,15 @@ TEST_F(PublicSymbol, LivesOnWithItsHolderAfterARenewal) {
     EXPECT_FALSE(getPubSymbol());
 }
 
+TEST_F(PublicSymbol, IsStillServedWhenTheProcessGoesDown) {
+    renewPublicSymbol();
+    const ref_ptr<IQelSymbol> before = getPubSymbol();
+    unlockPublicSymbolForGood();
+    EXPECT_EQ(getPubSymbol().get(), before.get());
+    emptyPublicSymbol();
+    EXPECT_EQ(before->referenceCount(), 1);
+}
+
 TEST_F(PublicSymbol, MayBeAskedForWhileAnotherThreadRenewsIt) {
     renewPublicSymbol();
     std::atomic<bool> stop = false;

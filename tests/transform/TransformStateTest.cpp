@@ -118,6 +118,9 @@ TEST(PlanarTransform, CopiesEverythingButTheReferences) {
 TEST(PlanarTransform, IsSupported) {
     CQelTranform answer;
     EXPECT_EQ(answer.isSupported(), 1);
+    CQelTranform copy(answer);
+    copy = answer;
+    EXPECT_EQ(copy.isSupported(), 1);
 }
 
 }  // namespace

@@ -181,7 +181,7 @@ TEST_P(DragProperties, PanningKeepsTheGrabbedPointUnderTheCursor) {
             camera->onButtonUp();
         }
     }
-    RecordProperty("largest distance in pixels", std::to_string(worst));
+    RecordProperty("largest_distance_in_pixels", std::to_string(worst));
 }
 
 TEST_P(DragProperties, BackAtThePressTheCameraIsThatOfThePress) {

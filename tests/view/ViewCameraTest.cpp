@@ -51,6 +51,17 @@ TEST(Camera, KeepsTheUpVectorAsItIsGiven) {
     EXPECT_TRUE(isExactly(view->getTarget(), {4.0, 5.0, 6.0}));
 }
 
+TEST(Camera, AssignedThroughItsInterfaceKeepsItsFieldsAndReferences) {
+    const ViewSubject view;
+    const ViewSubject other;
+    view->setCamera({1.0, 2.0, 30.0}, {4.0, 5.0, 6.0}, {0.0, 1.0, 0.0});
+    const std::int32_t references = view->referenceCount();
+    IQelTrackBall& assigned = *view;
+    assigned = static_cast<const IQelTrackBall&>(*other);
+    EXPECT_EQ(view->referenceCount(), references);
+    EXPECT_TRUE(isExactly(view->getEye(), {1.0, 2.0, 30.0}));
+}
+
 TEST(Camera, TakesItsShapeFromTheWindow) {
     const ViewSubject view(100, 100);
     const std::uint32_t sizes[][2] = {{800, 600}, {7, 3}, {3, 1000}, {1920, 1080}, {1, 1}};
@@ -179,6 +190,19 @@ TEST(StereoCamera, ChangesNoFieldAndLeavesTheCachedMatrix) {
     EXPECT_TRUE(isExactly(view->getEye(), {1.0, 2.0, 30.0}));
     view->applyModelview();
     EXPECT_TRUE(matrixIsNear(GlView::current().modelview, mono, 0.0));
+}
+
+TEST(StereoCamera, AtItsTargetHasNothingToTurnAndStaysFinite) {
+    const GlSurface surface(200, 100);
+    const auto view = newTrackBall();
+    view->onResize(200, 100);
+    view->setCamera({4.0, 5.0, 6.0}, {4.0, 5.0, 6.0}, {0.0, 1.0, 0.0});
+    EXPECT_EQ(view->applyStereoModelview(3.0), 0);
+    const glm::dmat4 loaded = GlView::current().modelviewMatrix();
+    for (int index = 0; index < 16; ++index) {
+        EXPECT_TRUE(std::isfinite(loaded[index / 4][index % 4])) << index;
+    }
+    EXPECT_TRUE(isExactly(view->getEye(), {4.0, 5.0, 6.0}));
 }
 
 TEST(StereoCamera, WithoutOffsetIsTheMonoCamera) {

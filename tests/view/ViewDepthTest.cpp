@@ -126,7 +126,7 @@ TEST_F(MeanDepth, IsKeptInSinglePrecisionUntilTheNextFrame) {
 }
 
 TEST_F(MeanDepth, FollowsTheSizeOfTheView) {
-    const int sizes[][2] = {{70, 30}, {20, 10}, {30, 15}, {200, 100}, {10, 200}, {kWidth, kHeight}};
+    const int sizes[][2] = {{70, 30}, {70, 20}, {20, 10}, {30, 15}, {200, 100}, {10, 200}, {kWidth, kHeight}};
     for (const auto& size : sizes) {
         surface.resize(size[0], size[1]);
         view->onResize(static_cast<std::uint32_t>(size[0]), static_cast<std::uint32_t>(size[1]));

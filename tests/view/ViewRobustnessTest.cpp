@@ -65,6 +65,10 @@ const WildCase kOperations[] = {
      [](CQelTrackBall& v, double w) {
          v.setExtent({-1.0, 1.0, 0.0, 1.0, w, -w}, true);
      }},
+    {"SetExtentOfAPointFarOut",
+     [](CQelTrackBall& v, double w) {
+         v.setExtent({w, w, w, w, w, w}, true);
+     }},
     {"ZoomToExtent",
      [](CQelTrackBall& v, double w) {
          v.zoomToExtent({-w, w, -w, w, -w, w}, false);
@@ -218,6 +222,28 @@ TEST_F(RefusedArguments, OfNaNChangeNothing) {
         EXPECT_TRUE(isExactly(view->getEye(), eye));
         EXPECT_TRUE(std::isfinite(view->getNearPlane()));
         EXPECT_TRUE(std::isfinite(view->getFarPlane()));
+    }
+}
+
+TEST_F(RefusedArguments, ThatFitTheEyeAloneMoveNothing) {
+    view->setCamera({1e308, 0.0, 5.0}, {-1e308, 0.0, 0.0}, {0.0, 1.0, 0.0});
+    const XPnt3d eye = view->getEye();
+    const XPnt3d target = view->getTarget();
+    view->moveBy(1e308, 0.0, 0.0);
+    EXPECT_TRUE(isExactly(view->getEye(), eye));
+    EXPECT_TRUE(isExactly(view->getTarget(), target));
+}
+
+TEST_F(RefusedArguments, ThatCannotBeTurnedStayFiniteInARotation) {
+    const XPnt3d farOut(1.7e308, 1.7e308, 0.0);
+    const XPnt3d up(0.0, 1.0, 0.0);
+    for (const bool isEyeFarOut : {false, true}) {
+        isEyeFarOut ? view->setCamera(farOut, {}, up) : view->setCamera({0.0, 0.0, 5.0}, {}, farOut);
+        view->onButtonDown(2, 32, 16);
+        view->onMouseMove(45, 20);
+        view->onMouseMove(20, 25);
+        view->onButtonUp();
+        expectFiniteCamera(farOut.x);
     }
 }
 
