@@ -118,6 +118,18 @@ void play(Storm& storm, const std::vector<std::wstring>& names, unsigned seed) {
     }
 }
 
+long blocksOf(HANDLE heap) {
+    long blocks = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry) != FALSE) {
+        blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? 1 : 0;
+    }
+    HeapUnlock(heap);
+    return blocks;
+}
+
+/// Handles and blocks of all heaps of the process.
 struct Held {
     int handles = 0;
     long blocks = 0;
@@ -126,12 +138,11 @@ struct Held {
         Sleep(100);
         Held held;
         held.handles = qel::test::openHandles();
-        PROCESS_HEAP_ENTRY entry{};
-        HeapLock(GetProcessHeap());
-        while (HeapWalk(GetProcessHeap(), &entry) != FALSE) {
-            held.blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? 1 : 0;
+        std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr));
+        heaps.resize(GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data()));
+        for (HANDLE const heap : heaps) {
+            held.blocks += blocksOf(heap);
         }
-        HeapUnlock(GetProcessHeap());
         return held;
     }
 };
