@@ -18,7 +18,7 @@ constexpr int kWidth = 800;
 constexpr int kHeight = 600;
 constexpr double kHalfSquare = 0.2;
 constexpr double kReachPx = 20.0;
-constexpr std::size_t kMostPixels = 42 * 42;
+constexpr std::size_t kMostPixels = std::size_t{42} * 42;
 constexpr double kOnPlane = 0.000001;
 constexpr std::size_t kSampleStep = 10;
 
