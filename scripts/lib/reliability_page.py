@@ -20,7 +20,7 @@ NO_FIGURES = {"name", "file", "line", "status", "result", "timestamp", "time", "
 COUNTS = {"cycles", "calls", "faults", "frames", "files", "allocations", "loads", "reloads", "threads", "seconds"}
 # Topic, and the sources whose tests belong there, figures or none.
 TOPICS = (
-    ("Memory", r"AllocationFaults|PeakMemory|kit/Census"),
+    ("Memory", r"AllocationFaults|ExtremeSizes|kit/Census"),
     ("Faults", r"^faults/(?!.*Monkey)|Faults(Windows)?Test\.cpp$"),
     ("Hostile input", r"^faults/.*Monkey|Hostile|CheckMeshFiles"),
     ("Time", r"^endurance/"),
@@ -72,7 +72,8 @@ def told(figures):
 
 
 def table(head, rows):
-    return [f"| {' | '.join(head)} |", "|" + "---|" * len(head), *(f"| {' | '.join(map(str, row))} |" for row in rows), ""]
+    cells = [[str(cell).replace("|", "\\|") for cell in row] for row in rows]
+    return [f"| {' | '.join(head)} |", "|" + "---|" * len(head), *(f"| {' | '.join(row)} |" for row in cells), ""]
 
 
 def topic_of(source):
@@ -94,7 +95,7 @@ def rows_of(programs, sources, topic):
 def counted(folder, program):
     report = json.loads((folder / f"{program}.json").read_text())
     skipped = sum(case.get("result") == "SKIPPED" for suite in report["testsuites"] for case in suite["testsuite"])
-    return report["tests"] - skipped, skipped, {key: value for key, value in report.items() if key.startswith("blocks")}
+    return report["tests"] - skipped, skipped, {key: readable(value) for key, value in report.items() if key.startswith("blocks")}
 
 
 def first_version(*command):
