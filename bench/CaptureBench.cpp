@@ -4,15 +4,14 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
-#include <vector>
 
 #include "AllBenches.h"
 #include "CameraByHand.h"
 #include "ContextByHand.h"
 
 /// A view drawn into a bitmap and written to a file. The bare form is the shortest one that gives the same
-/// file on this machine: it draws into a section of the depth that the driver draws right, has its buffer
-/// already, and does not carry the window's state over.
+/// file on this machine: it draws into a section of the depth that the driver draws right, takes its buffer
+/// for the time of the capture, as the module must, and does not carry the window's state over.
 
 namespace qel::bench {
 
@@ -24,10 +23,7 @@ constexpr int kViewWidth = 800;
 constexpr int kViewHeight = 600;
 
 struct CaptureScene {
-    CaptureScene(int widthPx, int heightPx)
-        : width(widthPx),
-          height(heightPx),
-          pixels(static_cast<std::size_t>(widthPx) * static_cast<std::size_t>(heightPx) * 3) {}
+    CaptureScene(int widthPx, int heightPx) : width(widthPx), height(heightPx) {}
 
     Rig rig{kViewWidth, kViewHeight};
     BareView view{rig};
@@ -35,7 +31,10 @@ struct CaptureScene {
     std::wstring file = (fs::temp_directory_path() / "qel-bench.bmp").wstring();
     int width;
     int height;
-    std::vector<std::uint8_t> pixels;
+
+    [[nodiscard]] DWORD pixelBytes() const {
+        return static_cast<DWORD>(width) * static_cast<DWORD>(height) * 3;
+    }
 };
 
 BITMAPINFO headerOf(const CaptureScene& scene, WORD bits) {
@@ -64,11 +63,10 @@ void drawViewByHand(const CaptureScene& scene) {
     setLights(view);
 }
 
-void writeFileByHand(const CaptureScene& scene) {
+void writeFileByHand(const CaptureScene& scene, const std::uint8_t* pixels) {
     constexpr DWORD kHeaders = 54;
-    const DWORD pixelBytes = static_cast<DWORD>(scene.pixels.size());
     std::uint8_t header[14] = {'B', 'M'};
-    const DWORD fileBytes = pixelBytes + kHeaders;
+    const DWORD fileBytes = scene.pixelBytes() + kHeaders;
     std::memcpy(header + 2, &fileBytes, sizeof fileBytes);
     std::memcpy(header + 10, &kHeaders, sizeof kHeaders);
     const BITMAPINFO info = headerOf(scene, 24);
@@ -77,11 +75,12 @@ void writeFileByHand(const CaptureScene& scene) {
     DWORD written = 0;
     WriteFile(file, header, sizeof header, &written, nullptr);
     WriteFile(file, &info.bmiHeader, sizeof info.bmiHeader, &written, nullptr);
-    WriteFile(file, scene.pixels.data(), pixelBytes, &written, nullptr);
+    WriteFile(file, pixels, scene.pixelBytes(), &written, nullptr);
     CloseHandle(file);
 }
 
 void captureByHand(CaptureScene& scene) {
+    const auto pixels = std::make_unique_for_overwrite<std::uint8_t[]>(scene.pixelBytes());
     HDC const dc = CreateCompatibleDC(scene.view.dc);
     const BITMAPINFO sectionInfo = headerOf(scene, 32);
     void* bits = nullptr;
@@ -93,10 +92,9 @@ void captureByHand(CaptureScene& scene) {
     drawViewByHand(scene);
     glFinish();
     BITMAPINFO fileInfo = headerOf(scene, 24);
-    GetDIBits(dc, section, 0, static_cast<UINT>(scene.height), scene.pixels.data(), &fileInfo,
-              DIB_RGB_COLORS);
+    GetDIBits(dc, section, 0, static_cast<UINT>(scene.height), pixels.get(), &fileInfo, DIB_RGB_COLORS);
     DeleteDC(dc);
-    writeFileByHand(scene);
+    writeFileByHand(scene, pixels.get());
     DeleteObject(section);
     wglMakeCurrent(nullptr, nullptr);
     wglDeleteContext(context);
