@@ -27,7 +27,7 @@ class DrawnFrames : public ::testing::Test {
         camera.updateView();
         symbol->drawGeometry(curve.get());
         symbol->drawPoint(1.0, 2.0, 3.0, 2.0F, {1.0F, 0.0F, 0.0F}, false, true);
-        symbol->drawBox({-5.0, 5.0, -5.0, 5.0, -5.0, 5.0}, 1.0F, {0.0F, 1.0F, 0.0F}, false, true);
+        symbol->drawBox({-5.0, 5.0, -5.0, 5.0, -5.0, 5.0}, 1.0, {0.0F, 1.0F, 0.0F}, false, true);
         glRasterPos3d(0.0, 0.0, 0.0);
         display->printText("%d", number % 10);
         if (number % 2 == 0) {

@@ -17,7 +17,7 @@ constexpr int kHeight = 32;
 class OwnView {
   public:
     explicit OwnView(int number)
-        : back(static_cast<float>(number % 3) * 0.4F, static_cast<float>(number / 3) * 0.4F, 0.2F),
+        : back(static_cast<float>(number % 3) * 0.4F, (number < 3 ? 0.0F : 0.4F), 0.2F),
           letter(static_cast<char>('A' + number)) {
         display.attach(window);
         display->setBackColor(back);

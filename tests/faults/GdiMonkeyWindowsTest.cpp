@@ -199,7 +199,7 @@ Picture drawnOnABitmap(const HeldGdiDisplay& display, const TestWindow& window) 
 class GdiMonkey : public ::testing::TestWithParam<std::uint64_t> {};
 
 TEST_P(GdiMonkey, EndsWithADisplayThatDrawsAsANewOneAndGivesEverythingBack) {
-    const auto play = [this] {
+    const auto play = [] {
         Subject subject;
         letMonkeyPlay<Subject>(
             subject, kOperations, GetParam(),

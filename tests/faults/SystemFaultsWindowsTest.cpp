@@ -68,7 +68,7 @@ class SystemFaults : public ::testing::TestWithParam<Failing> {
 
     static constexpr int kWidth = 100;
     static constexpr int kHeight = 80;
-    const HostsModel model;
+    const HostsModel model{};
     std::size_t calls = 0;
 };
 
