@@ -3,11 +3,10 @@
 #include <cstdint>
 #include <memory>
 
+#include "IQelDisplay.h"
 #include "IQelTrackBall.h"
 #include "QelMatrix.h"
 #include "QelRotation.h"
-
-class IQelDisplay;
 
 /// True if the infinite line through p0 and p1 passes through the quadrilateral a, b, c, d, given
 /// counter-clockwise.
@@ -158,7 +157,13 @@ class CQelTrackBall : public IQelTrackBall {
     };
 
     std::int32_t readGlMatrices();
-    void makeDisplayCurrent();
+    void loadProjection();
+    void loadModelview();
+    void makeDisplayCurrent() {
+        if (display != nullptr) {
+            display->makeCurrent();
+        }
+    }
     /// Window depth of a pixel of the back buffer; 1 outside of it.
     [[nodiscard]] float depthAt(double x, double y);
     void holdDisplay(IQelDisplay* newDisplay);

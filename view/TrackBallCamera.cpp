@@ -1,5 +1,6 @@
 #include <cmath>
 #include <numbers>
+#include <typeinfo>
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
@@ -38,15 +39,9 @@ std::int32_t CQelTrackBall::restoreViewport() {
                                       qel::truncateToInt(static_cast<double>(viewHeight)));
 }
 
-std::int32_t CQelTrackBall::updateView() {
-    applyProjection();
-    applyModelview();
-    return 1;
-}
-
-std::int32_t CQelTrackBall::applyProjection() {
+inline void CQelTrackBall::loadProjection() {
     if (ownerGone) {
-        return 0;
+        return;
     }
     makeDisplayCurrent();
     glMatrixMode(GL_PROJECTION);
@@ -58,18 +53,39 @@ std::int32_t CQelTrackBall::applyProjection() {
         gluPerspective(fovY, aspect, zNear, zFar);
     }
     projectionDirty = true;
-    return 0;
 }
 
-std::int32_t CQelTrackBall::applyModelview() {
+inline void CQelTrackBall::loadModelview() {
     if (ownerGone) {
-        return 0;
+        return;
     }
     makeDisplayCurrent();
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     gluLookAt(eye.x, eye.y, eye.z, target.x, target.y, target.z, up.x, up.y, up.z);
     modelviewDirty = true;
+}
+
+std::int32_t CQelTrackBall::updateView() {
+    // A derived camera may replace either. Where none does, both stand here: each level of calls around one
+    // of OpenGL costs the processor a return that it cannot foresee.
+    if (typeid(*this) == typeid(CQelTrackBall)) {
+        loadProjection();
+        loadModelview();
+    } else {
+        applyProjection();
+        applyModelview();
+    }
+    return 1;
+}
+
+std::int32_t CQelTrackBall::applyProjection() {
+    loadProjection();
+    return 0;
+}
+
+std::int32_t CQelTrackBall::applyModelview() {
+    loadModelview();
     return 0;
 }
 

@@ -5,7 +5,6 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
-#include "IQelDisplay.h"
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
 #include "XPnt3f.h"

@@ -4,7 +4,6 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
-#include "IQelDisplay.h"
 #include "PixelPackScope.h"
 #include "QelGl.h"
 #include "QelPredicates.h"

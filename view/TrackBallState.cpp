@@ -2,7 +2,6 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
-#include "IQelDisplay.h"
 
 namespace {
 
@@ -66,12 +65,6 @@ void CQelTrackBall::ownerGoes() {
 
 IQelDisplay* CQelTrackBall::getDisplay() {
     return display;
-}
-
-void CQelTrackBall::makeDisplayCurrent() {
-    if (display != nullptr) {
-        display->makeCurrent();
-    }
 }
 
 std::int32_t CQelTrackBall::onButtonUp() {
