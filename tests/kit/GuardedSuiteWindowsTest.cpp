@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -19,7 +21,10 @@ bool isWanted() {
 /// block, or a use after its end, ends the program with a line that names the block.
 class GuardedSuite : public ::testing::Environment {
   public:
-    void SetUp() override { heap.emplace(); }
+    void SetUp() override {
+        useTemporaryFolderOfItsOwn();
+        heap.emplace();
+    }
 
     void TearDown() override {
         const std::size_t served = heap->servedBlocks();
@@ -33,6 +38,14 @@ class GuardedSuite : public ::testing::Environment {
     }
 
   private:
+    /// Another run of the same tests may be under way, with files of the same names.
+    static void useTemporaryFolderOfItsOwn() {
+        const std::filesystem::path folder = std::filesystem::temp_directory_path() / "guarded";
+        std::filesystem::create_directories(folder);
+        SetEnvironmentVariableW(L"TMP", folder.c_str());
+        SetEnvironmentVariableW(L"TEMP", folder.c_str());
+    }
+
     std::optional<GuardedHeap> heap;
 };
 
