@@ -25,7 +25,7 @@ class ObjCheck {
     ObjCheck(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
 
     void run() {
-        while (lines.next()) {
+        while (lines.nextPlain()) {
             std::string_view line = lines.line();
             joinContinued(line);
             splitWords(line.substr(0, line.find('#')), words);
@@ -51,7 +51,7 @@ class ObjCheck {
         while (line.ends_with('\\')) {
             line.remove_suffix(1);
             joined.append(line).push_back(' ');
-            if (!lines.next()) {
+            if (!lines.nextPlain()) {
                 break;
             }
             line = lines.line();

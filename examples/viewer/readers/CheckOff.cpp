@@ -35,7 +35,7 @@ class OffCheck {
     /// Moves to the next line that has words.
     void requireWords(const std::string& expected) {
         do {
-            if (!lines.next()) {
+            if (!lines.nextPlain()) {
                 refuse(atLine(lines.number()), "the file ends where " + expected + " should stand");
             }
             splitWords(lines.line().substr(0, lines.line().find('#')), words);

@@ -33,7 +33,7 @@ class AsciiValues final : public PlyValues {
 
     void beginInstance(const PlyElement& element, std::uint64_t index) override {
         do {
-            if (!lines.next()) {
+            if (!lines.nextPlain()) {
                 refuse(atLine(lines.number()), "the file ends after " + std::to_string(index) + " of " +
                                                    std::to_string(element.count) + " instances of element " +
                                                    quoted(element.name));

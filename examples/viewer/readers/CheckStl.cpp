@@ -56,8 +56,7 @@ class AsciiStlCheck {
     AsciiStlCheck(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
 
     void run() {
-        while (lines.next()) {
-            requirePlainLine();
+        while (lines.nextPlain()) {
             splitWords(lines.line(), words);
             if (!words.empty()) {
                 step();
@@ -103,17 +102,6 @@ class AsciiStlCheck {
         state = found->to;
         if (state == State::LoopDone) {
             closeLoop();
-        }
-    }
-
-    /// The importer takes other control characters for ends of lines, and keywords wherever they stand.
-    void requirePlainLine() const {
-        const std::string_view line = lines.line();
-        const bool isPlain = std::all_of(line.begin(), line.end(), [](char character) {
-            return character == '\t' || static_cast<unsigned char>(character) >= ' ';
-        });
-        if (!isPlain) {
-            lines.refuseLine("there is a control character");
         }
     }
 

@@ -47,10 +47,10 @@ class HeaderReader {
         : lines(bytes.substr(0, kLongestHeader), ProgressStretch(ignored, 0.0, 1.0)) {}
 
     PlyHeader run() {
-        if (!lines.next() || (lines.line() != "ply" && lines.line() != "PLY")) {
+        if (!lines.nextPlain() || (lines.line() != "ply" && lines.line() != "PLY")) {
             refuse(atLine(1), "a PLY file begins with the line 'ply'");
         }
-        while (lines.next()) {
+        while (lines.nextPlain()) {
             splitWords(lines.line(), words);
             if (words.size() == 1 && words[0] == "end_header") {
                 return finished();

@@ -1,5 +1,6 @@
 #include "TextLines.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -49,6 +50,17 @@ bool TextLines::next() {
     nextBegin = end + 1;
     ++lineNumber;
     return true;
+}
+
+bool TextLines::nextPlain() {
+    const bool found = next();
+    const bool isPlain = !found || std::all_of(current.begin(), current.end(), [](char character) {
+        return character == '\t' || static_cast<unsigned char>(character) >= ' ';
+    });
+    if (!isPlain) {
+        refuseLine("there is a control character");
+    }
+    return found;
 }
 
 void TextLines::refuseLine(const std::string& reason) const {

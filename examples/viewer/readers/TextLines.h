@@ -16,6 +16,10 @@ class TextLines {
 
     /// Moves to the next line; false at the end.
     bool next();
+    /// The same for a file that the importer reads as well. It takes other control characters for ends of
+    /// lines, and would read other lines than were checked.
+    /// @throws ReadError that names a line with such a character.
+    bool nextPlain();
     /// The current line without its end.
     [[nodiscard]] std::string_view line() const { return current; }
     /// Of the current line, from 1.
