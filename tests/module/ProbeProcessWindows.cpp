@@ -25,6 +25,19 @@ std::string linesIn(HANDLE pipe) {
     return text;
 }
 
+/// Starts the probe. A busy system may refuse a process for a moment, which says nothing about the module.
+BOOL start(std::wstring command, STARTUPINFOW& startup, PROCESS_INFORMATION& process) {
+    constexpr int kAttempts = 5;
+    constexpr DWORD kMillisecondsBetween = 200;
+    BOOL started = FALSE;
+    for (int attempt = 0; attempt < kAttempts && started == FALSE; ++attempt) {
+        Sleep(attempt == 0 ? 0 : kMillisecondsBetween);
+        started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                                 &startup, &process);
+    }
+    return started;
+}
+
 }  // namespace
 
 Played play(const std::wstring& scene, DWORD longest) {
@@ -40,13 +53,12 @@ Played play(const std::wstring& scene, DWORD longest) {
     startup.hStdOutput = writing;
     startup.hStdError = writing;
     PROCESS_INFORMATION process{};
-    std::wstring command = L"\"" + probe() + L"\" " + scene;
-    const BOOL started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                                        &startup, &process);
+    const BOOL started = start(L"\"" + probe() + L"\" " + scene, startup, process);
+    const DWORD error = GetLastError();
     CloseHandle(writing);
     Played result;
     if (started == FALSE) {
-        result.output = "the probe did not start";
+        result.output = "the probe did not start: error " + std::to_string(error);
     } else {
         if (WaitForSingleObject(process.hProcess, longest) != WAIT_OBJECT_0) {
             TerminateProcess(process.hProcess, STILL_ACTIVE);

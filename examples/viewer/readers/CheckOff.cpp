@@ -21,6 +21,7 @@ class OffCheck {
         readKeyword();
         const long long vertices = readCount("vertices");
         const long long faces = readCount("faces");
+        isPastCounts = true;
         for (long long i = 0; i < vertices; ++i) {
             requireWords("vertex " + std::to_string(i));
             checkVertex();
@@ -39,8 +40,17 @@ class OffCheck {
                 refuse(atLine(lines.number()), "the file ends where " + expected + " should stand");
             }
             splitWords(lines.line().substr(0, lines.line().find('#')), words);
+            refuseEmptyElement();
         } while (words.empty());
         used = 0;
+    }
+
+    /// Once it has read the counts, the importer takes each line that holds a character for a vertex or a
+    /// face.
+    void refuseEmptyElement() const {
+        if (isPastCounts && words.empty() && !lines.line().empty()) {
+            lines.refuseLine("a remark or blanks where a vertex or a face should stand");
+        }
     }
 
     void readKeyword() {
@@ -93,6 +103,7 @@ class OffCheck {
     TextLines lines;
     std::vector<std::string_view> words;
     std::size_t used = 0;
+    bool isPastCounts = false;
 };
 
 }  // namespace
