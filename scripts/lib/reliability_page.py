@@ -1,5 +1,5 @@
 """reliability_page.py RESULTS PAGE: writes the page of what a run of the full length has shown, from the results of its test programs
-(the figures that tests record), of its checks, of the fuzzing and of the coverage."""
+(the figures that tests record), of its checks and of the fuzzing."""
 
 import json
 import pathlib
@@ -123,7 +123,6 @@ def programs_table(folder):
         ("native", "the portable core under the address and undefined-behaviour sanitizers, with a search for leaks"),
         ("windows", "everything, under Wine"),
         ("guarded", "everything under Wine, each block of memory before a page without access"),
-        ("coverage", "the portable core, counting what is reached"),
     )
     for program, text in texts:
         passed, skipped, figures = counted(folder, program)
@@ -143,15 +142,6 @@ def fuzzing(folder):
             *table(("reader", "inputs", "seconds", "files to begin with"), rows)]
 
 
-def coverage(folder):
-    summary = json.loads((folder / "coverage-summary.json").read_text())
-    folders = {**summary["folders"], "together": [sum(column) for column in zip(*summary["folders"].values())]}
-    rows = [(name, row[0], f"{100 * row[1] / row[0]:.1f} %", row[2], f"{100 * row[3] / row[2]:.1f} %") for name, row in folders.items()]
-    lines = ["## Coverage", "", *table(("folder", "lines", "reached", "branches", "taken"), rows)]
-    missing = [(f"`{each['file']}`", f"`{each['text']}`", each["reason"]) for each in summary["missing"]]
-    return lines + (["What no test reaches:", "", *table(("file", "line", "reason"), missing)] if missing else [])
-
-
 def page(folder):
     programs = {program: results_of(folder, program) for program in ("native", "windows")}
     sources = test_names.tests()
@@ -163,7 +153,7 @@ def page(folder):
             lines += fuzzing(folder)
     for title, pattern in CHECKS:
         lines += [f"## {title}", "", *(f"- {sentence}" for sentence in checks_of(folder, pattern)), ""]
-    return "\n".join(lines + coverage(folder)).rstrip() + "\n"
+    return "\n".join(lines).rstrip() + "\n"
 
 
 if __name__ == "__main__":
