@@ -44,6 +44,11 @@ constexpr Check kGlb = qelview::checkGlb;
 
 #define GLTF_URI(uri) "{\"asset\": {}, \"buffers\": [{\"uri\": \"" uri "\"}]}"
 
+#define GLTF_ATTRIBUTES(attributes)                                                                        \
+    "{\"asset\": {}, \"accessors\": [{\"bufferView\": 0, \"count\": 3}, {\"count\": 3}, {\"bufferView\": " \
+    "0, \"count\": 2}], "                                                                                  \
+    "\"meshes\": [{\"primitives\": [{\"attributes\": " attributes "}]}]}"
+
 #define PLY_HEAD \
     "ply\nformat ascii 1.0\nelement vertex 2\nproperty float x\nproperty float y\nproperty float z\n"
 #define PLY_FACE "element face 1\nproperty list uchar int vertex_indices\n"
@@ -112,6 +117,12 @@ const std::vector<CheckCase> kCases{
     {"StlControlCharacter", kStl, "solid a\ffacet\n", "line 1: there is a control character"},
     {"GltfData", kGltf, GLTF_URI("data:application/octet-stream;base64,AAA="), ""},
     {"GltfBeside", kGltf, GLTF_URI("parts/wheel.bin"), ""},
+    {"GltfNoAccessor", kGltf, GLTF_ATTRIBUTES("{\"POSITION\": 7}"),
+     "mesh 0: it names an accessor that does not exist"},
+    {"GltfNoData", kGltf, GLTF_ATTRIBUTES("{\"POSITION\": 0, \"NORMAL\": 1}"),
+     "mesh 0: its accessor 1 has no data"},
+    {"GltfShortAttribute", kGltf, GLTF_ATTRIBUTES("{\"POSITION\": 0, \"NORMAL\": 2}"),
+     "mesh 0: its attribute 'NORMAL' is not as long as its positions"},
     {"GltfNoPositions", kGltf, "{\"asset\": {}, \"meshes\": [{\"primitives\": [{\"indices\": 2}]}]}",
      "mesh 0: it has no positions"},
     {"GltfCut", kGltf, "{\"asset\": {},\n\"buffers\": [", "line 2: the JSON text is damaged or ends here"},
@@ -132,6 +143,7 @@ const std::vector<CheckCase> kCases{
     {"OffCountsBehindTheWord", kOff, "OFF 3 1 3\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", ""},
     {"OffRemarksBeforeTheCounts", kOff,
      "OFF\n# corners, faces\n\n3 1 3\n\n0 0 0\n1 0 0\n0 1 0 # the last\n3 0 1 2\n", ""},
+    {"OffPlusSign", kOff, "OFF\n1 1 0\n+0 0 0\n+1 0\n", "line 4: '+1' has a plus sign"},
     {"OffRemarkAmongVertices", kOff, "OFF\n3 1 3\n# corners\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n",
      "line 3: a remark or blanks where a vertex or a face should stand"},
     {"OffBlanksAmongFaces", kOff, "OFF\n3 2 3\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n  \n3 2 1 0\n",

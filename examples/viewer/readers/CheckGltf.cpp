@@ -66,6 +66,34 @@ void checkUris(const json& root, const char* section) {
     }
 }
 
+/// The accessor of an attribute or of indices. The importer reads through a null pointer where one has no
+/// data.
+const json& accessorAt(const json& root, const std::string& place, const json& index) {
+    const auto accessors = root.find("accessors");
+    const bool isListed = accessors != root.end() && accessors->is_array() && index.is_number_unsigned() &&
+                          index.get<std::uint64_t>() < accessors->size();
+    if (!isListed) {
+        refuse(place, "it names an accessor that does not exist");
+    }
+    const json& accessor = (*accessors)[index.get<std::size_t>()];
+    if (!accessor.is_object() || !accessor.contains("bufferView")) {
+        refuse(place, "its accessor " + index.dump() + " has no data");
+    }
+    return accessor;
+}
+
+/// The importer reads as much of every attribute as there are positions.
+void checkAttributes(const json& root, const std::string& place, const json& attributes) {
+    const json& positions = accessorAt(root, place, attributes["POSITION"]);
+    for (const auto& [name, index] : attributes.items()) {
+        const json& accessor = accessorAt(root, place, index);
+        if (!accessor.contains("count") || !positions.contains("count") ||
+            accessor["count"] != positions["count"]) {
+            refuse(place, "its attribute " + qelview::quoted(name) + " is not as long as its positions");
+        }
+    }
+}
+
 /// The importer makes faces of primitives without positions too, over vertices that there are none of.
 void checkPrimitives(const json& root) {
     const json meshes = root.value("meshes", json::array());
@@ -75,8 +103,13 @@ void checkPrimitives(const json& root) {
         for (const json& primitive : primitives) {
             const json attributes =
                 primitive.is_object() ? primitive.value("attributes", json::object()) : json::object();
+            const std::string place = "mesh " + std::to_string(i);
             if (!attributes.is_object() || !attributes.contains("POSITION")) {
-                refuse("mesh " + std::to_string(i), "it has no positions");
+                refuse(place, "it has no positions");
+            }
+            checkAttributes(root, place, attributes);
+            if (primitive.contains("indices")) {
+                static_cast<void>(accessorAt(root, place, primitive["indices"]));
             }
         }
     }

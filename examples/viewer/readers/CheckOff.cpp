@@ -11,6 +11,8 @@ namespace {
 
 /// The importer leaves out faces with more.
 constexpr long long kMostCorners = 9;
+/// The importer takes what lies behind for a line of its own.
+constexpr std::size_t kLongestLine = 4096;
 
 class OffCheck {
   public:
@@ -39,6 +41,9 @@ class OffCheck {
             if (!lines.nextPlain()) {
                 refuse(atLine(lines.number()), "the file ends where " + expected + " should stand");
             }
+            if (lines.line().size() >= kLongestLine) {
+                lines.refuseLine("a line of more than " + std::to_string(kLongestLine - 1) + " characters");
+            }
             splitWords(lines.line().substr(0, lines.line().find('#')), words);
             refuseEmptyElement();
         } while (words.empty());
@@ -65,11 +70,19 @@ class OffCheck {
         if (used == words.size()) {
             requireWords("the number of " + what);
         }
-        const long long count = readWhole(words[used++], lines);
+        const long long count = readPlainWhole(words[used++]);
         if (count <= 0) {
             lines.refuseLine("there are no " + what);
         }
         return count;
+    }
+
+    /// The importer takes a number with a plus sign for 0.
+    long long readPlainWhole(std::string_view word) const {
+        if (word.starts_with('+')) {
+            lines.refuseLine(quoted(word) + " has a plus sign");
+        }
+        return readWhole(word, lines);
     }
 
     void checkVertex() {
@@ -82,7 +95,7 @@ class OffCheck {
     }
 
     void checkFace(long long vertices) {
-        const long long corners = readWhole(words[0], lines);
+        const long long corners = readPlainWhole(words[0]);
         if (corners < 1 || corners > kMostCorners) {
             lines.refuseLine("a face of " + std::to_string(corners) + " corners; 1 to " +
                              std::to_string(kMostCorners) + " are read");
@@ -92,7 +105,7 @@ class OffCheck {
                              std::to_string(words.size() - 1));
         }
         for (std::size_t i = 1; i <= static_cast<std::size_t>(corners); ++i) {
-            const long long index = readWhole(words[i], lines);
+            const long long index = readPlainWhole(words[i]);
             if (index < 0 || index >= vertices) {
                 lines.refuseLine("vertex " + std::to_string(index) + " does not exist: there are " +
                                  std::to_string(vertices) + ", counted from 0");
