@@ -67,6 +67,10 @@ inline void CQelTrackBall::loadModelview() {
 }
 
 std::int32_t CQelTrackBall::updateView() {
+    return updateViewAndReturn(1);
+}
+
+std::int32_t CQelTrackBall::updateViewAndReturn(std::int32_t result) {
     // A derived camera may replace either. Where none does, both stand here: each level of calls around one
     // of OpenGL costs the processor a return that it cannot foresee.
     if (typeid(*this) == typeid(CQelTrackBall)) {
@@ -76,7 +80,7 @@ std::int32_t CQelTrackBall::updateView() {
         applyProjection();
         applyModelview();
     }
-    return 1;
+    return result;
 }
 
 std::int32_t CQelTrackBall::applyProjection() {
