@@ -32,7 +32,7 @@ def program_of(reader):
     return BUILD / "bin" / f"fuzz_{reader}"
 
 
-def command_of(reader, seconds):
+def command_of(reader, seconds, learnt, repeatable):
     options = {
         "max_total_time": seconds,
         "timeout": SECONDS_OF_AN_INPUT,
@@ -42,16 +42,20 @@ def command_of(reader, seconds):
         "print_final_stats": 1,
         "artifact_prefix": f"{BUILD}/found/{reader}-",
     }
-    return [program_of(reader), *(f"-{name}={value}" for name, value in options.items()), BUILD / "learnt" / reader]
+    if repeatable:
+        options["seed"] = 1
+    return [program_of(reader), *(f"-{name}={value}" for name, value in options.items()), learnt]
 
 
-def fuzz(reader, seconds):
+def fuzz(reader, seconds, repeatable):
     """(problems, number of inputs tried)"""
-    learnt = BUILD / "learnt" / reader
+    learnt = BUILD / ("repeated" if repeatable else "learnt") / reader
+    if repeatable:
+        shutil.rmtree(learnt, ignore_errors=True)
     learnt.mkdir(parents=True, exist_ok=True)
     for seed in seeds_of(reader):
         shutil.copy(seed, learnt)
-    command = command_of(reader, seconds)
+    command = command_of(reader, seconds, learnt, repeatable)
     leaks = f"suppressions={LEAKS_OF_THE_IMPORTER}:print_suppressions=0"
     environment = {**os.environ, "ASAN_OPTIONS": "detect_leaks=1", "LSAN_OPTIONS": leaks}
     log = BUILD / "found" / f"{reader}.log"
@@ -79,7 +83,7 @@ def judged(reader, seconds, unless_done):
     verdict = tree.cache_folder() / "verdicts" / "fuzz" / key_of(reader, seconds)
     if unless_done and verdict.exists():
         return [], None
-    problems, tried = fuzz(reader, seconds)
+    problems, tried = fuzz(reader, seconds, unless_done)
     if not problems:
         verdict.parent.mkdir(parents=True, exist_ok=True)
         verdict.touch()
