@@ -21,7 +21,7 @@ option(QEL_FUZZ "Build the programs that fuzz the viewer's readers, instead of t
 if(QEL_FUZZ)
     # The same program wherever the project lies: what was found out about it stands for all clones.
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
-        "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
+        "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
     add_link_options(-fsanitize=address,undefined)
 endif()
 

@@ -46,8 +46,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     IQelTrackBall& operator=(const IQelTrackBall& other);
     /// @}
 
-    /// New window size in pixels: sets viewport, projection and camera. A zero width or height (a minimised
-    /// window) changes nothing. Returns 1 always.
+    /// New window size in pixels: sets viewport, projection and camera. A side of 0 (a minimised window) or
+    /// above 2147483520 changes nothing. Returns 1 always.
     virtual std::int32_t onResize(std::uint32_t width, std::uint32_t height) = 0;
     /// Starts a drag at a window position: button 1 pans, 2 rotates, 3 zooms; 0 ends the drag. Returns 1.
     virtual std::int32_t onButtonDown(std::int32_t button, std::int32_t x, std::int32_t y) = 0;
