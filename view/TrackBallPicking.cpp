@@ -19,14 +19,22 @@ constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
 constexpr int kNotANumberByte = 0xFF;
 constexpr double kOnPlane = 0.000001;
 
-/// Window depth of one pixel. Setting the host's padding aside costs a quarter of such a read; a single value
-/// lies where it should unless something is skipped before it.
+/// True if a single value is written where it is told to, as it is. Setting the host's padding aside costs a
+/// quarter of the read of one.
+bool landsAsItIs() {
+    bool isSet = false;
+    constexpr GLenum kSettings[] = {GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS, GL_PACK_SWAP_BYTES};
+    for (const GLenum setting : kSettings) {
+        GLint value = 0;
+        glGetIntegerv(setting, &value);
+        isSet = isSet || value != 0;
+    }
+    return !isSet;
+}
+
+/// Window depth of one pixel, whatever the host has set for its own reads.
 void readPixelDepth(std::int32_t column, std::int32_t row, float& depth) {
-    GLint skippedRows = 0;
-    GLint skippedPixels = 0;
-    glGetIntegerv(GL_PACK_SKIP_ROWS, &skippedRows);
-    glGetIntegerv(GL_PACK_SKIP_PIXELS, &skippedPixels);
-    if (skippedRows == 0 && skippedPixels == 0) {
+    if (landsAsItIs()) {
         glReadPixels(column, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
     } else {
         const qel::PixelPackScope packing;

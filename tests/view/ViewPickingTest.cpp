@@ -111,17 +111,18 @@ class Picking : public CameraTrace {
     double depthAt(int x, int y) const { return static_cast<double>(surface.depth(x, y)); }
 };
 
-TEST_F(Picking, ReadsItsPixelWhateverTheHostSkipsInItsOwnReads) {
+TEST_F(Picking, ReadsItsPixelWhateverTheHostSetsForItsOwnReads) {
     drawAtDepth(20, 20, 60, 60, 0.5);
     const XPnt3d expected = unProjected(30.6, 40.25, depthAt(30, 40));
     glPixelStorei(GL_PACK_ROW_LENGTH, 1000);
-    for (const GLenum skipped : std::initializer_list<GLenum>{GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS}) {
-        glPixelStorei(skipped, 1000);
-        EXPECT_TRUE(isExactly(view->pickModelPnt(30.6, 40.25), expected));
+    for (const GLenum setting :
+         std::initializer_list<GLenum>{GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS, GL_PACK_SWAP_BYTES}) {
+        glPixelStorei(setting, 1);
+        EXPECT_TRUE(isExactly(view->pickModelPnt(30.6, 40.25), expected)) << setting;
         GLint kept = 0;
-        glGetIntegerv(skipped, &kept);
-        EXPECT_EQ(kept, 1000);
-        glPixelStorei(skipped, 0);
+        glGetIntegerv(setting, &kept);
+        EXPECT_EQ(kept, 1);
+        glPixelStorei(setting, 0);
     }
     glPixelStorei(GL_PACK_ROW_LENGTH, 0);
 }
