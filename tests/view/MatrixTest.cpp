@@ -213,6 +213,17 @@ TYPED_TEST(Matrix, DetachesFromASharedBufferBeforeItWrites) {
     expectDetached<TypeParam>([](M& m) { EXPECT_TRUE(m.invert()); }, 3);
     expectDetached<TypeParam>([](M& m) { EXPECT_TRUE(m *= M(m)); }, 3);
     expectDetached<TypeParam>([](M& m) { m = M(2, 2); }, 3);
+    expectDetached<TypeParam>([](M& m) { m = M(3, 3); }, 3);
+}
+
+TYPED_TEST(Matrix, OfTheSameSizeIsAssignedIntoTheBufferThatIsThere) {
+    matrix<TypeParam> m = anyMatrix<TypeParam>(3, 3, 34);
+    const matrix<TypeParam> other = anyMatrix<TypeParam>(3, 3, 35);
+    const TypeParam* const buffer = m.elements();
+    m = other;
+    EXPECT_EQ(m.elements(), buffer);
+    EXPECT_EQ(valuesOf(m), valuesOf(other));
+    EXPECT_EQ(countBehind(m), 1);
 }
 
 TYPED_TEST(Matrix, KeepsTheOtherElementsWhenItDetaches) {
