@@ -22,7 +22,7 @@ COUNTS = {"cycles", "calls", "faults", "frames", "files", "allocations", "loads"
 TOPICS = (
     ("Memory", r"AllocationFaults|ExtremeSizes|kit/Census"),
     ("Faults", r"^faults/(?!.*Monkey)|Faults(Windows)?Test\.cpp$"),
-    ("Hostile input", r"^faults/.*Monkey|Hostile|CheckMeshFiles"),
+    ("Hostile input", r"^faults/.*Monkey|Hostile|PlainModel|ReadGltf|ObjMaterials"),
     ("Time", r"^endurance/"),
 )
 # Which judgements of the checks are told under which heading.

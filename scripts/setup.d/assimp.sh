@@ -1,4 +1,5 @@
-# assimp for MinGW, from Debian's source package: a static library with the importers that the viewer offers.
+# assimp from Debian's source package, twice: a static library for MinGW with the importers that the viewer offers, and the same under the
+# address sanitizer for the programs that fuzz the readers, since damage that an importer does to the heap shows nowhere else.
 
 assimpVersion=5.2.5
 
@@ -7,7 +8,7 @@ assimpVersion=5.2.5
 assimpOptions=(
     -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DASSIMP_NO_EXPORT=ON -DASSIMP_DOUBLE_PRECISION=ON
     -DASSIMP_BUILD_ALL_IMPORTERS_BY_DEFAULT=OFF -DASSIMP_BUILD_OBJ_IMPORTER=ON -DASSIMP_BUILD_PLY_IMPORTER=ON
-    -DASSIMP_BUILD_STL_IMPORTER=ON -DASSIMP_BUILD_OFF_IMPORTER=ON -DASSIMP_BUILD_GLTF_IMPORTER=ON
+    -DASSIMP_BUILD_STL_IMPORTER=ON -DASSIMP_BUILD_OFF_IMPORTER=ON
     -DASSIMP_BUILD_ASSIMP_TOOLS=OFF -DASSIMP_BUILD_SAMPLES=OFF -DASSIMP_BUILD_TESTS=OFF -DASSIMP_BUILD_DOCS=OFF
     -DASSIMP_WARNINGS_AS_ERRORS=OFF -DASSIMP_BUILD_ZLIB=OFF -DASSIMP_BUILD_MINIZIP=ON -DASSIMP_INSTALL=OFF
     -DUNZIP_FOUND=TRUE
@@ -15,13 +16,11 @@ assimpOptions=(
 
 assimpFetch() { fetchSource assimp "$assimpVersion" "$work/fetched"; }
 
-# Upstream's code, but for its glTF importer, which copies the file's floats as they are into the scene's doubles. Debian leaves out
-# what it packages elsewhere; those headers go back to where upstream has them.
+# Debian leaves out what it packages elsewhere; those headers go back to where upstream has them.
 assimpUnpack() {
     rm -rf "$work/source"
     mkdir -p "$work/source"
     tar -C "$work/source" --strip-components=1 -xf "$(echo "$work"/fetched/assimp_*.orig.tar.xz)"
-    patch --quiet -d "$work/source" -p1 <"$qelRoot/scripts/setup.d/assimp-gltf-in-double.patch"
     local contrib=$work/source/contrib
     mkdir -p "$contrib/stb" "$contrib/utf8cpp/source" "$contrib/minizip"
     cp /usr/include/stb/stb_image.h "$contrib/stb/"
@@ -29,15 +28,18 @@ assimpUnpack() {
     cp /usr/include/minizip/*.h "$contrib/minizip/"
 }
 
+# Set by whoever builds one of them.
+assimpCompilers=()
+
 assimpConfigure() {
     rm -rf "$work/build"
-    runLogged "Configuring assimp" "$qelLogs/assimp-configure.log" -- \
-        cmake -S "$work/source" -B "$work/build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$qelRoot/cmake/mingw-w64-posix.cmake" \
+    runLogged "Configuring $assimpName" "$qelLogs/assimp-configure.log" -- \
+        cmake -S "$work/source" -B "$work/build" -G Ninja "${assimpCompilers[@]}" \
         -DUNZIP_INCLUDE_DIRS="$work/source/contrib/minizip" "${assimpOptions[@]}"
 }
 
 assimpBuild() {
-    runLogged "Building assimp" "$qelLogs/assimp-build.log" -p '^\[[0-9]+/' told -- ninja -C "$work/build" assimp
+    runLogged "Building $assimpName" "$qelLogs/assimp-build.log" -p '^\[[0-9]+/' told -- ninja -C "$work/build" assimp
 }
 
 assimpInstall() {
@@ -49,10 +51,22 @@ assimpInstall() {
     cp "$work/source/LICENSE" "$work/product/"
 }
 
-setupAssimp() {
-    [ ! -e "$assimpHome/lib/libassimp.a" ] || return 0
-    local work=$qelCache/building/$QEL_ASSIMP_KEY
+# buildAssimp NAME KEY HOME COMPILER_OPTION...
+buildAssimp() {
+    local assimpName=$1 work=$qelCache/building/$2 home=$3
+    [ ! -e "$home/lib/libassimp.a" ] || return 0
+    assimpCompilers=("${@:4}")
     mkdir -p "$work"
     inStages "$work" assimpFetch assimpUnpack assimpConfigure assimpBuild assimpInstall
-    moveIntoCache "$work" "$assimpHome"
+    moveIntoCache "$work" "$home"
+}
+
+setupAssimp() {
+    buildAssimp assimp "$QEL_ASSIMP_KEY" "$assimpHome" -DCMAKE_TOOLCHAIN_FILE="$qelRoot/cmake/mingw-w64-posix.cmake"
+}
+
+setupAssimpForFuzzing() {
+    buildAssimp "assimp for fuzzing" "$QEL_ASSIMPFUZZ_KEY" "$qelCache/$QEL_ASSIMPFUZZ_KEY" \
+        -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_FLAGS=-fsanitize=address \
+        -DCMAKE_CXX_FLAGS=-fsanitize=address "-DCMAKE_C_FLAGS_RELEASE=-O1 -g1" "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -g1"
 }

@@ -14,6 +14,8 @@ namespace {
 
 /// Far more than any real header, so that a binary file without an end of the header is not searched whole.
 constexpr std::size_t kLongestHeader = 1 << 20;
+/// Each is compared with those before it.
+constexpr std::size_t kMostNames = 1000;
 constexpr long long kMostInstances = 1LL << 31;
 
 std::optional<PlyType> typeNamed(std::string_view name) {
@@ -106,6 +108,10 @@ class HeaderReader {
             lines.refuseLine("the count " + quoted(words[2]) + " of element " + quoted(words[1]) +
                              " cannot be");
         }
+        if (header.find(words[1]) != nullptr) {
+            lines.refuseLine("element " + quoted(words[1]) + " is there already");
+        }
+        requireFew(header.elements.size());
         header.elements.push_back({std::string(words[1]), static_cast<std::uint64_t>(count), {}});
     }
 
@@ -123,7 +129,19 @@ class HeaderReader {
                 lines.refuseLine("the count of a list is a whole number");
             }
         }
-        header.elements.back().properties.push_back(property);
+        std::vector<PlyProperty>& properties = header.elements.back().properties;
+        if (std::any_of(properties.begin(), properties.end(),
+                        [&](const PlyProperty& other) { return other.name == property.name; })) {
+            lines.refuseLine("property " + quoted(property.name) + " is there already");
+        }
+        requireFew(properties.size());
+        properties.push_back(property);
+    }
+
+    void requireFew(std::size_t count) const {
+        if (count >= kMostNames) {
+            lines.refuseLine("there are more than " + std::to_string(kMostNames) + " elements or properties");
+        }
     }
 
     PlyType readType(std::string_view word) {

@@ -7,10 +7,12 @@
 #include <new>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
-#include "CheckMeshFiles.h"
+#include "PlainModel.h"
 #include "ReadError.h"
 #include "ReadGeoJson.h"
+#include "ReadGltf.h"
 #include "ReadMesh.h"
 #include "ReadPoints.h"
 
@@ -21,30 +23,32 @@ namespace {
 /// Files are held in memory while they are checked.
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
 
-using Check = void (*)(std::string_view, const ProgressStretch&);
+using Plain = PlainModel (*)(std::string, const std::filesystem::path&, const ProgressStretch&);
+
+enum class Kind : std::uint8_t { Mesh, Gltf, Points, Map };
 
 struct Format {
     std::string_view extension;
-    /// Null for files of points.
-    Check check;
-    bool isMesh;
+    Kind kind;
+    /// Of meshes that are imported.
+    Plain plain;
     Normals normals;
 };
 
 constexpr std::array<Format, 12> kFormats{{
-    {".obj", checkObj, true, Normals::OfTheFile},
-    {".ply", checkPly, true, Normals::OfTheFile},
+    {".obj", Kind::Mesh, plainObj, Normals::OfTheFile},
+    {".ply", Kind::Mesh, plainPly, Normals::OfTheFile},
     // STL gives each triangle the normal of its plane, which would make every surface look faceted.
-    {".stl", checkStl, true, Normals::MadeAnew},
-    {".off", checkOff, true, Normals::OfTheFile},
-    {".gltf", checkGltf, true, Normals::OfTheFile},
-    {".glb", checkGlb, true, Normals::OfTheFile},
-    {".xyz", nullptr, false, Normals::OfTheFile},
-    {".csv", nullptr, false, Normals::OfTheFile},
-    {".txt", nullptr, false, Normals::OfTheFile},
-    {".asc", nullptr, false, Normals::OfTheFile},
-    {".geojson", nullptr, false, Normals::OfTheFile},
-    {".json", nullptr, false, Normals::OfTheFile},
+    {".stl", Kind::Mesh, plainStl, Normals::MadeAnew},
+    {".off", Kind::Mesh, plainOff, Normals::OfTheFile},
+    {".gltf", Kind::Gltf, nullptr, Normals::OfTheFile},
+    {".glb", Kind::Gltf, nullptr, Normals::OfTheFile},
+    {".xyz", Kind::Points, nullptr, Normals::OfTheFile},
+    {".csv", Kind::Points, nullptr, Normals::OfTheFile},
+    {".txt", Kind::Points, nullptr, Normals::OfTheFile},
+    {".asc", Kind::Points, nullptr, Normals::OfTheFile},
+    {".geojson", Kind::Map, nullptr, Normals::OfTheFile},
+    {".json", Kind::Map, nullptr, Normals::OfTheFile},
 }};
 
 std::string utf8(const std::filesystem::path& path) {
@@ -87,16 +91,20 @@ std::string readBytes(const std::filesystem::path& file) {
 }
 
 Scene readAs(const Format& format, const std::filesystem::path& file, const ProgressStretch& progress) {
-    constexpr double kCheckShare = 0.2;
-    const std::string bytes = readBytes(file);
-    if (!format.isMesh) {
-        const bool isGeoJson = format.extension.ends_with("json");
-        return isGeoJson ? readGeoJson(bytes, progress) : readPoints(bytes, progress);
+    constexpr double kPlainShare = 0.3;
+    std::string bytes = readBytes(file);
+    switch (format.kind) {
+        case Kind::Gltf:
+            return readGltf(bytes, file, progress);
+        case Kind::Points:
+            return readPoints(bytes, progress);
+        case Kind::Map:
+            return readGeoJson(bytes, progress);
+        case Kind::Mesh:
+            break;
     }
-    if (format.check != nullptr) {
-        format.check(bytes, progress.part(0.0, kCheckShare));
-    }
-    return readMesh(utf8(file), format.normals, progress.part(kCheckShare, 1.0));
+    const PlainModel plain = format.plain(std::move(bytes), file, progress.part(0.0, kPlainShare));
+    return readMesh(plain, format.extension, format.normals, progress.part(kPlainShare, 1.0));
 }
 
 }  // namespace

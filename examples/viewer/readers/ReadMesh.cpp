@@ -1,6 +1,7 @@
 #include "ReadMesh.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <iterator>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "AssimpHeaders.h"
+#include "MeshLook.h"
 #include "MeshNormals.h"
 #include "ReadError.h"
 #include "TextLines.h"
@@ -18,7 +20,6 @@ namespace {
 
 /// Of the time of a load; the rest goes into normals and copies.
 constexpr double kImportShare = 0.8;
-constexpr LineStyle kLineStyle{{150, 200, 255}, 1.5F};
 
 /// The importer's numbers are doubles or floats, as it was built.
 template <class Number, class Real>
@@ -48,9 +49,41 @@ class ImportProgress final : public Assimp::ProgressHandler {
     ProgressStretch stretch;
 };
 
+/// The only files that the importer can open, and none that it can write. The importer takes it over.
+class FilesInMemory final : public Assimp::IOSystem {
+  public:
+    FilesInMemory(const std::string& modelName, const PlainModel& plain)
+        : files{{{modelName, plain.model}, {std::string(kMaterialsOfPlainModel), plain.materials}}} {}
+
+    bool Exists(const char* name) const override { return find(name) != nullptr; }
+    char getOsSeparator() const override { return '/'; }
+    Assimp::IOStream* Open(const char* name, const char*) override {
+        const File* const file = find(name);
+        return file == nullptr
+                   ? nullptr
+                   : new Assimp::MemoryIOStream(reinterpret_cast<const std::uint8_t*>(file->bytes.data()),
+                                                file->bytes.size());
+    }
+    void Close(Assimp::IOStream* stream) override { delete stream; }
+
+  private:
+    struct File {
+        std::string name;
+        std::string_view bytes;
+    };
+    const File* find(std::string_view name) const {
+        const auto* const found = std::find_if(files.begin(), files.end(), [name](const File& file) {
+            return file.name == name && !file.bytes.empty();
+        });
+        return found == files.end() ? nullptr : found;
+    }
+
+    std::array<File, 2> files;
+};
+
 std::string nameOf(const aiMesh& mesh, unsigned number) {
     const std::string name = oneLine({mesh.mName.C_Str(), mesh.mName.length});
-    return "mesh " + std::to_string(number) + (name.empty() ? "" : " " + quoted(name));
+    return "mesh " + std::to_string(number) + (name.empty() ? "" : " " + qelview::quoted(name));
 }
 
 /// The importers themselves check neither.
@@ -103,8 +136,7 @@ std::vector<qel::QelColor3f> colorsOf(const aiMesh& mesh) {
         return color.r > ai_real(1) || color.g > ai_real(1) || color.b > ai_real(1);
     });
     const auto share = [isBytes](ai_real channel) {
-        const float value = numberOf<float>(channel) / (isBytes ? 255.0F : 1.0F);
-        return value >= 0.0F ? std::min(value, 1.0F) : 0.0F;
+        return shownShare(numberOf<double>(channel) / (isBytes ? 255.0 : 1.0));
     };
     std::transform(begin, begin + mesh.mNumVertices, std::back_inserter(colors),
                    [&share](const aiColor4D& color) {
@@ -177,16 +209,13 @@ class MeshPlacer {
         const aiMatrix3x3 turn = aiMatrix3x3(placement).Inverse().Transpose();
         triangles.normals.reserve(mesh.mNumVertices);
         for (unsigned i = 0; i < mesh.mNumVertices; ++i) {
-            qel::XPnt3d normal = toPoint(turn * mesh.mNormals[i]);
-            const double length = normal.norm();
-            const bool isUsable = std::isfinite(length) && length > 0.0;
-            triangles.normals.emplace_back(isUsable ? normal * (1.0 / length) : qel::XPnt3d(0.0, 0.0, 1.0));
+            triangles.normals.push_back(unitNormal(toPoint(turn * mesh.mNormals[i])));
         }
     }
 
     void placeLines(const aiMesh& mesh, const Points& positions) {
         Polyline polyline;
-        polyline.style = kLineStyle;
+        polyline.style = kLinesOfMeshFiles;
         for (unsigned i = 0; i < mesh.mNumFaces; ++i) {
             const aiFace& line = mesh.mFaces[i];
             Points part;
@@ -200,12 +229,8 @@ class MeshPlacer {
 
     void placePoints(const aiMesh& mesh, Points&& positions) {
         PointCloud cloud;
-        for (const qel::QelColor3f& color : colorsOf(mesh)) {
-            const auto byte = [](float share) {
-                return static_cast<std::uint8_t>(std::lround(share * 255.0F));
-            };
-            cloud.colors.emplace_back(byte(color.r), byte(color.g), byte(color.b));
-        }
+        const std::vector<qel::QelColor3f> colors = colorsOf(mesh);
+        std::transform(colors.begin(), colors.end(), std::back_inserter(cloud.colors), colorOfDot);
         cloud.positions = std::move(positions);
         scene.clouds.push_back(std::move(cloud));
     }
@@ -223,10 +248,13 @@ bool hasFaces(const aiScene& imported) {
 
 }  // namespace
 
-Scene readMesh(const std::string& path, Normals normals, const ProgressStretch& progress) {
+Scene readMesh(const PlainModel& model, std::string_view extension, Normals normals,
+               const ProgressStretch& progress) {
+    const std::string name = "model" + std::string(extension);
     Assimp::Importer importer;
+    importer.SetIOHandler(new FilesInMemory(name, model));
     importer.SetProgressHandler(new ImportProgress(progress.part(0.0, kImportShare)));
-    const aiScene* imported = importer.ReadFile(path, 0);
+    const aiScene* imported = importer.ReadFile(name, 0);
     if (imported != nullptr) {
         checkImported(*imported);
         if (hasFaces(*imported)) {

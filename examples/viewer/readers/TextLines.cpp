@@ -13,6 +13,7 @@ namespace qelview {
 namespace {
 
 constexpr std::size_t kLinesBetweenReports = 4096;
+constexpr std::string_view kBlanks = " \t\v\f";
 
 /// `std::from_chars` knows no plus sign.
 std::string_view withoutPlus(std::string_view word) {
@@ -77,7 +78,6 @@ void requireText(std::string_view text) {
 }
 
 void splitWords(std::string_view line, std::vector<std::string_view>& words) {
-    constexpr std::string_view kBlanks = " \t\v\f";
     words.clear();
     std::size_t begin = line.find_first_not_of(kBlanks);
     while (begin != std::string_view::npos) {
@@ -85,6 +85,18 @@ void splitWords(std::string_view line, std::vector<std::string_view>& words) {
         words.push_back(line.substr(begin, end - begin));
         begin = line.find_first_not_of(kBlanks, end);
     }
+}
+
+std::string_view behindFirstWord(std::string_view line) {
+    line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+    line.remove_prefix(std::min(line.find_first_of(kBlanks), line.size()));
+    line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+    return line.substr(0, line.find_last_not_of(kBlanks) + 1);
+}
+
+std::optional<double> numberIn(std::string_view word) {
+    double value = 0.0;
+    return parse(word, value) == std::errc() ? std::optional(value) : std::nullopt;
 }
 
 double readNumber(std::string_view word, const TextLines& lines) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,8 +17,8 @@ class TextLines {
 
     /// Moves to the next line; false at the end.
     bool next();
-    /// The same for a file that the importer reads as well. It takes other control characters for ends of
-    /// lines, and would read other lines than were checked.
+    /// The same for a file of plain lines. Readers differ in what other control characters mean: some take
+    /// them for ends of lines.
     /// @throws ReadError that names a line with such a character.
     bool nextPlain();
     /// The current line without its end.
@@ -43,7 +44,13 @@ void requireText(std::string_view text);
 /// The words of a line, separated by spaces and tabs. The storage of `words` is used again.
 void splitWords(std::string_view line, std::vector<std::string_view>& words);
 
-/// A decimal number, whatever the language of the system.
+/// What stands behind the first word of a line, without the blanks around it.
+[[nodiscard]] std::string_view behindFirstWord(std::string_view line);
+
+/// The decimal number that a word is, whatever the language of the system; nothing if it is none.
+[[nodiscard]] std::optional<double> numberIn(std::string_view word);
+
+/// The same.
 /// @throws ReadError that names the current line if it is no number.
 [[nodiscard]] double readNumber(std::string_view word, const TextLines& lines);
 

@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ByteOrder.h"
-#include "CheckMeshFiles.h"
+#include "PlainModel.h"
+#include "PlainText.h"
 #include "ReadError.h"
 #include "TextLines.h"
 
@@ -51,11 +53,11 @@ void checkBinary(std::string_view bytes, const ProgressStretch& progress) {
 }
 
 /// Follows the keywords of the text in their order.
-class AsciiStlCheck {
+class AsciiStlReading {
   public:
-    AsciiStlCheck(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
+    AsciiStlReading(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
 
-    void run() {
+    std::string run() {
         while (lines.nextPlain()) {
             splitWords(lines.line(), words);
             if (!words.empty()) {
@@ -68,6 +70,7 @@ class AsciiStlCheck {
         if (triangles == 0) {
             refuse("end of file", "there is no triangle");
         }
+        return plain.take();
     }
 
   private:
@@ -76,7 +79,7 @@ class AsciiStlCheck {
     void step() {
         const std::string_view word = words.front();
         if (state == State::Loop && word == "vertex") {
-            checkVertex();
+            passVertex();
             return;
         }
         struct Step {
@@ -105,23 +108,33 @@ class AsciiStlCheck {
         }
     }
 
-    void checkRest(std::string_view keyword) const {
+    void checkRest(std::string_view keyword) {
         if (keyword == "solid") {
-            checkName();
+            beginSolid();
+        } else if (keyword == "endsolid") {
+            endSolid();
         } else if (keyword == "facet") {
             checkNormal();
-        } else if (keyword != "endsolid" && words.size() != (keyword == "outer" ? 2U : 1U)) {
+        } else if (words.size() != (keyword == "outer" ? 2U : 1U)) {
             lines.refuseLine("there is more than " + quoted(keyword) + " needs");
         }
     }
 
-    void checkName() const {
-        constexpr std::size_t kLongestName = 1000;
-        const bool isSafe = std::none_of(words.begin() + 1, words.end(), [](std::string_view word) {
-            return word == "facet" || word == "vertex" || word.starts_with("endsolid");
-        });
-        if (!isSafe || lines.line().size() > kLongestName) {
-            lines.refuseLine("the name of the solid is too long or holds a keyword");
+    /// A name is passed on if the importer takes it for one.
+    void beginSolid() {
+        constexpr std::size_t kLongestName = 200;
+        name = words.size() > 1 ? words[1] : std::string_view();
+        const bool isPlain = std::all_of(name.begin(), name.end(),
+                                         [](char character) { return character > ' ' && character <= '~'; });
+        if (!isPlain || name.size() > kLongestName) {
+            name = {};
+        }
+        trianglesBefore = triangles;
+    }
+
+    void endSolid() {
+        if (triangles > trianglesBefore) {
+            passLine("endsolid");
         }
     }
 
@@ -135,41 +148,65 @@ class AsciiStlCheck {
         }
     }
 
-    void checkVertex() {
+    void passVertex() {
         if (words.size() != 4) {
             lines.refuseLine("a vertex has 3 coordinates, this one has " + std::to_string(words.size() - 1));
         }
         for (std::size_t i = 1; i <= 3; ++i) {
-            static_cast<void>(readCoordinate(words[i], lines));
+            numbers.push_back(readCoordinate(words[i], lines));
         }
-        ++corners;
     }
 
     void closeLoop() {
-        if (corners != 3) {
-            lines.refuseLine("a triangle has 3 corners, this one has " + std::to_string(corners));
+        if (numbers.size() != kCoordinatesOfATriangle) {
+            lines.refuseLine("a triangle has 3 corners, this one has " + std::to_string(numbers.size() / 3));
         }
-        corners = 0;
+        if (triangles == trianglesBefore) {
+            plain.word("solid");
+            passLine(name);
+        }
+        passLine("facet normal 0 0 0");
+        passLine("outer loop");
+        for (std::size_t i = 0; i < kCoordinatesOfATriangle; i += 3) {
+            plain.word("vertex");
+            plain.number(numbers[i]);
+            plain.number(numbers[i + 1]);
+            plain.number(numbers[i + 2]);
+            plain.endLine();
+        }
+        passLine("endloop");
+        passLine("endfacet");
+        numbers.clear();
         ++triangles;
+    }
+
+    void passLine(std::string_view line) {
+        plain.word(line);
+        plain.endLine();
     }
 
     TextLines lines;
     std::vector<std::string_view> words;
+    PlainText plain;
     State state = State::Outside;
-    std::size_t corners = 0;
+    /// Of the solid that is open.
+    std::string_view name;
+    std::size_t trianglesBefore = 0;
+    /// Coordinates of the loop that is open.
+    std::vector<double> numbers;
     std::size_t triangles = 0;
 };
 
 }  // namespace
 
-void checkStl(std::string_view bytes, const ProgressStretch& progress) {
+PlainModel plainStl(std::string bytes, const std::filesystem::path&, const ProgressStretch& progress) {
     if (isBinary(bytes)) {
+        // Records of a fixed size are as plain as can be.
         checkBinary(bytes, progress);
-        return;
+        return {std::move(bytes), ""};
     }
-    if (bytes.starts_with("solid") && bytes.find('\0') == std::string_view::npos) {
-        AsciiStlCheck(bytes, progress).run();
-        return;
+    if (bytes.starts_with("solid") && bytes.find('\0') == std::string::npos) {
+        return {AsciiStlReading(bytes, progress).run(), ""};
     }
     if (bytes.size() < kHeaderSize) {
         refuse("header",

@@ -1,4 +1,4 @@
-#include "CheckMeshFiles.h"
+#include "PlainModel.h"
 
 #include <gtest/gtest.h>
 
@@ -11,49 +11,42 @@
 
 namespace {
 
-using Check = void (*)(std::string_view, const qelview::ProgressStretch&);
+using Plain = qelview::PlainModel (*)(std::string, const std::filesystem::path&,
+                                      const qelview::ProgressStretch&);
 
-std::string refusal(Check check, const std::string& content) {
-    return qel::test::refusalOf([&] {
-        qelview::Progress progress;
-        check(content, qelview::ProgressStretch(progress, 0.0, 1.0));
-        return 0;
-    });
+std::string plainTextOf(Plain plain, const std::string& content) {
+    qelview::Progress progress;
+    return plain(content, "nowhere/model", qelview::ProgressStretch(progress, 0.0, 1.0)).model;
 }
 
-struct CheckCase {
+std::string refusal(Plain plain, const std::string& content) {
+    return qel::test::refusalOf([&] { return plainTextOf(plain, content); });
+}
+
+struct PlainCase {
     const char* name;
-    Check check;
+    Plain plain;
     const char* content;
     /// Empty if the file is sound.
     const char* refusal;
 };
 
-class CheckMeshFiles : public testing::TestWithParam<CheckCase> {};
+class MeshFile : public testing::TestWithParam<PlainCase> {};
 
-TEST_P(CheckMeshFiles, SaysWhatIsWrongAndWhere) {
-    EXPECT_EQ(refusal(GetParam().check, GetParam().content), GetParam().refusal);
+TEST_P(MeshFile, SaysWhatIsWrongAndWhere) {
+    EXPECT_EQ(refusal(GetParam().plain, GetParam().content), GetParam().refusal);
 }
 
-constexpr Check kObj = qelview::checkObj;
-constexpr Check kPly = qelview::checkPly;
-constexpr Check kStl = qelview::checkStl;
-constexpr Check kOff = qelview::checkOff;
-constexpr Check kGltf = qelview::checkGltf;
-constexpr Check kGlb = qelview::checkGlb;
-
-#define GLTF_URI(uri) "{\"asset\": {}, \"buffers\": [{\"uri\": \"" uri "\"}]}"
-
-#define GLTF_ATTRIBUTES(attributes)                                                                        \
-    "{\"asset\": {}, \"accessors\": [{\"bufferView\": 0, \"count\": 3}, {\"count\": 3}, {\"bufferView\": " \
-    "0, \"count\": 2}], "                                                                                  \
-    "\"meshes\": [{\"primitives\": [{\"attributes\": " attributes "}]}]}"
+constexpr Plain kObj = qelview::plainObj;
+constexpr Plain kPly = qelview::plainPly;
+constexpr Plain kStl = qelview::plainStl;
+constexpr Plain kOff = qelview::plainOff;
 
 #define PLY_HEAD \
     "ply\nformat ascii 1.0\nelement vertex 2\nproperty float x\nproperty float y\nproperty float z\n"
 #define PLY_FACE "element face 1\nproperty list uchar int vertex_indices\n"
 
-const std::vector<CheckCase> kCases{
+const std::vector<PlainCase> kCases{
     {"ObjTriangle", kObj, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n", ""},
     {"ObjRelative", kObj, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf -1 -2 -3\n", ""},
     {"ObjDefinedBelow", kObj, "f 1 2 3\nv 0 0 0\nv 1 0 0\nv 0 1 0\n", ""},
@@ -70,6 +63,10 @@ const std::vector<CheckCase> kCases{
      "line 1: a vertex has 3 coordinates, and a weight or a colour; this one has 2 values"},
     {"ObjWord", kObj, "v 0 zero 0\n", "line 1: 'zero' is not a number"},
     {"ObjFourParts", kObj, "v 0 0 0\nf 1/1/1/1\n", "line 2: '1/1/1/1' is not a corner of an element"},
+    {"ObjWeight", kObj, "v 2 4 6 0\n", "line 1: with its weight, a coordinate is not finite"},
+    {"ObjColourAndAlpha", kObj, "v 0 0 0 1 1 1 1\n",
+     "line 1: a vertex has 3 coordinates, and a weight or a colour; this one has 7 values"},
+    {"ObjShortLine", kObj, "v 0 0 0\nl 1\n", "line 2: a line with one vertex"},
     {"ObjEmptyElement", kObj, "v 0 0 0\nf\n", "line 2: an element without vertices"},
     {"ObjNothing", kObj, "# empty\n", "end of file: there is no vertex"},
     {"PlySound", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n3 0 1 1\n", ""},
@@ -99,6 +96,13 @@ const std::vector<CheckCase> kCases{
     {"PlyNotFinite", kPly, PLY_HEAD "end_header\n0 0 inf\n1 0 0\n", "line 8: the coordinate z is not finite"},
     {"PlyNegativeLength", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n-3 0 1 1\n",
      "line 12: a list cannot have -3.000000 values"},
+    {"PlyElementTwice", kPly, "ply\nformat ascii 1.0\nelement vertex 1\nelement vertex 2\n",
+     "line 4: element 'vertex' is there already"},
+    {"PlyPropertyTwice", kPly,
+     "ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\nproperty double x\n",
+     "line 5: property 'x' is there already"},
+    {"PlyNoCorners", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n0\n",
+     "line 12: a face without corners"},
     {"StlSound", kStl,
      "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 "
      "0\nendloop\nendfacet\nendsolid\n",
@@ -112,42 +116,16 @@ const std::vector<CheckCase> kCases{
     {"StlWordForNormal", kStl, "solid a\nfacet normal 0 zero 1\n", "line 2: 'zero' is not a number"},
     {"StlKeywordsInALine", kStl, "solid a\nfacet normal 0 0 1\nouter loop vertex\n",
      "line 3: there is more than 'outer' needs"},
-    {"StlKeywordInTheName", kStl, "solid a facet normal\n",
-     "line 1: the name of the solid is too long or holds a keyword"},
     {"StlControlCharacter", kStl, "solid a\ffacet\n", "line 1: there is a control character"},
-    {"GltfData", kGltf, GLTF_URI("data:application/octet-stream;base64,AAA="), ""},
-    {"GltfBeside", kGltf, GLTF_URI("parts/wheel.bin"), ""},
-    {"GltfNoAccessor", kGltf, GLTF_ATTRIBUTES("{\"POSITION\": 7}"),
-     "mesh 0: it names an accessor that does not exist"},
-    {"GltfNoData", kGltf, GLTF_ATTRIBUTES("{\"POSITION\": 0, \"NORMAL\": 1}"),
-     "mesh 0: its accessor 1 has no data"},
-    {"GltfShortAttribute", kGltf, GLTF_ATTRIBUTES("{\"POSITION\": 0, \"NORMAL\": 2}"),
-     "mesh 0: its attribute 'NORMAL' is not as long as its positions"},
-    {"GltfNoPositions", kGltf, "{\"asset\": {}, \"meshes\": [{\"primitives\": [{\"indices\": 2}]}]}",
-     "mesh 0: it has no positions"},
-    {"GltfCut", kGltf, "{\"asset\": {},\n\"buffers\": [", "line 2: the JSON text is damaged or ends here"},
-    {"GltfNumber", kGltf, "{\"asset\": 1e999}", "file: a number is too large"},
-    {"GltfNoAsset", kGltf, "[1, 2]", "file: there is no glTF asset"},
-    {"GltfWrongLetter", kGltf, GLTF_URI("data:;base64,AA?="), "buffers 0: its data are not Base64 text"},
-    {"GltfWrongLength", kGltf, GLTF_URI("data:;base64,AAA"), "buffers 0: its data are not Base64 text"},
-    {"GltfPlainData", kGltf, GLTF_URI("data:,AAAA"), "buffers 0: its data are not Base64 text"},
-    {"GltfAbove", kGltf, GLTF_URI("../a.bin"), "buffers 0: '../a.bin' is not a file beside this one"},
-    {"GltfElsewhere", kGltf, GLTF_URI("C:/a.bin"), "buffers 0: 'C:/a.bin' is not a file beside this one"},
-    {"GltfOtherMachine", kGltf, GLTF_URI("//host/a.bin"),
-     "buffers 0: '//host/a.bin' is not a file beside this one"},
-    {"GlbShort", kGlb, "glTF", "header: a binary glTF file begins with glTF, its version and its length"},
-    {"GlbLength", kGlb, "glTF2222....aaaaJSON", "header: it promises 774778414 bytes, the file has 20"},
     {"StlEmpty", kStl, "solid a\nendsolid a\n", "end of file: there is no triangle"},
     {"StlTiny", kStl, "none", "header: the file has 4 bytes, too few for a binary STL file"},
     {"OffSound", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", ""},
     {"OffCountsBehindTheWord", kOff, "OFF 3 1 3\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", ""},
     {"OffRemarksBeforeTheCounts", kOff,
      "OFF\n# corners, faces\n\n3 1 3\n\n0 0 0\n1 0 0\n0 1 0 # the last\n3 0 1 2\n", ""},
-    {"OffPlusSign", kOff, "OFF\n1 1 0\n+0 0 0\n+1 0\n", "line 4: '+1' has a plus sign"},
-    {"OffRemarkAmongVertices", kOff, "OFF\n3 1 3\n# corners\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n",
-     "line 3: a remark or blanks where a vertex or a face should stand"},
-    {"OffBlanksAmongFaces", kOff, "OFF\n3 2 3\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n  \n3 2 1 0\n",
-     "line 7: a remark or blanks where a vertex or a face should stand"},
+    {"OffPlusSign", kOff, "OFF\n1 1 0\n+0 0 0\n+1 0\n", ""},
+    {"OffRemarkAmongVertices", kOff, "OFF\n3 1 3\n# corners\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", ""},
+    {"OffBlanksAmongFaces", kOff, "OFF\n3 2 3\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n  \n3 2 1 0\n", ""},
     {"OffLineInALine", kOff, "OFF\n1 1 0\n0 1 0 1 \f0 1 0 1 1\n1 0\n",
      "line 3: there is a control character"},
     {"ObjLineInARemark", kObj, "v 0 0 0 # first\rf 1 2 3\n", "line 1: there is a control character"},
@@ -162,7 +140,7 @@ const std::vector<CheckCase> kCases{
      "line 4: a face of 12 corners; 1 to 9 are read"},
     {"OffNothing", kOff, "OFF\n0 0 0\n", "line 2: there are no vertices"},
 };
-INSTANTIATE_TEST_SUITE_P(Files, CheckMeshFiles, testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(Of, MeshFile, testing::ValuesIn(kCases),
                          [](const auto& each) { return each.param.name; });
 
 /// A binary STL file that promises `promised` triangles and holds `records`, the last coordinate being
@@ -177,18 +155,18 @@ std::string binaryStl(std::uint32_t promised, std::size_t records, float last = 
     return bytes;
 }
 
-TEST(CheckStl, KnowsBinaryFilesThatBeginLikeText) {
+TEST(StlFile, KnowsBinaryFilesThatBeginLikeText) {
     EXPECT_EQ(refusal(kStl, binaryStl(2, 2)), "");
 }
 
-TEST(CheckStl, ComparesThePromisedTrianglesWithTheSizeOfTheFile) {
+TEST(StlFile, ComparesThePromisedTrianglesWithTheSizeOfTheFile) {
     EXPECT_EQ(refusal(kStl, binaryStl(13, 12)), "header: it promises 13 triangles, the file has room for 12");
     EXPECT_EQ(refusal(kStl, binaryStl(4294967295U, 1)),
               "header: it promises 4294967295 triangles, the file has room for 1");
     EXPECT_EQ(refusal(kStl, binaryStl(0, 0)), "header: there is no triangle");
 }
 
-TEST(CheckStl, NamesTheTriangleThatIsNotFinite) {
+TEST(StlFile, NamesTheTriangleThatIsNotFinite) {
     EXPECT_EQ(refusal(kStl, binaryStl(3, 3, std::numeric_limits<float>::quiet_NaN())),
               "triangle 3: a coordinate is not finite");
 }
@@ -203,15 +181,91 @@ std::string binaryPly(char index) {
     return bytes;
 }
 
-TEST(CheckPly, ReadsBinaryFilesOfBothByteOrders) {
+TEST(PlyFile, ReadsBinaryFilesOfBothByteOrders) {
     EXPECT_EQ(refusal(kPly, binaryPly('\0')), "");
     EXPECT_EQ(refusal(kPly, binaryPly('\1')), "face 0: vertex 1 does not exist: there are 1, counted from 0");
 }
 
-TEST(CheckPly, NamesTheInstanceAtWhichABinaryFileEnds) {
+TEST(PlyFile, NamesTheInstanceAtWhichABinaryFileEnds) {
     const std::string whole = binaryPly('\0');
     EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 1)), "face 0: the file ends here");
     EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 5)), "vertex 0: the file ends here");
+}
+
+struct TextCase {
+    const char* name;
+    Plain plain;
+    const char* content;
+    const char* text;
+};
+
+class PlainText : public testing::TestWithParam<TextCase> {};
+
+TEST_P(PlainText, HoldsWhatIsShownAndNothingElse) {
+    EXPECT_EQ(plainTextOf(GetParam().plain, GetParam().content), GetParam().text);
+}
+
+const std::vector<TextCase> kTexts{
+    {"ObjRelativeNumbers", kObj, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf -1/ -2 -3\nv 9 9 9\nl -1 1\n",
+     "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 9 9 9\nf 3 2 1\nl 4 1\n"},
+    {"ObjNormalsOfWholeFaces", kObj, "vt 0 0\nv 1 2 3\nvn 0 0 1\nf 1/1/1 1//1 1//1\nf 1//1 1 1\n",
+     "v 1 2 3\nvn 0 0 1\nf 1//1 1//1 1//1\nf 1 1 1\n"},
+    {"ObjWhiteWhereOthersHaveColours", kObj, "v 0 0 0\nv 1 0 0 1 0 0.5\nv 2 0 0\np 1 2 3\n",
+     "v 0 0 0 1 1 1\nv 1 0 0 1 0 5e-01\nv 2 0 0 1 1 1\np 1 2 3\n"},
+    {"ObjWeights", kObj, "v 2 4 6 2\n", "v 1 2 3\n"},
+    {"ObjGroupsThatHoldSomething", kObj, "o none\ng  two words # told\nv 0 0 0\nusemtl red\ns 1\nf 1 1 1\n",
+     "v 0 0 0\ng two words\nusemtl DefaultMaterial\nf 1 1 1\n"},
+    {"OffWithoutRemarks", kOff, "COFF # told\n1 1 5\n\n0.25 -1e2 3 255 128\n+1 0 7 7\n",
+     "COFF\n1 1 0\n2.5e-01 -100 3 255 128 0 1\n1 0\n"},
+    {"OffNormals", kOff, "CNOFF\n1 1 0\n1 2 3 0 0 1 0.5 0 0 1\n1 0\n",
+     "CNOFF\n1 1 0\n1 2 3 0 0 1 5e-01 0 0 1\n1 0\n"},
+    {"StlSolids", kStl,
+     "solid empty\nendsolid\nsolid part one\nfacet normal nan 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\n"
+     "vertex 0 1 0\nendloop\nendfacet\nendsolid part\n",
+     "solid part\nfacet normal 0 0 0\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 "
+     "0\nendloop\nendfacet\nendsolid\n"},
+};
+INSTANTIATE_TEST_SUITE_P(Of, PlainText, testing::ValuesIn(kTexts),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(PlyFile, BecomesVerticesAndFacesInBinary) {
+    const std::string plain = plainTextOf(
+        kPly,
+        "ply\nformat ascii 1.0\nelement other 1\nproperty list uchar int junk\nelement vertex 2\n"
+        "property uchar red\nproperty float z\nproperty float y\nproperty float x\nproperty float "
+        "u\nelement face 1\nproperty int tag\nproperty list uchar int vertex_index\nend_header\n"
+        "2 7 8\n255 3 2 1 0.5\n51 6 5 4 0.5\n9 3 0 1 0\n");
+    const std::string head =
+        "ply\nformat binary_little_endian 1.0\nelement vertex 2\nproperty double x\nproperty double "
+        "y\nproperty double z\nproperty float red\nproperty float green\nproperty float blue\n"
+        "element face 1\nproperty list uint uint vertex_indices\nend_header\r\n";
+    ASSERT_EQ(plain.size(), head.size() + 2 * (24 + 12) + 16);
+    EXPECT_EQ(plain.substr(0, head.size()), head);
+    double x = 0.0;
+    std::memcpy(&x, plain.data() + head.size(), sizeof x);
+    EXPECT_EQ(x, 1.0);
+    float red = 0.0F;
+    std::memcpy(&red, plain.data() + head.size() + 36 + 24, sizeof red);
+    EXPECT_FLOAT_EQ(red, 0.2F);
+}
+
+TEST(PlyFile, TurnsStripsIntoTriangles) {
+    const std::string plain =
+        plainTextOf(kPly, PLY_HEAD
+                    "element tristrips 1\nproperty list int int vertex_indices\nend_header\n"
+                    "0 0 0\n1 0 0\n8 0 1 0 1 -1 1 0 1\n");
+    const std::vector<std::uint32_t> expected{3, 0, 1, 0, 3, 0, 1, 1, 3, 1, 0, 1};
+    std::vector<std::uint32_t> faces(expected.size());
+    ASSERT_GT(plain.size(), faces.size() * 4);
+    std::memcpy(faces.data(), plain.data() + plain.size() - faces.size() * 4, faces.size() * 4);
+    EXPECT_EQ(faces, expected);
+}
+
+TEST(PlyFile, PassesElementsWithoutPropertiesOverHoweverMany) {
+    EXPECT_EQ(refusal(kPly,
+                      "ply\nformat binary_little_endian 1.0\nelement none 2147483648\nelement vertex 1\n"
+                      "property uchar x\nproperty uchar y\nproperty uchar z\nend_header\n123"),
+              "");
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "CheckMeshFiles.h"
+#include "PlainModel.h"
+#include "PlainText.h"
 #include "ReadError.h"
 #include "TextLines.h"
 
@@ -11,27 +13,30 @@ namespace {
 
 /// The importer leaves out faces with more.
 constexpr long long kMostCorners = 9;
-/// The importer takes what lies behind for a line of its own.
-constexpr std::size_t kLongestLine = 4096;
+constexpr std::size_t kCoordinates = 3;
 
-class OffCheck {
+class OffReading {
   public:
-    OffCheck(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
+    OffReading(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
 
-    void run() {
+    std::string run() {
         requireWords("a header");
         readKeyword();
         const long long vertices = readCount("vertices");
         const long long faces = readCount("faces");
-        isPastCounts = true;
+        plain.whole(vertices);
+        plain.whole(faces);
+        plain.whole(0);
+        plain.endLine();
         for (long long i = 0; i < vertices; ++i) {
             requireWords("vertex " + std::to_string(i));
-            checkVertex();
+            passVertex();
         }
         for (long long i = 0; i < faces; ++i) {
             requireWords("face " + std::to_string(i));
-            checkFace(vertices);
+            passFace(vertices);
         }
+        return plain.take();
     }
 
   private:
@@ -41,28 +46,20 @@ class OffCheck {
             if (!lines.nextPlain()) {
                 refuse(atLine(lines.number()), "the file ends where " + expected + " should stand");
             }
-            if (lines.line().size() >= kLongestLine) {
-                lines.refuseLine("a line of more than " + std::to_string(kLongestLine - 1) + " characters");
-            }
             splitWords(lines.line().substr(0, lines.line().find('#')), words);
-            refuseEmptyElement();
         } while (words.empty());
         used = 0;
     }
 
-    /// Once it has read the counts, the importer takes each line that holds a character for a vertex or a
-    /// face.
-    void refuseEmptyElement() const {
-        if (isPastCounts && words.empty() && !lines.line().empty()) {
-            lines.refuseLine("a remark or blanks where a vertex or a face should stand");
-        }
-    }
-
     void readKeyword() {
-        if (words[0] != "OFF" && words[0] != "COFF" && words[0] != "NOFF" && words[0] != "CNOFF") {
+        const std::string_view keyword = words[used++];
+        if (keyword != "OFF" && keyword != "COFF" && keyword != "NOFF" && keyword != "CNOFF") {
             lines.refuseLine("an OFF file begins with the word OFF, COFF, NOFF or CNOFF");
         }
-        ++used;
+        hasColors = keyword.starts_with('C');
+        hasNormals = keyword.find('N') != std::string_view::npos;
+        plain.word(keyword);
+        plain.endLine();
     }
 
     /// Counts may follow the keyword or stand on the next line.
@@ -70,32 +67,41 @@ class OffCheck {
         if (used == words.size()) {
             requireWords("the number of " + what);
         }
-        const long long count = readPlainWhole(words[used++]);
+        const long long count = readWhole(words[used++], lines);
         if (count <= 0) {
             lines.refuseLine("there are no " + what);
         }
         return count;
     }
 
-    /// The importer takes a number with a plus sign for 0.
-    long long readPlainWhole(std::string_view word) const {
-        if (word.starts_with('+')) {
-            lines.refuseLine(quoted(word) + " has a plus sign");
-        }
-        return readWhole(word, lines);
-    }
-
-    void checkVertex() {
-        if (words.size() < 3) {
+    void passVertex() {
+        if (words.size() < kCoordinates) {
             lines.refuseLine("a vertex has 3 coordinates, this one has " + std::to_string(words.size()));
         }
-        for (const std::string_view word : words) {
-            static_cast<void>(readCoordinate(word, lines));
+        numbers.clear();
+        std::transform(words.begin(), words.end(), std::back_inserter(numbers),
+                       [this](std::string_view word) { return readCoordinate(word, lines); });
+        std::size_t next = 0;
+        passNumbers(next, kCoordinates, 0.0);
+        if (hasNormals) {
+            passNumbers(next, kCoordinates, 0.0);
+        }
+        if (hasColors) {
+            passNumbers(next, 3, 0.0);
+            passNumbers(next, 1, 1.0);
+        }
+        plain.endLine();
+    }
+
+    /// `missing` where the line has no more.
+    void passNumbers(std::size_t& next, std::size_t count, double missing) {
+        for (const std::size_t end = next + count; next < end; ++next) {
+            plain.number(next < numbers.size() ? numbers[next] : missing);
         }
     }
 
-    void checkFace(long long vertices) {
-        const long long corners = readPlainWhole(words[0]);
+    void passFace(long long vertices) {
+        const long long corners = readWhole(words[0], lines);
         if (corners < 1 || corners > kMostCorners) {
             lines.refuseLine("a face of " + std::to_string(corners) + " corners; 1 to " +
                              std::to_string(kMostCorners) + " are read");
@@ -104,26 +110,32 @@ class OffCheck {
             lines.refuseLine("a face of " + std::to_string(corners) + " corners that names " +
                              std::to_string(words.size() - 1));
         }
+        plain.whole(corners);
         for (std::size_t i = 1; i <= static_cast<std::size_t>(corners); ++i) {
-            const long long index = readPlainWhole(words[i]);
+            const long long index = readWhole(words[i], lines);
             if (index < 0 || index >= vertices) {
                 lines.refuseLine("vertex " + std::to_string(index) + " does not exist: there are " +
                                  std::to_string(vertices) + ", counted from 0");
             }
+            plain.whole(index);
         }
+        plain.endLine();
     }
 
     TextLines lines;
+    PlainText plain;
     std::vector<std::string_view> words;
+    std::vector<double> numbers;
     std::size_t used = 0;
-    bool isPastCounts = false;
+    bool hasColors = false;
+    bool hasNormals = false;
 };
 
 }  // namespace
 
-void checkOff(std::string_view text, const ProgressStretch& progress) {
-    requireText(text);
-    OffCheck(text, progress).run();
+PlainModel plainOff(std::string bytes, const std::filesystem::path&, const ProgressStretch& progress) {
+    requireText(bytes);
+    return {OffReading(bytes, progress).run(), ""};
 }
 
 }  // namespace qelview

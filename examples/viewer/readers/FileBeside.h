@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qelview {
+
+/// True for a file beside a model or below: a model must not reach for what lies elsewhere, least of all on
+/// another machine, which would be told who asks.
+[[nodiscard]] bool isNameBeside(std::string_view name);
+
+/// The bytes of the file `name` (UTF-8) beside `model`; nothing if it is not beside, does not exist, cannot
+/// be read or has more than `most` bytes.
+[[nodiscard]] std::optional<std::string> bytesBeside(const std::filesystem::path& model,
+                                                     std::string_view name, std::uintmax_t most);
+
+}  // namespace qelview

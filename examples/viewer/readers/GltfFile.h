@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qelview {
+
+/// Numbers of an accessor: `width` of each element.
+struct GltfNumbers {
+    std::size_t width = 0;
+    std::vector<double> values;
+
+    [[nodiscard]] std::size_t count() const { return values.size() / width; }
+};
+
+/// A glTF 2 asset with its buffers. Nothing is believed: what is asked for is looked through first.
+class GltfFile {
+  public:
+    /// @param bytes of a .gltf or a .glb file; the first ones tell.
+    /// @param file beside which the files of its buffers lie.
+    /// @throws ReadError if it is no asset of glTF 2, needs an extension that is not read, or a buffer is not
+    /// whole.
+    GltfFile(std::string_view bytes, const std::filesystem::path& file);
+
+    /// An element of one of the lists at the top: "nodes", "meshes" and the like.
+    /// @throws ReadError naming `place` if there is none, or it is no object.
+    [[nodiscard]] const nlohmann::json& element(const std::string& place, const char* list,
+                                                const nlohmann::json& index) const;
+    /// How many elements such a list has.
+    [[nodiscard]] std::size_t count(const char* list) const;
+    /// A member of the asset, or null.
+    [[nodiscard]] const nlohmann::json& top(const char* name) const;
+
+    /// Whole numbers that stand for shares become shares.
+    /// @throws ReadError naming `place` if there is no such accessor, it has no data, another width than the
+    /// shortest and the longest given, or leaves its buffer.
+    [[nodiscard]] GltfNumbers numbers(const std::string& place, const nlohmann::json& accessor,
+                                      std::size_t narrowest, std::size_t widest) const;
+
+  private:
+    /// What lies behind the JSON text of a binary file.
+    std::string_view parseBinary(std::string_view bytes);
+    void parse(std::string_view text);
+    void checkVersion() const;
+    void readBuffers(const std::filesystem::path& file, std::string_view binaryChunk);
+    [[nodiscard]] std::string_view viewOf(const std::string& place, const nlohmann::json& view) const;
+
+    nlohmann::json root;
+    std::vector<std::string> buffers;
+};
+
+/// A member of an object, or null.
+[[nodiscard]] const nlohmann::json& memberOf(const nlohmann::json& object, const char* name);
+
+/// A whole number among the members of an object, or `missing`.
+/// @throws ReadError naming `place` if it is no whole number, or larger than 4294967295.
+[[nodiscard]] std::uint64_t wholeOf(const std::string& place, const nlohmann::json& object, const char* name,
+                                    std::uint64_t missing);
+
+/// Numbers among the members of an object; `numbers` stay as they are if there are none.
+/// @throws ReadError naming `place` if there are not `count` at least, or they are no numbers.
+void readNumbers(const std::string& place, const nlohmann::json& object, const char* name, double* numbers,
+                 std::size_t count);
+
+}  // namespace qelview

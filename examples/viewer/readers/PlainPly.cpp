@@ -1,0 +1,225 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "PlainModel.h"
+#include "PlyBody.h"
+#include "PlyHeader.h"
+#include "PlyWriting.h"
+#include "TextLines.h"
+
+namespace qelview {
+
+namespace {
+
+/// What a count of 32 bits can say; an ASCII file could write more.
+constexpr double kLongestList = 4294967295.0;
+
+/// What a value of the file is for.
+enum class Use : std::uint8_t { None, Position, Normal, Color, MaterialColor, Corners, Strips };
+
+struct Meaning {
+    Use use = Use::None;
+    std::size_t axis = 0;
+};
+
+Meaning meaningOf(const PlyElement& element, const PlyProperty& property) {
+    struct Name {
+        std::string_view element;
+        std::string_view property;
+        Meaning meaning;
+    };
+    static constexpr std::array<Name, 19> kNames{{
+        {"vertex", "x", {Use::Position, 0}},
+        {"vertex", "y", {Use::Position, 1}},
+        {"vertex", "z", {Use::Position, 2}},
+        {"vertex", "nx", {Use::Normal, 0}},
+        {"vertex", "ny", {Use::Normal, 1}},
+        {"vertex", "nz", {Use::Normal, 2}},
+        {"vertex", "red", {Use::Color, 0}},
+        {"vertex", "green", {Use::Color, 1}},
+        {"vertex", "blue", {Use::Color, 2}},
+        {"vertex", "r", {Use::Color, 0}},
+        {"vertex", "g", {Use::Color, 1}},
+        {"vertex", "b", {Use::Color, 2}},
+        {"material", "diffuse_red", {Use::MaterialColor, 0}},
+        {"material", "diffuse_green", {Use::MaterialColor, 1}},
+        {"material", "diffuse_blue", {Use::MaterialColor, 2}},
+        {"face", "vertex_indices", {Use::Corners, 0}},
+        {"face", "vertex_index", {Use::Corners, 0}},
+        {"tristrips", "vertex_indices", {Use::Strips, 0}},
+        {"tristrips", "vertex_index", {Use::Strips, 0}},
+    }};
+    const auto* const found = std::find_if(kNames.begin(), kNames.end(), [&](const Name& name) {
+        return name.element == element.name && name.property == property.name;
+    });
+    if (found == kNames.end()) {
+        return {};
+    }
+    const bool isList = found->meaning.use == Use::Corners || found->meaning.use == Use::Strips;
+    return isList == property.countType.has_value() ? found->meaning : Meaning();
+}
+
+bool uses(const PlyHeader& header, Use use) {
+    return std::any_of(header.elements.begin(), header.elements.end(), [use](const PlyElement& element) {
+        return std::any_of(
+            element.properties.begin(), element.properties.end(),
+            [&](const PlyProperty& property) { return meaningOf(element, property).use == use; });
+    });
+}
+
+/// Whole numbers stand for shares of the largest one of their type.
+float shareOf(double value, PlyType type) {
+    switch (type) {
+        case PlyType::Int8:
+        case PlyType::Uint8:
+            return static_cast<float>(value / 255.0);
+        case PlyType::Int16:
+        case PlyType::Uint16:
+            return static_cast<float>(value / 65535.0);
+        case PlyType::Int32:
+        case PlyType::Uint32:
+            return static_cast<float>(value / 4294967295.0);
+        case PlyType::Float32:
+        case PlyType::Float64:
+            break;
+    }
+    return static_cast<float>(value);
+}
+
+class PlyReading {
+  public:
+    PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader)
+        : body(bodyOfFile),
+          header(fileHeader),
+          vertexElement(header.find("vertex")),
+          materialElement(uses(header, Use::MaterialColor) ? header.find("material") : nullptr),
+          plain(uses(header, Use::Normal), uses(header, Use::Color)) {}
+
+    std::string run() {
+        for (const PlyElement& element : header.elements) {
+            if (element.properties.empty()) {
+                // Any number of them takes no byte of the file.
+                continue;
+            }
+            std::vector<Meaning> meanings;
+            for (const PlyProperty& property : element.properties) {
+                meanings.push_back(meaningOf(element, property));
+            }
+            for (std::uint64_t index = 0; index < element.count; ++index) {
+                passInstance(element, meanings, index);
+            }
+        }
+        return plain.take();
+    }
+
+  private:
+    void passInstance(const PlyElement& element, const std::vector<Meaning>& meanings, std::uint64_t index) {
+        vertex = {};
+        body.beginInstance(element, index);
+        for (std::size_t i = 0; i < meanings.size(); ++i) {
+            const PlyProperty& property = element.properties[i];
+            if (property.countType) {
+                passList(property, meanings[i].use);
+            } else {
+                passValue(property, meanings[i]);
+            }
+        }
+        body.endInstance();
+        if (&element == vertexElement) {
+            plain.addVertex(vertex);
+        } else if (&element == materialElement && index == 0) {
+            plain.setMaterial(vertex.color);
+        }
+    }
+
+    void passValue(const PlyProperty& property, const Meaning& meaning) {
+        const double value = body.next(property.type);
+        switch (meaning.use) {
+            case Use::Position:
+                if (const std::string fault = faultOfCoordinate(value); !fault.empty()) {
+                    body.refuseHere("the coordinate " + property.name + " " + fault);
+                }
+                vertex.position.at(meaning.axis) = value;
+                break;
+            case Use::Normal:
+                vertex.normal.at(meaning.axis) = static_cast<float>(value);
+                break;
+            case Use::Color:
+            case Use::MaterialColor:
+                vertex.color.at(meaning.axis) = shareOf(value, property.type);
+                break;
+            default:
+                break;
+        }
+    }
+
+    void passList(const PlyProperty& property, Use use) {
+        const double length = body.next(*property.countType);
+        if (!(length >= 0.0 && length <= kLongestList) || length != std::floor(length)) {
+            body.refuseHere("a list cannot have " + std::to_string(length) + " values");
+        }
+        corners.clear();
+        const auto count = static_cast<std::uint64_t>(length);
+        for (std::uint64_t i = 0; i < count; ++i) {
+            const double value = body.next(property.type);
+            if (use == Use::Strips && value == -1.0) {
+                passStrip();
+            } else if (use == Use::Corners || use == Use::Strips) {
+                corners.push_back(cornerOf(value));
+            }
+        }
+        if (use == Use::Strips) {
+            passStrip();
+        } else if (use == Use::Corners) {
+            if (corners.empty()) {
+                body.refuseHere("a face without corners");
+            }
+            plain.addFace(corners);
+        }
+    }
+
+    std::uint32_t cornerOf(double index) const {
+        const std::uint64_t vertices = vertexElement->count;
+        if (!(index >= 0.0 && index < static_cast<double>(vertices)) || index != std::floor(index)) {
+            body.refuseHere("vertex " +
+                            std::to_string(static_cast<long long>(std::clamp(index, -1e15, 1e15))) +
+                            " does not exist: there are " + std::to_string(vertices) + ", counted from 0");
+        }
+        return static_cast<std::uint32_t>(index);
+    }
+
+    /// Each corner from the third on ends a triangle; every second one turns the other way round.
+    void passStrip() {
+        for (std::size_t i = 2; i < corners.size(); ++i) {
+            const bool isTurned = i % 2 == 1;
+            triangle = {corners[isTurned ? i - 1 : i - 2], corners[isTurned ? i - 2 : i - 1], corners[i]};
+            plain.addFace(triangle);
+        }
+        corners.clear();
+    }
+
+    PlyBody& body;
+    const PlyHeader& header;
+    const PlyElement* vertexElement;
+    /// Null if there is none with a colour.
+    const PlyElement* materialElement;
+    PlyWriting plain;
+    PlyVertex vertex;
+    std::vector<std::uint32_t> corners;
+    std::vector<std::uint32_t> triangle;
+};
+
+}  // namespace
+
+PlainModel plainPly(std::string bytes, const std::filesystem::path&, const ProgressStretch& progress) {
+    const PlyHeader header = readPlyHeader(bytes);
+    const std::unique_ptr<PlyBody> body = bodyOf(bytes, header, progress);
+    return {PlyReading(*body, header).run(), ""};
+}
+
+}  // namespace qelview

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qelview {
+
+/// A vertex as it is shown.
+struct PlyVertex {
+    std::array<double, 3> position{};
+    std::array<float, 3> normal{};
+    /// Shares of full intensity.
+    std::array<float, 3> color{};
+};
+
+/// Writes a binary PLY file of little-endian numbers that holds nothing but vertices, faces and a colour.
+class PlyWriting {
+  public:
+    /// Which vertices have besides their position.
+    PlyWriting(bool verticesHaveNormals, bool verticesHaveColors)
+        : hasNormals(verticesHaveNormals), hasColors(verticesHaveColors) {}
+
+    void addVertex(const PlyVertex& vertex);
+    /// Of numbers of vertices, from 0.
+    void addFace(const std::vector<std::uint32_t>& corners);
+    /// Of the vertices without one of their own.
+    void setMaterial(const std::array<float, 3>& color) { material = color; }
+    [[nodiscard]] std::string take();
+
+  private:
+    [[nodiscard]] std::string header() const;
+
+    bool hasNormals;
+    bool hasColors;
+    std::optional<std::array<float, 3>> material;
+    std::string vertices;
+    std::uint64_t vertexCount = 0;
+    std::string faces;
+    std::uint64_t faceCount = 0;
+};
+
+}  // namespace qelview

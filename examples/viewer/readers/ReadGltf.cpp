@@ -1,0 +1,312 @@
+#include "ReadGltf.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <numeric>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "GltfFile.h"
+#include "GltfPlacement.h"
+#include "MeshLook.h"
+#include "MeshNormals.h"
+#include "ReadError.h"
+#include "TextLines.h"
+
+namespace qelview {
+
+namespace {
+
+using nlohmann::json;
+
+enum Mode : std::uint64_t { Dots, Lines, LineLoop, LineStrip, Triangles, TriangleStrip, TriangleFan };
+
+/// Corners of triangles from those of a list, a strip or a fan; pieces of triangles at the end are left out.
+std::vector<std::uint32_t> trianglesOf(const std::vector<std::uint32_t>& corners, std::uint64_t mode) {
+    std::vector<std::uint32_t> triangles;
+    if (mode == Triangles) {
+        triangles.assign(corners.begin(), corners.end() - static_cast<std::ptrdiff_t>(corners.size() % 3));
+        return triangles;
+    }
+    for (std::size_t i = 2; i < corners.size(); ++i) {
+        const std::uint32_t first = corners[mode == TriangleFan ? 0 : i - 2];
+        const bool isTurned = mode == TriangleStrip && i % 2 == 1;
+        triangles.insert(triangles.end(),
+                         {isTurned ? corners[i - 1] : first, isTurned ? first : corners[i - 1], corners[i]});
+    }
+    return triangles;
+}
+
+class GltfReading {
+  public:
+    GltfReading(const GltfFile& gltfFile, const ProgressStretch& progressOfNodes, std::uint64_t most)
+        : file(gltfFile), progress(progressOfNodes), mostCorners(most) {}
+
+    Scene run() {
+        std::vector<std::pair<std::size_t, GltfPlacement>> open;
+        for (const std::size_t root : roots()) {
+            open.emplace_back(root, GltfPlacement());
+        }
+        std::vector<bool> seen(file.count("nodes"));
+        std::size_t done = 0;
+        while (!open.empty()) {
+            const auto [number, outer] = open.back();
+            open.pop_back();
+            const std::string place = "node " + std::to_string(number);
+            if (seen[number]) {
+                refuse(place, "it hangs below more than one other");
+            }
+            seen[number] = true;
+            const json& node = file.element(place, "nodes", number);
+            const GltfPlacement placement = outer * GltfPlacement::ofNode(place, node);
+            for (const std::size_t child : nodesOf(place, memberOf(node, "children"))) {
+                open.emplace_back(child, placement);
+            }
+            if (node.contains("mesh")) {
+                placeMesh(place, memberOf(node, "mesh"), placement);
+            }
+            progress.report(static_cast<double>(++done) / static_cast<double>(seen.size()));
+        }
+        return std::move(scene);
+    }
+
+  private:
+    [[nodiscard]] std::vector<std::size_t> nodesOf(const std::string& place, const json& list) const {
+        std::vector<std::size_t> numbers;
+        for (const json& number : list) {
+            static_cast<void>(file.element(place, "nodes", number));
+            numbers.push_back(number.get<std::size_t>());
+        }
+        return numbers;
+    }
+
+    /// Of the scene that is to be shown; without scenes, all nodes that hang below none.
+    [[nodiscard]] std::vector<std::size_t> roots() const {
+        if (file.count("scenes") > 0) {
+            const json& number = file.top("scene");
+            const json first = 0U;
+            const json& chosen = file.element("file", "scenes", number.is_null() ? first : number);
+            return nodesOf("scene", memberOf(chosen, "nodes"));
+        }
+        std::vector<bool> hangs(file.count("nodes"));
+        for (std::size_t i = 0; i < hangs.size(); ++i) {
+            const std::string place = "node " + std::to_string(i);
+            for (const std::size_t child :
+                 nodesOf(place, memberOf(file.element(place, "nodes", i), "children"))) {
+                hangs[child] = true;
+            }
+        }
+        std::vector<std::size_t> numbers;
+        for (std::size_t i = 0; i < hangs.size(); ++i) {
+            if (!hangs[i]) {
+                numbers.push_back(i);
+            }
+        }
+        return numbers;
+    }
+
+    void placeMesh(const std::string& node, const json& number, const GltfPlacement& placement) {
+        const json& mesh = file.element(node, "meshes", number);
+        const std::string place = "mesh " + number.dump();
+        for (const json& primitive : memberOf(mesh, "primitives")) {
+            if (!primitive.is_object()) {
+                refuse(place, "its primitives are none");
+            }
+            placePrimitive(place, primitive, placement);
+        }
+    }
+
+    void placePrimitive(const std::string& place, const json& primitive, const GltfPlacement& placement) {
+        const json& attributes = memberOf(primitive, "attributes");
+        if (!attributes.is_object() || !attributes.contains("POSITION")) {
+            refuse(place, "it has no positions");
+        }
+        Points positions = positionsOf(place, attributes, placement);
+        const std::uint64_t mode = wholeOf(place, primitive, "mode", Triangles);
+        if (mode > TriangleFan) {
+            refuse(place, "its mode is " + std::to_string(mode) + ", which is none");
+        }
+        const std::vector<std::uint32_t> corners = cornersOf(place, primitive, positions.size());
+        std::vector<qel::QelColor3f> colors = colorsOf(place, attributes, positions.size());
+        if (mode == Dots) {
+            placeDots(corners, positions, colors);
+        } else if (mode < Triangles) {
+            placeLines(corners, positions, mode);
+        } else {
+            TriangleMesh mesh;
+            mesh.indices = trianglesOf(corners, mode);
+            mesh.positions = std::move(positions);
+            mesh.colors = std::move(colors);
+            mesh.color = materialColor(place, primitive);
+            mesh.normals = normalsOf(place, attributes, placement, mesh.positions.size());
+            placeTriangles(std::move(mesh));
+        }
+    }
+
+    [[nodiscard]] Points positionsOf(const std::string& place, const json& attributes,
+                                     const GltfPlacement& placement) {
+        const GltfNumbers numbers = file.numbers(place, attributes["POSITION"], 3, 3);
+        addCorners(place, numbers.count());
+        Points positions;
+        positions.reserve(numbers.count());
+        for (std::size_t i = 0; i < numbers.values.size(); i += 3) {
+            const qel::XPnt3d point =
+                placement.point({numbers.values[i], numbers.values[i + 1], numbers.values[i + 2]});
+            for (const double coordinate : {point.x, point.y, point.z}) {
+                if (const std::string fault = faultOfCoordinate(coordinate); !fault.empty()) {
+                    refuse(place + ", vertex " + std::to_string(i / 3), "a coordinate " + fault);
+                }
+            }
+            positions.push_back(point);
+        }
+        return positions;
+    }
+
+    void addCorners(const std::string& place, std::uint64_t count) {
+        cornersPlaced += count;
+        if (cornersPlaced > mostCorners) {
+            refuse(place, "with it, the nodes place more than " + std::to_string(mostCorners) + " corners");
+        }
+    }
+
+    /// Without indices, the vertices in their order.
+    [[nodiscard]] std::vector<std::uint32_t> cornersOf(const std::string& place, const json& primitive,
+                                                       std::size_t vertices) {
+        std::vector<std::uint32_t> corners;
+        if (!primitive.contains("indices")) {
+            corners.resize(vertices);
+            std::iota(corners.begin(), corners.end(), 0U);
+            return corners;
+        }
+        const GltfNumbers numbers = file.numbers(place, primitive["indices"], 1, 1);
+        addCorners(place, numbers.count());
+        corners.reserve(numbers.count());
+        for (const double index : numbers.values) {
+            if (!(index >= 0.0 && index < static_cast<double>(vertices)) || index != std::floor(index)) {
+                refuse(place, "one of its indices names no vertex: there are " + std::to_string(vertices) +
+                                  ", counted from 0");
+            }
+            corners.push_back(static_cast<std::uint32_t>(index));
+        }
+        return corners;
+    }
+
+    /// The numbers of an attribute that may be missing, one element a vertex.
+    [[nodiscard]] GltfNumbers attributeOf(const std::string& place, const json& attributes, const char* name,
+                                          std::size_t widest, std::size_t vertices) const {
+        if (!attributes.contains(name)) {
+            return {1, {}};
+        }
+        GltfNumbers numbers = file.numbers(place, attributes[name], 3, widest);
+        if (numbers.count() != vertices) {
+            refuse(place, "its attribute " + qelview::quoted(name) + " is not as long as its positions");
+        }
+        return numbers;
+    }
+
+    [[nodiscard]] std::vector<qel::QelColor3f> colorsOf(const std::string& place, const json& attributes,
+                                                        std::size_t vertices) const {
+        const GltfNumbers numbers = attributeOf(place, attributes, "COLOR_0", 4, vertices);
+        std::vector<qel::QelColor3f> colors;
+        colors.reserve(numbers.count());
+        for (std::size_t i = 0; i < numbers.values.size(); i += numbers.width) {
+            colors.emplace_back(shownShare(numbers.values[i]), shownShare(numbers.values[i + 1]),
+                                shownShare(numbers.values[i + 2]));
+        }
+        return colors;
+    }
+
+    [[nodiscard]] std::vector<qel::XPnt3f> normalsOf(const std::string& place, const json& attributes,
+                                                     const GltfPlacement& placement,
+                                                     std::size_t vertices) const {
+        const GltfNumbers numbers = attributeOf(place, attributes, "NORMAL", 3, vertices);
+        std::vector<qel::XPnt3f> normals;
+        normals.reserve(numbers.count());
+        for (std::size_t i = 0; i < numbers.values.size(); i += numbers.width) {
+            normals.emplace_back(unitNormal(
+                placement.normal({numbers.values[i], numbers.values[i + 1], numbers.values[i + 2]})));
+        }
+        return normals;
+    }
+
+    [[nodiscard]] qel::QelColor3f materialColor(const std::string& place, const json& primitive) const {
+        if (!primitive.contains("material")) {
+            return TriangleMesh().color;
+        }
+        const json& material = file.element(place, "materials", primitive["material"]);
+        std::array<double, 3> color{1.0, 1.0, 1.0};
+        const json& roughness = memberOf(material, "pbrMetallicRoughness");
+        if (roughness.is_object()) {
+            readNumbers(place, roughness, "baseColorFactor", color.data(), color.size());
+        }
+        const json& extensions = memberOf(material, "extensions");
+        const json& gloss =
+            extensions.is_object() ? memberOf(extensions, "KHR_materials_pbrSpecularGlossiness") : extensions;
+        if (gloss.is_object()) {
+            readNumbers(place, gloss, "diffuseFactor", color.data(), color.size());
+        }
+        return {shownShare(color[0]), shownShare(color[1]), shownShare(color[2])};
+    }
+
+    void placeTriangles(TriangleMesh&& mesh) {
+        if (mesh.indices.empty()) {
+            return;
+        }
+        if (mesh.normals.empty()) {
+            makeNormals(mesh);
+        }
+        scene.meshes.push_back(std::move(mesh));
+    }
+
+    void placeLines(const std::vector<std::uint32_t>& corners, const Points& positions, std::uint64_t mode) {
+        Polyline polyline;
+        polyline.style = kLinesOfMeshFiles;
+        Points part;
+        for (const std::uint32_t corner : corners) {
+            part.push_back(positions[corner]);
+            if (mode == Lines && part.size() == 2) {
+                polyline.parts.push_back(std::exchange(part, {}));
+            }
+        }
+        if (mode != Lines && part.size() > 1) {
+            if (mode == LineLoop) {
+                part.push_back(part.front());
+            }
+            polyline.parts.push_back(std::move(part));
+        }
+        if (!polyline.parts.empty()) {
+            scene.polylines.push_back(std::move(polyline));
+        }
+    }
+
+    void placeDots(const std::vector<std::uint32_t>& corners, const Points& positions,
+                   const std::vector<qel::QelColor3f>& colors) {
+        PointCloud cloud;
+        for (const std::uint32_t corner : corners) {
+            cloud.positions.push_back(positions[corner]);
+            if (!colors.empty()) {
+                cloud.colors.push_back(colorOfDot(colors[corner]));
+            }
+        }
+        scene.clouds.push_back(std::move(cloud));
+    }
+
+    const GltfFile& file;
+    ProgressStretch progress;
+    Scene scene;
+    std::uint64_t mostCorners;
+    std::uint64_t cornersPlaced = 0;
+};
+
+}  // namespace
+
+Scene readGltf(std::string_view bytes, const std::filesystem::path& file, const ProgressStretch& progress,
+               std::uint64_t mostCorners) {
+    const GltfFile gltf(bytes, file);
+    return GltfReading(gltf, progress, mostCorners).run();
+}
+
+}  // namespace qelview

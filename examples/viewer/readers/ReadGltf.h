@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+#include "Progress.h"
+#include "Scene.h"
+
+namespace qelview {
+
+/// Reads a glTF 2 asset, as text or as one binary file: the meshes that the nodes of its scene place, with
+/// normals, colours of vertices and colours of materials; textures and animations are left out. Triangles,
+/// lines and points become those of a scene, and normals are made where there are none.
+/// @param file beside which the files of its buffers lie.
+/// @param mostCorners of all meshes as often as they are placed, with their indices: a small file can place a
+/// mesh any number of times.
+/// @throws ReadError at the first thing that is wrong, of those that are shown.
+[[nodiscard]] Scene readGltf(std::string_view bytes, const std::filesystem::path& file,
+                             const ProgressStretch& progress, std::uint64_t mostCorners = 50'000'000);
+
+}  // namespace qelview

@@ -1,0 +1,94 @@
+#include "ObjMaterials.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "LoadTask.h"
+#include "ViewerData.h"
+
+namespace {
+
+using qel::test::readWhole;
+using qel::test::TemporaryFile;
+
+/// A triangle in a material, and its library if there is one.
+qelview::Scene sceneOf(const TemporaryFile& model) {
+    return readWhole(model.path());
+}
+
+std::string triangle(const std::string& library, const std::string& material) {
+    return "mtllib " + library + "\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl " + material + "\nf 1 2 3\n";
+}
+
+/// The importer's, for faces whose material has no colour.
+constexpr float kGrey = 0.6F;
+
+TEST(ObjMaterials, ColourTheMeshesThatNameThem) {
+    const TemporaryFile library("colours.mtl",
+                                "newmtl other\nKd 1 1 1\nnewmtl two words\nKa 9 9 9\n\tKd 0.25 0.5 1\r\n");
+    const TemporaryFile model("coloured.obj", triangle("qelview-test-colours.mtl", " two words "));
+    const qelview::Scene scene = sceneOf(model);
+    ASSERT_EQ(scene.meshes.size(), 1U);
+    EXPECT_EQ(scene.meshes[0].color.r, 0.25F);
+    EXPECT_EQ(scene.meshes[0].color.g, 0.5F);
+    EXPECT_EQ(scene.meshes[0].color.b, 1.0F);
+}
+
+TEST(ObjMaterials, ComeFromTheFileCalledLikeTheModelIfTheNamedOneIsMissing) {
+    const TemporaryFile library("alike.mtl", "newmtl red\nKd 1 0 0\n");
+    const TemporaryFile model("alike.obj", triangle("absent.mtl", "red"));
+    EXPECT_EQ(sceneOf(model).meshes.at(0).color.r, 1.0F);
+}
+
+TEST(ObjMaterials, WithoutAFileOrAColourAreGrey) {
+    const TemporaryFile alone("alone.obj", triangle("absent.mtl", "red"));
+    EXPECT_FLOAT_EQ(sceneOf(alone).meshes.at(0).color.r, kGrey);
+    const TemporaryFile library("texture.mtl",
+                                "Kd 1 0 0\nnewmtl red\nmap_Kd red.png\nKd spectral red.rfl\nKd nan 0 0\n");
+    const TemporaryFile model("textured.obj", triangle("qelview-test-texture.mtl", "red"));
+    EXPECT_FLOAT_EQ(sceneOf(model).meshes.at(0).color.r, kGrey);
+}
+
+TEST(ObjMaterials, AreNotTakenFromElsewhere) {
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "qelview-test-below";
+    std::filesystem::create_directories(folder);
+    const TemporaryFile library("above.mtl", "newmtl red\nKd 1 0 0\n");
+    const std::string absolute = library.path().string();
+    for (const std::string& name : {std::string("../qelview-test-above.mtl"), absolute}) {
+        std::ofstream(folder / "model.obj") << triangle(name, "red");
+        EXPECT_FLOAT_EQ(readWhole(folder / "model.obj").meshes.at(0).color.r, kGrey) << name;
+    }
+    std::filesystem::remove_all(folder);
+}
+
+TEST(ObjMaterials, OfOneColourAreOne) {
+    const TemporaryFile library("alike2.mtl", "newmtl a\nKd 1 0 0\nnewmtl b\nKd 1\nnewmtl c\nKd 1 0 0\n");
+    qelview::ObjMaterials materials(library.path().parent_path() / "model.obj");
+    materials.readLibrary("qelview-test-alike2.mtl");
+    EXPECT_EQ(materials.plainLibrary(), "");
+    EXPECT_EQ(materials.plainNameOf("a"), "m1");
+    EXPECT_EQ(materials.plainNameOf("b"), "m2");
+    EXPECT_EQ(materials.plainNameOf("c"), "m1");
+    EXPECT_EQ(materials.plainNameOf("d"), "DefaultMaterial");
+    EXPECT_EQ(materials.plainLibrary(), "newmtl m1\nKd 1 0 0\nnewmtl m2\nKd 1 1 1\n");
+}
+
+TEST(ObjMaterials, AreReadOnceFromEachOfNotTooManyFiles) {
+    const TemporaryFile library("last.mtl", "newmtl a\nKd 1 0 0\n");
+    const auto nameAfter = [&library](int others) {
+        qelview::ObjMaterials materials(library.path().parent_path() / "model.obj");
+        for (int i = 0; i < others; ++i) {
+            materials.readLibrary("absent.mtl");
+            materials.readLibrary("absent" + std::to_string(i) + ".mtl");
+        }
+        materials.readLibrary("qelview-test-last.mtl");
+        return materials.plainNameOf("a");
+    };
+    EXPECT_EQ(nameAfter(62), "m1");
+    EXPECT_EQ(nameAfter(63), "DefaultMaterial");
+}
+
+}  // namespace
