@@ -13,7 +13,8 @@ endif()
 
 option(QEL_COVERAGE "Count which lines and branches are reached; needs GCC" OFF)
 if(QEL_COVERAGE)
-    add_compile_options(--coverage)
+    # Tests count from several threads; counts that lose each other become negative.
+    add_compile_options(--coverage -fprofile-update=atomic)
     add_link_options(--coverage)
 endif()
 

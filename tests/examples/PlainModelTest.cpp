@@ -93,6 +93,10 @@ const std::vector<PlainCase> kCases{
      "line 12: vertex 2 does not exist: there are 2, counted from 0"},
     {"PlyNegativeIndex", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n3 0 1 -1\n",
      "line 12: vertex -1 does not exist: there are 2, counted from 0"},
+    {"PlyIndexIsNoNumber", kPly,
+     PLY_HEAD
+     "element face 1\nproperty list uchar float vertex_indices\nend_header\n0 0 0\n1 0 0\n3 0 1 nan\n",
+     "line 12: vertex without a number does not exist: there are 2, counted from 0"},
     {"PlyNotFinite", kPly, PLY_HEAD "end_header\n0 0 inf\n1 0 0\n", "line 8: the coordinate z is not finite"},
     {"PlyNegativeLength", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n-3 0 1 1\n",
      "line 12: a list cannot have -3.000000 values"},

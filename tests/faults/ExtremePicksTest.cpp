@@ -84,5 +84,21 @@ TEST(ExtremePicks, ReadNoMoreThanTheirSquareWhereverTheyAreInAViewOfWhateverSize
     ::testing::Test::RecordProperty("calls", 2 * picks);
 }
 
+TEST(ExtremePicks, AskForNoSquareThatReachesBeyondWhatADriverCanAdd) {
+    const ViewSubject view(60, 40);
+    view->refreshDepth();
+    view->onResize(2147483520, 40);
+    const auto readsAt = [&view](double x) {
+        const CallTrace trace;
+        view->pickModelPnt(x, 20.0);
+        expectModestReads(trace);
+        return trace.count("glReadPixels");
+    };
+    // The pixel and, nothing being drawn there, its square; the pixel alone; nothing.
+    EXPECT_EQ(readsAt(16777000.0), 2);
+    EXPECT_EQ(readsAt(16777210.0), 1);
+    EXPECT_EQ(readsAt(16777300.0), 0);
+}
+
 }  // namespace
 }  // namespace qel::test

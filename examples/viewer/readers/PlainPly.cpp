@@ -186,9 +186,11 @@ class PlyReading {
     std::uint32_t cornerOf(double index) const {
         const std::uint64_t vertices = vertexElement->count;
         if (!(index >= 0.0 && index < static_cast<double>(vertices)) || index != std::floor(index)) {
-            body.refuseHere("vertex " +
-                            std::to_string(static_cast<long long>(std::clamp(index, -1e15, 1e15))) +
-                            " does not exist: there are " + std::to_string(vertices) + ", counted from 0");
+            const std::string named =
+                std::isfinite(index) ? std::to_string(static_cast<long long>(std::clamp(index, -1e15, 1e15)))
+                                     : "without a number";
+            body.refuseHere("vertex " + named + " does not exist: there are " + std::to_string(vertices) +
+                            ", counted from 0");
         }
         return static_cast<std::uint32_t>(index);
     }
