@@ -82,14 +82,14 @@ def topic_of(source):
 
 def rows_of(programs, sources, topic):
     """(sentence, where it ran, figures) of each test of the topic; of none, those with figures that belong to no topic."""
-    rows = []
+    ran = {}
     for program, results in programs.items():
         for names, cases in results.items():
             figures = told(figures_of(cases))
             source = sources.get(names)
             if source and topic_of(source) == topic and (topic or figures):
-                rows.append((test_names.sentence(*names), program, figures))
-    return sorted(rows)
+                ran.setdefault((test_names.sentence(*names), figures), []).append(program)
+    return sorted((sentence, ", ".join(where), figures) for (sentence, figures), where in ran.items())
 
 
 def counted(folder, program):
