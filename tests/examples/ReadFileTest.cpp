@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <set>
 #include <string>
 #include <vector>
@@ -182,6 +183,33 @@ TEST(ReadFile, ReadsOffWithColoursOfBytes) {
     ASSERT_EQ(scene.meshes[0].colors.size(), 3U);
     EXPECT_EQ(scene.meshes[0].colors[0].r, 1.0F);
     EXPECT_NEAR(scene.meshes[0].colors[2].b, 0.2F, 1e-6F);
+}
+
+TEST(ReadFile, GivesTrianglesOfBinaryStlTheirColours) {
+    std::string bytes(84 + 2 * 50, '\0');
+    bytes[80] = 2;
+    const auto put = [&bytes](std::size_t place, float value) {
+        std::memcpy(bytes.data() + place, &value, sizeof value);
+    };
+    // Twice (0,0,0) (1,0,0) (0,1,0), the second one a unit higher; the colours stand in five bits a channel.
+    for (const std::size_t record : {84U, 134U}) {
+        put(record + 12 + 12, 1.0F);
+        put(record + 12 + 28, 1.0F);
+        for (const std::size_t z : {8U, 20U, 32U}) {
+            put(record + 12 + z, record == 84 ? 0.0F : 1.0F);
+        }
+    }
+    const std::uint16_t red = 0x8000U | 31U << 10U;
+    std::memcpy(bytes.data() + 84 + 48, &red, sizeof red);
+    const TemporaryFile stl("coloured.stl", bytes);
+    const qelview::Scene scene = readWhole(stl.path());
+    ASSERT_EQ(scene.triangleCount(), 2U);
+    const qelview::TriangleMesh& mesh = scene.meshes[0];
+    ASSERT_EQ(mesh.colors.size(), mesh.positions.size());
+    for (std::size_t i = 0; i < mesh.positions.size(); ++i) {
+        EXPECT_EQ(mesh.colors[i].r, mesh.positions[i].z == 0.0 ? 1.0F : 0.6F);
+        EXPECT_EQ(mesh.colors[i].b, mesh.positions[i].z == 0.0 ? 0.0F : 0.6F);
+    }
 }
 
 /// A triangle in a buffer inside the file, moved by its node.
