@@ -14,11 +14,7 @@ namespace {
 using qel::test::readWhole;
 using qel::test::TemporaryFile;
 
-/// A triangle in a material, and its library if there is one.
-qelview::Scene sceneOf(const TemporaryFile& model) {
-    return readWhole(model.path());
-}
-
+/// A model of one triangle in a material of a library.
 std::string triangle(const std::string& library, const std::string& material) {
     return "mtllib " + library + "\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl " + material + "\nf 1 2 3\n";
 }
@@ -30,7 +26,7 @@ TEST(ObjMaterials, ColourTheMeshesThatNameThem) {
     const TemporaryFile library("colours.mtl",
                                 "newmtl other\nKd 1 1 1\nnewmtl two words\nKa 9 9 9\n\tKd 0.25 0.5 1\r\n");
     const TemporaryFile model("coloured.obj", triangle("qelview-test-colours.mtl", " two words "));
-    const qelview::Scene scene = sceneOf(model);
+    const qelview::Scene scene = readWhole(model.path());
     ASSERT_EQ(scene.meshes.size(), 1U);
     EXPECT_EQ(scene.meshes[0].color.r, 0.25F);
     EXPECT_EQ(scene.meshes[0].color.g, 0.5F);
@@ -40,16 +36,16 @@ TEST(ObjMaterials, ColourTheMeshesThatNameThem) {
 TEST(ObjMaterials, ComeFromTheFileCalledLikeTheModelIfTheNamedOneIsMissing) {
     const TemporaryFile library("alike.mtl", "newmtl red\nKd 1 0 0\n");
     const TemporaryFile model("alike.obj", triangle("absent.mtl", "red"));
-    EXPECT_EQ(sceneOf(model).meshes.at(0).color.r, 1.0F);
+    EXPECT_EQ(readWhole(model.path()).meshes.at(0).color.r, 1.0F);
 }
 
 TEST(ObjMaterials, WithoutAFileOrAColourAreGrey) {
     const TemporaryFile alone("alone.obj", triangle("absent.mtl", "red"));
-    EXPECT_FLOAT_EQ(sceneOf(alone).meshes.at(0).color.r, kGrey);
+    EXPECT_FLOAT_EQ(readWhole(alone.path()).meshes.at(0).color.r, kGrey);
     const TemporaryFile library("texture.mtl",
                                 "Kd 1 0 0\nnewmtl red\nmap_Kd red.png\nKd spectral red.rfl\nKd nan 0 0\n");
     const TemporaryFile model("textured.obj", triangle("qelview-test-texture.mtl", "red"));
-    EXPECT_FLOAT_EQ(sceneOf(model).meshes.at(0).color.r, kGrey);
+    EXPECT_FLOAT_EQ(readWhole(model.path()).meshes.at(0).color.r, kGrey);
 }
 
 TEST(ObjMaterials, AreNotTakenFromElsewhere) {

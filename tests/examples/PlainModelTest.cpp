@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -23,18 +25,18 @@ std::string refusal(Plain plain, const std::string& content) {
     return qel::test::refusalOf([&] { return plainTextOf(plain, content); });
 }
 
-struct PlainCase {
+struct FileCase {
     const char* name;
     Plain plain;
     const char* content;
-    /// Empty if the file is sound.
-    const char* refusal;
+    /// The refusal, empty if the file is sound; or the plain text.
+    const char* expected;
 };
 
-class MeshFile : public testing::TestWithParam<PlainCase> {};
+class MeshFile : public testing::TestWithParam<FileCase> {};
 
 TEST_P(MeshFile, SaysWhatIsWrongAndWhere) {
-    EXPECT_EQ(refusal(GetParam().plain, GetParam().content), GetParam().refusal);
+    EXPECT_EQ(refusal(GetParam().plain, GetParam().content), GetParam().expected);
 }
 
 constexpr Plain kObj = qelview::plainObj;
@@ -46,7 +48,7 @@ constexpr Plain kOff = qelview::plainOff;
     "ply\nformat ascii 1.0\nelement vertex 2\nproperty float x\nproperty float y\nproperty float z\n"
 #define PLY_FACE "element face 1\nproperty list uchar int vertex_indices\n"
 
-const std::vector<PlainCase> kCases{
+const std::vector<FileCase> kCases{
     {"ObjTriangle", kObj, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n", ""},
     {"ObjRelative", kObj, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf -1 -2 -3\n", ""},
     {"ObjDefinedBelow", kObj, "f 1 2 3\nv 0 0 0\nv 1 0 0\nv 0 1 0\n", ""},
@@ -175,18 +177,30 @@ TEST(StlFile, NamesTheTriangleThatIsNotFinite) {
               "triangle 3: a coordinate is not finite");
 }
 
-/// A binary PLY file of one vertex of big-endian doubles and one face.
-std::string binaryPly(char index) {
-    std::string bytes =
-        "ply\nformat binary_big_endian 1.0\nelement vertex 1\nproperty double x\nproperty double y\n"
-        "property double z\nelement face 1\nproperty list uchar uchar vertex_indices\nend_header\n";
-    bytes += std::string("\x3F\xF0\0\0\0\0\0\0", 8) + std::string(16, '\0');
-    bytes += std::string("\x03\0\0", 3) + index;
-    return bytes;
+/// A binary PLY file of the vertex (1, 0, 0) in doubles and one face.
+std::string binaryPly(char index, bool isBigEndian = true) {
+    std::string one("\x3F\xF0\0\0\0\0\0\0", 8);
+    if (!isBigEndian) {
+        std::reverse(one.begin(), one.end());
+    }
+    return std::string("ply\nformat binary_") + (isBigEndian ? "big" : "little") +
+           "_endian 1.0\nelement vertex 1\nproperty double x\nproperty double y\n"
+           "property double z\nelement face 1\nproperty list uchar uchar vertex_indices\nend_header\n" +
+           one + std::string(16, '\0') + std::string("\x03\0\0", 3) + index;
+}
+
+/// A number of a plain PLY file, counted from the first one of its vertices.
+double plyNumber(const std::string& plain, std::size_t index) {
+    const std::string end = "end_header\r\n";
+    double number = 0.0;
+    std::memcpy(&number, plain.data() + plain.find(end) + end.size() + index * sizeof number, sizeof number);
+    return number;
 }
 
 TEST(PlyFile, ReadsBinaryFilesOfBothByteOrders) {
-    EXPECT_EQ(refusal(kPly, binaryPly('\0')), "");
+    for (const bool isBigEndian : {true, false}) {
+        EXPECT_EQ(plyNumber(plainTextOf(kPly, binaryPly('\0', isBigEndian)), 0), 1.0);
+    }
     EXPECT_EQ(refusal(kPly, binaryPly('\1')), "face 0: vertex 1 does not exist: there are 1, counted from 0");
 }
 
@@ -196,20 +210,13 @@ TEST(PlyFile, NamesTheInstanceAtWhichABinaryFileEnds) {
     EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 5)), "vertex 0: the file ends here");
 }
 
-struct TextCase {
-    const char* name;
-    Plain plain;
-    const char* content;
-    const char* text;
-};
-
-class PlainText : public testing::TestWithParam<TextCase> {};
+class PlainText : public testing::TestWithParam<FileCase> {};
 
 TEST_P(PlainText, HoldsWhatIsShownAndNothingElse) {
-    EXPECT_EQ(plainTextOf(GetParam().plain, GetParam().content), GetParam().text);
+    EXPECT_EQ(plainTextOf(GetParam().plain, GetParam().content), GetParam().expected);
 }
 
-const std::vector<TextCase> kTexts{
+const std::vector<FileCase> kTexts{
     {"ObjRelativeNumbers", kObj, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf -1/ -2 -3\nv 9 9 9\nl -1 1\n",
      "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 9 9 9\nf 3 2 1\nl 4 1\n"},
     {"ObjNormalsOfWholeFaces", kObj, "vt 0 0\nv 1 2 3\nvn 0 0 1\nf 1/1/1 1//1 1//1\nf 1//1 1 1\n",
@@ -237,20 +244,40 @@ TEST(PlyFile, BecomesVerticesAndFacesInBinary) {
         kPly,
         "ply\nformat ascii 1.0\nelement other 1\nproperty list uchar int junk\nelement vertex 2\n"
         "property uchar red\nproperty float z\nproperty float y\nproperty float x\nproperty float "
-        "u\nelement face 1\nproperty int tag\nproperty list uchar int vertex_index\nend_header\n"
-        "2 7 8\n255 3 2 1 0.5\n51 6 5 4 0.5\n9 3 0 1 0\n");
+        "nz\nelement face 1\nproperty int tag\nproperty list uchar int vertex_index\nend_header\n"
+        "2 7 8\n255 3 2 1 0.5\n51 6 5 4 1e300\n9 3 0 1 0\n");
     const std::string head =
         "ply\nformat binary_little_endian 1.0\nelement vertex 2\nproperty double x\nproperty double "
-        "y\nproperty double z\nproperty float red\nproperty float green\nproperty float blue\n"
+        "y\nproperty double z\nproperty double nx\nproperty double ny\nproperty double nz\n"
+        "property double red\nproperty double green\nproperty double blue\n"
         "element face 1\nproperty list uint uint vertex_indices\nend_header\r\n";
-    ASSERT_EQ(plain.size(), head.size() + 2 * (24 + 12) + 16);
+    ASSERT_EQ(plain.size(), head.size() + 2 * 9 * sizeof(double) + 4 * sizeof(std::uint32_t));
     EXPECT_EQ(plain.substr(0, head.size()), head);
-    double x = 0.0;
-    std::memcpy(&x, plain.data() + head.size(), sizeof x);
-    EXPECT_EQ(x, 1.0);
-    float red = 0.0F;
-    std::memcpy(&red, plain.data() + head.size() + 36 + 24, sizeof red);
-    EXPECT_FLOAT_EQ(red, 0.2F);
+    const std::vector<double> expected{1, 2, 3, 0, 0, 0.5, 1, 0, 0, 4, 5, 6, 0, 0, 1e300, 0.2, 0, 0};
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(plyNumber(plain, i), expected[i]) << i;
+    }
+}
+
+TEST(PlyFile, KeepsTheColourOfItsFirstMaterial) {
+    const std::string plain = plainTextOf(
+        kPly, PLY_HEAD
+        "element material 2\nproperty uchar diffuse_blue\nproperty float diffuse_red\nproperty uchar "
+        "ambient_red\nend_header\n0 0 0\n1 0 0\n51 0.25 9\n0 1 9\n");
+    EXPECT_EQ(plyNumber(plain, 6), 0.25);
+    EXPECT_EQ(plyNumber(plain, 7), 0.0);
+    EXPECT_EQ(plyNumber(plain, 8), 0.2);
+}
+
+TEST(PlyFile, HasNotThousandsOfNames) {
+    std::string elements = "ply\nformat ascii 1.0\n";
+    std::string properties = elements + "element vertex 1\n";
+    for (int i = 0; i <= 1000; ++i) {
+        elements += "element e" + std::to_string(i) + " 1\n";
+        properties += "property float p" + std::to_string(i) + "\n";
+    }
+    EXPECT_EQ(refusal(kPly, elements), "line 1003: there are more than 1000 elements or properties");
+    EXPECT_EQ(refusal(kPly, properties), "line 1004: there are more than 1000 elements or properties");
 }
 
 TEST(PlyFile, TurnsStripsIntoTriangles) {

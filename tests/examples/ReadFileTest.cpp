@@ -175,6 +175,19 @@ TEST(ReadFile, ReadsLineEndsOfWindows) {
     EXPECT_EQ(scene.bounds().xmax, 4.0);
 }
 
+TEST(ReadFile, TakesTheColourOfTheMaterialOfPly) {
+    const TemporaryFile ply(
+        "material.ply",
+        "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\nproperty float z\n"
+        "element face 1\nproperty list uchar int vertex_indices\nelement material 1\n"
+        "property float diffuse_red\nproperty float diffuse_green\nproperty float diffuse_blue\nend_header\n"
+        "0 0 0\n4 0 0\n0 4 0\n3 0 1 2\n0.25 0.5 0.75\n");
+    const qelview::Scene scene = readWhole(ply.path());
+    ASSERT_EQ(scene.triangleCount(), 1U);
+    EXPECT_EQ(scene.meshes[0].color.r, 0.25F);
+    EXPECT_EQ(scene.meshes[0].color.b, 0.75F);
+}
+
 TEST(ReadFile, ReadsOffWithColoursOfBytes) {
     const TemporaryFile off("triangle.off",
                             "COFF\n3 1 0\n0 0 0 255 0 0 255\n1 0 0 0 255 0 255\n0 1 0 0 0 51 255\n3 0 1 2\n");

@@ -48,6 +48,7 @@ TEST(ReadGltf, TurnsEverySecondTriangleOfAStrip) {
     ASSERT_EQ(scene.meshes.size(), 1U);
     EXPECT_EQ(scene.triangleCount(), 2U);
     // Both look the same way, so that the square is smooth.
+    EXPECT_FALSE(scene.meshes[0].normals.empty());
     for (const qel::XPnt3f& normal : scene.meshes[0].normals) {
         EXPECT_EQ(normal.z, 1.0F);
     }
@@ -98,7 +99,7 @@ TEST(ReadGltf, PlacesAMeshByAllNodesAboveIt) {
 
 TEST(ReadGltf, KeepsNormalsAcrossSurfacesOfScaledAndMirroredNodes) {
     json scaled = square();
-    // Positions that lie along x + y = 1 and z would be a plane; their own coordinates serve as normals here.
+    // The positions serve as normals too.
     scaled["meshes"][0]["primitives"][0]["attributes"]["NORMAL"] = 0;
     scaled["nodes"][0]["scale"] = {-2, 1, 1};
     const qelview::Scene scene = read(scaled.dump());
@@ -117,6 +118,9 @@ TEST(ReadGltf, TakesColoursOfMaterials) {
     const qelview::Scene scene = read(material.dump());
     EXPECT_EQ(scene.meshes.at(0).color.r, 0.25F);
     EXPECT_EQ(scene.meshes.at(0).color.b, 1.0F);
+    material["materials"][0]["extensions"]["KHR_materials_pbrSpecularGlossiness"]["diffuseFactor"] = {0.75, 0,
+                                                                                                      0, 1};
+    EXPECT_EQ(read(material.dump()).meshes.at(0).color.r, 0.75F);
 }
 
 TEST(ReadGltf, ShowsRootsWhereThereAreNoScenes) {
@@ -134,6 +138,35 @@ TEST(ReadGltf, ReadsBuffersBesideTheFile) {
     }
     const json beside = squareWith("/buffers/0/uri", name);
     EXPECT_EQ(read(beside.dump(), buffer.path().parent_path() / "model.gltf").triangleCount(), 2U);
+}
+
+/// The largest x of three points, of which the first has the bytes for each of its coordinates.
+double largestOf(int componentType, bool isNormalized, const std::string& bytes) {
+    json points = squareWith("/meshes/0/primitives/0", {{"attributes", {{"POSITION", 0}}}, {"mode", 0}});
+    points["accessors"][0] = {{"bufferView", 0},
+                              {"componentType", componentType},
+                              {"count", 1},
+                              {"type", "VEC3"},
+                              {"normalized", isNormalized}};
+    points["bufferViews"][0]["byteLength"] = 3 * bytes.size();
+    const qel::test::TemporaryFile buffer("numbers.bin", bytes + bytes + bytes + std::string(64, '\0'));
+    points["buffers"][0] = {{"byteLength", 3 * bytes.size()}, {"uri", buffer.path().filename().string()}};
+    return read(points.dump(), buffer.path().parent_path() / "model.gltf").bounds().xmax;
+}
+
+TEST(ReadGltf, ReadsNumbersAndSharesOfEveryType) {
+    const std::string lowest8("\x80", 1);
+    const std::string lowest16("\x00\x80", 2);
+    EXPECT_EQ(largestOf(5120, false, lowest8), -128.0);
+    EXPECT_EQ(largestOf(5120, true, lowest8), -1.0);
+    EXPECT_EQ(largestOf(5121, false, lowest8), 128.0);
+    EXPECT_EQ(largestOf(5121, true, "\xFF"), 1.0);
+    EXPECT_EQ(largestOf(5122, false, lowest16), -32768.0);
+    EXPECT_EQ(largestOf(5122, true, lowest16), -1.0);
+    EXPECT_EQ(largestOf(5123, false, lowest16), 32768.0);
+    EXPECT_EQ(largestOf(5123, true, "\x33\x33"), 0.2);
+    EXPECT_EQ(largestOf(5125, false, std::string("\0\0\0\x80", 4)), 2147483648.0);
+    EXPECT_EQ(largestOf(5126, true, std::string("\0\0\x20\xC0", 4)), -2.5);
 }
 
 std::string glb(const json& root, const std::string& binary) {
@@ -156,6 +189,9 @@ TEST(ReadGltf, ReadsTheChunkOfABinaryFile) {
     const std::string file = glb(inside, std::string(68, '\0'));
     EXPECT_EQ(read(file).triangleCount(), 2U);
     EXPECT_EQ(refusal(glb(inside, "short")), "buffer 0: it promises 68 bytes, there are 5");
+    std::string longChunk = file;
+    longChunk[15] = '\1';
+    EXPECT_EQ(refusal(longChunk).substr(0, 24), "first chunk: it promises");
     EXPECT_EQ(refusal(file.substr(0, file.size() - 1)), "header: it promises " + std::to_string(file.size()) +
                                                             " bytes, the file has " +
                                                             std::to_string(file.size() - 1));
@@ -259,7 +295,8 @@ TEST(ReadGltf, RefusesAttributesOfAnotherLength) {
 }
 
 TEST(ReadGltf, NamesTheLineAtWhichTheTextIsDamaged) {
-    EXPECT_EQ(refusal("{\"asset\": {},\n\"buffers\": ["), "line 2: the JSON text is damaged or ends here");
+    EXPECT_EQ(refusal("{\"asset\": {},\n\"buffers\": ["),
+              "line 2: the file ends in the middle of the JSON text");
     EXPECT_EQ(refusal("{\"asset\": 1e999}"), "file: a number is too large");
     EXPECT_EQ(refusal("[1, 2]"), "file: there is no glTF asset");
     EXPECT_EQ(refusal("glTF"),

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "JsonText.h"
 #include "ReadError.h"
 #include "TextLines.h"
 
@@ -27,13 +28,6 @@ constexpr int kDeepestCollection = 16;
 
 std::string numbered(const char* what, std::size_t index) {
     return std::string(what) + " " + std::to_string(index + 1);
-}
-
-/// An element of an object, or null.
-const json& memberOf(const json& object, const char* name) {
-    static const json none;
-    const auto found = object.find(name);
-    return found == object.end() ? none : *found;
 }
 
 std::string typeOf(const json& object) {
@@ -219,32 +213,12 @@ class GeoJsonReader {
     std::string place;
 };
 
-/// The line of a byte that is counted from 1.
-std::size_t lineOf(std::string_view text, std::size_t byte) {
-    const std::string_view before = text.substr(0, std::min(text.size(), byte == 0 ? 0 : byte - 1));
-    return 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
-}
-
-json parse(std::string_view text) {
-    try {
-        return json::parse(text.begin(), text.end());
-    } catch (const json::parse_error& error) {
-        const bool isAtEnd = error.byte > text.size();
-        refuse(atLine(lineOf(text, error.byte)),
-               isAtEnd ? "the file ends in the middle of the JSON text"
-                       : "no JSON at " + quoted(text.substr(error.byte == 0 ? 0 : error.byte - 1)));
-    } catch (const json::exception&) {
-        // The only other thing that parsing throws.
-        refuse("file", "a number is too large");
-    }
-}
-
 }  // namespace
 
 Scene readGeoJson(std::string_view text, const ProgressStretch& progress) {
     requireText(text);
     constexpr double kParseShare = 0.6;
-    const json root = parse(text);
+    const json root = parseJson(text);
     progress.report(kParseShare);
     return GeoJsonReader(progress.part(kParseShare, 1.0)).run(root);
 }

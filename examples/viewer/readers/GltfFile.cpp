@@ -1,14 +1,17 @@
 #include "GltfFile.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 #include <utility>
 
 #include "Base64.h"
 #include "ByteOrder.h"
-#include "FileBeside.h"
+#include "FileBytes.h"
+#include "JsonText.h"
 #include "ReadError.h"
+#include "ScalarType.h"
 #include "TextLines.h"
 
 namespace qelview {
@@ -41,12 +44,13 @@ std::string withoutPercents(std::string_view text) {
 /// The bytes of a buffer inside or beside the file, at most `room` in a file of their own.
 std::string bytesNamed(const std::string& place, const json& member, const std::filesystem::path& file,
                        std::uintmax_t room) {
-    const std::string uri = member.is_string() ? member.get<std::string>() : "";
+    const std::string_view uri =
+        member.is_string() ? std::string_view(member.get_ref<const std::string&>()) : std::string_view();
     std::optional<std::string> bytes;
     if (uri.starts_with(kDataScheme)) {
         const std::size_t mark = uri.find(kBase64);
-        if (mark != std::string::npos) {
-            bytes = decodeBase64(std::string_view(uri).substr(mark + kBase64.size()));
+        if (mark != std::string_view::npos) {
+            bytes = decodeBase64(uri.substr(mark + kBase64.size()));
         }
         if (!bytes) {
             refuse(place, "its data are not Base64 text");
@@ -84,60 +88,20 @@ std::size_t widthOf(const std::string& place, const json& type) {
     return found->second;
 }
 
-/// One component, as glTF numbers their types.
-class Component {
-  public:
-    Component(const std::string& place, std::uint64_t typeNumber, bool isShare)
-        : type(typeNumber), share(isShare) {
-        if (type < kInt8 || type > kFloat || type == kInt32) {
-            refuse(place, "its accessor has components of the type " + std::to_string(type));
-        }
+/// The type that glTF gives a number to.
+ScalarType typeOf(const std::string& place, std::uint64_t number) {
+    constexpr std::uint64_t kFirst = 5120;
+    constexpr std::array<std::optional<ScalarType>, 7> kTypes{
+        ScalarType::Int8, ScalarType::Uint8,  ScalarType::Int16,  ScalarType::Uint16,
+        std::nullopt,     ScalarType::Uint32, ScalarType::Float32};
+    const bool isKnown = number >= kFirst && number - kFirst < kTypes.size() && kTypes.at(number - kFirst);
+    if (!isKnown) {
+        refuse(place, "its accessor has components of the type " + std::to_string(number));
     }
-    [[nodiscard]] std::size_t size() const { return type <= kUint8 ? 1U : type <= kUint16 ? 2U : 4U; }
-    [[nodiscard]] double at(const char* from) const {
-        switch (type) {
-            case kInt8:
-                return scaled(readScalar<std::int8_t>(from, ByteOrder::Little), 127.0);
-            case kUint8:
-                return scaled(readScalar<std::uint8_t>(from, ByteOrder::Little), 255.0);
-            case kInt16:
-                return scaled(readScalar<std::int16_t>(from, ByteOrder::Little), 32767.0);
-            case kUint16:
-                return scaled(readScalar<std::uint16_t>(from, ByteOrder::Little), 65535.0);
-            case kUint32:
-                return scaled(readScalar<std::uint32_t>(from, ByteOrder::Little), 4294967295.0);
-            default:
-                break;
-        }
-        return static_cast<double>(readScalar<float>(from, ByteOrder::Little));
-    }
-
-  private:
-    static constexpr std::uint64_t kInt8 = 5120;
-    static constexpr std::uint64_t kUint8 = 5121;
-    static constexpr std::uint64_t kInt16 = 5122;
-    static constexpr std::uint64_t kUint16 = 5123;
-    static constexpr std::uint64_t kInt32 = 5124;
-    static constexpr std::uint64_t kUint32 = 5125;
-    static constexpr std::uint64_t kFloat = 5126;
-
-    template <class Whole>
-    [[nodiscard]] double scaled(Whole value, double largest) const {
-        const auto number = static_cast<double>(value);
-        return share ? std::max(number / largest, -1.0) : number;
-    }
-
-    std::uint64_t type;
-    bool share;
-};
+    return *kTypes.at(number - kFirst);
+}
 
 }  // namespace
-
-const json& memberOf(const json& object, const char* name) {
-    static const json none;
-    const auto found = object.find(name);
-    return found == object.end() ? none : *found;
-}
 
 std::uint64_t wholeOf(const std::string& place, const json& object, const char* name, std::uint64_t missing) {
     const json& number = memberOf(object, name);
@@ -170,7 +134,7 @@ GltfFile::GltfFile(std::string_view bytes, const std::filesystem::path& file) {
         binaryChunk = parseBinary(bytes);
     } else {
         requireText(bytes);
-        parse(bytes);
+        root = parseJson(bytes);
     }
     checkVersion();
     readBuffers(file, binaryChunk);
@@ -202,21 +166,8 @@ std::string_view GltfFile::parseBinary(std::string_view bytes) {
         return chunk;
     };
     bytes.remove_prefix(kHeaderSize);
-    parse(takeChunk("first chunk"));
+    root = parseJson(takeChunk("first chunk"));
     return bytes.size() < kChunkHeaderSize ? std::string_view() : takeChunk("second chunk");
-}
-
-void GltfFile::parse(std::string_view text) {
-    try {
-        root = json::parse(text.begin(), text.end());
-    } catch (const json::parse_error& error) {
-        const std::size_t place = std::min(text.size(), error.byte);
-        const auto end = text.begin() + static_cast<std::ptrdiff_t>(place);
-        refuse(atLine(1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'))),
-               "the JSON text is damaged or ends here");
-    } catch (const json::exception&) {
-        refuse("file", "a number is too large");
-    }
 }
 
 void GltfFile::checkVersion() const {
@@ -260,16 +211,18 @@ void GltfFile::readBuffers(const std::filesystem::path& file, std::string_view b
         const std::string place = "buffer " + std::to_string(i);
         const json& buffer = element(place, "buffers", i);
         // The chunk of a binary file is its first buffer, if that has no other place.
-        std::string bytes = i == 0 && memberOf(buffer, "uri").is_null()
-                                ? std::string(binaryChunk)
-                                : bytesNamed(place, memberOf(buffer, "uri"), file, room);
+        const json& uri = memberOf(buffer, "uri");
+        if (i != 0 || !uri.is_null()) {
+            decoded.push_back(bytesNamed(place, uri, file, room));
+        }
+        const std::string_view bytes = i == 0 && uri.is_null() ? binaryChunk : decoded.back();
         const std::uint64_t promised = wholeOf(place, buffer, "byteLength", 0);
         if (promised > bytes.size()) {
             refuse(place, "it promises " + std::to_string(promised) + " bytes, there are " +
                               std::to_string(bytes.size()));
         }
         room -= std::min<std::uintmax_t>(room, bytes.size());
-        buffers.push_back(std::move(bytes));
+        buffers.push_back(bytes);
     }
 }
 
@@ -299,9 +252,9 @@ GltfNumbers GltfFile::numbers(const std::string& place, const json& accessor, st
         refuse(itsPlace, "its elements have " + std::to_string(width) + " numbers");
     }
     const json& view = element(itsPlace, "bufferViews", memberOf(its, "bufferView"));
-    const Component component(itsPlace, wholeOf(itsPlace, its, "componentType", 0),
-                              memberOf(its, "normalized") == true);
-    const std::uint64_t size = width * component.size();
+    const ScalarType type = typeOf(itsPlace, wholeOf(itsPlace, its, "componentType", 0));
+    const bool areShares = memberOf(its, "normalized") == true && type != ScalarType::Float32;
+    const std::uint64_t size = width * sizeOf(type);
     const std::uint64_t stride = std::max(size, wholeOf(itsPlace, view, "byteStride", size));
     const std::uint64_t elements = wholeOf(itsPlace, its, "count", 0);
     const std::uint64_t offset = wholeOf(itsPlace, its, "byteOffset", 0);
@@ -315,7 +268,9 @@ GltfNumbers GltfFile::numbers(const std::string& place, const json& accessor, st
     for (std::uint64_t i = 0; i < elements; ++i) {
         const char* const first = bytes.data() + offset + i * stride;
         for (std::size_t k = 0; k < width; ++k) {
-            numbers.values.push_back(component.at(first + k * component.size()));
+            const double number = readAs(type, first + k * sizeOf(type), ByteOrder::Little);
+            // The lowest of a signed type lies beyond -1 by one step.
+            numbers.values.push_back(areShares ? std::max(number / wholeShareOf(type), -1.0) : number);
         }
     }
     return numbers;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -21,7 +21,7 @@ struct GltfNumbers {
 /// A glTF 2 asset with its buffers. Nothing is believed: what is asked for is looked through first.
 class GltfFile {
   public:
-    /// @param bytes of a .gltf or a .glb file; the first ones tell.
+    /// @param bytes of a .gltf or a .glb file; the first ones tell. They must live as long as this object.
     /// @param file beside which the files of its buffers lie.
     /// @throws ReadError if it is no asset of glTF 2, needs an extension that is not read, or a buffer is not
     /// whole.
@@ -37,25 +37,23 @@ class GltfFile {
     [[nodiscard]] const nlohmann::json& top(const char* name) const;
 
     /// Whole numbers that stand for shares become shares.
-    /// @throws ReadError naming `place` if there is no such accessor, it has no data, another width than the
-    /// shortest and the longest given, or leaves its buffer.
+    /// @throws ReadError naming `place` if there is no such accessor, it has no data or leaves its buffer, or
+    /// if its elements have fewer numbers than `narrowest` or more than `widest`.
     [[nodiscard]] GltfNumbers numbers(const std::string& place, const nlohmann::json& accessor,
                                       std::size_t narrowest, std::size_t widest) const;
 
   private:
     /// What lies behind the JSON text of a binary file.
     std::string_view parseBinary(std::string_view bytes);
-    void parse(std::string_view text);
     void checkVersion() const;
     void readBuffers(const std::filesystem::path& file, std::string_view binaryChunk);
     [[nodiscard]] std::string_view viewOf(const std::string& place, const nlohmann::json& view) const;
 
     nlohmann::json root;
-    std::vector<std::string> buffers;
+    std::vector<std::string_view> buffers;
+    /// Of the buffers that are not a part of the file as it is.
+    std::deque<std::string> decoded;
 };
-
-/// A member of an object, or null.
-[[nodiscard]] const nlohmann::json& memberOf(const nlohmann::json& object, const char* name);
 
 /// A whole number among the members of an object, or `missing`.
 /// @throws ReadError naming `place` if it is no whole number, or larger than 4294967295.

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "SceneParts.h"
 
@@ -30,6 +33,14 @@ inline constexpr LineStyle kLinesOfMeshFiles{{150, 200, 255}, 1.5F};
     const bool isUsable = std::isfinite(length) && length > kShortest;
     const qel::XPnt3d unit = isUsable ? normal * (1.0 / length) : qel::XPnt3d(0.0, 0.0, 1.0);
     return {static_cast<float>(unit.x), static_cast<float>(unit.y), static_cast<float>(unit.z)};
+}
+
+/// The triangle that a corner of a strip ends, from the third corner on. Every second one is turned round, so
+/// that all look the same way.
+[[nodiscard]] inline std::array<std::uint32_t, 3> triangleOfStrip(const std::vector<std::uint32_t>& corners,
+                                                                  std::size_t last) {
+    const std::size_t turned = last % 2;
+    return {corners[last - 2 + turned], corners[last - 1 - turned], corners[last]};
 }
 
 }  // namespace qelview

@@ -6,7 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "FileBeside.h"
+#include "FileBytes.h"
+#include "MeshLook.h"
 #include "PlainText.h"
 #include "TextLines.h"
 
@@ -26,10 +27,10 @@ std::optional<std::array<float, 3>> colorOf(const std::vector<std::string_view>&
     for (std::size_t i = 0; i < color.size(); ++i) {
         const std::size_t place = words.size() == 2 ? 1 : i + 1;
         const std::optional<double> value = place < words.size() ? numberIn(words[place]) : std::nullopt;
-        if (!value || !std::isfinite(static_cast<float>(*value))) {
+        if (!value || !std::isfinite(*value)) {
             return std::nullopt;
         }
-        color[i] = static_cast<float>(*value);
+        color[i] = shownShare(*value);
     }
     return color;
 }
@@ -43,8 +44,7 @@ void ObjMaterials::readLibrary(std::string_view name) {
     std::optional<std::string> text = bytesBeside(file, name, kLargestLibrary);
     if (!text) {
         std::filesystem::path likeTheModel = file.filename();
-        const std::u8string fallback = likeTheModel.replace_extension("mtl").u8string();
-        text = bytesBeside(file, std::string(fallback.begin(), fallback.end()), kLargestLibrary);
+        text = bytesBeside(file, utf8(likeTheModel.replace_extension("mtl")), kLargestLibrary);
     }
     if (text) {
         readText(*text);

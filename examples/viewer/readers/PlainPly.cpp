@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "MeshLook.h"
 #include "PlainModel.h"
 #include "PlyBody.h"
 #include "PlyHeader.h"
@@ -72,25 +73,6 @@ bool uses(const PlyHeader& header, Use use) {
     });
 }
 
-/// Whole numbers stand for shares of the largest one of their type.
-float shareOf(double value, PlyType type) {
-    switch (type) {
-        case PlyType::Int8:
-        case PlyType::Uint8:
-            return static_cast<float>(value / 255.0);
-        case PlyType::Int16:
-        case PlyType::Uint16:
-            return static_cast<float>(value / 65535.0);
-        case PlyType::Int32:
-        case PlyType::Uint32:
-            return static_cast<float>(value / 4294967295.0);
-        case PlyType::Float32:
-        case PlyType::Float64:
-            break;
-    }
-    return static_cast<float>(value);
-}
-
 class PlyReading {
   public:
     PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader)
@@ -147,11 +129,11 @@ class PlyReading {
                 vertex.position.at(meaning.axis) = value;
                 break;
             case Use::Normal:
-                vertex.normal.at(meaning.axis) = static_cast<float>(value);
+                vertex.normal.at(meaning.axis) = value;
                 break;
             case Use::Color:
             case Use::MaterialColor:
-                vertex.color.at(meaning.axis) = shareOf(value, property.type);
+                vertex.color.at(meaning.axis) = value / wholeShareOf(property.type);
                 break;
             default:
                 break;
@@ -195,12 +177,9 @@ class PlyReading {
         return static_cast<std::uint32_t>(index);
     }
 
-    /// Each corner from the third on ends a triangle; every second one turns the other way round.
     void passStrip() {
-        for (std::size_t i = 2; i < corners.size(); ++i) {
-            const bool isTurned = i % 2 == 1;
-            triangle = {corners[isTurned ? i - 1 : i - 2], corners[isTurned ? i - 2 : i - 1], corners[i]};
-            plain.addFace(triangle);
+        for (std::size_t last = 2; last < corners.size(); ++last) {
+            plain.addFace(triangleOfStrip(corners, last));
         }
         corners.clear();
     }
@@ -213,7 +192,6 @@ class PlyReading {
     PlyWriting plain;
     PlyVertex vertex;
     std::vector<std::uint32_t> corners;
-    std::vector<std::uint32_t> triangle;
 };
 
 }  // namespace

@@ -30,7 +30,7 @@ class AsciiBody final : public PlyBody {
         } while (words.empty());
         used = 0;
     }
-    double next(PlyType) override {
+    double next(ScalarType) override {
         if (used == words.size()) {
             refuseHere("too few values");
         }
@@ -65,31 +65,13 @@ class BinaryBody final : public PlyBody {
             progress.report(static_cast<double>(used) / static_cast<double>(body.size() + 1));
         }
     }
-    double next(PlyType type) override {
+    double next(ScalarType type) override {
         if (body.size() - used < sizeOf(type)) {
             refuseHere("the file ends here");
         }
         const char* const from = body.data() + used;
         used += sizeOf(type);
-        switch (type) {
-            case PlyType::Int8:
-                return static_cast<double>(readScalar<std::int8_t>(from, order));
-            case PlyType::Uint8:
-                return static_cast<double>(readScalar<std::uint8_t>(from, order));
-            case PlyType::Int16:
-                return static_cast<double>(readScalar<std::int16_t>(from, order));
-            case PlyType::Uint16:
-                return static_cast<double>(readScalar<std::uint16_t>(from, order));
-            case PlyType::Int32:
-                return static_cast<double>(readScalar<std::int32_t>(from, order));
-            case PlyType::Uint32:
-                return static_cast<double>(readScalar<std::uint32_t>(from, order));
-            case PlyType::Float32:
-                return static_cast<double>(readScalar<float>(from, order));
-            case PlyType::Float64:
-                break;
-        }
-        return readScalar<double>(from, order);
+        return readAs(type, from, order);
     }
     void endInstance() override {}
     [[noreturn]] void refuseHere(const std::string& reason) const override {

@@ -17,7 +17,7 @@ class PlyBody {
     /// @throws ReadError if the file ends before.
     virtual void beginInstance(const PlyElement& element, std::uint64_t index) = 0;
     /// @throws ReadError if there is none.
-    virtual double next(PlyType type) = 0;
+    virtual double next(ScalarType type) = 0;
     /// @throws ReadError if there is more.
     virtual void endInstance() = 0;
     [[noreturn]] virtual void refuseHere(const std::string& reason) const = 0;

@@ -18,25 +18,25 @@ constexpr std::size_t kLongestHeader = 1 << 20;
 constexpr std::size_t kMostNames = 1000;
 constexpr long long kMostInstances = 1LL << 31;
 
-std::optional<PlyType> typeNamed(std::string_view name) {
-    static constexpr std::array<std::pair<std::string_view, PlyType>, 17> kNames{{
-        {"char", PlyType::Int8},
-        {"int8", PlyType::Int8},
-        {"uchar", PlyType::Uint8},
-        {"uint8", PlyType::Uint8},
-        {"short", PlyType::Int16},
-        {"int16", PlyType::Int16},
-        {"ushort", PlyType::Uint16},
-        {"uint16", PlyType::Uint16},
-        {"int", PlyType::Int32},
-        {"int32", PlyType::Int32},
-        {"uint", PlyType::Uint32},
-        {"uint32", PlyType::Uint32},
-        {"float", PlyType::Float32},
-        {"float32", PlyType::Float32},
-        {"double", PlyType::Float64},
-        {"double64", PlyType::Float64},
-        {"float64", PlyType::Float64},
+std::optional<ScalarType> typeNamed(std::string_view name) {
+    static constexpr std::array<std::pair<std::string_view, ScalarType>, 17> kNames{{
+        {"char", ScalarType::Int8},
+        {"int8", ScalarType::Int8},
+        {"uchar", ScalarType::Uint8},
+        {"uint8", ScalarType::Uint8},
+        {"short", ScalarType::Int16},
+        {"int16", ScalarType::Int16},
+        {"ushort", ScalarType::Uint16},
+        {"uint16", ScalarType::Uint16},
+        {"int", ScalarType::Int32},
+        {"int32", ScalarType::Int32},
+        {"uint", ScalarType::Uint32},
+        {"uint32", ScalarType::Uint32},
+        {"float", ScalarType::Float32},
+        {"float32", ScalarType::Float32},
+        {"double", ScalarType::Float64},
+        {"double64", ScalarType::Float64},
+        {"float64", ScalarType::Float64},
     }};
     const auto* const found =
         std::find_if(kNames.begin(), kNames.end(), [name](const auto& entry) { return entry.first == name; });
@@ -125,7 +125,7 @@ class HeaderReader {
         property.type = readType(words[words.size() - 2]);
         if (isList) {
             property.countType = readType(words[2]);
-            if (property.countType == PlyType::Float32 || property.countType == PlyType::Float64) {
+            if (property.countType == ScalarType::Float32 || property.countType == ScalarType::Float64) {
                 lines.refuseLine("the count of a list is a whole number");
             }
         }
@@ -144,8 +144,8 @@ class HeaderReader {
         }
     }
 
-    PlyType readType(std::string_view word) {
-        const std::optional<PlyType> type = typeNamed(word);
+    ScalarType readType(std::string_view word) {
+        const std::optional<ScalarType> type = typeNamed(word);
         if (!type) {
             lines.refuseLine("unknown type " + quoted(word));
         }
@@ -175,11 +175,6 @@ class HeaderReader {
 };
 
 }  // namespace
-
-std::size_t sizeOf(PlyType type) {
-    static constexpr std::array<std::size_t, 8> kSizes{1, 1, 2, 2, 4, 4, 4, 8};
-    return kSizes.at(static_cast<std::size_t>(type));
-}
 
 const PlyElement* PlyHeader::find(std::string_view name) const {
     const auto found = std::find_if(elements.begin(), elements.end(),

@@ -8,19 +8,15 @@
 #include <vector>
 
 #include "ByteOrder.h"
+#include "ScalarType.h"
 
 namespace qelview {
 
-enum class PlyType : std::uint8_t { Int8, Uint8, Int16, Uint16, Int32, Uint32, Float32, Float64 };
-
-/// In bytes.
-[[nodiscard]] std::size_t sizeOf(PlyType type);
-
 struct PlyProperty {
     std::string name;
-    PlyType type = PlyType::Float32;
+    ScalarType type = ScalarType::Float32;
     /// Type of the count before the values, if the property is a list.
-    std::optional<PlyType> countType;
+    std::optional<ScalarType> countType;
 };
 
 struct PlyElement {

@@ -13,10 +13,10 @@ void appendAll(std::string& bytes, const Numbers& numbers) {
     }
 }
 
-std::string propertiesOf(const char* type, std::initializer_list<const char*> names) {
+std::string propertiesOf(std::initializer_list<const char*> names) {
     std::string lines;
     for (const char* const name : names) {
-        lines += std::string("property ") + type + " " + name + "\n";
+        lines += std::string("property double ") + name + "\n";
     }
     return lines;
 }
@@ -34,7 +34,7 @@ void PlyWriting::addVertex(const PlyVertex& vertex) {
     ++vertexCount;
 }
 
-void PlyWriting::addFace(const std::vector<std::uint32_t>& corners) {
+void PlyWriting::addFace(std::span<const std::uint32_t> corners) {
     appendScalar(faces, static_cast<std::uint32_t>(corners.size()), ByteOrder::Little);
     appendAll(faces, corners);
     ++faceCount;
@@ -42,19 +42,18 @@ void PlyWriting::addFace(const std::vector<std::uint32_t>& corners) {
 
 std::string PlyWriting::header() const {
     std::string text = "ply\nformat binary_little_endian 1.0\n";
-    text += "element vertex " + std::to_string(vertexCount) + "\n" + propertiesOf("double", {"x", "y", "z"});
+    text += "element vertex " + std::to_string(vertexCount) + "\n" + propertiesOf({"x", "y", "z"});
     if (hasNormals) {
-        text += propertiesOf("float", {"nx", "ny", "nz"});
+        text += propertiesOf({"nx", "ny", "nz"});
     }
     if (hasColors) {
-        text += propertiesOf("float", {"red", "green", "blue"});
+        text += propertiesOf({"red", "green", "blue"});
     }
     if (faceCount > 0) {
         text += "element face " + std::to_string(faceCount) + "\nproperty list uint uint vertex_indices\n";
     }
     if (material) {
-        text +=
-            "element material 1\n" + propertiesOf("float", {"diffuse_red", "diffuse_green", "diffuse_blue"});
+        text += "element material 1\n" + propertiesOf({"diffuse_red", "diffuse_green", "diffuse_blue"});
     }
     // With CR LF the importer takes one LF away, which without it could be a byte of the first number.
     return text + "end_header\r\n";

@@ -3,17 +3,17 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
-#include <vector>
 
 namespace qelview {
 
 /// A vertex as it is shown.
 struct PlyVertex {
     std::array<double, 3> position{};
-    std::array<float, 3> normal{};
+    std::array<double, 3> normal{};
     /// Shares of full intensity.
-    std::array<float, 3> color{};
+    std::array<double, 3> color{};
 };
 
 /// Writes a binary PLY file of little-endian numbers that holds nothing but vertices, faces and a colour.
@@ -25,9 +25,9 @@ class PlyWriting {
 
     void addVertex(const PlyVertex& vertex);
     /// Of numbers of vertices, from 0.
-    void addFace(const std::vector<std::uint32_t>& corners);
+    void addFace(std::span<const std::uint32_t> corners);
     /// Of the vertices without one of their own.
-    void setMaterial(const std::array<float, 3>& color) { material = color; }
+    void setMaterial(const std::array<double, 3>& color) { material = color; }
     [[nodiscard]] std::string take();
 
   private:
@@ -35,7 +35,7 @@ class PlyWriting {
 
     bool hasNormals;
     bool hasColors;
-    std::optional<std::array<float, 3>> material;
+    std::optional<std::array<double, 3>> material;
     std::string vertices;
     std::uint64_t vertexCount = 0;
     std::string faces;

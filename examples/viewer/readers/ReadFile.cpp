@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <fstream>
 #include <new>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
+#include "FileBytes.h"
 #include "PlainModel.h"
 #include "ReadError.h"
 #include "ReadGeoJson.h"
@@ -51,11 +50,6 @@ constexpr std::array<Format, 12> kFormats{{
     {".json", Kind::Map, nullptr, Normals::OfTheFile},
 }};
 
-std::string utf8(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
 const Format& formatOf(const std::filesystem::path& file) {
     std::string extension = utf8(file.extension());
     std::transform(extension.begin(), extension.end(), extension.begin(), [](char character) {
@@ -70,29 +64,9 @@ const Format& formatOf(const std::filesystem::path& file) {
     return *found;
 }
 
-std::string readBytes(const std::filesystem::path& file) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error)) {
-        throw ReadError("there is no such file");
-    }
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
-    if (error || size == 0) {
-        throw ReadError(error ? "the file cannot be read" : "the file is empty");
-    }
-    if (size > kLargestFile) {
-        throw ReadError("the file is larger than 1 GiB");
-    }
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-        throw ReadError("the file cannot be read");
-    }
-    return bytes;
-}
-
 Scene readAs(const Format& format, const std::filesystem::path& file, const ProgressStretch& progress) {
     constexpr double kPlainShare = 0.3;
-    std::string bytes = readBytes(file);
+    std::string bytes = readBytes(file, kLargestFile);
     switch (format.kind) {
         case Kind::Gltf:
             return readGltf(bytes, file, progress);
@@ -118,7 +92,7 @@ std::string knownExtensions() {
 }
 
 std::string readTextFile(const std::filesystem::path& file) {
-    return readBytes(file);
+    return readBytes(file, kLargestFile);
 }
 
 Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress) {

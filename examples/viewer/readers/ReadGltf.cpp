@@ -11,6 +11,7 @@
 
 #include "GltfFile.h"
 #include "GltfPlacement.h"
+#include "JsonText.h"
 #include "MeshLook.h"
 #include "MeshNormals.h"
 #include "ReadError.h"
@@ -31,11 +32,11 @@ std::vector<std::uint32_t> trianglesOf(const std::vector<std::uint32_t>& corners
         triangles.assign(corners.begin(), corners.end() - static_cast<std::ptrdiff_t>(corners.size() % 3));
         return triangles;
     }
-    for (std::size_t i = 2; i < corners.size(); ++i) {
-        const std::uint32_t first = corners[mode == TriangleFan ? 0 : i - 2];
-        const bool isTurned = mode == TriangleStrip && i % 2 == 1;
-        triangles.insert(triangles.end(),
-                         {isTurned ? corners[i - 1] : first, isTurned ? first : corners[i - 1], corners[i]});
+    for (std::size_t last = 2; last < corners.size(); ++last) {
+        const std::array<std::uint32_t, 3> triangle =
+            mode == TriangleStrip ? triangleOfStrip(corners, last)
+                                  : std::array{corners.front(), corners[last - 1], corners[last]};
+        triangles.insert(triangles.end(), triangle.begin(), triangle.end());
     }
     return triangles;
 }

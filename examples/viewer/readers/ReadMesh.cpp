@@ -86,18 +86,10 @@ std::string nameOf(const aiMesh& mesh, unsigned number) {
     return "mesh " + std::to_string(number) + (name.empty() ? "" : " " + qelview::quoted(name));
 }
 
-/// The importers themselves check neither.
+/// The importers themselves check no index.
 void checkImported(const aiScene& imported) {
     for (unsigned number = 0; number < imported.mNumMeshes; ++number) {
         const aiMesh& mesh = *imported.mMeshes[number];
-        for (unsigned i = 0; i < mesh.mNumVertices; ++i) {
-            for (unsigned axis = 0; axis < 3; ++axis) {
-                const std::string fault = faultOfCoordinate(numberOf<double>(mesh.mVertices[i][axis]));
-                if (!fault.empty()) {
-                    refuse(nameOf(mesh, number) + ", vertex " + std::to_string(i), "a coordinate " + fault);
-                }
-            }
-        }
         for (unsigned i = 0; i < mesh.mNumFaces; ++i) {
             const aiFace& face = mesh.mFaces[i];
             if (face.mNumIndices == 0) {

@@ -1,0 +1,59 @@
+#include "ScalarType.h"
+
+#include <array>
+#include <limits>
+#include <type_traits>
+
+namespace qelview {
+
+namespace {
+
+struct Known {
+    std::size_t size;
+    double wholeShare;
+    double (*read)(const char*, ByteOrder);
+};
+
+template <class Scalar>
+double readWidened(const char* from, ByteOrder order) {
+    if constexpr (std::is_same_v<Scalar, double>) {
+        return readScalar<double>(from, order);
+    } else {
+        return static_cast<double>(readScalar<Scalar>(from, order));
+    }
+}
+
+template <class Scalar>
+constexpr Known known() {
+    using Limits = std::numeric_limits<Scalar>;
+    if constexpr (Limits::is_integer) {
+        return {sizeof(Scalar), static_cast<double>(Limits::max()), readWidened<Scalar>};
+    } else {
+        return {sizeof(Scalar), 1.0, readWidened<Scalar>};
+    }
+}
+
+/// In the order of the types.
+constexpr std::array<Known, 8> kKnown{known<std::int8_t>(),   known<std::uint8_t>(), known<std::int16_t>(),
+                                      known<std::uint16_t>(), known<std::int32_t>(), known<std::uint32_t>(),
+                                      known<float>(),         known<double>()};
+
+const Known& knownOf(ScalarType type) {
+    return kKnown.at(static_cast<std::size_t>(type));
+}
+
+}  // namespace
+
+std::size_t sizeOf(ScalarType type) {
+    return knownOf(type).size;
+}
+
+double readAs(ScalarType type, const char* from, ByteOrder order) {
+    return knownOf(type).read(from, order);
+}
+
+double wholeShareOf(ScalarType type) {
+    return knownOf(type).wholeShare;
+}
+
+}  // namespace qelview
