@@ -259,16 +259,6 @@ TEST(PlyFile, BecomesVerticesAndFacesInBinary) {
     }
 }
 
-TEST(PlyFile, KeepsTheColourOfItsFirstMaterial) {
-    const std::string plain = plainTextOf(
-        kPly, PLY_HEAD
-        "element material 2\nproperty uchar diffuse_blue\nproperty float diffuse_red\nproperty uchar "
-        "ambient_red\nend_header\n0 0 0\n1 0 0\n51 0.25 9\n0 1 9\n");
-    EXPECT_EQ(plyNumber(plain, 6), 0.25);
-    EXPECT_EQ(plyNumber(plain, 7), 0.0);
-    EXPECT_EQ(plyNumber(plain, 8), 0.2);
-}
-
 TEST(PlyFile, HasNotThousandsOfNames) {
     std::string elements = "ply\nformat ascii 1.0\n";
     std::string properties = elements + "element vertex 1\n";

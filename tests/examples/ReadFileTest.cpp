@@ -175,17 +175,27 @@ TEST(ReadFile, ReadsLineEndsOfWindows) {
     EXPECT_EQ(scene.bounds().xmax, 4.0);
 }
 
-TEST(ReadFile, TakesTheColourOfTheMaterialOfPly) {
+/// The colour of a triangle in a PLY file that has an element more, and the lines of its instances.
+qel::QelColor3f colorOfPly(const std::string& element, const std::string& instances) {
     const TemporaryFile ply(
         "material.ply",
         "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\nproperty float z\n"
-        "element face 1\nproperty list uchar int vertex_indices\nelement material 1\n"
-        "property float diffuse_red\nproperty float diffuse_green\nproperty float diffuse_blue\nend_header\n"
-        "0 0 0\n4 0 0\n0 4 0\n3 0 1 2\n0.25 0.5 0.75\n");
-    const qelview::Scene scene = readWhole(ply.path());
-    ASSERT_EQ(scene.triangleCount(), 1U);
-    EXPECT_EQ(scene.meshes[0].color.r, 0.25F);
-    EXPECT_EQ(scene.meshes[0].color.b, 0.75F);
+        "element face 1\nproperty list uchar int vertex_indices\n" +
+            element + "end_header\n0 0 0\n4 0 0\n0 4 0\n3 0 1 2\n" + instances);
+    return readWhole(ply.path()).meshes.at(0).color;
+}
+
+TEST(ReadFile, GivesPlyWithoutColoursThatOfItsFirstMaterialOrTheViewersOwn) {
+    const qel::QelColor3f material = colorOfPly(
+        "element material 2\nproperty uchar diffuse_blue\nproperty float diffuse_red\nproperty uchar "
+        "ambient_red\n",
+        "51 0.25 9\n0 1 9\n");
+    EXPECT_EQ(material.r, 0.25F);
+    EXPECT_EQ(material.g, 0.0F);
+    EXPECT_FLOAT_EQ(material.b, 0.2F);
+    const qel::QelColor3f own = colorOfPly("", "");
+    EXPECT_EQ(own.r, qelview::TriangleMesh().color.r);
+    EXPECT_EQ(own.b, qelview::TriangleMesh().color.b);
 }
 
 TEST(ReadFile, ReadsOffWithColoursOfBytes) {

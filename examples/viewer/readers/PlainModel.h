@@ -1,10 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "Progress.h"
+#include "QelColor.h"
 
 namespace qelview {
 
@@ -16,6 +18,8 @@ struct PlainModel {
     /// Colours of the materials that an OBJ file names, as the MTL file `kMaterialsOfPlainModel`. Empty if
     /// there are none.
     std::string materials;
+    /// Of triangles without a colour of their own, where the importer's materials are not asked.
+    std::optional<qel::QelColor3f> color = std::nullopt;
 };
 
 inline constexpr std::string_view kMaterialsOfPlainModel = "model.mtl";

@@ -82,7 +82,7 @@ class PlyReading {
           materialElement(uses(header, Use::MaterialColor) ? header.find("material") : nullptr),
           plain(uses(header, Use::Normal), uses(header, Use::Color)) {}
 
-    std::string run() {
+    PlainModel run() {
         for (const PlyElement& element : header.elements) {
             if (element.properties.empty()) {
                 // Any number of them takes no byte of the file.
@@ -96,7 +96,7 @@ class PlyReading {
                 passInstance(element, meanings, index);
             }
         }
-        return plain.take();
+        return {plain.take(), "", color};
     }
 
   private:
@@ -115,7 +115,7 @@ class PlyReading {
         if (&element == vertexElement) {
             plain.addVertex(vertex);
         } else if (&element == materialElement && index == 0) {
-            plain.setMaterial(vertex.color);
+            color = {shownShare(vertex.color[0]), shownShare(vertex.color[1]), shownShare(vertex.color[2])};
         }
     }
 
@@ -190,6 +190,8 @@ class PlyReading {
     /// Null if there is none with a colour.
     const PlyElement* materialElement;
     PlyWriting plain;
+    // The importer keeps its colours of PLY files as doubles and hands them out as floats.
+    qel::QelColor3f color = TriangleMesh().color;
     PlyVertex vertex;
     std::vector<std::uint32_t> corners;
 };
@@ -199,7 +201,7 @@ class PlyReading {
 PlainModel plainPly(std::string bytes, const std::filesystem::path&, const ProgressStretch& progress) {
     const PlyHeader header = readPlyHeader(bytes);
     const std::unique_ptr<PlyBody> body = bodyOf(bytes, header, progress);
-    return {PlyReading(*body, header).run(), ""};
+    return PlyReading(*body, header).run();
 }
 
 }  // namespace qelview

@@ -52,23 +52,17 @@ std::string PlyWriting::header() const {
     if (faceCount > 0) {
         text += "element face " + std::to_string(faceCount) + "\nproperty list uint uint vertex_indices\n";
     }
-    if (material) {
-        text += "element material 1\n" + propertiesOf({"diffuse_red", "diffuse_green", "diffuse_blue"});
-    }
     // With CR LF the importer takes one LF away, which without it could be a byte of the first number.
     return text + "end_header\r\n";
 }
 
 std::string PlyWriting::take() {
     std::string bytes = header();
-    bytes.reserve(bytes.size() + vertices.size() + faces.size() + sizeof material);
+    bytes.reserve(bytes.size() + vertices.size() + faces.size());
     bytes += vertices;
     vertices = {};
     bytes += faces;
     faces = {};
-    if (material) {
-        appendAll(bytes, *material);
-    }
     return bytes;
 }
 

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 
@@ -16,7 +15,7 @@ struct PlyVertex {
     std::array<double, 3> color{};
 };
 
-/// Writes a binary PLY file of little-endian numbers that holds nothing but vertices, faces and a colour.
+/// Writes a binary PLY file of little-endian numbers that holds nothing but vertices and faces.
 class PlyWriting {
   public:
     /// Which vertices have besides their position.
@@ -26,8 +25,6 @@ class PlyWriting {
     void addVertex(const PlyVertex& vertex);
     /// Of numbers of vertices, from 0.
     void addFace(std::span<const std::uint32_t> corners);
-    /// Of the vertices without one of their own.
-    void setMaterial(const std::array<double, 3>& color) { material = color; }
     [[nodiscard]] std::string take();
 
   private:
@@ -35,7 +32,6 @@ class PlyWriting {
 
     bool hasNormals;
     bool hasColors;
-    std::optional<std::array<double, 3>> material;
     std::string vertices;
     std::uint64_t vertexCount = 0;
     std::string faces;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <iterator>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -144,8 +145,9 @@ qel::XPnt3d toPoint(const aiVector3D& vector) {
 /// Turns one imported mesh, placed by a node of the file, into parts of the scene.
 class MeshPlacer {
   public:
-    MeshPlacer(const aiScene& importedScene, Normals normalsToUse, Scene& target)
-        : imported(importedScene), normals(normalsToUse), scene(target) {}
+    MeshPlacer(const aiScene& importedScene, std::optional<qel::QelColor3f> colorOfAll, Normals normalsToUse,
+               Scene& target)
+        : imported(importedScene), color(colorOfAll), normals(normalsToUse), scene(target) {}
 
     void place(const aiNode& node, const aiMatrix4x4& parent) {
         const aiMatrix4x4 placement = parent * node.mTransformation;
@@ -178,7 +180,7 @@ class MeshPlacer {
         triangles.name = mesh.mName.C_Str();
         triangles.positions = std::move(positions);
         triangles.colors = colorsOf(mesh);
-        triangles.color = colorOfMaterial(imported, mesh);
+        triangles.color = color ? *color : colorOfMaterial(imported, mesh);
         triangles.indices.reserve(std::size_t{mesh.mNumFaces} * 3);
         for (unsigned i = 0; i < mesh.mNumFaces; ++i) {
             const aiFace& face = mesh.mFaces[i];
@@ -228,6 +230,8 @@ class MeshPlacer {
     }
 
     const aiScene& imported;
+    /// Instead of those of the materials.
+    std::optional<qel::QelColor3f> color;
     Normals normals;
     Scene& scene;
 };
@@ -259,7 +263,7 @@ Scene readMesh(const PlainModel& model, std::string_view extension, Normals norm
         refuse("importer", fault.empty() ? "no scene in the file" : fault);
     }
     Scene scene;
-    MeshPlacer(*imported, normals, scene).place(*imported->mRootNode, aiMatrix4x4());
+    MeshPlacer(*imported, model.color, normals, scene).place(*imported->mRootNode, aiMatrix4x4());
     progress.report(1.0);
     return scene;
 }
