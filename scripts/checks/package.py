@@ -14,8 +14,7 @@ OF_WINDOWS = set(
     "advapi32 comctl32 comdlg32 dwmapi gdi32 glu32 kernel32 mpr msvcrt netapi32 ole32 opengl32 shell32 shlwapi user32 userenv uxtheme "
     "version winmm ws2_32".split()
 )
-# The machine's own prefix unless the caller has chosen one.
-UNDER_WINE = '[ -n "${WINEPREFIX:-}" ] || { . scripts/lib/cache.sh; . scripts/lib/wine.sh; }; exec timeout 120 "$@"'
+UNDER_WINE = '. scripts/lib/cache.sh; . scripts/lib/wine.sh; exec timeout 120 "$@"'
 
 
 def version():

@@ -1,6 +1,7 @@
 # Wine for this project alone: its own prefix, no messages of its own, no helpers that would ask the user something.
 
-export WINEPREFIX=$winePrefixHome
+# On a screen of with-screen, that screen's.
+export WINEPREFIX=${QEL_SCREENS_PREFIX:-$winePrefixHome}
 export WINEARCH=win64
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
