@@ -54,6 +54,16 @@ TEST(ReadGltf, TurnsEverySecondTriangleOfAStrip) {
     }
 }
 
+TEST(ReadGltf, StopsWithinAMeshWhenTheUserGivesUp) {
+    qelview::Progress progress;
+    progress.cancel();
+    // Its mode would be refused after its positions.
+    const std::string bytes = squareWith("/meshes/0/primitives/0/mode", 9).dump();
+    EXPECT_THROW(static_cast<void>(qelview::readGltf(bytes, "nowhere/model.gltf",
+                                                     qelview::ProgressStretch(progress, 0.0, 1.0))),
+                 qelview::ReadCancelled);
+}
+
 TEST(ReadGltf, TurnsFansIntoTriangles) {
     EXPECT_EQ(read(squareWith("/meshes/0/primitives/0/mode", 6).dump()).triangleCount(), 2U);
 }

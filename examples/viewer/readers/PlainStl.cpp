@@ -43,9 +43,7 @@ void checkBinary(std::string_view bytes, const ProgressStretch& progress) {
                 refuse("triangle " + std::to_string(triangle + 1), "a coordinate " + fault);
             }
         }
-        if (triangle % 65536 == 0) {
-            progress.report(static_cast<double>(triangle) / static_cast<double>(triangles));
-        }
+        progress.reportPiece(triangle, triangles);
     }
     if (triangles == 0) {
         refuse("header", "there is no triangle");

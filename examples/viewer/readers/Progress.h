@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 
 #include "ReadError.h"
 
@@ -32,6 +33,13 @@ class ProgressStretch {
   public:
     ProgressStretch(Progress& whole, double from, double to) : progress(&whole), begin(from), end(to) {}
     void report(double done) const { progress->report(begin + (end - begin) * std::clamp(done, 0.0, 1.0)); }
+    /// Of work in many small pieces: reports before one in thousands, since a report costs more than a piece.
+    void reportPiece(std::size_t piece, std::size_t pieces) const {
+        constexpr std::size_t kPiecesBetweenReports = 65536;
+        if (piece % kPiecesBetweenReports == 0) {
+            report(static_cast<double>(piece) / static_cast<double>(pieces));
+        }
+    }
     [[nodiscard]] bool isCancelled() const { return progress->isCancelled(); }
     /// A stretch of this stretch.
     [[nodiscard]] ProgressStretch part(double from, double to) const {

@@ -52,7 +52,8 @@ class GltfReading {
             open.emplace_back(root, GltfPlacement());
         }
         std::vector<bool> seen(file.count("nodes"));
-        std::size_t done = 0;
+        const auto nodes = static_cast<double>(seen.size());
+        double done = 0.0;
         while (!open.empty()) {
             const auto [number, outer] = open.back();
             open.pop_back();
@@ -67,9 +68,10 @@ class GltfReading {
                 open.emplace_back(child, placement);
             }
             if (node.contains("mesh")) {
-                placeMesh(place, memberOf(node, "mesh"), placement);
+                placeMesh(place, memberOf(node, "mesh"), placement,
+                          progress.part(done / nodes, (done + 1.0) / nodes));
             }
-            progress.report(static_cast<double>(++done) / static_cast<double>(seen.size()));
+            progress.report(++done / nodes);
         }
         return std::move(scene);
     }
@@ -109,28 +111,36 @@ class GltfReading {
         return numbers;
     }
 
-    void placeMesh(const std::string& node, const json& number, const GltfPlacement& placement) {
+    void placeMesh(const std::string& node, const json& number, const GltfPlacement& placement,
+                   const ProgressStretch& progressOfMesh) {
         const json& mesh = file.element(node, "meshes", number);
         const std::string place = "mesh " + number.dump();
-        for (const json& primitive : memberOf(mesh, "primitives")) {
+        const json& primitives = memberOf(mesh, "primitives");
+        const auto count = static_cast<double>(primitives.size());
+        double done = 0.0;
+        for (const json& primitive : primitives) {
             if (!primitive.is_object()) {
                 refuse(place, "its primitives are none");
             }
-            placePrimitive(place, primitive, placement);
+            placePrimitive(place, primitive, placement,
+                           progressOfMesh.part(done / count, (done + 1.0) / count));
+            ++done;
         }
     }
 
-    void placePrimitive(const std::string& place, const json& primitive, const GltfPlacement& placement) {
+    void placePrimitive(const std::string& place, const json& primitive, const GltfPlacement& placement,
+                        const ProgressStretch& progressOfPrimitive) {
         const json& attributes = memberOf(primitive, "attributes");
         if (!attributes.is_object() || !attributes.contains("POSITION")) {
             refuse(place, "it has no positions");
         }
-        Points positions = positionsOf(place, attributes, placement);
+        Points positions = positionsOf(place, attributes, placement, progressOfPrimitive.part(0.0, 0.5));
         const std::uint64_t mode = wholeOf(place, primitive, "mode", Triangles);
         if (mode > TriangleFan) {
             refuse(place, "its mode is " + std::to_string(mode) + ", which is none");
         }
-        const std::vector<std::uint32_t> corners = cornersOf(place, primitive, positions.size());
+        const std::vector<std::uint32_t> corners =
+            cornersOf(place, primitive, positions.size(), progressOfPrimitive.part(0.5, 1.0));
         std::vector<qel::QelColor3f> colors = colorsOf(place, attributes, positions.size());
         if (mode == Dots) {
             placeDots(corners, positions, colors);
@@ -148,12 +158,14 @@ class GltfReading {
     }
 
     [[nodiscard]] Points positionsOf(const std::string& place, const json& attributes,
-                                     const GltfPlacement& placement) {
+                                     const GltfPlacement& placement,
+                                     const ProgressStretch& progressOfPositions) {
         const GltfNumbers numbers = file.numbers(place, attributes["POSITION"], 3, 3);
         addCorners(place, numbers.count());
         Points positions;
         positions.reserve(numbers.count());
         for (std::size_t i = 0; i < numbers.values.size(); i += 3) {
+            progressOfPositions.reportPiece(positions.size(), numbers.count());
             const qel::XPnt3d point =
                 placement.point({numbers.values[i], numbers.values[i + 1], numbers.values[i + 2]});
             for (const double coordinate : {point.x, point.y, point.z}) {
@@ -175,7 +187,8 @@ class GltfReading {
 
     /// Without indices, the vertices in their order.
     [[nodiscard]] std::vector<std::uint32_t> cornersOf(const std::string& place, const json& primitive,
-                                                       std::size_t vertices) {
+                                                       std::size_t vertices,
+                                                       const ProgressStretch& progressOfCorners) {
         std::vector<std::uint32_t> corners;
         if (!primitive.contains("indices")) {
             corners.resize(vertices);
@@ -186,6 +199,7 @@ class GltfReading {
         addCorners(place, numbers.count());
         corners.reserve(numbers.count());
         for (const double index : numbers.values) {
+            progressOfCorners.reportPiece(corners.size(), numbers.count());
             if (!(index >= 0.0 && index < static_cast<double>(vertices)) || index != std::floor(index)) {
                 refuse(place, "one of its indices names no vertex: there are " + std::to_string(vertices) +
                                   ", counted from 0");
