@@ -43,7 +43,8 @@ extern "C" {
 /// on the thread that owns the window.
 [[nodiscard]] QEL_DISPLAY_API IQelDisplay* newScreenDisplay();
 
-/// Makes a GDI display. It carries one reference, which the caller gives back with `Release`.
+/// Makes a GDI display. It carries one reference, which the caller gives back with `Release`. Throws
+/// std::bad_alloc if there is no memory. Call on the thread that owns the window.
 [[nodiscard]] QEL_DISPLAY_API IQelScrDisplay2D* newGDIScrDisplay();
 
 /// Makes a symbol that carries no reference: the first holder, a `qel::ref_ptr`, takes the first one. Null if

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <filesystem>
+#include <memory>
 
 #include "IQelTrackBall.h"
 #include "display/DisplayFixtureWindows.h"
@@ -54,6 +55,23 @@ inline void useCamera(IQelTrackBall& camera) {
     camera.drawLabel(0.0, 0.0, 0.0, 1.0, 1.0, "%s", "label");
 }
 
+/// A map beside the model, on a display of its own.
+inline void drawMap(const TestWindow& window) {
+    const auto release = [](IQelScrDisplay2D* display) { display->Release(); };
+    const std::unique_ptr<IQelScrDisplay2D, decltype(release)> map(newGDIScrDisplay(), release);
+    map->attachWindow(number32(window.hwnd()));
+    map->setPixelSize(window.width(), window.height());
+    map->setFullExtent({0.0, 0.0, 200.0, 100.0});
+    map->zoomToFull();
+    map->beginDraw();
+    map->setPenWidth(2);
+    map->setPenColor(0x00FF00);
+    map->setBrushColor(0x0000FF);
+    map->drawRect({10.0, 10.0, 190.0, 90.0}, false);
+    map->drawLineSeg(CQelLineSeg({10.0, 10.0, 0.0}, {190.0, 90.0, 0.0}));
+    map->endDraw();
+}
+
 /// All that a host does in a day, in short.
 inline void sessionOf(IQelDisplay& display, const TestWindow& window, const HostsModel& model) {
     display.attachWindow(number32(window.hwnd()), false);
@@ -67,6 +85,7 @@ inline void sessionOf(IQelDisplay& display, const TestWindow& window, const Host
         drawFrame(display, model);
         display.saveBitmap();
     }
+    drawMap(window);
 }
 
 }  // namespace qel::test

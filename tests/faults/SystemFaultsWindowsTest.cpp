@@ -27,7 +27,8 @@ const Failing kFailing[] = {
     {"gluUnProject", GL_FALSE}, {"gluProject", GL_FALSE},
     {"CreateCompatibleDC", 0},  {"CreateDIBSection", 0},
     {"GetDIBits", 0},           {"CreateFileW", kNoFile},
-    {"WriteFile", FALSE},
+    {"WriteFile", FALSE},       {"GetWindowRect", FALSE},
+    {"CreatePen", 0},           {"CreateHatchBrush", 0},
 };
 
 class SystemFaults : public ::testing::TestWithParam<Failing> {
