@@ -1,6 +1,7 @@
 """fuzz_readers.py [--unless-done] [SECONDS [FORMAT...]]: runs the fuzz programs that scripts/fuzz built; see there. How many inputs each
 program tried is kept in build/results/fuzz-summary.json."""
 
+import argparse
 import concurrent.futures
 import json
 import os
@@ -87,11 +88,20 @@ def judged(reader, seconds, unless_done):
     return problems, tried
 
 
+def wanted():
+    parser = argparse.ArgumentParser(prog="fuzz", add_help=False)
+    parser.add_argument("--unless-done", action="store_true")
+    parser.add_argument("seconds", metavar="SECONDS", nargs="?", type=int, default=60)
+    parser.add_argument("readers", metavar="FORMAT", nargs="*")
+    options = parser.parse_args()
+    for reader in options.readers:
+        if reader not in FORMATS:
+            parser.error(f"there is no reader of {reader}, only of {', '.join(FORMATS)}")
+    return options.unless_done, options.seconds, options.readers or FORMATS
+
+
 def main():
-    arguments = sys.argv[1:]
-    unless_done = "--unless-done" in arguments
-    words = [word for word in arguments if word != "--unless-done"]
-    seconds, readers = int(words[0]) if words else 60, words[1:] or FORMATS
+    unless_done, seconds, readers = wanted()
     (BUILD / "found").mkdir(parents=True, exist_ok=True)
     tried, broken = {}, False
     with concurrent.futures.ThreadPoolExecutor(AT_ONCE) as pool:
