@@ -44,10 +44,6 @@ def under_wine(*command):
         return code, output.read()
 
 
-def windows_path(path):
-    return "Z:" + str(path).replace("/", "\\")
-
-
 def lacking(prefix):
     """Files that a host needs and the package lacks."""
     wanted = [f"bin/{name}.dll" for name in LIBRARIES] + [f"lib/lib{name}.dll.a" for name in LIBRARIES]

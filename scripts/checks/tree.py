@@ -57,6 +57,11 @@ def digest(*parts):
     return whole.hexdigest()
 
 
+def windows_path(path):
+    """The name under which a Windows program finds the file; Wine shows the whole file system as drive Z."""
+    return "Z:" + str(path).replace("/", "\\")
+
+
 def run(command, **options):
     return subprocess.run(command, capture_output=True, text=True, errors="replace", check=False, **options)
 
