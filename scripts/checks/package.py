@@ -2,7 +2,6 @@
 
 import re
 import struct
-import subprocess
 
 import tree
 
@@ -14,7 +13,6 @@ OF_WINDOWS = set(
     "advapi32 comctl32 comdlg32 dwmapi gdi32 glu32 kernel32 mpr msvcrt netapi32 ole32 opengl32 shell32 shlwapi user32 userenv uxtheme "
     "version winmm ws2_32".split()
 )
-UNDER_WINE = '. scripts/lib/cache.sh; . scripts/lib/wine.sh; exec timeout 120 "$@"'
 
 
 def version():
@@ -30,18 +28,6 @@ def install(prefix):
 def digest(prefix, *others):
     files = sorted(path for path in prefix.rglob("*") if path.is_file() and path.suffix in (".h", ".dll", ".exe", ".a", ".cmake", ".pc"))
     return tree.digest(*(part for path in files for part in (path.relative_to(prefix), path.read_bytes())), *others)
-
-
-def under_wine(*command):
-    """Runs a Windows program on a screen of its own. Gives its exit code and all it printed; its output goes through a file, since
-    Wine's services would keep a pipe open."""
-    import tempfile
-
-    with tempfile.TemporaryFile("w+") as output:
-        words = ["bash", "-c", UNDER_WINE, "bash", tree.ROOT / "scripts/with-screen", "wine", *command]
-        code = subprocess.run(words, cwd=tree.ROOT, stdin=subprocess.DEVNULL, stdout=output, stderr=output, check=False).returncode
-        output.seek(0)
-        return code, output.read()
 
 
 def lacking(prefix):

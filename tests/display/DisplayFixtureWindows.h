@@ -13,6 +13,7 @@
 #include "kit/CallTrace.h"
 #include "kit/Census.h"
 #include "kit/TestWindow.h"
+#include "kit/WindowHandles.h"
 #include "kit/WindowsText.h"
 
 /// What the tests of the OpenGL display share: a display with a window, and the calls it is expected to make.
@@ -21,17 +22,6 @@ namespace qel::test {
 
 inline constexpr GLsizei kFontLists = 96;
 inline constexpr GLuint kFirstCharacter = 32;
-
-/// Handles as the interfaces carry them.
-inline std::int32_t number32(std::uintptr_t handle) {
-    return static_cast<std::int32_t>(handle);
-}
-inline HWND hwndOf(const TestWindow& window) {
-    return reinterpret_cast<HWND>(window.hwnd());
-}
-inline HDC dcOf(const TestWindow& window) {
-    return reinterpret_cast<HDC>(window.dc());
-}
 
 /// A handle as the display hands it to the system: 32 bits of it, widened with their sign.
 inline HDC widened(std::uintptr_t handle) {

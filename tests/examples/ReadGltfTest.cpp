@@ -64,6 +64,17 @@ TEST(ReadGltf, StopsWithinAMeshWhenTheUserGivesUp) {
                  qelview::ReadCancelled);
 }
 
+TEST(ReadGltf, TellsHowFarItIsWithinAMesh) {
+    qelview::Progress progress;
+    // The last index names no vertex, so that the load ends there.
+    const std::string bytes = squareWith("/accessors/0/count", 3).dump();
+    EXPECT_THROW(static_cast<void>(qelview::readGltf(bytes, "nowhere/model.gltf",
+                                                     qelview::ProgressStretch(progress, 0.0, 1.0))),
+                 qelview::ReadError);
+    // Its positions are read, its indices are not.
+    EXPECT_EQ(progress.done(), 0.5);
+}
+
 TEST(ReadGltf, TurnsFansIntoTriangles) {
     EXPECT_EQ(read(squareWith("/meshes/0/primitives/0/mode", 6).dump()).triangleCount(), 2U);
 }

@@ -2,10 +2,10 @@
 
 #include <QString>
 #include <filesystem>
-#include <memory>
 
 #include "IQelTrackBall.h"
 #include "display/DisplayFixtureWindows.h"
+#include "gdi/GdiFixtureWindows.h"
 #include "host/HostGeometries.h"
 
 /// A host's day in short, for tests in which something of it fails.
@@ -57,8 +57,7 @@ inline void useCamera(IQelTrackBall& camera) {
 
 /// A map beside the model, on a display of its own.
 inline void drawMap(const TestWindow& window) {
-    const auto release = [](IQelScrDisplay2D* display) { display->Release(); };
-    const std::unique_ptr<IQelScrDisplay2D, decltype(release)> map(newGDIScrDisplay(), release);
+    const HeldGdiDisplay map;
     map->attachWindow(number32(window.hwnd()));
     map->setPixelSize(window.width(), window.height());
     map->setFullExtent({0.0, 0.0, 200.0, 100.0});

@@ -13,6 +13,7 @@
 #include "kit/Census.h"
 #include "kit/Picture.h"
 #include "kit/TestWindow.h"
+#include "kit/WindowHandles.h"
 #include "kit/WindowsText.h"
 
 /// What the tests of the GDI display share: a display of the finished library, with a window or with a bitmap
@@ -44,13 +45,6 @@ class HeldGdiDisplay {
   private:
     IQelScrDisplay2D* display;
 };
-
-inline std::int32_t number32(std::uintptr_t handle) {
-    return static_cast<std::int32_t>(handle);
-}
-inline HWND hwndOf(const TestWindow& window) {
-    return reinterpret_cast<HWND>(window.hwnd());
-}
 
 /// The device context of a display, widened with its sign.
 inline HDC dcOf(const HeldGdiDisplay& display) {
