@@ -31,8 +31,10 @@ find_program(QEL_CCACHE ccache)
 if(QEL_CCACHE AND NOT CMAKE_HOST_WIN32)
     foreach(language C CXX)
         set(CMAKE_${language}_COMPILER_LAUNCHER env "CCACHE_DIR=${QEL_CACHE_DIR}/ccache"
-            "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${QEL_CCACHE}")
+            "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros "${QEL_CCACHE}")
     endforeach()
+    # Lets ccache see which precompiled header a source was compiled with.
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()
 
 add_library(qel_options INTERFACE)
