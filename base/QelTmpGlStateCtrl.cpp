@@ -12,6 +12,10 @@ void setCapability(std::uint32_t capability, bool enabled) {
     }
 }
 
+bool isSize(std::uint32_t parameter) {
+    return parameter == GL_LINE_WIDTH || parameter == GL_POINT_SIZE;
+}
+
 void setParameter(std::uint32_t parameter, float value) {
     if (parameter == GL_LINE_WIDTH) {
         glLineWidth(value);
@@ -29,8 +33,11 @@ QelTmpGlStateCtrl::QelTmpGlStateCtrl(std::uint32_t capability, bool enabled)
 
 QelTmpGlStateCtrl::QelTmpGlStateCtrl(std::uint32_t parameter, float value)
     : kind(Kind::Parameter), name(parameter) {
-    glGetFloatv(parameter, saved);
-    setParameter(parameter, value);
+    // OpenGL has parameters of sixteen floats and more: one that is not set is not read either.
+    if (isSize(parameter)) {
+        glGetFloatv(parameter, saved);
+        setParameter(parameter, value);
+    }
 }
 
 QelTmpGlStateCtrl::QelTmpGlStateCtrl(qel::QelColor3f color) : kind(Kind::Color) {

@@ -14,7 +14,7 @@ class QEL_GEOMETRY_API QelTmpGlStateCtrl {
     /// Guards a capability (`glIsEnabled`) such as GL_LIGHTING and switches it on or off.
     QelTmpGlStateCtrl(std::uint32_t capability, bool enabled);
     /// Guards GL_LINE_WIDTH or GL_POINT_SIZE and sets it, in pixels. OpenGL itself refuses a size that is not
-    /// positive; any other parameter is left alone.
+    /// positive; any other parameter is neither read nor set.
     QelTmpGlStateCtrl(std::uint32_t parameter, float value);
     /// Guards the current drawing colour, alpha included, and sets an opaque one.
     explicit QelTmpGlStateCtrl(qel::QelColor3f color);
