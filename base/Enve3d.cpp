@@ -10,16 +10,14 @@ namespace qel {
 namespace {
 
 void orderBounds(double& lower, double& upper) noexcept {
-    if (!isUnsetRange(lower, upper) && lower > upper) {
+    if (lower > upper) {
         std::swap(lower, upper);
     }
 }
 
 void moveBounds(double& lower, double& upper, double distance) noexcept {
-    if (!isUnsetRange(lower, upper)) {
-        lower += distance;
-        upper += distance;
-    }
+    lower += distance;
+    upper += distance;
 }
 
 }  // namespace
@@ -53,13 +51,17 @@ void Enve3d::SetBox(const XPnt3d& point) noexcept {
 void Enve3d::Normalize() noexcept {
     orderBounds(xmin, xmax);
     orderBounds(ymin, ymax);
-    orderBounds(zmin, zmax);
+    if (hasZ()) {
+        orderBounds(zmin, zmax);
+    }
 }
 
 void Enve3d::offset(double dx, double dy, double dz) noexcept {
     moveBounds(xmin, xmax, dx);
     moveBounds(ymin, ymax, dy);
-    moveBounds(zmin, zmax, dz);
+    if (hasZ()) {
+        moveBounds(zmin, zmax, dz);
+    }
 }
 
 XPnt3d Enve3d::MidPoint() const noexcept {

@@ -31,9 +31,10 @@ struct QEL_BASE_API Enve3d {
     /// Grows the box to contain the point; an invalid box becomes the point itself. A point that is invalid
     /// or not a number changes nothing.
     void SetBox(const XPnt3d& point) noexcept;
-    /// Orders each pair of bounds, so that no minimum is above its maximum. A missing range is left alone.
+    /// Orders each pair of bounds, so that no minimum is above its maximum: an invalid box becomes a valid
+    /// one. A missing z range stays missing.
     void Normalize() noexcept;
-    /// Moves the box. A missing range stays missing.
+    /// Moves the box, valid or not. A missing z range stays missing.
     void offset(double dx, double dy, double dz) noexcept;
 
     /// Centre of the box; a missing z range counts as z = 0.

@@ -216,17 +216,27 @@ TEST(Box, NormalizeLeavesAMissingZRangeAlone) {
     EXPECT_TRUE(hasBounds(box, 1.0, 2.0, 3.0, 4.0, kLowerOfNothing, kUpperOfNothing));
 }
 
-TEST(Box, NormalizeLeavesAnInvalidBoxInvalid) {
+TEST(Box, NormalizeOrdersXAndYWhateverTheirValue) {
     Enve3d box;
     box.setInvalid();
     box.Normalize();
-    EXPECT_FALSE(box.isValid());
+    EXPECT_TRUE(hasBounds(box, kUpperOfNothing, kLowerOfNothing, kUpperOfNothing, kLowerOfNothing,
+                          kLowerOfNothing, kUpperOfNothing));
+    box = {kLowerOfNothing, 1.0, 2.0, kUpperOfNothing, 1.0, 0.0};
+    box.Normalize();
+    EXPECT_TRUE(hasBounds(box, 1.0, kLowerOfNothing, kUpperOfNothing, 2.0, 0.0, 1.0));
 }
 
 TEST(Box, OffsetMovesIt) {
     Enve3d box{0.0, 1.0, 0.0, 1.0, 0.0, 1.0};
     box.offset(10.0, -20.0, 30.0);
     EXPECT_TRUE(hasBounds(box, 10.0, 11.0, -20.0, -19.0, 30.0, 31.0));
+}
+
+TEST(Box, OffsetMovesXAndYWhateverTheirValue) {
+    Enve3d box{kLowerOfNothing, 2147483650.0, -2147483650.0, kUpperOfNothing, 0.0, 1.0};
+    box.offset(10.0, -20.0, 30.0);
+    EXPECT_TRUE(hasBounds(box, 2147483657.0, 2147483660.0, -2147483670.0, -2147483667.0, 30.0, 31.0));
 }
 
 TEST(Box, OffsetKeepsAMissingZRangeMissing) {
