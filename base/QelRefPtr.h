@@ -4,13 +4,23 @@ namespace qel {
 
 /// Intrusive smart pointer over any descendant of `QelReferenced`: one raw pointer, one reference.
 ///
-/// It takes its reference with `ref` and gives it back with `unref`. A raw pointer converts implicitly, so
-/// that a fresh object can be passed straight to an operation that takes it over.
+/// It adds its reference with `ref` and releases it with `unref`. A raw pointer converts implicitly, so that
+/// a fresh object can be passed straight to an operation that takes it over. A pointer to a derived class
+/// converts to one to its base.
 template <class T>
 class ref_ptr {
+    template <class Other>
+    friend class ref_ptr;
+
+    // Spelled out, since the public headers compile without the standard library.
+    template <class Derived>
+    static constexpr bool kIsBaseOf = requires(Derived* derived, T*& base) {
+        base = derived;
+    };
+
   public:
     /// @{
-    /// Empty, or with a reference of its own on the object; a moved pointer hands its reference over.
+    /// Empty, or with a reference of its own to the object; a moved pointer hands its reference over.
     ref_ptr() noexcept = default;
     ref_ptr(T* object) noexcept : pointer(object) {  // NOLINT(google-explicit-constructor)
         if (pointer != nullptr) {
@@ -20,13 +30,20 @@ class ref_ptr {
     ref_ptr(const ref_ptr& other) noexcept : ref_ptr(other.pointer) {}
     ref_ptr(ref_ptr&& other) noexcept : pointer(other.pointer) { other.pointer = nullptr; }
     template <class Derived>
-    ref_ptr(const ref_ptr<Derived>& other) noexcept
-        : ref_ptr(other.get()) {}  // NOLINT(google-explicit-constructor)
+    requires kIsBaseOf<Derived> ref_ptr(const ref_ptr<Derived>& other)
+    noexcept  // NOLINT(google-explicit-constructor)
+        : ref_ptr(other.pointer) {}
+    template <class Derived>
+    requires kIsBaseOf<Derived> ref_ptr(ref_ptr<Derived>&& other)
+    noexcept  // NOLINT(google-explicit-constructor)
+        : pointer(other.pointer) {
+        other.pointer = nullptr;
+    }
     ~ref_ptr() { reset(); }
     /// @}
 
     /// @{
-    /// Takes a reference on the other's object, or takes its reference over, and gives the old one back.
+    /// Adds a reference to the other's object, or takes its reference over, and releases the old one.
     ref_ptr& operator=(const ref_ptr& other) noexcept { return *this = other.pointer; }
     ref_ptr& operator=(ref_ptr&& other) noexcept {
         if (this != &other) {
@@ -41,7 +58,7 @@ class ref_ptr {
         return *this;
     }
     /// @}
-    /// Stores the new pointer first, then takes its reference, then gives the old one back; nothing when both
+    /// Stores the new pointer first, then adds its reference, then releases the old one; nothing when both
     /// are the same.
     ref_ptr& operator=(T* object) noexcept {
         if (object != pointer) {
@@ -57,7 +74,7 @@ class ref_ptr {
         return *this;
     }
 
-    /// Gives the reference back and leaves the pointer empty.
+    /// Releases the reference and leaves the pointer empty.
     void reset() noexcept {
         T* const old = pointer;
         pointer = nullptr;
@@ -74,21 +91,17 @@ class ref_ptr {
     explicit operator bool() const noexcept { return pointer != nullptr; }
     /// @}
 
+    /// @{
+    /// True if both are the same object, or none. Compares without a reference.
+    template <class Other>
+    [[nodiscard]] bool operator==(const ref_ptr<Other>& other) const noexcept {
+        return pointer == other.pointer;
+    }
+    [[nodiscard]] bool operator==(const T* object) const noexcept { return pointer == object; }
+    /// @}
+
   private:
     T* pointer = nullptr;
 };
-
-/// @{
-/// True if both hold the same object, or none.
-template <class A, class B>
-[[nodiscard]] bool operator==(const ref_ptr<A>& left, const ref_ptr<B>& right) noexcept {
-    return left.get() == right.get();
-}
-
-template <class T>
-[[nodiscard]] bool operator==(const ref_ptr<T>& left, const T* right) noexcept {
-    return left.get() == right;
-}
-/// @}
 
 }  // namespace qel

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <thread>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -118,8 +119,24 @@ TEST_F(RefPtr, CopyTakesOneMoveTakesNone) {
     other = std::move(moved);
     EXPECT_EQ(other.get(), &first);
     EXPECT_EQ(log, Log{"unref second while it holds nothing"});
-    EXPECT_TRUE(other == pointer);
+}
+
+TEST_F(RefPtr, ComparesWithPointersOfEitherSortWithoutCounting) {
+    const ref_ptr<Recorder> pointer(&first);
+    const ref_ptr<Recorder> same(&first);
+    const ref_ptr<Recorder> other(&second);
+    const ref_ptr<Recorder> empty;
+    log.clear();
+    EXPECT_TRUE(pointer == same);
+    EXPECT_TRUE(pointer != other);
     EXPECT_TRUE(pointer == &first);
+    EXPECT_TRUE(&first == pointer);
+    EXPECT_TRUE(pointer != &second);
+    EXPECT_TRUE(pointer != nullptr);
+    EXPECT_TRUE(empty == nullptr);
+    EXPECT_TRUE(nullptr == empty);
+    EXPECT_TRUE(empty != pointer);
+    EXPECT_EQ(log, Log());
 }
 
 TEST_F(RefPtr, MoveOntoItselfKeepsTheReferenceAndIntoAnEmptyOneTakesItOver) {
@@ -231,6 +248,43 @@ TEST(Referenced, APointerToABaseKeepsTheObject) {
         derived.reset();
         EXPECT_EQ(living, 1);
     }
+    EXPECT_EQ(living, 0);
+}
+
+TEST(Referenced, AMovedPointerToADerivedClassHandsItsReferenceOver) {
+    std::atomic<int> living = 0;
+    ref_ptr<Derived> derived(new Derived(living));
+    ref_ptr<Counted> base(std::move(derived));
+    EXPECT_TRUE(derived == nullptr);  // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(base->referenceCount(), 1);
+    derived = new Derived(living);
+    EXPECT_TRUE(base != derived);
+    base = std::move(derived);
+    EXPECT_EQ(base->referenceCount(), 1);
+    EXPECT_EQ(living, 1);
+}
+
+class Unrelated : public QelReferenced {};
+
+static_assert(std::is_convertible_v<ref_ptr<Derived>, ref_ptr<Counted>>);
+static_assert(std::is_convertible_v<ref_ptr<Derived>, ref_ptr<const QelReferenced>>);
+static_assert(!std::is_convertible_v<ref_ptr<Counted>, ref_ptr<Derived>>);
+static_assert(!std::is_convertible_v<ref_ptr<Unrelated>, ref_ptr<Counted>>);
+static_assert(!std::is_convertible_v<const ref_ptr<Unrelated>&, ref_ptr<Counted>>);
+static_assert(!std::is_convertible_v<ref_ptr<const Counted>, ref_ptr<Counted>>);
+
+const char* overloadFor(const ref_ptr<Counted>& /*object*/) {
+    return "counted";
+}
+
+const char* overloadFor(const ref_ptr<Unrelated>& /*object*/) {
+    return "unrelated";
+}
+
+TEST(Referenced, APointerToADerivedClassPicksTheOverloadOfItsBase) {
+    std::atomic<int> living = 0;
+    EXPECT_STREQ(overloadFor(ref_ptr<Derived>(new Derived(living))), "counted");
+    EXPECT_STREQ(overloadFor(ref_ptr<Unrelated>(new Unrelated())), "unrelated");
     EXPECT_EQ(living, 0);
 }
 
