@@ -43,7 +43,11 @@ struct QEL_BASE_API XPnt3d {
     XPnt3d(const XPnt3f& point) noexcept;  // NOLINT(google-explicit-constructor)
 
     /// Takes three coordinates over; the point becomes valid.
-    XPnt3d& operator=(const PNT3D& point) noexcept { return set(point.x, point.y, point.z); }
+    // A template, so that `point = {1, 2, 3}` is not ambiguous: the ordinary assignment of a point wins.
+    template <class = void>
+    XPnt3d& operator=(const PNT3D& point) noexcept {
+        return set(point.x, point.y, point.z);
+    }
     /// Sets the coordinates, makes the point valid and returns it.
     XPnt3d& set(double px, double py, double pz) noexcept {
         x = px;

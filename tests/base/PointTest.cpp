@@ -68,6 +68,28 @@ TEST(Point, BecomesValidWithNewCoordinates) {
     EXPECT_TRUE(point.isValid());
 }
 
+TEST(Point, TakesCoordinatesInBraces) {
+    XPnt3d point = XPnt3d::invalid();
+    point = {1, 2, 3};
+    EXPECT_TRUE(isAt(point, 1.0, 2.0, 3.0));
+    EXPECT_TRUE(point.isValid());
+    point = {4.5, 5.5, 6.5, 1};
+    EXPECT_TRUE(isAt(point, 4.5, 5.5, 6.5));
+    EXPECT_FALSE(point.isValid());
+    point = {};
+    EXPECT_TRUE(isAt(point, 0.0, 0.0, 0.0));
+    EXPECT_TRUE(point.isValid());
+}
+
+TEST(Point, TakesWhatDerivesFromAPlainStructure) {
+    struct Named : PNT3D {
+        int name = 7;
+    };
+    XPnt3d point;
+    point = Named{{1.0, 2.0, 3.0}};
+    EXPECT_TRUE(isAt(point, 1.0, 2.0, 3.0));
+}
+
 TEST(Point, CopiesOutAsAPlainStructure) {
     const PNT3D plain = XPnt3d(1.0, -2.0, 1e300).Copy();
     EXPECT_EQ(plain.x, 1.0);
