@@ -12,4 +12,7 @@ class QEL_DISPLAY_API CQelCancelTail : public ICancelTail {
 
     /// Tick count in milliseconds at which the operation began, owned by the caller; null counts from tick 0.
     const std::uint32_t* startTick = nullptr;
+
+  protected:
+    ~CQelCancelTail() override;
 };

@@ -12,6 +12,8 @@ bool mayCancelAfter(std::uint32_t /*elapsedMilliseconds*/) {
 
 }  // namespace
 
+CQelCancelTail::~CQelCancelTail() = default;
+
 bool CQelCancelTail::checkCancel() {
     const std::uint32_t start = startTick != nullptr ? *startTick : 0;
     return mayCancelAfter(qel::systemTick() - start);

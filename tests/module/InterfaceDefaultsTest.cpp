@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <type_traits>
 
 #include "CQelCancelTail.h"
 #include "CQelSimpSymbol.h"
@@ -81,6 +82,9 @@ TYPED_TEST(CopiedInterface, StartsWithoutReferences) {
     EXPECT_EQ(held->referenceCount(), 1);
     EXPECT_EQ(original->referenceCount(), 2);
 }
+
+// Only its last reference deletes an object.
+static_assert(!std::is_destructible_v<CQelCancelTail>);
 
 TEST(CancelTail, MayAlwaysBeCutShort) {
     const ref_ptr<CQelCancelTail> tail(new CQelCancelTail());
