@@ -37,22 +37,6 @@ void startSleepThread() {
     }
 }
 
-/// Whether the thread that runs the detach may be ended by it. It runs under the loader's lock, on a thread
-/// of the host's or on the one that ends the process: ending it there would leave the lock held for ever.
-bool mayEndDetachingThread() {
-    return false;
-}
-
-/// A process that goes down (the loader says so) has ended its other threads already.
-void detach(bool processEnds) {
-    if (processEnds) {
-        qel::unlockPublicSymbolForGood();
-    }
-    if (mayEndDetachingThread()) {
-        _endthread();
-    }
-}
-
 }  // namespace
 
 /// Called by the loader for every attach and detach of the process and of each of its threads. Each call
@@ -63,15 +47,20 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, LPVOID reser
         std::printf("GetModuleFileName failed (%d)\n", static_cast<int>(GetLastError()));
         return FALSE;
     }
-    const bool processEnds = reserved != nullptr;
+    const bool isDetach = reason == DLL_PROCESS_DETACH;
+    const bool processEnds = isDetach && reserved != nullptr;
     if (reason == DLL_PROCESS_ATTACH) {
         startSleepThread();
-    } else if (reason == DLL_PROCESS_DETACH) {
-        detach(processEnds);
+    } else if (processEnds) {
+        // The other threads are gone already, wherever they were.
+        qel::unlockPublicSymbolForGood();
     }
+    // A detach does not end the thread that runs it. That thread is one of the host's, or the one that ends
+    // the process, and it holds the loader's lock, which nobody would then release.
     qel::renewPublicSymbol();
-    // A host may load and unload the library for weeks; at the end of the process the memory goes by itself.
-    if (reason == DLL_PROCESS_DETACH && !processEnds) {
+    // A host may load and unload the library for weeks; at the end of the process the system frees the
+    // memory.
+    if (isDetach && !processEnds) {
         qel::emptyPublicSymbol();
     }
     return TRUE;
