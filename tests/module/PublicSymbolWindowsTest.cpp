@@ -81,6 +81,15 @@ TEST(PublicSymbolOfTheLibrary, MayBeAskedForWhileThreadsStartAndEnd) {
     EXPECT_GT(asked, 0);
 }
 
+/// A waiter that polls keeps a holder of lower priority from running, with the loader's lock held.
+TEST(PublicSymbolOfTheLibrary, IsWaitedForInTheSystem) {
+    const std::vector<Import> imports = importsOf(GetModuleHandleW(L"QelDisplay64t.dll"));
+    EXPECT_NE(importNamed(imports, "AcquireSRWLockExclusive"), nullptr);
+    for (const Import& import : imports) {
+        EXPECT_EQ(import.library.find("pthread"), std::string::npos) << import.name;
+    }
+}
+
 /// The trace is made on the ending thread, so that it sees what the library calls when that thread has ended.
 TEST(LoadEntry, AsksForThePathOfTheProgramWhenAThreadEnds) {
     std::unique_ptr<CallTrace> trace;
