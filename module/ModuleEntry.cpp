@@ -28,8 +28,11 @@ void sleepAndLeave(void* /*unused*/) {
 }
 
 void startSleepThread() {
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&sleepAndLeave),
-                       &heldLibrary);
+    // Without a hold on the library the thread would wake up in code that may be gone.
+    if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&sleepAndLeave),
+                           &heldLibrary) == FALSE) {
+        return;
+    }
     constexpr unsigned kDefaultStack = 0;
     sleepThread = _beginthread(&sleepAndLeave, kDefaultStack, nullptr);
     if (static_cast<std::intptr_t>(sleepThread) < 0) {

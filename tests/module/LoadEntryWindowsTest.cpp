@@ -30,6 +30,8 @@ const Scene kScenes[] = {
      "GetModuleFileName failed (5)\nGetModuleFileName failed (5)\nloaded: 0, error 1114, threads more: "
      "0\nloaded later: 1\n"},
     {"EndsTheProcessWithZeroWhenNoThreadCanBeStarted", L"load-without-thread", 0, "loading\n"},
+    {"StartsNoThreadWhenItCannotHoldTheLibrary", L"load-without-hold", 28,
+     "loaded: 1\nthreads started: 0\nleft the process at once: 1\n"},
     {"StartsOneThreadThatSleepsFor5500Milliseconds", L"watch-thread", 25,
      "thread with stack 0 and argument 0000000000000000\nthreads started: 1\nleft the process: 1\n"
      "slept for 5500 ms\n"},

@@ -10,13 +10,10 @@ int main(int count, char** arguments) {
         const char* name;
         int (*play)();
     } scenes[] = {
-        {"load-and-unload", &loadAndUnload},
-        {"reload", &reload},
-        {"load-without-path", &loadWithoutPath},
-        {"load-without-thread", &loadWithoutThread},
-        {"watch-thread", &loadAndWatchThread},
-        {"end-with-displays", &endWithDisplays},
-        {"end-while-threads-ask", &endWhileThreadsAsk},
+        {"load-and-unload", &loadAndUnload},     {"reload", &reload},
+        {"load-without-path", &loadWithoutPath}, {"load-without-thread", &loadWithoutThread},
+        {"load-without-hold", &loadWithoutHold}, {"watch-thread", &loadAndWatchThread},
+        {"end-with-displays", &endWithDisplays}, {"end-while-threads-ask", &endWhileThreadsAsk},
     };
     for (const auto& scene : scenes) {
         if (count == 2 && std::strcmp(arguments[1], scene.name) == 0) {

@@ -10,6 +10,8 @@ int reload();
 int loadWithoutPath();
 /// Loads while no thread can be started; only returns if the load does.
 int loadWithoutThread();
+/// Loads while the library cannot be held by its own thread.
+int loadWithoutHold();
 /// Loads and says how the sleeping thread was started and how long it sleeps.
 int loadAndWatchThread();
 /// Ends with displays that are still attached and a symbol that is still held.

@@ -66,6 +66,11 @@ std::uintptr_t noThread(void (*)(void*), unsigned, void*) {
     return static_cast<std::uintptr_t>(-1);
 }
 
+BOOL WINAPI noHandle(DWORD /*flags*/, LPCWSTR /*address*/, HMODULE* /*module*/) {
+    SetLastError(ERROR_MOD_NOT_FOUND);
+    return FALSE;
+}
+
 std::atomic<int> threadsStarted = 0;
 
 std::uintptr_t watchedThread(void (*function)(void*), unsigned stack, void* argument) {
@@ -137,6 +142,17 @@ int loadWithoutThread() {
     LoadLibraryW(kLibrary);
     std::printf("loaded without its thread\n");
     return 24;
+}
+
+int loadWithoutHold() {
+    loadFoundations();
+    const ExportStandIn hold("kernel32.dll", "GetModuleHandleExW", reinterpret_cast<void*>(&noHandle));
+    const ExportStandIn thread("msvcrt.dll", "_beginthread", reinterpret_cast<void*>(&watchedThread));
+    HMODULE const library = LoadLibraryW(kLibrary);
+    std::printf("loaded: %d\nthreads started: %d\n", library != nullptr ? 1 : 0, threadsStarted.load());
+    FreeLibrary(library);
+    std::printf("left the process at once: %d\n", isLoaded() ? 0 : 1);
+    return 28;
 }
 
 int loadAndWatchThread() {
