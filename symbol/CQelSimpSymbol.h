@@ -121,6 +121,4 @@ class CQelSimpSymbol : public IQelSymbol {
     qel::QelColor4b color;
     qel::QelColor4b auxColor;
     QString name;
-    double savedLineWidth = 0.0;
-    double savedColor[4] = {};
 };

@@ -106,6 +106,8 @@ std::int32_t CQelSimpSymbol::drawGeometryWith(IQelGeometry* geometry, double wid
     if (geometry == nullptr) {
         return 0;
     }
+    double savedLineWidth = 0.0;
+    double savedColor[4] = {};
     glGetDoublev(GL_LINE_WIDTH, &savedLineWidth);
     glGetDoublev(GL_CURRENT_COLOR, savedColor);
     const QelTmpGlStateCtrl colorGuard(qel::QelColor3f(static_cast<float>(given.r / 255.0),

@@ -121,6 +121,31 @@ TEST_P(SymbolGeometriesState, KeepsColourAndWidthAfterDrawGeometryWith) {
 INSTANTIATE_TEST_SUITE_P(, SymbolGeometriesState, ::testing::ValuesIn(geometryCases()),
                          [](const auto& tested) { return tested.param.name; });
 
+/// Draws a segment with the same symbol while it is drawn itself.
+class CurveThatDraws : public HostCurve {
+  public:
+    explicit CurveThatDraws(const ref_ptr<IQelSymbol>& given) : HostCurve({kFrom, kTo}), symbol(given) {}
+    std::int32_t prepareDraw() override {
+        const ref_ptr<IQelGeometry> segment(new HostSegment(kFrom, kTo));
+        return symbol->drawGeometryWith(segment.get(), 7.5, {255, 0, 127});
+    }
+
+  private:
+    ref_ptr<IQelSymbol> symbol;
+};
+
+TEST_F(SymbolState, IsSavedForEachCallWhenAGeometryDrawsWhileItIsDrawn) {
+    symbol->setLineWidth(2.25F);
+    const ref_ptr<IQelGeometry> curve(new CurveThatDraws(symbol));
+    const CallTrace trace;
+    symbol->drawGeometryWith(curve.get(), 5.5, {255, 0, 127});
+    Calls widths;
+    for (const float width : {5.5F, 7.5F, 5.5F, 5.5F, 2.25F, host.lineWidth, host.lineWidth}) {
+        widths.push_back(call("glLineWidth", width));
+    }
+    EXPECT_TRUE(callsMatch(trace.callsOf("glLineWidth"), widths));
+}
+
 TEST_F(SymbolState, KeepsOfPointArraysOnlyWhereTheyLay) {
     const auto vertices = arrayOf<ArrayVertex>(4);
     const auto indices = indicesOf(3, 4);
