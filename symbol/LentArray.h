@@ -5,14 +5,15 @@
 #include "IQelArray.h"
 #include "QelRefPtr.h"
 
-/// What a host's array lends for one call: its elements and their number, each asked for once. The caller
-/// keeps the reference.
+/// What a host's array lends for one call: its elements, their number, each asked for once, and their size in
+/// bytes. The caller keeps the reference.
 struct LentArray {
     template <class Element>
     explicit LentArray(const qel::ref_ptr<IQelArray<Element>>& array)
         : given(static_cast<bool>(array)),
           count(given ? array->count() : 0),
-          data(given ? array->data() : nullptr) {}
+          data(given ? array->data() : nullptr),
+          stride(static_cast<std::int32_t>(sizeof(Element))) {}
 
     /// True if there is something to draw from. A container may count elements and still have no memory for
     /// them; reading it would end the process.
@@ -25,4 +26,5 @@ struct LentArray {
     bool given;
     std::int32_t count;
     const void* data;
+    std::int32_t stride;
 };

@@ -38,13 +38,7 @@ void drawPointArrays(const Layout& vertices, std::int32_t count, const LentArray
 }
 
 /// Bytes are read as signed ones, which is what hosts' colour arrays are made for: 127 is full intensity.
-Layout byteColors(const LentArray& colors) {
-    return {GL_BYTE, static_cast<std::int32_t>(sizeof(qel::ArrayColor3b)), colors.data};
-}
-
-Layout floatColors(const LentArray& colors) {
-    return {GL_FLOAT, static_cast<std::int32_t>(sizeof(qel::ArrayColor4f)), colors.data};
-}
+constexpr std::uint32_t kByteColor = GL_BYTE;
 
 // OpenGL refuses any other layout and would then draw from the memory of an earlier call, which may be gone.
 bool isVertexLayout(std::uint32_t type, std::int32_t stride) {
@@ -53,13 +47,13 @@ bool isVertexLayout(std::uint32_t type, std::int32_t stride) {
 }
 
 std::int32_t drawCloud(const LentArray& vertices, const LentArray& indices, const LentArray& colors,
-                       Layout (*layoutOf)(const LentArray&), const PointStyle& style) {
-    constexpr auto kStride = static_cast<std::int32_t>(sizeof(qel::ArrayVertex));
+                       std::uint32_t colorType, const PointStyle& style) {
     if (!vertices.holdsElements() || (indices.given && !indices.holdsElements()) ||
         !colors.isAbsentOrMatches(vertices)) {
         return qel::kRefused;
     }
-    drawPointArrays({GL_FLOAT, kStride, vertices.data}, vertices.count, indices, layoutOf(colors), style);
+    drawPointArrays({GL_FLOAT, vertices.stride, vertices.data}, vertices.count, indices,
+                    {colorType, colors.stride, colors.data}, style);
     return 0;
 }
 
@@ -84,7 +78,8 @@ std::int32_t CQelSimpSymbol::drawVertexArrayPoints(std::uint32_t type, std::int3
     if (!lentIndices.given && count < 0) {
         return 0;
     }
-    drawPointArrays({type, stride, vertices}, count, lentIndices, byteColors(lentColors), {size, given});
+    drawPointArrays({type, stride, vertices}, count, lentIndices,
+                    {kByteColor, lentColors.stride, lentColors.data}, {size, given});
     return 0;
 }
 
@@ -92,12 +87,12 @@ std::int32_t CQelSimpSymbol::drawPointCloud(qel::ref_ptr<IQelArray<qel::ArrayVer
                                             qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                             qel::ref_ptr<IQelArray<qel::ArrayColor3b>> colors, float size,
                                             qel::QelColor3f given) {
-    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), byteColors, {size, given});
+    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), kByteColor, {size, given});
 }
 
 std::int32_t CQelSimpSymbol::drawPointCloudF(qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices,
                                              qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                              qel::ref_ptr<IQelArray<qel::ArrayColor4f>> colors, float size,
                                              qel::QelColor3f given) {
-    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), floatColors, {size, given});
+    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), GL_FLOAT, {size, given});
 }

@@ -1,6 +1,7 @@
 #include "CQelLineSeg.h"
 #include "CQelSimpSymbol.h"
 #include "ClientArrays.h"
+#include "EmitVertex.h"
 #include "IQelBall.h"
 #include "IQelCurve.h"
 #include "IQelGeometry.h"
@@ -26,8 +27,8 @@ void drawLineSeg(const CQelLineSeg* segment) {
         return;
     }
     glBegin(GL_LINE_STRIP);
-    glVertex3d(segment->start.x, segment->start.y, segment->start.z);
-    glVertex3d(segment->end.x, segment->end.y, segment->end.z);
+    qel::emitVertex(segment->start);
+    qel::emitVertex(segment->end);
     glEnd();
 }
 
@@ -54,8 +55,9 @@ void drawBall(IQelBall& ball) {
     glPopMatrix();
 }
 
-float unitFromByte(std::uint8_t component) {
-    return static_cast<float>(component) / 255.0F;
+qel::QelColor3f unitColor(qel::QelColor3b bytes) {
+    const auto unit = [](std::uint8_t component) { return static_cast<float>(component) / 255.0F; };
+    return {unit(bytes.r), unit(bytes.g), unit(bytes.b)};
 }
 
 // A saved component truncated to a byte's scale. OpenGL reports components from 0 to 1, so hosts see 1 for
@@ -110,9 +112,7 @@ std::int32_t CQelSimpSymbol::drawGeometryWith(IQelGeometry* geometry, double wid
     double savedColor[4] = {};
     glGetDoublev(GL_LINE_WIDTH, &savedLineWidth);
     glGetDoublev(GL_CURRENT_COLOR, savedColor);
-    const QelTmpGlStateCtrl colorGuard(qel::QelColor3f(static_cast<float>(given.r / 255.0),
-                                                       static_cast<float>(given.g / 255.0),
-                                                       static_cast<float>(given.b / 255.0)));
+    const QelTmpGlStateCtrl colorGuard(unitColor(given));
     const QelTmpGlStateCtrl widthGuard(GL_LINE_WIDTH, static_cast<float>(width));
 
     const auto kind = static_cast<qel::GeometryKind>(geometry->geometryType());
@@ -156,7 +156,8 @@ void CQelSimpSymbol::drawCurvePoints(std::uint32_t primitive, IQelCurve& curve, 
     if (count < 0 || (count > 0 && points == nullptr)) {
         return;
     }
-    glColor3f(unitFromByte(given.r), unitFromByte(given.g), unitFromByte(given.b));
+    const qel::QelColor3f unit = unitColor(given);
+    glColor3f(unit.r, unit.g, unit.b);
     glLineWidth(static_cast<float>(lineWidth));
     const ClientArrays arrays(GL_DOUBLE, static_cast<GLsizei>(sizeof(qel::XPnt3d)), points);
     glDrawArrays(primitive, 0, count);

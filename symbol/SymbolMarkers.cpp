@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "CQelSimpSymbol.h"
+#include "EmitVertex.h"
 #include "LentArray.h"
 #include "QelGl.h"
 #include "QelStatus.h"
@@ -12,10 +13,6 @@ namespace {
 
 /// Half of a unit square's diagonal, to four digits: the distance of a segment's frame.
 constexpr double kDiagonal = 0.7071;
-
-void emitVertex(const qel::XPnt3d& point) {
-    glVertex3d(point.x, point.y, point.z);
-}
 
 // Five vertices although the loop would close by itself: whoever records what is drawn gets a closed outline.
 void emitRectLoop(const qel::Enve2d& rect, double z) {
@@ -84,9 +81,12 @@ struct LineStyle {
 
 void drawStippledPoints(std::uint32_t primitive, const qel::ref_ptr<IQelArray<qel::XPnt3d>>& array,
                         const LineStyle& style, std::uint16_t pattern) {
-    const std::int32_t count = array ? array->count() : 0;
-    const qel::XPnt3d* const points = array ? array->data() : nullptr;
-    if (!array || lacksMemory(points, count)) {
+    if (!array) {
+        return;
+    }
+    const std::int32_t count = array->count();
+    const qel::XPnt3d* const points = array->data();
+    if (lacksMemory(points, count)) {
         return;
     }
     const StyleGuards guards(style.color, GL_LINE_WIDTH, static_cast<float>(style.width), style.lighting,
@@ -95,7 +95,7 @@ void drawStippledPoints(std::uint32_t primitive, const qel::ref_ptr<IQelArray<qe
     glLineStipple(1, pattern);
     glBegin(primitive);
     for (std::int32_t index = 0; index < count; ++index) {
-        emitVertex(points[index]);
+        qel::emitVertex(points[index]);
     }
     glEnd();
 }
@@ -109,8 +109,8 @@ std::int32_t CQelSimpSymbol::drawStippledLine(const qel::XPnt3d& from, const qel
     glEnable(GL_LINE_STIPPLE);
     glLineStipple(1, pattern);
     glBegin(GL_LINES);
-    emitVertex(from);
-    emitVertex(to);
+    qel::emitVertex(from);
+    qel::emitVertex(to);
     glEnd();
     glDisable(GL_LINE_STIPPLE);
     return 0;
@@ -134,8 +134,8 @@ std::int32_t CQelSimpSymbol::drawLine(const qel::XPnt3d& from, const qel::XPnt3d
                                       qel::QelColor3f given, bool lighting, bool depthTest) {
     const StyleGuards guards(given, GL_LINE_WIDTH, static_cast<float>(width), lighting, depthTest);
     glBegin(GL_LINES);
-    emitVertex(from);
-    emitVertex(to);
+    qel::emitVertex(from);
+    qel::emitVertex(to);
     glEnd();
     return 0;
 }
@@ -233,10 +233,10 @@ std::int32_t CQelSimpSymbol::drawSegmentFrame(const qel::XPnt3d& from, const qel
     along.normalize() *= kDiagonal;
     const qel::XPnt3d across(along.y, -along.x, 0.0);
     glBegin(GL_LINE_LOOP);
-    emitVertex(from - along - across);
-    emitVertex(from - along + across);
-    emitVertex(to + along + across);
-    emitVertex(to + along - across);
+    qel::emitVertex(from - along - across);
+    qel::emitVertex(from - along + across);
+    qel::emitVertex(to + along + across);
+    qel::emitVertex(to + along - across);
     glEnd();
     return 0;
 }
@@ -281,7 +281,7 @@ std::int32_t CQelSimpSymbol::drawPoints(const qel::XPnt3d* points, std::int32_t 
     const StyleGuards guards(given, GL_POINT_SIZE, static_cast<float>(size), lighting, depthTest);
     glBegin(GL_POINTS);
     for (std::int32_t index = 0; index < count; ++index) {
-        emitVertex(points[index]);
+        qel::emitVertex(points[index]);
     }
     glEnd();
     return 0;
@@ -311,12 +311,12 @@ std::int32_t CQelSimpSymbol::drawTriangleOutline(const qel::TrianglePoints* tria
         return qel::kRefused;
     }
     glBegin(GL_LINES);
-    emitVertex(*triangle->p0);
-    emitVertex(*triangle->p1);
-    emitVertex(*triangle->p1);
-    emitVertex(*triangle->p2);
-    emitVertex(*triangle->p2);
-    emitVertex(*triangle->p0);
+    qel::emitVertex(*triangle->p0);
+    qel::emitVertex(*triangle->p1);
+    qel::emitVertex(*triangle->p1);
+    qel::emitVertex(*triangle->p2);
+    qel::emitVertex(*triangle->p2);
+    qel::emitVertex(*triangle->p0);
     glEnd();
     return 0;
 }

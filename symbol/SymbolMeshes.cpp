@@ -7,10 +7,6 @@
 
 namespace {
 
-constexpr auto kVertexStride = static_cast<std::int32_t>(sizeof(qel::ArrayVertex));
-constexpr auto kColorStride = static_cast<std::int32_t>(sizeof(qel::ArrayColor4f));
-constexpr auto kTexCoordStride = static_cast<std::int32_t>(sizeof(qel::ArrayTexCoord2f));
-
 struct MeshArrays {
     LentArray vertices;
     LentArray indices;
@@ -18,7 +14,6 @@ struct MeshArrays {
     LentArray colors;
     LentArray texCoords;
     std::uint32_t normalType;
-    std::int32_t normalStride;
     bool drawsWithoutIndices;
 
     [[nodiscard]] bool isDrawable() const {
@@ -86,7 +81,7 @@ bool isTextured(const MeshArrays& mesh, std::uint32_t texture) {
 void applyTexture(const MeshArrays& mesh, std::uint32_t texture) {
     glEnable(GL_TEXTURE_2D);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-    glTexCoordPointer(2, GL_FLOAT, kTexCoordStride, mesh.texCoords.data);
+    glTexCoordPointer(2, GL_FLOAT, mesh.texCoords.stride, mesh.texCoords.data);
     glBindTexture(GL_TEXTURE_2D, texture);
 }
 
@@ -100,12 +95,12 @@ void drawTriangles(const MeshArrays& mesh) {
 
 void drawFromArrays(const MeshArrays& mesh, std::uint32_t texture) {
     {
-        ClientArrays arrays(GL_FLOAT, kVertexStride, mesh.vertices.data);
+        ClientArrays arrays(GL_FLOAT, mesh.vertices.stride, mesh.vertices.data);
         if (mesh.normals.given) {
-            arrays.addNormals(mesh.normalType, mesh.normalStride, mesh.normals.data);
+            arrays.addNormals(mesh.normalType, mesh.normals.stride, mesh.normals.data);
         }
         if (mesh.colors.given) {
-            arrays.addColors(GL_FLOAT, kColorStride, mesh.colors.data);
+            arrays.addColors(GL_FLOAT, mesh.colors.stride, mesh.colors.data);
         }
         if (isTextured(mesh, texture)) {
             applyTexture(mesh, texture);
@@ -127,9 +122,6 @@ std::int32_t drawValidated(const MeshArrays& mesh, const MeshLook& look, const q
     return 0;
 }
 
-template <class Normal>
-constexpr auto kNormalStride = static_cast<std::int32_t>(sizeof(Normal));
-
 }  // namespace
 
 std::int32_t CQelSimpSymbol::drawMesh(
@@ -143,7 +135,6 @@ std::int32_t CQelSimpSymbol::drawMesh(
                           .colors = LentArray(colors),
                           .texCoords = LentArray(texCoords),
                           .normalType = GL_BYTE,
-                          .normalStride = kNormalStride<qel::ArrayNormal3b>,
                           .drawsWithoutIndices = true};
     return drawValidated(mesh, {texture, shadeModel, frontMode, backMode}, style);
 }
@@ -159,7 +150,6 @@ std::int32_t CQelSimpSymbol::drawIndexedMesh(
                           .colors = LentArray(colors),
                           .texCoords = LentArray(texCoords),
                           .normalType = GL_FLOAT,
-                          .normalStride = kNormalStride<qel::ArrayNormal4f>,
                           .drawsWithoutIndices = false};
     return drawValidated(mesh, {texture, shadeModel, frontMode, backMode}, style);
 }
