@@ -113,8 +113,9 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     virtual std::int32_t drawPointF(float x, float y, float z, float size, qel::QelColor3f color,
                                     bool lighting, bool depthTest) = 0;
     /// Points from plain memory, unlit and not depth-tested.
-    /// @param type OpenGL type of a coordinate (GL_FLOAT, GL_DOUBLE, ...); three to a vertex.
-    /// @param stride bytes from one vertex to the next.
+    /// @param type OpenGL type of a coordinate: whatever the current OpenGL takes (GL_FLOAT, GL_DOUBLE,
+    /// GL_HALF_FLOAT, ...); three to a vertex.
+    /// @param stride bytes from one vertex to the next; 0 stands for tightly packed vertices.
     /// @param count of the vertices to draw where there are no indices; not above 0 draws nothing.
     /// @param indices which vertices to draw, all of which must exist; empty pointer for all.
     /// @param colors a colour a vertex, as many as vertices are named: their number is not checked against

@@ -40,10 +40,34 @@ void drawPointArrays(const Layout& vertices, std::int32_t count, const LentArray
 /// Bytes are read as signed ones, which is what hosts' colour arrays are made for: 127 is full intensity.
 constexpr std::uint32_t kByteColor = GL_BYTE;
 
-// OpenGL refuses any other layout and would then draw from the memory of an earlier call, which may be gone.
-bool isVertexLayout(std::uint32_t type, std::int32_t stride) {
-    const bool known = type == GL_SHORT || type == GL_INT || type == GL_FLOAT || type == GL_DOUBLE;
-    return known && stride >= 0;
+/// Puts an error of the host's back that had to be read. The rarer ones cannot be raised without a change.
+void raiseAgain(GLenum error) {
+    constexpr GLenum kNoType = 0;
+    if (error == GL_INVALID_ENUM) {
+        glVertexPointer(3, kNoType, 0, nullptr);
+    } else if (error == GL_INVALID_VALUE) {
+        glVertexPointer(3, GL_FLOAT, -1, nullptr);
+    } else if (error == GL_INVALID_OPERATION) {
+        glEnd();
+    }
+}
+
+/// Asks OpenGL by setting the pointer. A refused one would leave the memory of an earlier call, which may be
+/// gone, to be drawn from.
+bool openGlTakes(const Layout& vertices) {
+    const GLenum errorOfTheHost = glGetError();
+    glVertexPointer(3, vertices.type, vertices.stride, vertices.data);
+    const bool taken = glGetError() == GL_NO_ERROR;
+    raiseAgain(errorOfTheHost);
+    return taken;
+}
+
+/// True if every OpenGL takes the layout, so that it need not be asked.
+bool isTakenEverywhere(const Layout& vertices) {
+    constexpr std::int32_t kLargestStrideOfAll = 2048;
+    const std::uint32_t type = vertices.type;
+    return (type == GL_SHORT || type == GL_INT || type == GL_FLOAT || type == GL_DOUBLE) &&
+           vertices.stride >= 0 && vertices.stride <= kLargestStrideOfAll;
 }
 
 std::int32_t drawCloud(const LentArray& vertices, const LentArray& indices, const LentArray& colors,
@@ -71,15 +95,19 @@ std::int32_t CQelSimpSymbol::drawVertexArrayPoints(std::uint32_t type, std::int3
     const LentArray lentColors(colors);
     // An array that was given but has no memory would be read through a null pointer.
     if ((lentIndices.given && !lentIndices.holdsElements()) ||
-        (lentColors.given && lentColors.data == nullptr) || !isVertexLayout(type, stride)) {
+        (lentColors.given && lentColors.data == nullptr)) {
+        return qel::kRefused;
+    }
+    const Layout layout{type, stride, vertices};
+    if (!isTakenEverywhere(layout) && !openGlTakes(layout)) {
         return qel::kRefused;
     }
     // OpenGL refuses a negative count with an error of the host's.
     if (!lentIndices.given && count < 0) {
         return 0;
     }
-    drawPointArrays({type, stride, vertices}, count, lentIndices,
-                    {kByteColor, lentColors.stride, lentColors.data}, {size, given});
+    drawPointArrays(layout, count, lentIndices, {kByteColor, lentColors.stride, lentColors.data},
+                    {size, given});
     return 0;
 }
 

@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "ArraysOfAHost.h"
+#include "kit/StateSnapshot.h"
 
 namespace qel::test {
 
@@ -113,12 +114,80 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsReadsNoMemoryThatIsNotThere) {
     EXPECT_EQ(hollowColors->referenceCount(), 1);
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsRefusesALayoutThatOpenGlRefuses) {
+/// Not in the headers of OpenGL 1.1.
+constexpr GLenum kHalfFloat = 0x140B;
+constexpr GLenum kPackedInteger = 0x8D9F;
+
+struct VertexLayout {
+    GLenum type;
+    std::int32_t stride;
+};
+
+const VertexLayout kUncommonLayouts[] = {
+    {kHalfFloat, 6},       {kHalfFloat, 0},        {kHalfFloat, -6},
+    {GL_BYTE, 3},          {GL_UNSIGNED_BYTE, 12}, {GL_UNSIGNED_SHORT, 12},
+    {GL_UNSIGNED_INT, 12}, {kPackedInteger, 4},    {0, 12},
+    {GL_FLOAT, -12},       {GL_FLOAT, 2049},       {GL_DOUBLE, 4096},
+    {GL_SHORT, INT32_MAX}, {GL_INT, INT32_MIN},    {GL_FLOAT, -1},
+};
+
+bool openGlTakes(const VertexLayout& layout, const void* memory) {
+    glVertexPointer(3, layout.type, layout.stride, memory);
+    return glGetError() == GL_NO_ERROR;
+}
+
+TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesALayoutIfAndOnlyIfOpenGlDoes) {
+    const double memory[4] = {};
+    for (const VertexLayout& layout : kUncommonLayouts) {
+        const bool isTaken = openGlTakes(layout, memory);
+        const CallTrace trace;
+        EXPECT_EQ(symbol->drawVertexArrayPoints(layout.type, layout.stride, memory, 1, {}, {}, 2.5F, color),
+                  isTaken ? 0 : -1)
+            << layout.type << " with stride " << layout.stride;
+        EXPECT_EQ(trace.count("glDrawArrays"), isTaken ? 1U : 0U);
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+    }
+}
+
+TEST_F(SymbolPointArrays, DrawVertexArrayPointsChangesNothingWhenOpenGlRefusesTheLayout) {
     const float vertices[] = {1.0F, 2.0F, 3.0F};
-    const CallTrace trace;
+    const StateSnapshot before = StateSnapshot::take();
     EXPECT_EQ(symbol->drawVertexArrayPoints(GL_UNSIGNED_BYTE, 12, vertices, 1, {}, {}, 2.5F, color), -1);
     EXPECT_EQ(symbol->drawVertexArrayPoints(GL_FLOAT, -12, vertices, 1, {}, {}, 2.5F, color), -1);
-    EXPECT_TRUE(callsMatch(trace.glCalls(), {}));
+    EXPECT_TRUE(changesOnly(before, StateSnapshot::take()));
+}
+
+TEST_F(SymbolPointArrays, DrawVertexArrayPointsLeavesAnErrorOfTheHostPending) {
+    const float vertices[] = {1.0F, 2.0F, 3.0F};
+    const struct {
+        GLenum error;
+        void (*raise)();
+    } cases[] = {
+        {GL_INVALID_ENUM, [] { glMatrixMode(0); }},
+        {GL_INVALID_VALUE, [] { glLineWidth(-1.0F); }},
+        {GL_INVALID_OPERATION, [] { glEnd(); }},
+    };
+    for (const auto& tested : cases) {
+        for (const GLenum type : {kHalfFloat, static_cast<GLenum>(GL_UNSIGNED_BYTE)}) {
+            tested.raise();
+            symbol->drawVertexArrayPoints(type, 12, vertices, 1, {}, {}, 2.5F, color);
+            EXPECT_EQ(glGetError(), tested.error);
+            EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+        }
+    }
+}
+
+TEST_F(SymbolPointArrays, DrawVertexArrayPointsDrawsHalfFloats) {
+    // 0.5, -0.5 and 0 as half floats: right of the middle and below it.
+    const std::uint16_t vertices[] = {0x3800, 0xB800, 0};
+    if (!openGlTakes({kHalfFloat, 6}, vertices)) {
+        GTEST_SKIP() << "this OpenGL has no half floats";
+    }
+    glClear(GL_COLOR_BUFFER_BIT);
+    EXPECT_EQ(symbol->drawVertexArrayPoints(kHalfFloat, 6, vertices, 1, {}, {}, 1.0F, {1.0F, 1.0F, 1.0F}), 0);
+    std::uint8_t pixel[4] = {};
+    glReadPixels(kSurfaceSize * 3 / 4, kSurfaceSize / 4, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel);
+    EXPECT_EQ(pixel[0], 255);
 }
 
 TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesEveryTypeOfCoordinate) {
