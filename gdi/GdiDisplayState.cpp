@@ -1,9 +1,22 @@
 #include "CGDIScrDisplay.h"
 
-// What the display took of GDI goes with it: a host that opens and closes views for weeks must not run out of
-// handles.
+namespace {
+
+// A window may have one device context for all its life, and another display may draw on it by now: its tool
+// stays selected.
+void selectBack(HDC deviceContext, UINT kind, HGDIOBJ own, HGDIOBJ old) {
+    if (own != nullptr && GetCurrentObject(deviceContext, kind) == own) {
+        SelectObject(deviceContext, old);
+    }
+}
+
+}  // namespace
+
+// What the display took of GDI is released with it: a host that opens and closes views for weeks must not run
+// out of handles.
 CGDIScrDisplay::~CGDIScrDisplay() {
-    selectOldTools();
+    selectBack(deviceContext, OBJ_PEN, pen, oldPen);
+    selectBack(deviceContext, OBJ_BRUSH, brush, oldBrush);
     deleteTools();
     if (deviceContext != nullptr) {
         const auto window = static_cast<std::intptr_t>(windowHandle);

@@ -73,6 +73,40 @@ TEST_F(GdiTrace, OfASecondAttachInABracketGivesTheToolsBackFirst) {
     EXPECT_TRUE(callsMatch(trace.calls(), expected));
 }
 
+/// The window has one device context all its life.
+TEST_F(GdiTrace, OfADisplayThatIsDestroyedLeavesTheToolsOfAnotherOne) {
+    for (const bool isOtherInItsBracket : {false, true}) {
+        HeldGdiDisplay other;
+        other->attachWindow(number32(window.hwnd()));
+        other->beginDraw();
+        if (!isOtherInItsBracket) {
+            other->endDraw();
+        }
+        display->beginDraw();
+        HGDIOBJ const pen = selected(dc, OBJ_PEN);
+        HGDIOBJ const brush = selected(dc, OBJ_BRUSH);
+        const CallTrace trace;
+        other.release();
+        EXPECT_EQ(trace.count("SelectObject"), 0U);
+        EXPECT_EQ(selected(dc, OBJ_PEN), pen);
+        EXPECT_EQ(selected(dc, OBJ_BRUSH), brush);
+        display->endDraw();
+    }
+}
+
+TEST_F(GdiTrace, OfADisplayThatIsDestroyedInItsBracketGivesTheToolsBack) {
+    HGDIOBJ const oldPen = selected(dc, OBJ_PEN);
+    HGDIOBJ const oldBrush = selected(dc, OBJ_BRUSH);
+    display->beginDraw();
+    HGDIOBJ const pen = selected(dc, OBJ_PEN);
+    HGDIOBJ const brush = selected(dc, OBJ_BRUSH);
+    const CallTrace trace;
+    display.release();
+    Calls expected = toolsGone(dc, oldPen, oldBrush, pen, brush);
+    expected.push_back(call("ReleaseDC", hwndOf(window), dc));
+    EXPECT_TRUE(callsMatch(trace.calls(), expected));
+}
+
 TEST_F(GdiTrace, OfABracketMakesSelectsAndDeletesTheTools) {
     HGDIOBJ const oldPen = selected(dc, OBJ_PEN);
     HGDIOBJ const oldBrush = selected(dc, OBJ_BRUSH);
