@@ -100,8 +100,8 @@ class CQelSimpSymbol : public IQelSymbol {
 
     virtual std::int32_t reservedSlot39();
     virtual std::int32_t reservedSlot40();
-    /// Draws a white line from a point to point + offset, through all that lies before it, and gives back the
-    /// reference to `object`. Returns 0.
+    /// Draws a white line from a point to point + offset, over whatever is there, and releases the reference
+    /// to `object`. Returns 0.
     virtual std::int32_t drawOffsetMark(qel::ref_ptr<qel::QelReferenced> object, const qel::XPnt3d& point,
                                         double unused, const qel::XPnt3d& offset);
 

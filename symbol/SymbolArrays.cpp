@@ -37,7 +37,7 @@ void drawPointArrays(const Layout& vertices, std::int32_t count, const LentArray
     }
 }
 
-/// Bytes are read as signed ones, which is what hosts' colour arrays are made for: 127 is full intensity.
+/// Bytes are read as signed ones, 127 being full intensity: hosts rely on it.
 constexpr std::uint32_t kByteColor = GL_BYTE;
 
 /// Puts an error of the host's back that had to be read. The rarer ones cannot be raised without a change.

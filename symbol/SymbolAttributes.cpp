@@ -3,7 +3,7 @@
 #include "CQelSimpSymbol.h"
 #include "QelStatus.h"
 
-// A very light bluish grey that stands out from white; the alpha byte stays as colours have it by default.
+// A very light bluish grey and not white: hosts rely on it. The alpha byte keeps its default.
 CQelSimpSymbol::CQelSimpSymbol() {
     color.r = 250;
     color.g = 250;

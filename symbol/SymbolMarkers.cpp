@@ -14,7 +14,7 @@ namespace {
 /// Half of a unit square's diagonal, to four digits: the distance of a segment's frame.
 constexpr double kDiagonal = 0.7071;
 
-// Five vertices although the loop would close by itself: whoever records what is drawn gets a closed outline.
+// Five vertices although the loop closes by itself: hosts rely on it.
 void emitRectLoop(const qel::Enve2d& rect, double z) {
     glBegin(GL_LINE_LOOP);
     glVertex3d(rect.xmin, rect.ymin, z);
@@ -326,8 +326,7 @@ std::int32_t CQelSimpSymbol::drawOffsetMark(qel::ref_ptr<qel::QelReferenced> /*o
                                             const qel::XPnt3d& offset) {
     const qel::XPnt3d end = point + offset;
     const qel::QelColor3f white(1.0F, 1.0F, 1.0F);
-    // Twice: where lines are smoothed they blend into what lies under them, and the second pass makes the
-    // mark stand out.
+    // Twice: hosts rely on it.
     drawLine(point, end, 1.0, white, false, false);
     drawLine(point, end, 1.0, white, false, false);
     return 0;
