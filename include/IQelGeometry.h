@@ -14,7 +14,8 @@ enum class GeometryKind : std::int32_t {
     Ring = 5,
     Curve = 6,
     LineSegment = 7,
-    ClosedCurve = 20,
+    /// Drawn like `Curve` by `IQelSymbol::drawGeometry`; not drawn by `drawGeometryWith`.
+    OtherCurve = 20,
     Ball = 24,
 };
 

@@ -75,7 +75,7 @@ std::int32_t CQelSimpSymbol::drawGeometry(IQelGeometry* geometry) {
     const auto kind = static_cast<qel::GeometryKind>(geometry->geometryType());
     switch (kind) {
         case qel::GeometryKind::Point:
-            // Green whatever the symbol's colour is: single points stand out from the lines around them.
+            // Green whatever the symbol's colour is: hosts rely on it.
             if (const auto point = heldAs<IQelPoint>(geometry)) {
                 drawPoint(point->position.x, point->position.y, point->position.z, 2.0F,
                           qel::QelColor3f(0.0F, 1.0F, 0.0F), false, false);
@@ -87,7 +87,7 @@ std::int32_t CQelSimpSymbol::drawGeometry(IQelGeometry* geometry) {
             }
             break;
         case qel::GeometryKind::Curve:
-        case qel::GeometryKind::ClosedCurve:
+        case qel::GeometryKind::OtherCurve:
             if (const auto curve = heldAs<IQelCurve>(geometry)) {
                 drawLineStripArray(*curve, color.toColor3b());
             }

@@ -201,7 +201,8 @@ void drawStippledLoop(Easel& easel) {
 }
 
 constexpr Picture kPictures[] = {
-    {"drawVertexArrayPoints", "Points from plain memory of any layout.", &drawVertexArrayPoints},
+    {"drawVertexArrayPoints", "Points from memory of the host's: every type and stride that OpenGL takes.",
+     &drawVertexArrayPoints},
     {"drawPointCloud", "A cloud with colours of signed bytes.", &drawPointCloud},
     {"drawPointCloudF", "A cloud with colours of floats.", &drawPointCloudF},
     {"drawMesh", "A mesh without indices, flat, with normals of bytes.", &drawMesh},

@@ -71,12 +71,11 @@ void curve(Easel& easel) {
     easel.symbol.drawGeometry(rising.get());
 }
 
-void closedCurve(Easel& easel) {
-    // Kind 20 is drawn as it is given: this one stays open.
-    const qel::ref_ptr<IQelGeometry> open(new HostCurve(spiral(0.75), qel::GeometryKind::ClosedCurve));
+void otherCurve(Easel& easel) {
+    const qel::ref_ptr<IQelGeometry> turn(new HostCurve(spiral(0.75), qel::GeometryKind::OtherCurve));
     easel.symbol.setColor({255, 130, 110});
     easel.symbol.setLineWidth(2.0F);
-    easel.symbol.drawGeometry(open.get());
+    easel.symbol.drawGeometry(turn.get());
 }
 
 void lineSegment(Easel& easel) {
@@ -105,7 +104,7 @@ constexpr Picture kPictures[] = {
     {"polygon", "A polygon (kind 3): its rings as open strips.", &polygon},
     {"ring", "A ring (kind 5), closed by the symbol.", &ring},
     {"curve", "A curve (kind 6).", &curve},
-    {"closedCurve", "A closed curve (kind 20), which the symbol does not close.", &closedCurve},
+    {"otherCurve", "A curve of the other kind (20), drawn like any curve.", &otherCurve},
     {"lineSegment", "A line segment (kind 7).", &lineSegment},
     {"ball", "A ball (kind 24): a wire sphere of 20 slices and 20 stacks.", &ball},
     {"drawGeometryWith", "Geometries with a style of the call's own.", &drawGeometryWith},

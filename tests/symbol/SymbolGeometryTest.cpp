@@ -94,7 +94,7 @@ TEST_P(SymbolBrokenPromises, DrawNothingForAKindWhoseInterfaceIsMissing) {
 INSTANTIATE_TEST_SUITE_P(, SymbolBrokenPromises,
                          ::testing::Values(GeometryKind::Point, GeometryKind::Polyline, GeometryKind::Polygon,
                                            GeometryKind::Ring, GeometryKind::Curve, GeometryKind::LineSegment,
-                                           GeometryKind::ClosedCurve, GeometryKind::Ball));
+                                           GeometryKind::OtherCurve, GeometryKind::Ball));
 
 TEST_F(SymbolGeometry, NullDrawsNothing) {
     EXPECT_TRUE(callsMatch(drawGeometry(nullptr), {}));
@@ -117,7 +117,7 @@ TEST_F(SymbolGeometry, DrawGeometryDrawsAPointGreenWithSize2WhateverTheColour) {
 }
 
 TEST_F(SymbolGeometry, DrawGeometryDrawsACurveStraightFromItsPoints) {
-    for (const GeometryKind kind : {GeometryKind::Curve, GeometryKind::ClosedCurve}) {
+    for (const GeometryKind kind : {GeometryKind::Curve, GeometryKind::OtherCurve}) {
         const ref_ptr<HostCurve> curve(new HostCurve(kThreePoints, kind));
         EXPECT_TRUE(callsMatch(drawGeometry(curve.get()), curveCalls(*curve->array, GL_LINE_STRIP, own)));
     }
@@ -208,10 +208,10 @@ TEST_F(SymbolGeometry, DrawGeometryWithDrawsASegmentInTheStyleGiven) {
     EXPECT_TRUE(callsMatch(drawGeometryWith(segment.get(), 2.1), savedAround(segmentCalls(), 2.1F)));
 }
 
-TEST_F(SymbolGeometry, DrawGeometryWithDrawsNoBallNoPointAndNoClosedCurve) {
+TEST_F(SymbolGeometry, DrawGeometryWithDrawsNoBallNoPointAndNoCurveOfTheOtherKind) {
     const ref_ptr<HostBall> ball(new HostBall({0.1, 2.0, 3.0}, 0.7));
     const ref_ptr<HostPoint> point(new HostPoint(1.0, 2.0, 3.0));
-    const ref_ptr<HostCurve> closed(new HostCurve(kThreePoints, GeometryKind::ClosedCurve));
+    const ref_ptr<HostCurve> closed(new HostCurve(kThreePoints, GeometryKind::OtherCurve));
     EXPECT_TRUE(callsMatch(drawGeometryWith(ball.get()), savedAround({})));
     EXPECT_TRUE(callsMatch(drawGeometryWith(point.get()), savedAround({})));
     EXPECT_TRUE(callsMatch(drawGeometryWith(closed.get()), savedAround({})));

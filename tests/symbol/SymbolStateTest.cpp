@@ -90,9 +90,9 @@ std::vector<GeometryCase> geometryCases() {
          },
          ownStyle, arrays},
         {"Curve", [=] { return curve(); }, ownStyle, arrays},
-        {"ClosedCurve",
+        {"OtherCurve",
          [] {
-             return new HostCurve({kFrom, kTo, kCenter}, GeometryKind::ClosedCurve);
+             return new HostCurve({kFrom, kTo, kCenter}, GeometryKind::OtherCurve);
          },
          ownStyle,
          {}},
