@@ -9,9 +9,8 @@ namespace qel {
 
 /// Side of a point against the plane through a, b, c, whose front is the side of (b - a) x (c - a).
 /// @param tolerance in model units: a point up to this far behind the plane still counts as in front.
-/// @return 1 when the signed distance of `point` from the plane is above -tolerance, else 0; 0 for points a,
-/// b, c
-///         that span no plane.
+/// @return 1 when the signed distance of `point` from the plane is above -tolerance; 0 if not, and for points
+/// a, b, c that span no plane.
 [[nodiscard]] QEL_GEOMETRY_API std::int32_t isPntInFront(const XPnt3d& a, const XPnt3d& b, const XPnt3d& c,
                                                          const XPnt3d& point, double tolerance) noexcept;
 

@@ -132,8 +132,7 @@ TEST_F(DisplayLights, ShineFromTheViewerInBlueAndFromBehindInYellow) {
         Rgba expected;
     } cases[] = {
         // Ambient 0.2 x 0.5, the light's diffuse colour, and the highlight 0.5 x 0.5 of a face that looks at
-        // the
-        // viewer.
+        // the viewer.
         {"towards the viewer", {0, 0, 1}, {115, 217, 255, 255}},
         // At 60 degrees: half the diffuse colour, and a highlight that has faded away.
         {"aslant", {0.8660254, 0, 0.5}, {38, 89, 128, 255}},

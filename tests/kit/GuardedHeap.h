@@ -8,14 +8,12 @@ namespace qel::test {
 /// Where a guarded block ends.
 enum class BlockEnd {
     /// At the guard page, up to the alignment of 16 bytes that every allocation has. The bytes between the
-    /// end of
-    /// the block and the guard page hold a pattern that is checked when the block is freed and by
+    /// end of the block and the guard page hold a pattern that is checked when the block is freed and by
     /// damagedBlocks().
     kAligned,
 
     /// Exactly at the guard page, so that the first byte past any block faults. The block may then be less
-    /// than
-    /// 16-byte aligned, which optimised code may not bear unless its size is a multiple of 16.
+    /// than 16-byte aligned, which optimised code may not bear unless its size is a multiple of 16.
     kExact,
 };
 

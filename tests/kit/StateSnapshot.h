@@ -39,8 +39,7 @@ class StateSnapshot {
 std::vector<std::string> differences(const StateSnapshot& before, const StateSnapshot& after);
 
 /// Succeeds if no entries differ but those named; else tells the others with their values. A name that ends
-/// in
-/// `*` allows all entries that begin so. A name that is no entry fails, as it would allow nothing.
+/// in `*` allows all entries that begin so. A name that is no entry fails, as it would allow nothing.
 ::testing::AssertionResult changesOnly(const StateSnapshot& before, const StateSnapshot& after,
                                        const std::vector<std::string>& allowed = {});
 
