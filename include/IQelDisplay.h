@@ -73,9 +73,8 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// @param extent the part of the view to map onto the bitmap, in pixels of the view, origin lower-left.
     /// @param fileName where `saveBitmap` writes; an existing file is replaced.
     /// @return 0, and the context of the bitmap is current until `saveBitmap`; -1 if the bitmap cannot be
-    /// had, or is
-    ///         refused: a side of 0, a file of 2^32 bytes or more, an extent that is null, empty or not
-    ///         finite.
+    /// had, or is refused: a side of 0, a file of 2^32 bytes or more, an extent that is null, empty or not
+    /// finite.
     virtual std::int32_t beginCapture(std::uint32_t width, std::uint32_t height, qel::Enve2d* extent,
                                       QString fileName) = 0;
     /// Writes the captured bitmap and returns the display to normal drawing. Returns 0, also when the file

@@ -25,7 +25,8 @@ struct PixelPoint {
 /// A plain 2D display that draws rectangles and line segments on a window without OpenGL.
 ///
 /// Made by `newGDIScrDisplay`. It shows a world rectangle with one uniform scale; world y points up, pixel
-/// rows count down. Colours are 0x00BBGGRR. Every operation runs on the thread that owns the window.
+/// rows count down. Colours are 0x00BBGGRR. Numbers are not checked: a coordinate too far out, or one that is
+/// not a number, maps to -2147483648. Every operation runs on the thread that owns the window.
 class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
   public:
     /// @{
@@ -43,9 +44,10 @@ class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
     virtual std::int32_t getWindow() = 0;
     /// Sets the size of the drawing area in pixels; returns 0.
     virtual std::int32_t setPixelSize(std::int32_t width, std::int32_t height) = 0;
-    /// Makes pen and brush and selects them; returns 1.
+    /// Opens a bracket: makes pen and brush and selects them. Returns 1.
     virtual std::int32_t beginDraw() = 0;
-    /// Gives the device context its own pen and brush back and deletes the display's; returns 1.
+    /// Closes the bracket: selects the device context's own pen and brush again and deletes the display's.
+    /// Returns 1.
     virtual std::int32_t endDraw() = 0;
     virtual std::int32_t reservedSlot7() = 0;
     virtual std::int32_t reservedSlot8() = 0;
@@ -65,7 +67,8 @@ class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
     virtual std::int32_t setFullExtent(const qel::Enve2d& extent) = 0;
     /// Shows the full extent, as `setViewExtent` does; returns 0.
     virtual std::int32_t zoomToFull() = 0;
-    /// Shows a world rectangle, widened around its centre to the shape of the window; returns 0.
+    /// Shows a world rectangle, widened around its centre to the shape of the window; returns 0. A rectangle
+    /// without width or height collapses the view onto its centre, where no other point has a pixel.
     virtual std::int32_t setViewExtent(const qel::Enve2d& extent) = 0;
     /// The world rectangle shown, as widened.
     virtual qel::Enve2d getViewExtent() = 0;
@@ -81,7 +84,9 @@ class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
     /// @}
     virtual std::int32_t reservedSlot26() = 0;
     /// @{
-    /// Pen width in pixels; the tools are made anew at once. The setters return 0.
+    /// Width of the pen in pixels; colours of the pen and of the hatch brush. The setters make both tools
+    /// again and select them at once, also outside a bracket, where drawing then works until `endDraw`. They
+    /// return 0.
     virtual std::int32_t setPenWidth(std::int32_t width) = 0;
     virtual std::int32_t getPenWidth() = 0;
     virtual std::int32_t setBrushColor(std::uint32_t color) = 0;
@@ -89,10 +94,11 @@ class QEL_DISPLAY_API IQelScrDisplay2D : public qel::QelReferenced {
     virtual std::int32_t setPenColor(std::uint32_t color) = 0;
     virtual std::uint32_t getPenColor() = 0;
     /// @}
-    /// Fills a world rectangle with the hatch brush, unless `outlineOnly`, and outlines it; returns 1.
+    /// Fills a world rectangle with the hatch brush, unless `outlineOnly`, and outlines it. Draws nothing
+    /// while no tools are selected. Returns 1.
     virtual std::int32_t drawRect(const qel::Enve2d& rect, bool outlineOnly) = 0;
     virtual std::int32_t reservedSlot34() = 0;
-    /// Draws a segment in the plane of x and y; returns 1.
+    /// Draws a segment in the plane of x and y, likewise; returns 1.
     virtual std::int32_t drawLineSeg(CQelLineSeg segment) = 0;
 
   protected:

@@ -39,8 +39,11 @@ struct TrianglePoints {
 /// arrays switched off and pointing at the last memory they read.
 ///
 /// The drawing operations return 0 unless they say otherwise. `lighting` and `depthTest` switch GL_LIGHTING
-/// and GL_DEPTH_TEST for the call. A null pointer draws nothing. Setters disagree in their result; none of it
-/// is a failure.
+/// and GL_DEPTH_TEST for the call. A null pointer draws nothing. Numbers are not checked: OpenGL gets them as
+/// they are, finite or not. Setters disagree in their result; none of it is a failure.
+///
+/// OpenGL reads arrays and the points of curves from the host's memory. While a buffer object is bound it
+/// takes their addresses for offsets into that: unbind GL_ARRAY_BUFFER and GL_ELEMENT_ARRAY_BUFFER.
 class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
   public:
     /// @{
@@ -112,25 +115,24 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     /// The same with single precision.
     virtual std::int32_t drawPointF(float x, float y, float z, float size, qel::QelColor3f color,
                                     bool lighting, bool depthTest) = 0;
-    /// Points from plain memory, unlit and not depth-tested.
+    /// Points from memory of the host's, unlit and not depth-tested.
     /// @param type OpenGL type of a coordinate: whatever the current OpenGL takes (GL_FLOAT, GL_DOUBLE,
     /// GL_HALF_FLOAT, ...); three to a vertex.
     /// @param stride bytes from one vertex to the next; 0 stands for tightly packed vertices.
     /// @param count of the vertices to draw where there are no indices; not above 0 draws nothing.
     /// @param indices which vertices to draw, all of which must exist; empty pointer for all.
-    /// @param colors a colour a vertex, as many as vertices are named: their number is not checked against
-    /// `count`.
-    ///        Empty pointer for `color`.
-    /// @return 0, also for null vertices; -1 for an index array without indices, an array without memory,
-    ///         and a type or stride that OpenGL does not take.
+    /// @param colors a colour a vertex, as many as vertices are named; their number is not checked. Empty
+    /// pointer for `color`.
+    /// @return 0, also for null vertices and for a count below 0; -1 for an index array without indices, an
+    /// array without memory, and a type or stride that OpenGL does not take.
     virtual std::int32_t drawVertexArrayPoints(std::uint32_t type, std::int32_t stride, const void* vertices,
                                                std::int32_t count,
                                                qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                                qel::ref_ptr<IQelArray<qel::ArrayColor3b>> colors, float size,
                                                qel::QelColor3f color) = 0;
     /// A point cloud, unlit and not depth-tested. Indices and colours may be empty pointers.
-    /// @return 0; -1 if there is no vertex, an index array has no index, or the colours are not as many
-    ///         as the vertices.
+    /// @return 0; -1 if there is no vertex, an index array has no index, the colours are not as many as the
+    /// vertices, or an array counts elements and has no memory for them.
     virtual std::int32_t drawPointCloud(qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices,
                                         qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                         qel::ref_ptr<IQelArray<qel::ArrayColor3b>> colors, float size,
@@ -146,8 +148,9 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     /// @param texture name of an OpenGL texture, used if it exists and texture coordinates are given.
     /// @param shadeModel GL_SMOOTH or GL_FLAT.
     /// @param frontMode, backMode polygon modes: GL_FILL, GL_LINE or GL_POINT.
-    /// @return 0; -1 if there is no vertex, the indices are not a multiple of three, or normals, colours or
-    ///         texture coordinates are not as many as the vertices.
+    /// @return 0; -1 if there is no vertex, the indices are not a multiple of three, normals, colours or
+    /// texture coordinates are not as many as the vertices, or an array counts elements and has no memory for
+    /// them.
     virtual std::int32_t drawMesh(qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices,
                                   qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                   qel::ref_ptr<IQelArray<qel::ArrayNormal3b>> normals,

@@ -35,6 +35,11 @@ struct PixelRect {
 /// Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y upwards, depth
 /// from 0 (near) to 1 (far, nothing drawn). A host flips the y of its mouse positions before it calls.
 ///
+/// The overlays (`drawTrackBall`, `drawAxes`, `drawFrame`, `drawLabel`) draw at once and need the display's
+/// context to be current, as it is in a draw bracket, with the camera loaded. They put back lighting, depth
+/// test, texturing and, but for the rings, the colour; tripod, frame and label move OpenGL's raster position
+/// and load the camera again.
+///
 /// Arguments that are not finite numbers are refused: the operation answers its refusal value, or its
 /// ordinary result where it has none, and changes nothing.
 class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
@@ -65,25 +70,25 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setCamera(qel::XPnt3d eye, qel::XPnt3d target, qel::XPnt3d up) = 0;
     /// Recomputes the radius of the trackball sphere from the view; returns 0.
     virtual std::int32_t updateSphereRadius() = 0;
-    /// Draws the trackball rings while a rotation drag is under way; returns 1.
+    /// Draws the trackball rings while a rotation drag is under way, and then leaves the colour white and the
+    /// line width at 1. Returns 1.
     virtual std::int32_t drawTrackBall() = 0;
-    /// Draws the axes tripod in the upper-right corner of the view; returns 0.
+    /// Draws the axes tripod in the upper-right corner of the view, and long axes through the model's origin
+    /// with `setOverlayOption`. Leaves the line width at 2, or at 1 with long axes. Returns 0.
     virtual std::int32_t drawAxes() = 0;
     /// Draws a labelled local frame at a model point.
-    /// @param xDir, yDir its first two directions in model units, of any length; the third is their vector
-    /// product.
+    /// @param xDir, yDir its first two directions, of any length; the third is their vector product.
     /// @param size length of the axes in 1/400 of half the view's height at the point; not used in
     /// orthographic views.
     /// @param depthTest false draws the frame over the scene.
-    /// @return 0
+    /// @return 0. Leaves the line width at 2, or at 1 with long axes.
     virtual std::int32_t drawFrame(double x, double y, double z, const qel::XPnt3d& xDir,
                                    const qel::XPnt3d& yDir, float size, bool depthTest) = 0;
     /// Writes formatted text next to a model point.
     /// @param dx, dy offset of the text from the point's pixel, in pixels, y upwards.
     /// @param format printf-style; text beyond 255 characters is cut.
     /// @return 0; -1 if the point lies outside the depth range of the view, or the format is null. A null
-    /// format
-    ///         leaves the view in pixel coordinates.
+    /// format leaves the view in pixel coordinates. Takes OpenGL's current colour.
     virtual std::int32_t drawLabel(double x, double y, double z, double dx, double dy, const char* format,
                                    ...) = 0;
     /// Always 0.
@@ -117,8 +122,10 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// right. Returns 1.
     virtual std::int32_t setStandardView(std::uint32_t view) = 0;
     /// Fits an extent into the view. Quick fit: a sphere of the extent's diagonal fills the view's height.
-    /// Precise fit: the extent's image fills the view. The extent's middle becomes the rotation centre.
-    /// Returns 1; -1 for an extent that is not valid, which changes nothing.
+    /// Precise fit: the extent's image, measured at the depth of its middle, fills the view; corners that lie
+    /// nearer may reach beyond its edges. The extent's middle becomes the rotation centre. An extent of a
+    /// single point collapses the view: the eye ends on its target. Returns 1; -1 for an extent that is not
+    /// valid, which changes nothing.
     virtual std::int32_t zoomToExtent(qel::Enve3d extent, bool precise) = 0;
     /// `zoomToExtent` of the model's extent.
     virtual std::int32_t zoomToModel(bool precise) = 0;

@@ -11,7 +11,7 @@
 ///
 /// Extents are passed in model units; the device rectangle in pixels (xmin left, xmax right, ymin top, ymax
 /// bottom). The operations that convert read OpenGL's current matrices, so the view's context must be
-/// current. Setters return 0.
+/// current. Setters return 0 and check nothing: numbers that are not finite are kept.
 class QEL_DISPLAY_API IQelTransform : public qel::QelReferenced {
   public:
     /// @{
@@ -58,7 +58,8 @@ class QEL_DISPLAY_API IQelTransform : public qel::QelReferenced {
     /// @}
     /// A model point to pixels: y counts from the bottom of the viewport. Returns 0.
     virtual std::int32_t worldToDevice(qel::XPnt3d point, std::int32_t* x, std::int32_t* y) = 0;
-    /// Pixels to a model point: y counts from the top of the device rectangle. Returns 0.
+    /// Pixels to a model point: y counts from the top of the device rectangle and stands for OpenGL's row
+    /// height - y. So y = 0 asks one row above the view, and 1 the topmost row in it. Returns 0.
     virtual std::int32_t deviceToWorld(std::int32_t x, std::int32_t y, qel::XPnt3d& point) = 0;
 
   protected:
