@@ -1,6 +1,6 @@
+#include "ArrayView.h"
 #include "CQelSimpSymbol.h"
 #include "ClientArrays.h"
-#include "LentArray.h"
 #include "QelGl.h"
 #include "QelStatus.h"
 #include "QelTmpGlStateCtrl.h"
@@ -20,7 +20,7 @@ struct PointStyle {
 };
 
 /// Draws points from arrays that are known to hold what is read from them.
-void drawPointArrays(const Layout& vertices, std::int32_t count, const LentArray& indices,
+void drawPointArrays(const Layout& vertices, std::int32_t count, const ArrayView& indices,
                      const Layout& colors, const PointStyle& style) {
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
@@ -70,7 +70,7 @@ bool isTakenEverywhere(const Layout& vertices) {
            vertices.stride >= 0 && vertices.stride <= kLargestStrideOfAll;
 }
 
-std::int32_t drawCloud(const LentArray& vertices, const LentArray& indices, const LentArray& colors,
+std::int32_t drawCloud(const ArrayView& vertices, const ArrayView& indices, const ArrayView& colors,
                        std::uint32_t colorType, const PointStyle& style) {
     if (!vertices.holdsElements() || (indices.given && !indices.holdsElements()) ||
         !colors.isAbsentOrMatches(vertices)) {
@@ -91,11 +91,10 @@ std::int32_t CQelSimpSymbol::drawVertexArrayPoints(std::uint32_t type, std::int3
     if (vertices == nullptr) {
         return 0;
     }
-    const LentArray lentIndices(indices);
-    const LentArray lentColors(colors);
+    const ArrayView indexView(indices);
+    const ArrayView colorView(colors);
     // An array that was given but has no memory would be read through a null pointer.
-    if ((lentIndices.given && !lentIndices.holdsElements()) ||
-        (lentColors.given && lentColors.data == nullptr)) {
+    if ((indexView.given && !indexView.holdsElements()) || (colorView.given && colorView.data == nullptr)) {
         return qel::kRefused;
     }
     const Layout layout{type, stride, vertices};
@@ -103,11 +102,10 @@ std::int32_t CQelSimpSymbol::drawVertexArrayPoints(std::uint32_t type, std::int3
         return qel::kRefused;
     }
     // OpenGL refuses a negative count with an error of the host's.
-    if (!lentIndices.given && count < 0) {
+    if (!indexView.given && count < 0) {
         return 0;
     }
-    drawPointArrays(layout, count, lentIndices, {kByteColor, lentColors.stride, lentColors.data},
-                    {size, given});
+    drawPointArrays(layout, count, indexView, {kByteColor, colorView.stride, colorView.data}, {size, given});
     return 0;
 }
 
@@ -115,12 +113,12 @@ std::int32_t CQelSimpSymbol::drawPointCloud(qel::ref_ptr<IQelArray<qel::ArrayVer
                                             qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                             qel::ref_ptr<IQelArray<qel::ArrayColor3b>> colors, float size,
                                             qel::QelColor3f given) {
-    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), kByteColor, {size, given});
+    return drawCloud(ArrayView(vertices), ArrayView(indices), ArrayView(colors), kByteColor, {size, given});
 }
 
 std::int32_t CQelSimpSymbol::drawPointCloudF(qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices,
                                              qel::ref_ptr<IQelArray<qel::ArrayIndex>> indices,
                                              qel::ref_ptr<IQelArray<qel::ArrayColor4f>> colors, float size,
                                              qel::QelColor3f given) {
-    return drawCloud(LentArray(vertices), LentArray(indices), LentArray(colors), GL_FLOAT, {size, given});
+    return drawCloud(ArrayView(vertices), ArrayView(indices), ArrayView(colors), GL_FLOAT, {size, given});
 }

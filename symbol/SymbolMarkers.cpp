@@ -3,7 +3,6 @@
 
 #include "CQelSimpSymbol.h"
 #include "EmitVertex.h"
-#include "LentArray.h"
 #include "QelGl.h"
 #include "QelStatus.h"
 #include "QelTmpGlStateCtrl.h"

@@ -1,6 +1,6 @@
+#include "ArrayView.h"
 #include "CQelSimpSymbol.h"
 #include "ClientArrays.h"
-#include "LentArray.h"
 #include "QelGl.h"
 #include "QelStatus.h"
 #include "QelTmpGlStateCtrl.h"
@@ -8,11 +8,11 @@
 namespace {
 
 struct MeshArrays {
-    LentArray vertices;
-    LentArray indices;
-    LentArray normals;
-    LentArray colors;
-    LentArray texCoords;
+    ArrayView vertices;
+    ArrayView indices;
+    ArrayView normals;
+    ArrayView colors;
+    ArrayView texCoords;
     std::uint32_t normalType;
     bool drawsWithoutIndices;
 
@@ -129,11 +129,11 @@ std::int32_t CQelSimpSymbol::drawMesh(
     qel::ref_ptr<IQelArray<qel::ArrayNormal3b>> normals, qel::ref_ptr<IQelArray<qel::ArrayColor4f>> colors,
     qel::ref_ptr<IQelArray<qel::ArrayTexCoord2f>> texCoords, std::uint32_t texture, std::uint32_t shadeModel,
     std::uint32_t frontMode, std::uint32_t backMode, const qel::MeshStyle& style) {
-    const MeshArrays mesh{.vertices = LentArray(vertices),
-                          .indices = LentArray(indices),
-                          .normals = LentArray(normals),
-                          .colors = LentArray(colors),
-                          .texCoords = LentArray(texCoords),
+    const MeshArrays mesh{.vertices = ArrayView(vertices),
+                          .indices = ArrayView(indices),
+                          .normals = ArrayView(normals),
+                          .colors = ArrayView(colors),
+                          .texCoords = ArrayView(texCoords),
                           .normalType = GL_BYTE,
                           .drawsWithoutIndices = true};
     return drawValidated(mesh, {texture, shadeModel, frontMode, backMode}, style);
@@ -144,11 +144,11 @@ std::int32_t CQelSimpSymbol::drawIndexedMesh(
     qel::ref_ptr<IQelArray<qel::ArrayNormal4f>> normals, qel::ref_ptr<IQelArray<qel::ArrayColor4f>> colors,
     qel::ref_ptr<IQelArray<qel::ArrayTexCoord2f>> texCoords, std::uint32_t texture, std::uint32_t shadeModel,
     std::uint32_t frontMode, std::uint32_t backMode, const qel::MeshStyle& style) {
-    const MeshArrays mesh{.vertices = LentArray(vertices),
-                          .indices = LentArray(indices),
-                          .normals = LentArray(normals),
-                          .colors = LentArray(colors),
-                          .texCoords = LentArray(texCoords),
+    const MeshArrays mesh{.vertices = ArrayView(vertices),
+                          .indices = ArrayView(indices),
+                          .normals = ArrayView(normals),
+                          .colors = ArrayView(colors),
+                          .texCoords = ArrayView(texCoords),
                           .normalType = GL_FLOAT,
                           .drawsWithoutIndices = false};
     return drawValidated(mesh, {texture, shadeModel, frontMode, backMode}, style);

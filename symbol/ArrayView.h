@@ -5,11 +5,11 @@
 #include "IQelArray.h"
 #include "QelRefPtr.h"
 
-/// What a host's array lends for one call: its elements, their number, each asked for once, and their size in
-/// bytes. The caller keeps the reference.
-struct LentArray {
+/// A view of a host's array for one call: its elements and their number, each asked for once, and the size of
+/// an element in bytes. The caller keeps the reference.
+struct ArrayView {
     template <class Element>
-    explicit LentArray(const qel::ref_ptr<IQelArray<Element>>& array)
+    explicit ArrayView(const qel::ref_ptr<IQelArray<Element>>& array)
         : given(static_cast<bool>(array)),
           count(given ? array->count() : 0),
           data(given ? array->data() : nullptr),
@@ -19,7 +19,7 @@ struct LentArray {
     /// them; reading it would end the process.
     [[nodiscard]] bool holdsElements() const { return count > 0 && data != nullptr; }
     /// True if every vertex has its element, or the array was not given at all.
-    [[nodiscard]] bool isAbsentOrMatches(const LentArray& vertices) const {
+    [[nodiscard]] bool isAbsentOrMatches(const ArrayView& vertices) const {
         return !given || (count == vertices.count && data != nullptr);
     }
 
