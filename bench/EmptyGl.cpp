@@ -55,6 +55,8 @@ void WINAPI getIntegers(GLenum name, GLint* values) {
         std::copy(answers.viewport.begin(), answers.viewport.end(), values);
     } else if (name == GL_POLYGON_MODE) {
         values[0] = values[1] = GL_FILL;
+    } else if (name == GL_PACK_ALIGNMENT) {
+        *values = 4;
     } else {
         *values = name == GL_SHADE_MODEL ? GL_SMOOTH : 0;
     }

@@ -15,17 +15,25 @@ void endDrawByHand();
 /// The marker in the corner, the swap and the camera loaded anew.
 void endFrameByHand(const BareView& view);
 
-/// Rows without padding for what is read meanwhile.
+/// Asks what the host has set for its reads before it reads.
 template <class Read>
 void packed(Read read) {
-    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
-    glPixelStorei(GL_PACK_SWAP_BYTES, GL_FALSE);
-    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
-    glPixelStorei(GL_PACK_SKIP_ROWS, 0);
-    glPixelStorei(GL_PACK_SKIP_PIXELS, 0);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    constexpr GLenum kSettings[] = {GL_PACK_SWAP_BYTES, GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS,
+                                    GL_PACK_SKIP_PIXELS, GL_PACK_ALIGNMENT};
+    constexpr GLint kInitial[] = {0, 0, 0, 0, 4};
+    GLint set[5] = {};
+    for (int i = 0; i < 5; ++i) {
+        glGetIntegerv(kSettings[i], &set[i]);
+        if (set[i] != kInitial[i]) {
+            glPixelStorei(kSettings[i], kInitial[i]);
+        }
+    }
     read();
-    glPopClientAttrib();
+    for (int i = 0; i < 5; ++i) {
+        if (set[i] != kInitial[i]) {
+            glPixelStorei(kSettings[i], set[i]);
+        }
+    }
 }
 
 }  // namespace qel::bench

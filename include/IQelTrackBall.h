@@ -192,6 +192,9 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// The model point under a pixel, from its exact depth in the back buffer of the current context; call it
     /// between drawing and the exchange of the buffers, or as long as the driver keeps the back buffer after
     /// it. `XPnt3d::invalid()` on the background, outside the view and for positions that are not finite.
+    ///
+    /// How the host lays out its own reads (`glPixelStore`) does not matter. `GL_DEPTH_SCALE` and
+    /// `GL_DEPTH_BIAS` act on every depth that is read: picks need them at 1 and 0.
     virtual qel::XPnt3d getModelPntAt(double x, double y) = 0;
     /// @{
     /// Window coordinates and depth to a model point; (0, 0, 0) if the camera's matrices cannot be inverted.

@@ -95,30 +95,28 @@ class Cache : public DisplayTest {
         return Frame::ofBackBuffer(window.width(), window.height());
     }
 
-    static Calls packed() {
-        return {call("glPushClientAttrib", GL_CLIENT_PIXEL_STORE_BIT),
-                call("glPixelStorei", GL_PACK_SWAP_BYTES, 0),
-                call("glPixelStorei", GL_PACK_ROW_LENGTH, 0),
-                call("glPixelStorei", GL_PACK_SKIP_ROWS, 0),
-                call("glPixelStorei", GL_PACK_SKIP_PIXELS, 0),
-                call("glPixelStorei", GL_PACK_ALIGNMENT, 1)};
+    /// What is asked of a host that has set nothing for its own reads.
+    static Calls packingAsked() {
+        return {call("glGetIntegerv", GL_PACK_SWAP_BYTES, out),
+                call("glGetIntegerv", GL_PACK_ROW_LENGTH, out), call("glGetIntegerv", GL_PACK_SKIP_ROWS, out),
+                call("glGetIntegerv", GL_PACK_SKIP_PIXELS, out),
+                call("glGetIntegerv", GL_PACK_ALIGNMENT, out)};
     }
 
     /// The frame read into the cache.
     static Calls frameRead(int width, int height) {
-        Calls all = packed();
+        Calls all = packingAsked();
         append(all, {call("glReadPixels", 0, 0, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, any),
                      call("glGetError"), call("glReadPixels", 0, 0, width, height, GL_RGBA, GL_FLOAT, any),
-                     call("glGetError"), call("glPopClientAttrib")});
+                     call("glGetError")});
         return all;
     }
 
     /// The depth read by the camera after the swap.
     static Calls depthRefreshed(int width, int height) {
         Calls all{call("glReadBuffer", GL_BACK)};
-        append(all, packed());
-        append(all, {call("glReadPixels", 0, 0, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, any),
-                     call("glPopClientAttrib")});
+        append(all, packingAsked());
+        append(all, {call("glReadPixels", 0, 0, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, any)});
         return all;
     }
 
