@@ -70,14 +70,10 @@ void addQuery(Operations& all, const char* name, void (*module)(PickScene&), voi
 float depthAt(double x, double y) {
     float depth = 1.0F;
     glReadBuffer(GL_BACK);
-    GLint set[3] = {};
-    glGetIntegerv(GL_PACK_SKIP_ROWS, &set[0]);
-    glGetIntegerv(GL_PACK_SKIP_PIXELS, &set[1]);
-    glGetIntegerv(GL_PACK_SWAP_BYTES, &set[2]);
-    if (set[0] == 0 && set[1] == 0 && set[2] == 0) {
+    packed([&] {
         glReadPixels(static_cast<GLint>(x), static_cast<GLint>(y), 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT,
                      &depth);
-    }
+    });
     return depth;
 }
 

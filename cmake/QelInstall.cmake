@@ -18,7 +18,8 @@ endforeach()
 
 # The headers of base/ that are only for the libraries themselves stay here.
 install(DIRECTORY include/ base/ DESTINATION include/QelDisplay64t FILES_MATCHING PATTERN "*.h"
-    PATTERN EmitVertex.h EXCLUDE PATTERN EnvelopeBounds.h EXCLUDE PATTERN PixelArea.h EXCLUDE PATTERN PixelPackScope.h EXCLUDE PATTERN QelTruncate.h EXCLUDE)
+    PATTERN EmitVertex.h EXCLUDE PATTERN EnvelopeBounds.h EXCLUDE PATTERN FlatBox.h EXCLUDE PATTERN PixelArea.h EXCLUDE
+    PATTERN PixelDepth.h EXCLUDE PATTERN PixelPackScope.h EXCLUDE PATTERN QelTruncate.h EXCLUDE)
 install(DIRECTORY examples/minimal examples/hostcontext DESTINATION share/QelDisplay64t/examples)
 
 include(CMakePackageConfigHelpers)

@@ -75,7 +75,9 @@ class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
     virtual std::int32_t reservedSlot29();
     /// A model point to window pixels, truncated; y counts from the bottom of the viewport.
     virtual void projectPoint(const qel::XPnt3d& point, std::int32_t& x, std::int32_t& y);
-    /// A pixel to a model point, as `deviceToWorld`. Without depth picking the point lies on the near plane.
+    /// A pixel to a model point, as `deviceToWorld`. With depth picking the point lies at the depth that was
+    /// drawn, on the far plane where nothing was or where no buffer is; `GL_DEPTH_SCALE` and `GL_DEPTH_BIAS`
+    /// act on what is read. Without it the point lies on the near plane.
     virtual qel::XPnt3d unprojectPixel(std::int32_t x, std::int32_t y);
 
     /// Loads the projection and an identity model-view matrix; widens the view extent first if that is

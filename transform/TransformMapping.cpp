@@ -1,5 +1,5 @@
 #include "CQelTransform2d.h"
-#include "PixelPackScope.h"
+#include "PixelDepth.h"
 #include "QelGl.h"
 #include "QelTruncate.h"
 
@@ -86,18 +86,13 @@ void CQelTransform2d::projectPoint(const qel::XPnt3d& point, std::int32_t& x, st
 
 qel::XPnt3d CQelTransform2d::unprojectPixel(std::int32_t x, std::int32_t y) {
     const std::int32_t row = qel::truncateToInt(deviceExtent.HightY() - y);
-    GLfloat depth = 0.0F;
-    if (qel::isReadablePixel(x, row)) {
-        const qel::PixelPackScope packing;
-        glReadPixels(x, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
-    }
-    if (!depthPicking) {
-        depth = 0.0F;
-    }
+    // Read in either case: hosts rely on it.
+    const float read = qel::readPixelDepth(x, row);
+    const double depth = depthPicking ? static_cast<double>(read) : 0.0;
     const CurrentMatrices current;
     qel::XPnt3d point;
-    gluUnProject(x, row, static_cast<double>(depth), current.modelview, current.projection, current.viewport,
-                 &point.x, &point.y, &point.z);
+    gluUnProject(x, row, depth, current.modelview, current.projection, current.viewport, &point.x, &point.y,
+                 &point.z);
     return {point.x + origin.x, point.y + origin.y, point.z + origin.z};
 }
 

@@ -168,7 +168,7 @@ class CQelTrackBall : public IQelTrackBall {
             display->makeCurrent();
         }
     }
-    /// Window depth of a pixel of the back buffer; 1 outside of it.
+    /// Window depth of a pixel of the back buffer; background outside of it.
     [[nodiscard]] float depthAt(double x, double y);
     void holdDisplay(IQelDisplay* newDisplay);
     /// Half the vertical field of view as a tangent.

@@ -4,6 +4,7 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
+#include "PixelDepth.h"
 #include "PixelPackScope.h"
 #include "QelGl.h"
 #include "QelPredicates.h"
@@ -18,29 +19,6 @@ constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
 /// A float of such bytes is not a number.
 constexpr int kNotANumberByte = 0xFF;
 constexpr double kOnPlane = 0.000001;
-
-/// True if a single value is written where it is told to, as it is. Setting the host's padding aside costs a
-/// quarter of the read of one.
-bool landsAsItIs() {
-    bool isSet = false;
-    constexpr GLenum kSettings[] = {GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS, GL_PACK_SWAP_BYTES};
-    for (const GLenum setting : kSettings) {
-        GLint value = 0;
-        glGetIntegerv(setting, &value);
-        isSet = isSet || value != 0;
-    }
-    return !isSet;
-}
-
-/// Window depth of one pixel, whatever the host has set for its own reads.
-void readPixelDepth(std::int32_t column, std::int32_t row, float& depth) {
-    if (landsAsItIs()) {
-        glReadPixels(column, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
-    } else {
-        const qel::PixelPackScope packing;
-        glReadPixels(column, row, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &depth);
-    }
-}
 
 /// Mean depth of what is drawn in the square around a window position; false if nothing is.
 bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, double& mean) {
@@ -147,15 +125,11 @@ qel::XPnt3d CQelTrackBall::projectPnt(const qel::XPnt3d& modelPoint) {
 }
 
 float CQelTrackBall::depthAt(double x, double y) {
-    // Outside the buffer nothing is read: background.
-    float depth = 1.0F;
-    const std::int32_t column = qel::truncateToInt(x);
-    const std::int32_t row = qel::truncateToInt(y);
-    if (!ownerGone && qel::isReadablePixel(column, row)) {
-        glReadBuffer(GL_BACK);
-        readPixelDepth(column, row, depth);
+    if (ownerGone) {
+        return qel::kBackgroundDepth;
     }
-    return depth;
+    glReadBuffer(GL_BACK);
+    return qel::readPixelDepth(qel::truncateToInt(x), qel::truncateToInt(y));
 }
 
 qel::XPnt3d CQelTrackBall::getModelPntAt(double x, double y) {
