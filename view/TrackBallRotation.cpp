@@ -94,10 +94,8 @@ void CQelTrackBall::rotateTo(double x, double y) {
         quat = {};
     }
     qel::setRotationFromQuat(turnOfMove, quat);
-    // A drag only turns. Taken from the matrix of the last move, the scale would be 1 but for its rounding,
-    // which over many moves carries the camera away from the model.
-    dragRotation.setIdentity();
-    qel::setRotationKeepScale(dragRotation, turnOfMove);
+    // Without a scale: a drag only turns.
+    qel::copyRotation(dragRotation, turnOfMove);
     applyDragRotation();
     updateView();
 }
