@@ -105,7 +105,8 @@ std::int32_t CQelScreenDisplay::setOrtho2D() {
 }
 
 std::int32_t CQelScreenDisplay::updateView() {
-    return trackBall->updateViewAndReturn(0);
+    trackBall->updateView();
+    return 0;
 }
 
 // The left eye keeps the camera as it is: the distance between the eyes is the right eye's alone.

@@ -114,10 +114,6 @@ class CQelTrackBall : public IQelTrackBall {
     std::int32_t onButtonDown(std::int32_t button, double x, double y);
     std::int32_t onMouseMove(double x, double y);
 
-    /// `updateView` for a caller that has nothing left to do but to return `result`: it need not be come back
-    /// to.
-    std::int32_t updateViewAndReturn(std::int32_t result);
-
     /// Names the display that owns this camera. A counted reference back to it would keep the two alive for
     /// ever, so this one is not counted.
     void setOwner(IQelDisplay* newOwner);
@@ -161,8 +157,6 @@ class CQelTrackBall : public IQelTrackBall {
     };
 
     std::int32_t readGlMatrices();
-    void loadProjection();
-    void loadModelview();
     void makeDisplayCurrent() {
         if (display != nullptr) {
             display->makeCurrent();

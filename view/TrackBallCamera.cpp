@@ -1,6 +1,5 @@
 #include <cmath>
 #include <numbers>
-#include <typeinfo>
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
@@ -39,9 +38,15 @@ std::int32_t CQelTrackBall::restoreViewport() {
                                       qel::truncateToInt(static_cast<double>(viewHeight)));
 }
 
-inline void CQelTrackBall::loadProjection() {
+std::int32_t CQelTrackBall::updateView() {
+    applyProjection();
+    applyModelview();
+    return 1;
+}
+
+std::int32_t CQelTrackBall::applyProjection() {
     if (ownerGone) {
-        return;
+        return 0;
     }
     makeDisplayCurrent();
     glMatrixMode(GL_PROJECTION);
@@ -53,43 +58,18 @@ inline void CQelTrackBall::loadProjection() {
         gluPerspective(fovY, aspect, zNear, zFar);
     }
     projectionDirty = true;
+    return 0;
 }
 
-inline void CQelTrackBall::loadModelview() {
+std::int32_t CQelTrackBall::applyModelview() {
     if (ownerGone) {
-        return;
+        return 0;
     }
     makeDisplayCurrent();
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     gluLookAt(eye.x, eye.y, eye.z, target.x, target.y, target.z, up.x, up.y, up.z);
     modelviewDirty = true;
-}
-
-std::int32_t CQelTrackBall::updateView() {
-    return updateViewAndReturn(1);
-}
-
-std::int32_t CQelTrackBall::updateViewAndReturn(std::int32_t result) {
-    // A derived camera may replace either. Where none does, both stand here: each level of calls around one
-    // of OpenGL costs the processor a return that it cannot foresee.
-    if (typeid(*this) == typeid(CQelTrackBall)) {
-        loadProjection();
-        loadModelview();
-    } else {
-        applyProjection();
-        applyModelview();
-    }
-    return result;
-}
-
-std::int32_t CQelTrackBall::applyProjection() {
-    loadProjection();
-    return 0;
-}
-
-std::int32_t CQelTrackBall::applyModelview() {
-    loadModelview();
     return 0;
 }
 
