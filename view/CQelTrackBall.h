@@ -134,7 +134,7 @@ class CQelTrackBall : public IQelTrackBall {
     void readDepthBuffer();
     /// Reads back what the dirty flags name; returns 1 if nothing was dirty, else 0.
     std::int32_t updateGlMatrices() {
-        return modelviewDirty || projectionDirty || viewportDirty ? readGlMatrices() : 1;
+        return held.modelviewDirty || held.projectionDirty || held.viewportDirty ? readGlMatrices() : 1;
     }
     /// OpenGL's model-view matrix as a matrix for row vectors.
     void getModelViewMatrix(qel::matrix<double>& m);
@@ -155,6 +155,58 @@ class CQelTrackBall : public IQelTrackBall {
         double x = 0.0;
         double y = 0.0;
     };
+    /// What OpenGL held when it was asked last, and what has changed there since.
+    struct HeldByGl {
+        double modelview[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+        double projection[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+        std::int32_t viewport[4] = {0, 0, 100, 100};
+        bool modelviewDirty = true;
+        bool projectionDirty = true;
+        bool viewportDirty = true;
+    };
+    /// The drag that is under way, or the last one.
+    struct Drag {
+        static constexpr std::int32_t kNoButton = 0;
+        static constexpr std::int32_t kPan = 1;
+        static constexpr std::int32_t kRotate = 2;
+        static constexpr std::int32_t kZoom = 3;
+
+        Drag() { rotation.setIdentity(); }
+
+        std::int32_t button = kNoButton;
+        /// @{
+        /// The camera at the press.
+        qel::XPnt3d eye;
+        qel::XPnt3d target;
+        qel::XPnt3d up;
+        /// @}
+        Mouse lastMouse;
+        Mouse pressMouse;
+        /// @{
+        /// Points of the sphere at the press and at the last move; for the overlay turned by the rotation.
+        qel::XPnt3d sphereStart;
+        qel::XPnt3d sphereCurrent;
+        qel::XPnt3d sphereStartView;
+        qel::XPnt3d sphereCurrentView;
+        /// @}
+        /// Eye space to model space at the press, without the translation.
+        qel::matrix<double> pressInverse{4, 4};
+        qel::matrix<float> rotation{4, 4};
+        /// @{
+        /// What a move computes with, kept so that a drag takes no memory.
+        qel::matrix<float> turnOfMove{3, 3};
+        qel::matrix<float> inverse{4, 4};
+        /// @}
+    };
+    /// The depth of the last frame, row by row, and its mean.
+    struct DepthCopy {
+        std::unique_ptr<float[]> values;
+        std::int32_t width = 0;
+        std::int32_t height = 0;
+        float mean = 0.9F;
+        /// The values are newer than the mean.
+        bool isMeanStale = true;
+    };
 
     std::int32_t readGlMatrices();
     void makeDisplayCurrent() {
@@ -171,7 +223,9 @@ class CQelTrackBall : public IQelTrackBall {
     double viewSpanAtCenter();
     /// The same at a window depth, which orthographic views do not look at.
     double viewSpanAtDepth(double depth);
-    double meanOfDepthBuffer(std::size_t& count) const;
+    double meanOfDepthCopy(std::size_t& count) const;
+    /// Off both ends of the depth range, where points cannot be unprojected well.
+    [[nodiscard]] static double clampMeanDepth(double depth);
     void panTo(double x, double y);
     void rotateTo(double x, double y);
     void fitQuickly(const qel::Enve3d& box);
@@ -193,49 +247,25 @@ class CQelTrackBall : public IQelTrackBall {
     IQelDisplay* owner = nullptr;
     /// No OpenGL state is touched then: the context that is current belongs to somebody else.
     bool ownerGone = false;
-    std::int32_t dragButton = 0;
-    qel::Enve3d extent;
-    qel::XPnt3d eye;
+    qel::Enve3d extent{10.0, 100.0, 10.0, 100.0, 10.0, 100.0};
+    qel::XPnt3d eye{0.0, 0.0, 100.0};
     qel::XPnt3d target;
-    qel::XPnt3d up;
+    qel::XPnt3d up{0.0, 1.0, 0.0};
     OrthoBox orthoBox;
-    double fovY = 0.0;
-    double aspect = 0.0;
-    double zNear = 0.0;
-    double zFar = 0.0;
+    double fovY = 27.0;
+    /// Any value serves before the first resize; this one keeps every formula finite.
+    double aspect = 1.0;
+    double zNear = 0.001;
+    double zFar = 50000.0;
     float viewWidth = 0.0F;
     float viewHeight = 0.0F;
     qel::XPnt3d rotationCenter;
-    float sphereRadius = 0.0F;
+    float sphereRadius = 100.0F;
     float sphereRadiusPx = 0.0F;
     bool ortho = false;
     bool overlayOption = false;
     bool orthoPending = false;
-    double modelviewMatrix[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-    double projectionMatrix[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-    std::int32_t viewport[4] = {};
-    bool modelviewDirty = false;
-    bool projectionDirty = false;
-    bool viewportDirty = false;
-    qel::XPnt3d dragEye;
-    qel::XPnt3d dragTarget;
-    qel::XPnt3d dragUp;
-    Mouse lastMouse;
-    Mouse pressMouse;
-    qel::XPnt3d sphereStart;
-    qel::XPnt3d sphereCurrent;
-    qel::XPnt3d sphereStartView;
-    qel::XPnt3d sphereCurrentView;
-    qel::matrix<double> pressInverse{4, 4};
-    qel::matrix<float> dragRotation;
-    /// @{
-    /// What a move computes with, kept so that a drag takes no memory.
-    qel::matrix<float> turnOfMove{3, 3};
-    qel::matrix<float> dragInverse{4, 4};
-    /// @}
-    std::unique_ptr<float[]> depthBuffer;
-    std::int32_t depthHeight = 0;
-    std::int32_t depthWidth = 0;
-    float averageDepth = 0.0F;
-    bool depthStale = false;
+    HeldByGl held;
+    Drag drag;
+    DepthCopy depthCopy;
 };

@@ -74,7 +74,7 @@ std::int32_t CQelTrackBall::drawAxes() {
     glTranslated(anchor.x, anchor.y, anchor.z);
     // Only here: in perspective the cached matrix stays that of the view, which updateView loads again below.
     if (ortho) {
-        modelviewDirty = true;
+        held.modelviewDirty = true;
     }
     const qel::XPnt3d xTip(length, 0.0, 0.0);
     const qel::XPnt3d yTip(0.0, length, 0.0);

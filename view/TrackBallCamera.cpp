@@ -28,7 +28,7 @@ std::int32_t CQelTrackBall::setViewport(std::int32_t x, std::int32_t y, std::int
                                         std::int32_t height) {
     if (!ownerGone) {
         glViewport(x, y, width, height);
-        viewportDirty = true;
+        held.viewportDirty = true;
     }
     return 0;
 }
@@ -57,7 +57,7 @@ std::int32_t CQelTrackBall::applyProjection() {
     } else {
         gluPerspective(fovY, aspect, zNear, zFar);
     }
-    projectionDirty = true;
+    held.projectionDirty = true;
     return 0;
 }
 
@@ -69,7 +69,7 @@ std::int32_t CQelTrackBall::applyModelview() {
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     gluLookAt(eye.x, eye.y, eye.z, target.x, target.y, target.z, up.x, up.y, up.z);
-    modelviewDirty = true;
+    held.modelviewDirty = true;
     return 0;
 }
 
@@ -123,7 +123,7 @@ std::int32_t CQelTrackBall::setFieldOfView(double degrees) {
     }
     fovY = degrees;
     updateOrthoBox(false);
-    projectionDirty = true;
+    held.projectionDirty = true;
     updateView();
     updateSphereRadius();
     return 0;

@@ -2,6 +2,7 @@
 
 #include "CQelTrackBall.h"
 #include "PixelArea.h"
+#include "PixelDepth.h"
 #include "PixelPackScope.h"
 #include "QelGl.h"
 #include "QelTruncate.h"
@@ -12,13 +13,6 @@ namespace {
 constexpr std::size_t kSampleStep = 10;
 constexpr double kNearestMean = 0.00001;
 constexpr double kFarthestMean = 0.99999;
-
-double clampMean(double depth) {
-    if (depth > kNearestMean) {
-        return depth > kFarthestMean ? kFarthestMean : depth;
-    }
-    return kNearestMean;
-}
 
 }  // namespace
 
@@ -36,50 +30,59 @@ std::int32_t CQelTrackBall::refreshDepth() {
 void CQelTrackBall::readDepthBuffer() {
     const std::int32_t width = qel::truncateToInt(static_cast<double>(viewWidth));
     const std::int32_t height = qel::truncateToInt(static_cast<double>(viewHeight));
-    if (width != depthWidth || height != depthHeight) {
-        if (qel::pixelArea(depthWidth, depthHeight) < qel::pixelArea(width, height)) {
+    if (width != depthCopy.width || height != depthCopy.height) {
+        if (qel::pixelArea(depthCopy.width, depthCopy.height) < qel::pixelArea(width, height)) {
             // The old copy goes first, and its size with it: if there is no memory, the camera has no copy.
-            depthBuffer.reset();
-            depthWidth = depthHeight = 0;
-            depthBuffer = std::make_unique<float[]>(qel::pixelArea(width, height));
+            depthCopy.values.reset();
+            depthCopy.width = depthCopy.height = 0;
+            depthCopy.values = std::make_unique<float[]>(qel::pixelArea(width, height));
         }
-        depthWidth = width;
-        depthHeight = height;
+        depthCopy.width = width;
+        depthCopy.height = height;
         // What lies outside OpenGL's buffer is never read and stays background.
-        std::fill_n(depthBuffer.get(), qel::pixelArea(width, height), 1.0F);
+        std::fill_n(depthCopy.values.get(), qel::pixelArea(width, height), qel::kBackgroundDepth);
     }
     if (!ownerGone) {
         glReadBuffer(GL_BACK);
         const qel::PixelPackScope packing;
-        glReadPixels(0, 0, depthWidth, depthHeight, GL_DEPTH_COMPONENT, GL_FLOAT, depthBuffer.get());
+        glReadPixels(0, 0, depthCopy.width, depthCopy.height, GL_DEPTH_COMPONENT, GL_FLOAT,
+                     depthCopy.values.get());
     }
-    depthStale = true;
+    depthCopy.isMeanStale = true;
 }
 
-double CQelTrackBall::meanOfDepthBuffer(std::size_t& count) const {
+double CQelTrackBall::meanOfDepthCopy(std::size_t& count) const {
     double sum = 0.0;
     count = 0;
-    const std::size_t area = qel::pixelArea(depthWidth, depthHeight);
+    const std::size_t area = qel::pixelArea(depthCopy.width, depthCopy.height);
     for (std::size_t index = 0; index < area; index += kSampleStep) {
-        if (depthBuffer[index] < 1.0F) {
-            sum += static_cast<double>(depthBuffer[index]);
+        if (depthCopy.values[index] < qel::kBackgroundDepth) {
+            sum += static_cast<double>(depthCopy.values[index]);
             ++count;
         }
     }
     return count > 0 ? sum / static_cast<double>(count) : 0.0;
 }
 
+double CQelTrackBall::clampMeanDepth(double depth) {
+    // Not std::clamp: what is no number becomes the nearest depth too.
+    if (depth > kNearestMean) {
+        return depth > kFarthestMean ? kFarthestMean : depth;
+    }
+    return kNearestMean;
+}
+
 double CQelTrackBall::getMeanDepth() {
-    if (!depthStale) {
-        return static_cast<double>(averageDepth);
+    if (!depthCopy.isMeanStale) {
+        return static_cast<double>(depthCopy.mean);
     }
     std::size_t count = 0;
-    double mean = meanOfDepthBuffer(count);
+    double mean = meanOfDepthCopy(count);
     if (count == 0) {
         mean = projectPnt(extent.MidPoint()).z;
     }
-    mean = clampMean(mean);
-    averageDepth = static_cast<float>(mean);
-    depthStale = false;
+    mean = clampMeanDepth(mean);
+    depthCopy.mean = static_cast<float>(mean);
+    depthCopy.isMeanStale = false;
     return mean;
 }

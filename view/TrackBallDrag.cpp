@@ -6,11 +6,6 @@
 
 namespace {
 
-constexpr std::int32_t kNoButton = 0;
-constexpr std::int32_t kPanButton = 1;
-constexpr std::int32_t kRotateButton = 2;
-constexpr std::int32_t kZoomButton = 3;
-
 /// Pixels of a zoom drag that go all the way to the scene.
 constexpr double kZoomDragPixels = 800.0;
 constexpr double kLargestMotion = 1000.0;
@@ -28,26 +23,26 @@ std::int32_t CQelTrackBall::onButtonDown(std::int32_t button, double x, double y
     if (!qel::areFinite(x, y)) {
         return 1;
     }
-    lastMouse = {x, y};
-    pressMouse = {x, y};
-    dragButton = button;
-    if (button == kNoButton) {
+    drag.lastMouse = {x, y};
+    drag.pressMouse = {x, y};
+    drag.button = button;
+    if (button == Drag::kNoButton) {
         return 1;
     }
     double vector[3] = {};
     mapToSphere(x, y, vector);
     // The press may come while another view's context is current.
     makeDisplayCurrent();
-    getModelViewMatrix(pressInverse);
-    pressInverse.invert();
+    getModelViewMatrix(drag.pressInverse);
+    drag.pressInverse.invert();
     // Directions only: eye space to model space without the translation.
     for (std::int32_t column = 0; column < 3; ++column) {
-        pressInverse.setElement(3, column, 0.0);
+        drag.pressInverse.setElement(3, column, 0.0);
     }
-    sphereStart = qel::transformPoint({vector[0], vector[1], vector[2]}, pressInverse);
-    dragEye = eye;
-    dragTarget = target;
-    dragUp = up;
+    drag.sphereStart = qel::transformPoint({vector[0], vector[1], vector[2]}, drag.pressInverse);
+    drag.eye = eye;
+    drag.target = target;
+    drag.up = up;
     return 1;
 }
 
@@ -56,27 +51,27 @@ std::int32_t CQelTrackBall::onMouseMove(std::int32_t x, std::int32_t y) {
 }
 
 std::int32_t CQelTrackBall::onMouseMove(double x, double y) {
-    if (dragButton == kNoButton || !qel::areFinite(x, y)) {
+    if (drag.button == Drag::kNoButton || !qel::areFinite(x, y)) {
         return 1;
     }
-    switch (dragButton) {
-        case kPanButton:
+    switch (drag.button) {
+        case Drag::kPan:
             panTo(x, y);
             break;
-        case kRotateButton:
+        case Drag::kRotate:
             rotateTo(x, y);
             break;
-        case kZoomButton: {
-            const double moved = static_cast<double>(static_cast<float>(y - lastMouse.y));
+        case Drag::kZoom: {
+            const double moved = static_cast<double>(static_cast<float>(y - drag.lastMouse.y));
             // The point first pressed stays the aim for the whole drag.
-            zoomAt(static_cast<float>(moved / kZoomDragPixels), qel::truncateToInt(pressMouse.x),
-                   qel::truncateToInt(pressMouse.y));
+            zoomAt(static_cast<float>(moved / kZoomDragPixels), qel::truncateToInt(drag.pressMouse.x),
+                   qel::truncateToInt(drag.pressMouse.y));
             break;
         }
         default:
             break;
     }
-    lastMouse = {x, y};
+    drag.lastMouse = {x, y};
     return 1;
 }
 
@@ -92,8 +87,8 @@ void CQelTrackBall::panTo(double x, double y) {
     right.normalize();
     qel::XPnt3d upward = up;
     upward.normalize();
-    const float alongX = static_cast<float>(qel::truncateToInt(x - lastMouse.x)) * unitsPerPixel;
-    const float alongY = static_cast<float>(qel::truncateToInt(y - lastMouse.y)) * unitsPerPixel;
+    const float alongX = static_cast<float>(qel::truncateToInt(x - drag.lastMouse.x)) * unitsPerPixel;
+    const float alongY = static_cast<float>(qel::truncateToInt(y - drag.lastMouse.y)) * unitsPerPixel;
     const qel::XPnt3d delta = right * static_cast<double>(alongX) + upward * static_cast<double>(alongY);
     moveBy(delta.x, delta.y, delta.z);
 }
@@ -108,16 +103,16 @@ std::int32_t CQelTrackBall::applyMotion(const double* values) {
         }
     }
     const qel::XPnt3d center = projectPnt(rotationCenter);
-    onButtonDown(kRotateButton, center.x, center.y);
+    onButtonDown(Drag::kRotate, center.x, center.y);
     onMouseMove(center.x + values[3], center.y + values[4]);
     onButtonUp();
     // Pressed outside the sphere's outline a drag starts on its rim and rolls the view about the line of
     // sight.
     const double edge = static_cast<double>(sphereRadiusPx * 2.0F) + center.x;
-    onButtonDown(kRotateButton, edge, center.y);
+    onButtonDown(Drag::kRotate, edge, center.y);
     onMouseMove(edge, center.y + values[5]);
     onButtonUp();
-    onButtonDown(kPanButton, center.x, center.y);
+    onButtonDown(Drag::kPan, center.x, center.y);
     onMouseMove(center.x + values[0], center.y + values[1]);
     onButtonUp();
     qel::XPnt3d inwards = rotationCenter - eye;

@@ -109,7 +109,7 @@ void CQelTrackBall::fitQuickly(const qel::Enve3d& box) {
 }
 
 void CQelTrackBall::fitPrecisely(const qel::Enve3d& box) {
-    modelviewDirty = projectionDirty = viewportDirty = true;
+    held.modelviewDirty = held.projectionDirty = held.viewportDirty = true;
     const double depth = projectPnt(rotationCenter).z;
     qel::Enve3d image;
     image.setInvalid();

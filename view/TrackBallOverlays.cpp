@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr std::int32_t kRotateButton = 2;
 constexpr int kSegmentsOfARing = 80;
 constexpr float kRadiansPerSegment = 0.07853982F;
 constexpr std::size_t kLongestLabel = 256;
@@ -67,7 +66,7 @@ struct Ring {
 }  // namespace
 
 std::int32_t CQelTrackBall::drawTrackBall() {
-    if (dragButton != kRotateButton || ownerGone) {
+    if (drag.button != Drag::kRotate || ownerGone) {
         return 1;
     }
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
@@ -75,7 +74,7 @@ std::int32_t CQelTrackBall::drawTrackBall() {
     const double radius = static_cast<double>(sphereRadius);
     glLineWidth(1.0F);
     glBegin(GL_LINES);
-    for (const qel::XPnt3d& tip : {sphereStartView, sphereCurrentView}) {
+    for (const qel::XPnt3d& tip : {drag.sphereStartView, drag.sphereCurrentView}) {
         glColor3f(1.0F, 1.0F, 1.0F);
         vertex(rotationCenter);
         vertex(tip * radius + rotationCenter);
@@ -102,13 +101,14 @@ void CQelTrackBall::drawRings(float radius) {
         previous = next;
     }
     glEnd();
-    qel::XPnt3d across = qel::cross(sphereStartView, qel::cross(sphereStartView, sphereCurrentView));
+    qel::XPnt3d across =
+        qel::cross(drag.sphereStartView, qel::cross(drag.sphereStartView, drag.sphereCurrentView));
     across.normalize();
-    const Ring drag(rotationCenter, sphereStartView, across, r);
+    const Ring dragRing(rotationCenter, drag.sphereStartView, across, r);
     glBegin(GL_LINES);
-    previous = rotationCenter + sphereStartView * r;
+    previous = rotationCenter + drag.sphereStartView * r;
     for (int segment = 1; segment <= kSegmentsOfARing; ++segment) {
-        const qel::XPnt3d next = drag.pointAt(segment);
+        const qel::XPnt3d next = dragRing.pointAt(segment);
         // Solid on the eye's side of the centre, dashed behind it.
         if (qel::dot(previous - rotationCenter, towardsEye) >= 0.0 || segment % 2 == 0) {
             vertex(previous);

@@ -63,34 +63,34 @@ bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, do
 
 std::int32_t CQelTrackBall::readGlMatrices() {
     makeDisplayCurrent();
-    if (modelviewDirty) {
-        glGetDoublev(GL_MODELVIEW_MATRIX, modelviewMatrix);
-        modelviewDirty = false;
+    if (held.modelviewDirty) {
+        glGetDoublev(GL_MODELVIEW_MATRIX, held.modelview);
+        held.modelviewDirty = false;
     }
-    if (projectionDirty) {
-        glGetDoublev(GL_PROJECTION_MATRIX, projectionMatrix);
-        projectionDirty = false;
+    if (held.projectionDirty) {
+        glGetDoublev(GL_PROJECTION_MATRIX, held.projection);
+        held.projectionDirty = false;
     }
-    if (viewportDirty) {
-        glGetIntegerv(GL_VIEWPORT, viewport);
-        viewportDirty = false;
+    if (held.viewportDirty) {
+        glGetIntegerv(GL_VIEWPORT, held.viewport);
+        held.viewportDirty = false;
     }
     return 0;
 }
 
 const std::int32_t* CQelTrackBall::getViewport() {
     updateGlMatrices();
-    return viewport;
+    return held.viewport;
 }
 
 const double* CQelTrackBall::getModelviewMatrix() {
     updateGlMatrices();
-    return modelviewMatrix;
+    return held.modelview;
 }
 
 const double* CQelTrackBall::getProjectionMatrix() {
     updateGlMatrices();
-    return projectionMatrix;
+    return held.projection;
 }
 
 void CQelTrackBall::getModelViewMatrix(qel::matrix<double>& m) {
@@ -105,7 +105,7 @@ void CQelTrackBall::getModelViewMatrix(qel::matrix<double>& m) {
 qel::XPnt3d CQelTrackBall::unProject(double x, double y, double z) {
     updateGlMatrices();
     qel::XPnt3d point;
-    gluUnProject(x, y, z, modelviewMatrix, projectionMatrix, viewport, &point.x, &point.y, &point.z);
+    gluUnProject(x, y, z, held.modelview, held.projection, held.viewport, &point.x, &point.y, &point.z);
     return point;
 }
 
@@ -116,7 +116,7 @@ qel::XPnt3d CQelTrackBall::unProjectPnt(const qel::XPnt3d& windowPoint) {
 qel::XPnt3d CQelTrackBall::project(double x, double y, double z) {
     updateGlMatrices();
     qel::XPnt3d window;
-    gluProject(x, y, z, modelviewMatrix, projectionMatrix, viewport, &window.x, &window.y, &window.z);
+    gluProject(x, y, z, held.modelview, held.projection, held.viewport, &window.x, &window.y, &window.z);
     return window;
 }
 

@@ -74,28 +74,28 @@ void CQelTrackBall::mapToSphere(double x, double y, double* vector) {
 void CQelTrackBall::rotateTo(double x, double y) {
     // Back at the press is no rotation at all, although the image of the centre, which OpenGL gives in single
     // precision, has moved a little with the camera.
-    if (x == pressMouse.x && y == pressMouse.y) {
-        sphereCurrent = sphereStart;
+    if (x == drag.pressMouse.x && y == drag.pressMouse.y) {
+        drag.sphereCurrent = drag.sphereStart;
     } else {
         double vector[3] = {};
         mapToSphere(x, y, vector);
-        sphereCurrent = qel::transformPoint({vector[0], vector[1], vector[2]}, pressInverse);
+        drag.sphereCurrent = qel::transformPoint({vector[0], vector[1], vector[2]}, drag.pressInverse);
     }
-    const qel::XPnt3d axis = qel::cross(sphereStart, sphereCurrent);
+    const qel::XPnt3d axis = qel::cross(drag.sphereStart, drag.sphereCurrent);
     qel::QuatF quat;
     if (qel::dist(axis, qel::XPnt3d()) > kNoTurn) {
         // Not normalised: for two unit vectors this is the unit quaternion of twice the angle between them,
         // so a drag across the whole sphere turns the model all the way round.
         quat = {static_cast<float>(axis.x), static_cast<float>(axis.y), static_cast<float>(axis.z),
-                static_cast<float>(qel::dot(sphereCurrent, sphereStart))};
+                static_cast<float>(qel::dot(drag.sphereCurrent, drag.sphereStart))};
     }
     // A camera whose matrix could not be inverted turns nothing, rather than into NaN.
     if (!qel::areFinite(quat.x, quat.y, quat.z, quat.w)) {
         quat = {};
     }
-    qel::setRotationFromQuat(turnOfMove, quat);
+    qel::setRotationFromQuat(drag.turnOfMove, quat);
     // Without a scale: a drag only turns.
-    qel::copyRotation(dragRotation, turnOfMove);
+    qel::copyRotation(drag.rotation, drag.turnOfMove);
     applyDragRotation();
     updateView();
 }
@@ -103,18 +103,19 @@ void CQelTrackBall::rotateTo(double x, double y) {
 std::int32_t CQelTrackBall::applyDragRotation() {
     // Always from the camera as it was at the press: no error adds up over a drag.
     const qel::XPnt3d center = rotationCenter;
-    dragRotation.transpose();
-    qel::XPnt3d newUp = qel::transformPoint(dragUp, dragRotation);
+    drag.rotation.transpose();
+    qel::XPnt3d newUp = qel::transformPoint(drag.up, drag.rotation);
     newUp.normalize();
-    const bool isPlaced = placeEyeAndTarget(qel::transformPoint(dragEye - center, dragRotation) + center,
-                                            qel::transformPoint(dragTarget - center, dragRotation) + center);
+    const bool isPlaced =
+        placeEyeAndTarget(qel::transformPoint(drag.eye - center, drag.rotation) + center,
+                          qel::transformPoint(drag.target - center, drag.rotation) + center);
     if (isPlaced && qel::isFinite(newUp)) {
         up = newUp;
     }
-    dragRotation.transpose();
-    dragInverse = dragRotation;
-    dragInverse.invert();
-    sphereStartView = qel::transformPoint(sphereStart, dragInverse);
-    sphereCurrentView = qel::transformPoint(sphereCurrent, dragInverse);
+    drag.rotation.transpose();
+    drag.inverse = drag.rotation;
+    drag.inverse.invert();
+    drag.sphereStartView = qel::transformPoint(drag.sphereStart, drag.inverse);
+    drag.sphereCurrentView = qel::transformPoint(drag.sphereCurrent, drag.inverse);
     return 1;
 }

@@ -10,23 +10,7 @@ constexpr double kFlat = 1e-6;
 
 }  // namespace
 
-CQelTrackBall::CQelTrackBall() {
-    dragRotation = qel::matrix<float>(4, 4);
-    dragRotation.setIdentity();
-    fovY = 27.0;
-    // Any value serves before the first resize; this one keeps every formula finite.
-    aspect = 1.0;
-    zNear = 0.001;
-    zFar = 50000.0;
-    viewport[2] = viewport[3] = 100;
-    up.set(0.0, 1.0, 0.0);
-    eye.z = 100.0;
-    sphereRadius = 100.0F;
-    extent = {10.0, 100.0, 10.0, 100.0, 10.0, 100.0};
-    modelviewDirty = projectionDirty = viewportDirty = true;
-    averageDepth = 0.9F;
-    depthStale = true;
-}
+CQelTrackBall::CQelTrackBall() = default;
 
 CQelTrackBall::~CQelTrackBall() {
     holdDisplay(nullptr);
@@ -68,12 +52,12 @@ IQelDisplay* CQelTrackBall::getDisplay() {
 }
 
 std::int32_t CQelTrackBall::onButtonUp() {
-    dragButton = 0;
+    drag.button = Drag::kNoButton;
     return 1;
 }
 
 std::int32_t CQelTrackBall::getDragButton() {
-    return dragButton;
+    return drag.button;
 }
 
 std::int32_t CQelTrackBall::isBusy() {

@@ -11,8 +11,6 @@ namespace {
 constexpr double kFarDepth = 0.97;
 constexpr float kLargeStep = 0.1F;
 constexpr double kSlowedStep = 0.067;
-constexpr double kNearestDepth = 1e-5;
-constexpr double kFarthestDepth = 0.99999;
 /// `pan` counts in hundredths of the view.
 constexpr float kPanSteps = 100.0F;
 
@@ -65,8 +63,8 @@ std::int32_t CQelTrackBall::zoomAt(float factor, std::int32_t x, std::int32_t y)
     if (!qel::areFinite(factor)) {
         return 1;
     }
-    const double mean = getMeanDepth();
-    const double depth = mean > kNearestDepth ? std::min(mean, kFarthestDepth) : kNearestDepth;
+    // Clamped again: the mean is kept in single precision, and may lie beyond a bound by its rounding.
+    const double depth = clampMeanDepth(getMeanDepth());
     const qel::XPnt3d point = unProject(static_cast<double>(x), static_cast<double>(y), depth);
     const bool slowed = factor > kLargeStep && !ortho && depth > kFarDepth;
     moveEyeAndTarget((point - eye) * (slowed ? kSlowedStep : static_cast<double>(factor)));
