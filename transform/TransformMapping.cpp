@@ -1,4 +1,5 @@
 #include "CQelTransform2d.h"
+#include "FlatBox.h"
 #include "PixelDepth.h"
 #include "QelGl.h"
 #include "QelTruncate.h"
@@ -35,10 +36,9 @@ bool CQelTransform2d::applyProjection() {
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     // Near is the larger number: depth grows upwards. Hosts draw maps in order, without the depth test.
-    const double top = viewExtent.hasZ() ? viewExtent.zmax : 0.0;
-    const double bottom = viewExtent.hasZ() ? viewExtent.zmin : 0.0;
-    glOrtho(viewExtent.xmin, viewExtent.xmax, viewExtent.ymin, viewExtent.ymax, top + kDepthMargin,
-            bottom - kDepthMargin);
+    const qel::Enve3d shown = qel::withZRange(viewExtent);
+    glOrtho(shown.xmin, shown.xmax, shown.ymin, shown.ymax, shown.zmax + kDepthMargin,
+            shown.zmin - kDepthMargin);
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     return true;

@@ -1,4 +1,5 @@
 #include "CQelTransform2d.h"
+#include "FlatBox.h"
 #include "QelStatus.h"
 
 CQelTransform2d::CQelTransform2d() = default;
@@ -38,7 +39,7 @@ std::int32_t CQelTransform2d::isPlanar() {
 std::int32_t CQelTransform2d::setModelExtent(qel::Enve3d extent) {
     modelExtent = extent;
     // A missing z range gives the origin no height.
-    origin.set(extent.xmin, extent.ymin, extent.hasZ() ? extent.zmin : 0.0);
+    origin.set(extent.xmin, extent.ymin, qel::withZRange(extent).zmin);
     modelExtent.offset(-origin.x, -origin.y, -origin.z);
     modelExtent.Normalize();
     return 0;

@@ -3,8 +3,8 @@
 #include <numbers>
 
 #include "CQelTrackBall.h"
-#include "EnvelopeBounds.h"
 #include "FiniteArguments.h"
+#include "FlatBox.h"
 #include "QelQuad.h"
 
 namespace {
@@ -51,13 +51,6 @@ StandardView standardView(std::uint32_t view) {
     return {};
 }
 
-/// Flat data lies at z = 0.
-void giveZ(qel::Enve3d& box) {
-    if (!box.hasZ()) {
-        box.zmin = box.zmax = 0.0;
-    }
-}
-
 }  // namespace
 
 std::int32_t CQelTrackBall::setExtent(qel::Enve3d newExtent, bool zoom) {
@@ -65,7 +58,7 @@ std::int32_t CQelTrackBall::setExtent(qel::Enve3d newExtent, bool zoom) {
         return -1;
     }
     const bool flat = !newExtent.hasZ();
-    giveZ(newExtent);
+    newExtent = qel::withZRange(newExtent);
     const double diagonal = newExtent.getDiagonal();
     if (!std::isfinite(diagonal * kFarDiagonals)) {
         return -1;
@@ -87,7 +80,7 @@ std::int32_t CQelTrackBall::zoomToExtent(qel::Enve3d box, bool precise) {
     if (!box.isValid() || !qel::isFinite(box)) {
         return -1;
     }
-    giveZ(box);
+    box = qel::withZRange(box);
     makeDisplayCurrent();
     rotationCenter = box.MidPoint();
     if (precise) {

@@ -4,6 +4,7 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
+#include "FlatBox.h"
 #include "PixelDepth.h"
 #include "PixelPackScope.h"
 #include "QelGl.h"
@@ -50,7 +51,7 @@ bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, do
     double sum = 0.0;
     std::size_t drawn = 0;
     for (std::size_t index = 0; index < area; ++index) {
-        if (depths[index] < 1.0F) {
+        if (depths[index] < qel::kBackgroundDepth) {
             sum += static_cast<double>(depths[index]);
             ++drawn;
         }
@@ -137,7 +138,8 @@ qel::XPnt3d CQelTrackBall::getModelPntAt(double x, double y) {
         return qel::XPnt3d::invalid();
     }
     const float depth = depthAt(x, y);
-    return depth >= 1.0F ? qel::XPnt3d::invalid() : unProject(x, y, static_cast<double>(depth));
+    return depth >= qel::kBackgroundDepth ? qel::XPnt3d::invalid()
+                                          : unProject(x, y, static_cast<double>(depth));
 }
 
 qel::XPnt3d CQelTrackBall::pickModelPnt(double x, double y) {
@@ -153,12 +155,10 @@ qel::XPnt3d CQelTrackBall::pickModelPnt(double x, double y) {
 }
 
 bool CQelTrackBall::isBoxInRect(const qel::Enve2d& rect, const qel::Enve3d& box) {
-    // Flat data lies at z = 0.
-    const double zmin = box.hasZ() ? box.zmin : 0.0;
-    const double zmax = box.hasZ() ? box.zmax : 0.0;
+    const qel::Enve3d solid = qel::withZRange(box);
     qel::Enve2d image;
     image.setInvalid();
-    for (const double z : {zmin, zmax}) {
+    for (const double z : {solid.zmin, solid.zmax}) {
         const qel::XPnt3d corners[] = {{box.xmin, box.ymin, z},
                                        {box.xmax, box.ymin, z},
                                        {box.xmax, box.ymax, z},
