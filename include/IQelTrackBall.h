@@ -153,7 +153,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t updateView() = 0;
     /// Vertical field of view in degrees; 27 at first.
     virtual double getFieldOfView() = 0;
-    /// Degrees above 0 and below 180; returns 0.
+    /// Degrees, at any finite value; OpenGL shows a scene in perspective above 0 and below 180 alone. Returns
+    /// 0.
     virtual std::int32_t setFieldOfView(double degrees) = 0;
     /// @{
     /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters take effect with

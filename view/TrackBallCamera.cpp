@@ -118,7 +118,7 @@ std::int32_t CQelTrackBall::setPerspective() {
 }
 
 std::int32_t CQelTrackBall::setFieldOfView(double degrees) {
-    if (!(degrees > 0.0 && degrees < 180.0)) {
+    if (!qel::areFinite(degrees)) {
         return 0;
     }
     fovY = degrees;
@@ -150,7 +150,10 @@ std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
     }
     const double halfHeight = std::tan(fovY * std::numbers::pi / 180.0 * 0.5) * distance;
     const double halfWidth = halfHeight * aspect;
-    orthoBox = {-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar};
+    // An angle whose tangent is no number, or a scene out of reach, leaves the box as it is.
+    if (qel::areFinite(halfWidth, halfHeight)) {
+        orthoBox = {-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar};
+    }
     return 0;
 }
 

@@ -28,13 +28,13 @@ std::int32_t CQelTrackBall::updateSphereRadius() {
     const double depth = projectPnt(rotationCenter).z;
     const float halfDiagonal = static_cast<float>(extent.getDiagonal() * 0.5);
     const float span = static_cast<float>(viewSpanAtDepth(depth));
-    // A view without a size has no sphere yet; the next resize computes it.
-    if (!(span > 0.0F) || !qel::areFinite(span)) {
-        return 0;
-    }
     const float radius = span * 0.5F > halfDiagonal ? halfDiagonal : span * 0.5F;
-    sphereRadius = radius;
-    sphereRadiusPx = radius * viewWidth / span;
+    const float radiusPx = radius * viewWidth / span;
+    // A view without a size has no sphere yet; the next resize computes it.
+    if (qel::areFinite(span, radiusPx)) {
+        sphereRadius = radius;
+        sphereRadiusPx = radiusPx;
+    }
     return 0;
 }
 

@@ -2,7 +2,9 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <limits>
+#include <string>
 
 #include "CQelTrackBall.h"
 #include "GlOracle.h"
@@ -143,13 +145,56 @@ TEST(Camera, KeepsTheShapeOfTheViewWhenTheFieldOfViewChanges) {
     }
 }
 
-TEST(Camera, RefusesAFieldOfViewThatIsNone) {
+TEST(Camera, RefusesAFieldOfViewThatIsNoNumber) {
     const ViewSubject view;
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    for (const double degrees :
-         {0.0, -10.0, 180.0, 360.0, kInfinity, -kInfinity, std::numeric_limits<double>::quiet_NaN()}) {
+    for (const double degrees : {kInfinity, -kInfinity, std::numeric_limits<double>::quiet_NaN()}) {
+        const CallTrace trace;
         EXPECT_EQ(view->setFieldOfView(degrees), 0);
         EXPECT_EQ(view->getFieldOfView(), 27.0);
+        EXPECT_TRUE(callsMatch(trace.glCalls(), {}));
+    }
+}
+
+TEST(Camera, TakesEveryFiniteFieldOfViewAndStaysFinite) {
+    const ViewSubject view(200, 100);
+    const glm::dmat4 usual = GlView::current().projectionMatrix();
+    for (const double degrees : {0.0, -10.0, 180.0, 360.0, 1e-300, -1e20, 1e300, 1.7e308}) {
+        SCOPED_TRACE(degrees);
+        const CallTrace trace;
+        EXPECT_EQ(view->setFieldOfView(degrees), 0);
+        EXPECT_EQ(view->getFieldOfView(), degrees);
+        EXPECT_TRUE(
+            callsMatch(trace.callsOf("gluPerspective"), {call("gluPerspective", degrees, 2, any, any)}));
+        EXPECT_EQ(trace.count("gluLookAt"), 1U);
+        view->zoomToModel(false);
+        view->zoomToModel(true);
+        view->zoomAt(0.05F, 20, 20);
+        for (const XPnt3d& point : {view->getEye(), view->getTarget(), view->getUp()}) {
+            EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z));
+        }
+        EXPECT_TRUE(std::isfinite(view->getPixelsPerUnit()));
+        EXPECT_EQ(view->setFieldOfView(27.0), 0);
+        EXPECT_TRUE(matrixIsNear(GlView::current().projection, usual, 0.0));
+    }
+}
+
+TEST(Camera, OfAnyFieldOfViewHasAFiniteBoxInOrthographicViews) {
+    const ViewSubject view(200, 100);
+    view->setOrtho();
+    for (const double degrees : {0.0, -10.0, 180.0, 360.0, 1e300, 1.7e308}) {
+        SCOPED_TRACE(degrees);
+        const CallTrace trace;
+        EXPECT_EQ(view->setFieldOfView(degrees), 0);
+        double sides[4] = {};
+        const std::string box = trace.callsOf("glOrtho").back();
+        ASSERT_EQ(std::sscanf(box.c_str(), "glOrtho(%lf, %lf, %lf, %lf", &sides[0], &sides[1], &sides[2],
+                              &sides[3]),
+                  4);
+        for (const double side : sides) {
+            EXPECT_TRUE(std::isfinite(side));
+        }
+        glGetError();
     }
 }
 
