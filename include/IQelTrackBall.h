@@ -227,9 +227,11 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) = 0;
     /// Moves the eye so that a window of the rectangle's size fills the view; the target stays, and
     /// orthographic views do not change. Only the larger of its two sides counts, each as a share of the
-    /// view's; a rectangle without any size moves nothing. The view is loaded again in every case. Returns 1.
+    /// view's. A rectangle without any size puts the eye on the target, where nothing is seen until the
+    /// camera is placed again: pass one of at least a pixel. The view is loaded again in every case.
+    /// Returns 1.
     virtual std::int32_t zoomInRect(const qel::PixelRect& rect) = 0;
-    /// The inverse of `zoomInRect`.
+    /// The inverse of `zoomInRect`; a rectangle without any size moves nothing.
     virtual std::int32_t zoomOutRect(const qel::PixelRect& rect) = 0;
 
   protected:

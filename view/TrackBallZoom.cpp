@@ -79,8 +79,9 @@ void CQelTrackBall::scaleEyeDistance(const qel::PixelRect& rect, bool inwards) {
     };
     const double share =
         static_cast<double>(std::max(side(rect.x1, rect.x2, viewWidth), side(rect.y1, rect.y2, viewHeight)));
-    // A rectangle without a size, or a view without one, would put the eye on the target or at infinity.
-    if (!ortho && share > 0.0 && qel::areFinite(share)) {
+    // A view without a size has no share to give. A rectangle without one puts the eye on the target, and the
+    // way back from there, which is infinite, is refused.
+    if (!ortho && qel::areFinite(share)) {
         placeEyeAndTarget(target + (eye - target) * (inwards ? share : 1.0 / share), target);
     }
     updateView();

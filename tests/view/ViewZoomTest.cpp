@@ -186,10 +186,92 @@ TEST_P(ZoomRect, LeavesOrthographicCamerasWhereTheyAre) {
 INSTANTIATE_TEST_SUITE_P(, ZoomRect, ::testing::ValuesIn(kRects),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST_F(Zoom, ToARectangleWithoutASizeMovesNothing) {
+TEST_F(Zoom, InToARectangleWithoutASizePutsTheEyeOnTheTarget) {
     EXPECT_EQ(view->zoomInRect({10, 10, 10, 10}), 1);
+    EXPECT_TRUE(isExactly(view->getEye(), target));
+    EXPECT_TRUE(isExactly(view->getTarget(), target));
+}
+
+TEST_F(Zoom, OutToARectangleWithoutASizeMovesNothing) {
     EXPECT_EQ(view->zoomOutRect({10, 10, 10, 10}), 1);
     EXPECT_TRUE(isExactly(view->getEye(), eye));
+    view->zoomInRect({10, 10, 10, 10});
+    EXPECT_EQ(view->zoomOutRect({10, 10, 10, 10}), 1);
+    EXPECT_TRUE(isExactly(view->getEye(), target));
+}
+
+struct NextCall {
+    const char* name;
+    void (*call)(CQelTrackBall& view);
+};
+
+const NextCall kNextCalls[] = {
+    {"nothing", [](CQelTrackBall&) {}},
+    {"onResize", [](CQelTrackBall& v) { v.onResize(100, 100); }},
+    {"moveBy", [](CQelTrackBall& v) { v.moveBy(1.0, 2.0, 3.0); }},
+    {"pan", [](CQelTrackBall& v) { v.pan(1.0, 2.0); }},
+    {"zoomAt", [](CQelTrackBall& v) { v.zoomAt(0.05F, 30, 70); }},
+    {"zoomOutRect",
+     [](CQelTrackBall& v) {
+         v.zoomOutRect({0, 0, 50, 50});
+     }},
+    {"zoomToModel", [](CQelTrackBall& v) { v.zoomToModel(false); }},
+    {"zoomToModel, precise", [](CQelTrackBall& v) { v.zoomToModel(true); }},
+    {"setOrtho",
+     [](CQelTrackBall& v) {
+         v.setOrtho();
+         v.refreshDepth();
+     }},
+    {"setFieldOfView", [](CQelTrackBall& v) { v.setFieldOfView(40.0); }},
+    {"setRotationCenterAt", [](CQelTrackBall& v) { v.setRotationCenterAt(20, 20); }},
+    {"applyStereoModelview", [](CQelTrackBall& v) { v.applyStereoModelview(3.0); }},
+    {"a rotation",
+     [](CQelTrackBall& v) {
+         v.onButtonDown(2, 20, 20);
+         v.onMouseMove(60, 30);
+         v.onButtonUp();
+     }},
+    {"a pan",
+     [](CQelTrackBall& v) {
+         v.onButtonDown(1, 20, 20);
+         v.onMouseMove(60, 30);
+         v.onButtonUp();
+     }},
+    {"applyMotion",
+     [](CQelTrackBall& v) {
+         const double values[] = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0};
+         v.applyMotion(values);
+     }},
+    {"the overlays",
+     [](CQelTrackBall& v) {
+         v.drawAxes();
+         v.drawLabel(0.0, 0.0, 0.0, 1.0, 1.0, "text");
+     }},
+};
+
+TEST_F(Zoom, OfAnEyeOnItsTargetGoesOnWithWhateverComesNext) {
+    for (const NextCall& next : kNextCalls) {
+        SCOPED_TRACE(next.name);
+        view->onResize(kTraceWidth, kTraceHeight);
+        view->setPerspective();
+        view->setCamera(eye, target, up);
+        view->zoomInRect({10, 10, 10, 10});
+        // The matrices print when they cannot be inverted.
+        ::testing::internal::CaptureStdout();
+        next.call(*view);
+        ::testing::internal::GetCapturedStdout();
+        for (const XPnt3d& point : {view->getEye(), view->getTarget(), view->getUp()}) {
+            EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z));
+        }
+        EXPECT_TRUE(std::isfinite(view->getPixelsPerUnit()));
+        view->setPerspective();
+        EXPECT_EQ(view->setStandardView(3), 1);
+        const XPnt3d middle = view->getTarget();
+        EXPECT_TRUE(view->isPntInView(middle.x, middle.y, middle.z));
+        EXPECT_GT(view->getPixelsPerUnit(), 0.0F);
+        view->setFieldOfView(27.0);
+        glGetError();
+    }
 }
 
 TEST_F(Zoom, ToARectangleOfAViewWithoutASizeMovesNothing) {
