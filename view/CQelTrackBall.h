@@ -132,10 +132,9 @@ class CQelTrackBall : public IQelTrackBall {
     double getMeanDepth();
     /// Copies the depth of the whole back buffer.
     void readDepthBuffer();
-    /// Reads back what the dirty flags name; returns 1 if nothing was dirty, else 0.
-    std::int32_t updateGlMatrices() {
-        return held.modelviewDirty || held.projectionDirty || held.viewportDirty ? readGlMatrices() : 1;
-    }
+    /// Reads back what the dirty flags name; returns 1 if nothing was dirty, else 0. A camera whose owner is
+    /// gone reads nothing and answers from what it has.
+    std::int32_t updateGlMatrices() { return held.isDirty() && !ownerGone ? readGlMatrices() : 1; }
     /// OpenGL's model-view matrix as a matrix for row vectors.
     void getModelViewMatrix(qel::matrix<double>& m);
 
@@ -163,6 +162,11 @@ class CQelTrackBall : public IQelTrackBall {
         bool modelviewDirty = true;
         bool projectionDirty = true;
         bool viewportDirty = true;
+
+        [[nodiscard]] bool isDirty() const noexcept {
+            return modelviewDirty || projectionDirty || viewportDirty;
+        }
+        void setDirty() noexcept { modelviewDirty = projectionDirty = viewportDirty = true; }
     };
     /// The drag that is under way, or the last one.
     struct Drag {

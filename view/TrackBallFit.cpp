@@ -102,7 +102,7 @@ void CQelTrackBall::fitQuickly(const qel::Enve3d& box) {
 }
 
 void CQelTrackBall::fitPrecisely(const qel::Enve3d& box) {
-    held.modelviewDirty = held.projectionDirty = held.viewportDirty = true;
+    held.setDirty();
     const double depth = projectPnt(rotationCenter).z;
     qel::Enve3d image;
     image.setInvalid();

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
@@ -96,7 +97,11 @@ const double* CQelTrackBall::getProjectionMatrix() {
 
 void CQelTrackBall::getModelViewMatrix(qel::matrix<double>& m) {
     double values[16] = {};
-    glGetDoublev(GL_MODELVIEW_MATRIX, values);
+    if (ownerGone) {
+        std::copy(std::begin(held.modelview), std::end(held.modelview), values);
+    } else {
+        glGetDoublev(GL_MODELVIEW_MATRIX, values);
+    }
     // OpenGL's columns become the rows of a matrix for row vectors.
     for (std::int32_t index = 0; index < 16; ++index) {
         m.setElement(index / 4, index % 4, values[index]);

@@ -30,7 +30,11 @@ void CQelTrackBall::holdDisplay(IQelDisplay* newDisplay) {
 std::int32_t CQelTrackBall::setDisplay(IQelDisplay* newDisplay) {
     if (newDisplay != display) {
         holdDisplay(newDisplay);
-        ownerGone = false;
+        if (ownerGone) {
+            // What is held is the gone context's.
+            held.setDirty();
+            ownerGone = false;
+        }
     }
     return 0;
 }

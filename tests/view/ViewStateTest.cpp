@@ -264,10 +264,50 @@ TEST_F(CameraDisplay, GoneWithTheOwnerLeavesTheStateOfOtherViewsAlone) {
     view->setOrtho();
     view->refreshDepth();
     EXPECT_EQ(view->getWidth(), 32.0F);
-    // Looking is allowed; changing is not.
-    const Calls looking = trace.calls("glGet", "gluProject", "gluUnProject");
-    EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), looking));
-    EXPECT_FALSE(looking.empty());
+    // Computing is allowed; OpenGL is neither changed nor asked.
+    const Calls computing = trace.calls("gluProject", "gluUnProject");
+    EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), computing));
+    EXPECT_FALSE(computing.empty());
+}
+
+TEST_F(CameraDisplay, GoneWithTheOwnerLeavesTheMatricesThatTheCameraHas) {
+    const GlSurface surface(64, 64);
+    view->setOwner(display.get());
+    view->setDisplay(display.get());
+    view->onResize(64, 64);
+    view->setCamera({3.0, 4.0, 5.0}, {}, {0.0, 1.0, 0.0});
+    const glm::dmat4 modelview = glm::make_mat4(view->getModelviewMatrix());
+    const glm::dmat4 projection = glm::make_mat4(view->getProjectionMatrix());
+    const XPnt3d pixel = view->project(1.0, 1.0, 1.0);
+    view->setViewport(1, 2, 30, 40);
+    view->ownerGoes();
+    // Another view's matrices.
+    const GlSurface ofAnotherView(32, 16);
+    glMatrixMode(GL_MODELVIEW);
+    glTranslated(7.0, 8.0, 9.0);
+    const CallTrace trace;
+    EXPECT_TRUE(matrixIsNear(view->getModelviewMatrix(), modelview, 0.0));
+    EXPECT_TRUE(matrixIsNear(view->getProjectionMatrix(), projection, 0.0));
+    EXPECT_EQ(view->getViewport()[2], 64);
+    EXPECT_TRUE(isExactly(view->project(1.0, 1.0, 1.0), pixel));
+    matrix<double> forRowVectors(4, 4);
+    view->getModelViewMatrix(forRowVectors);
+    EXPECT_TRUE(matrixIsNear(forRowVectors.elements(), modelview, 0.0));
+    EXPECT_EQ(view->updateGlMatrices(), 1);
+    EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), {call("gluProject", anyArguments)}));
+}
+
+TEST_F(CameraDisplay, ThatComesAfterTheOwnerIsAskedForItsMatrices) {
+    const GlSurface surface(64, 32);
+    view->setOwner(display.get());
+    view->setDisplay(display.get());
+    view->onResize(64, 32);
+    view->getViewport();
+    view->ownerGoes();
+    const GlSurface ofTheHost(20, 10);
+    view->setDisplay(other.get());
+    EXPECT_EQ(view->getViewport()[2], 20);
+    EXPECT_TRUE(matrixIsNear(view->getModelviewMatrix(), glm::dmat4(1.0), 0.0));
 }
 
 TEST_F(CameraDisplay, GoneWithTheOwnerStaysGoneUntilThereIsAnother) {
