@@ -103,7 +103,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// needs the same context for). Returns 1.
     virtual std::int32_t setRotationCenterAt(std::int32_t x, std::int32_t y) = 0;
     /// An orthographic standard view of an extent: looking from `target` - `direction` along `direction`. The
-    /// extent becomes the model's and its middle the rotation centre; the clipping distances stay. Returns 0.
+    /// extent becomes the model's and its middle the rotation centre; the clipping distances stay. A view
+    /// that no finite camera has changes nothing. Returns 0.
     virtual std::int32_t setOrthoView(qel::XPnt3d target, qel::XPnt3d direction, qel::XPnt3d up,
                                       qel::Enve3d extent) = 0;
     /// Switches to orthographic projection. The box that keeps the apparent size is rebuilt from the depth of
@@ -125,7 +126,7 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Precise fit: the extent's image, measured at the depth of its middle, fills the view; corners that lie
     /// nearer may reach beyond its edges. The extent's middle becomes the rotation centre. An extent of a
     /// single point collapses the view: the eye ends on its target. Returns 1; -1 for an extent that is not
-    /// valid, which changes nothing.
+    /// valid or that no finite camera fits, which changes nothing.
     virtual std::int32_t zoomToExtent(qel::Enve3d extent, bool precise) = 0;
     /// `zoomToExtent` of the model's extent.
     virtual std::int32_t zoomToModel(bool precise) = 0;

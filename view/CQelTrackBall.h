@@ -232,8 +232,8 @@ class CQelTrackBall : public IQelTrackBall {
     [[nodiscard]] static double clampMeanDepth(double depth);
     void panTo(double x, double y);
     void rotateTo(double x, double y);
-    void fitQuickly(const qel::Enve3d& box);
-    void fitPrecisely(const qel::Enve3d& box);
+    [[nodiscard]] qel::XPnt3d eyeOfQuickFit(const qel::Enve3d& box, const qel::XPnt3d& middle) const;
+    qel::XPnt3d eyeOfPreciseFit(const qel::Enve3d& box, const qel::XPnt3d& middle);
     /// Eye and target in one step. A place that is not finite is refused: no later step could leave it.
     bool placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget);
     void moveEyeAndTarget(const qel::XPnt3d& delta);

@@ -82,28 +82,25 @@ std::int32_t CQelTrackBall::zoomToExtent(qel::Enve3d box, bool precise) {
     }
     box = qel::withZRange(box);
     makeDisplayCurrent();
-    rotationCenter = box.MidPoint();
-    if (precise) {
-        fitPrecisely(box);
-    } else {
-        fitQuickly(box);
+    const qel::XPnt3d middle = box.MidPoint();
+    if (!placeEyeAndTarget(precise ? eyeOfPreciseFit(box, middle) : eyeOfQuickFit(box, middle), middle)) {
+        return -1;
     }
+    rotationCenter = middle;
     return updateViewAndSphere();
 }
 
-void CQelTrackBall::fitQuickly(const qel::Enve3d& box) {
-    if (!eye.isValid()) {
-        eye.set(0.0, 0.0, 0.0);
-    }
-    const double distance = qel::dist(target, eye);
+qel::XPnt3d CQelTrackBall::eyeOfQuickFit(const qel::Enve3d& box, const qel::XPnt3d& middle) const {
+    const qel::XPnt3d from = eye.isValid() ? eye : qel::XPnt3d();
+    const double distance = qel::dist(target, from);
     // An eye on its target has no direction to keep: it goes to the midpoint with it.
     const double factor = distance > 0.0 ? box.getDiagonal() * 0.5 / tanHalfFieldOfView() / distance : 0.0;
-    placeEyeAndTarget(rotationCenter + (eye - target) * factor, rotationCenter);
+    return middle + (from - target) * factor;
 }
 
-void CQelTrackBall::fitPrecisely(const qel::Enve3d& box) {
+qel::XPnt3d CQelTrackBall::eyeOfPreciseFit(const qel::Enve3d& box, const qel::XPnt3d& middle) {
     held.setDirty();
-    const double depth = projectPnt(rotationCenter).z;
+    const double depth = projectPnt(middle).z;
     qel::Enve3d image;
     image.setInvalid();
     for (const double x : {box.xmin, box.xmax}) {
@@ -119,31 +116,31 @@ void CQelTrackBall::fitPrecisely(const qel::Enve3d& box) {
     const double half = (width > height ? width : height) * 0.5;
     const double distance = half / tanHalfFieldOfView();
     // From where the eye is now: unlike the quick fit this one turns the camera towards the midpoint.
-    qel::XPnt3d direction = eye - rotationCenter;
+    qel::XPnt3d direction = eye - middle;
     direction.normalize();
-    placeEyeAndTarget(rotationCenter + direction * distance, rotationCenter);
+    return middle + direction * distance;
 }
 
 std::int32_t CQelTrackBall::setOrthoView(qel::XPnt3d newTarget, qel::XPnt3d direction, qel::XPnt3d newUp,
                                          qel::Enve3d newExtent) {
-    const qel::XPnt3d newEye = newTarget - direction;
-    if (!qel::isFinite(newTarget) || !qel::isFinite(newEye) || !qel::isFinite(newUp) ||
-        !qel::isFinite(newExtent)) {
+    if (!qel::isFinite(newUp) || !qel::isFinite(newExtent)) {
         return 0;
     }
-    target = newTarget;
-    eye = newEye;
+    const qel::XPnt3d newEye = newTarget - direction;
+    const qel::XPnt3d middle = newExtent.MidPoint();
+    const float distance = static_cast<float>(qel::dist(newTarget, newEye));
+    const double fitted =
+        static_cast<double>(static_cast<float>(newExtent.getDiagonal())) * 0.5 / tanHalfFieldOfView();
+    const float factor = distance > 0.0F ? static_cast<float>(fitted / static_cast<double>(distance)) : 0.0F;
+    if (!placeEyeAndTarget(middle + (newEye - newTarget) * static_cast<double>(factor), middle)) {
+        return 0;
+    }
     up = newUp;
     up.normalize();
     orthoPending = !ortho;
     ortho = true;
     extent = newExtent;
-    rotationCenter = extent.MidPoint();
-    const float distance = static_cast<float>(qel::dist(target, eye));
-    const double fitted =
-        static_cast<double>(static_cast<float>(extent.getDiagonal())) * 0.5 / tanHalfFieldOfView();
-    const float factor = distance > 0.0F ? static_cast<float>(fitted / static_cast<double>(distance)) : 0.0F;
-    placeEyeAndTarget(rotationCenter + (eye - target) * static_cast<double>(factor), rotationCenter);
+    rotationCenter = middle;
     updateOrthoBox(true);
     updateViewAndSphere();
     return 0;

@@ -83,6 +83,24 @@ TEST_F(Fit, RefusesExtentsThatAreNoneAndChangesNothing) {
     }
 }
 
+TEST_F(Fit, RefusesExtentsThatNoFiniteCameraFitsAndChangesNothing) {
+    const Enve3d before = view->getExtent();
+    const auto expectRefusal = [&](const Enve3d& box, bool precise) {
+        const CallTrace trace;
+        EXPECT_EQ(view->zoomToExtent(box, precise), -1);
+        EXPECT_EQ(trace.count("gluLookAt"), 0U);
+        EXPECT_TRUE(sameBox(view->getExtent(), before));
+        EXPECT_TRUE(isExactly(view->getEye(), eye));
+        EXPECT_TRUE(isExactly(view->getTarget(), target));
+        EXPECT_TRUE(isExactly(rotationCenter(), {1.0, 2.0, 3.0}));
+    };
+    // Half its diagonal over the tangent of half the field of view does not fit.
+    expectRefusal({0.0, 1e308, 0.0, 1e308, 0.0, 1e308}, false);
+    view->setFieldOfView(0.0);
+    expectRefusal({0.0, 1.0, 0.0, 1.0, 0.0, 1.0}, false);
+    expectRefusal({0.0, 1.0, 0.0, 1.0, 0.0, 1.0}, true);
+}
+
 TEST_F(Fit, QuicklyKeepsTheDirectionAtTheDistanceOfTheDiagonal) {
     RandomCameras random(100);
     for (int round = 0; round < 100; ++round) {

@@ -54,6 +54,28 @@ TEST_F(Placement, OrthoViewAlongNothingStaysFinite) {
     glGetError();
 }
 
+TEST_F(Placement, OrthoViewThatNoFiniteCameraHasChangesNothing) {
+    const Enve3d before = view->getExtent();
+    const auto expectRefusal = [&](const XPnt3d& newTarget, const XPnt3d& direction, const Enve3d& box) {
+        const CallTrace trace;
+        EXPECT_EQ(view->setOrthoView(newTarget, direction, {0.0, 1.0, 0.0}, box), 0);
+        EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), {}));
+        EXPECT_FALSE(view->isOrtho());
+        EXPECT_EQ(view->refreshDepth(), 0);
+        EXPECT_TRUE(sameBox(view->getExtent(), before));
+        EXPECT_TRUE(isExactly(view->getEye(), eye));
+        EXPECT_TRUE(isExactly(view->getTarget(), target));
+        EXPECT_TRUE(isExactly(view->getUp(), up));
+        EXPECT_TRUE(isExactly(rotationCenter(), {1.0, 2.0, 3.0}));
+    };
+    const Enve3d box{-2.0, 4.0, 1.0, 3.0, -3.0, 0.0};
+    expectRefusal({}, {0.0, 0.0, -1.0}, {0.0, 1e308, 0.0, 1e308, 0.0, 1e308});
+    expectRefusal({1.7e308, 0.0, 0.0}, {-1.7e308, 0.0, 0.0}, box);
+    view->setFieldOfView(0.0);
+    settle();
+    expectRefusal({}, {0.0, 0.0, -1.0}, box);
+}
+
 TEST_F(Placement, LooksAtATriangleFromFiftyUnits) {
     EXPECT_EQ(view->lookAtTriangle({1.0, 2.0, 3.0}, {5.0, 2.0, 3.0}, {5.0, 8.0, 3.0}), 1);
     EXPECT_TRUE(isExactly(view->getTarget(), {11.0, 12.0, 9.0}));
