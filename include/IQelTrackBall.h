@@ -33,7 +33,9 @@ struct PixelRect {
 /// window.
 ///
 /// Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y upwards, depth
-/// from 0 (near) to 1 (far, nothing drawn). A host flips the y of its mouse positions before it calls.
+/// from 0 (near) to 1 (far, nothing drawn). A host flips the y of its mouse positions before it calls. While
+/// a capture or `setViewport` shows the view at another size, they count that viewport's pixels; labels,
+/// tripod and questions of visibility follow it.
 ///
 /// The overlays (`drawTrackBall`, `drawAxes`, `drawFrame`, `drawLabel`) draw at once and need the display's
 /// context to be current, as it is in a draw bracket, with the camera loaded. They put back lighting, depth

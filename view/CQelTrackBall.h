@@ -17,10 +17,10 @@
 /// caches is what OpenGL holds, read back when a dirty flag says that it changed.
 ///
 /// TrackBallState.cpp holds construction and plain accessors, TrackBallCamera.cpp projection and placement,
-/// TrackBallDepth.cpp the depth of the scene, TrackBallPicking.cpp projection helpers and picking,
-/// TrackBallRotation.cpp the trackball, TrackBallDrag.cpp the drags, TrackBallZoom.cpp zoom and pan,
-/// TrackBallFit.cpp fitting and standard views, TrackBallOverlays.cpp rings and labels, TrackBallAxes.cpp the
-/// two frames.
+/// TrackBallViewport.cpp the viewport, TrackBallDepth.cpp the depth of the scene, TrackBallPicking.cpp
+/// projection helpers and picking, TrackBallRotation.cpp the trackball, TrackBallDrag.cpp the drags,
+/// TrackBallZoom.cpp zoom and pan, TrackBallFit.cpp fitting and standard views, TrackBallOverlays.cpp rings
+/// and labels, TrackBallAxes.cpp the two frames.
 class CQelTrackBall : public IQelTrackBall {
   public:
     CQelTrackBall();
@@ -150,7 +150,8 @@ class CQelTrackBall : public IQelTrackBall {
         double nearDistance = 0.0;
         double farDistance = 0.0;
     };
-    struct Mouse {
+    /// A position in pixels.
+    struct Place {
         double x = 0.0;
         double y = 0.0;
     };
@@ -184,8 +185,8 @@ class CQelTrackBall : public IQelTrackBall {
         qel::XPnt3d target;
         qel::XPnt3d up;
         /// @}
-        Mouse lastMouse;
-        Mouse pressMouse;
+        Place lastMouse;
+        Place pressMouse;
         /// @{
         /// Points of the sphere at the press and at the last move; for the overlay turned by the rotation.
         qel::XPnt3d sphereStart;
@@ -218,6 +219,15 @@ class CQelTrackBall : public IQelTrackBall {
             display->makeCurrent();
         }
     }
+    /// @{
+    /// From the pixels of the view to OpenGL's window coordinates and back. They are the same while the
+    /// viewport is the whole view; a capture, or `setViewport`, shows it at another size and place.
+    Place windowScale();
+    Place inWindow(double x, double y);
+    Place inView(double x, double y);
+    qel::Enve2d viewInWindow();
+    qel::XPnt3d unProjectOfView(double x, double y, double depth);
+    /// @}
     /// Window depth of a pixel of the back buffer; background outside of it.
     [[nodiscard]] float depthAt(double x, double y);
     void holdDisplay(IQelDisplay* newDisplay);

@@ -67,7 +67,7 @@ std::int32_t CQelTrackBall::drawAxes() {
     const double anchorX = static_cast<double>(viewWidth - kTripodInset);
     const double anchorY = static_cast<double>(viewHeight - kTripodInset);
     const double depth = ortho ? 0.5 : projectPnt(target).z;
-    const qel::XPnt3d anchor = unProject(anchorX, anchorY, depth);
+    const qel::XPnt3d anchor = unProjectOfView(anchorX, anchorY, depth);
     const double reach = ortho ? orthoBox.right : qel::dist(anchor, eye) * tanHalfFieldOfView();
     const double length = reach * (ortho ? kTripodShareInOrtho : kTripodShareInPerspective);
     glLineWidth(2.0F);

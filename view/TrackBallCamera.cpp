@@ -5,7 +5,6 @@
 #include "FiniteArguments.h"
 #include "QelGl.h"
 #include "QelQuad.h"
-#include "QelTruncate.h"
 
 std::int32_t CQelTrackBall::onResize(std::uint32_t width, std::uint32_t height) {
     // In single precision the next one is 2^31, which OpenGL would be given as a negative size.
@@ -22,20 +21,6 @@ std::int32_t CQelTrackBall::onResize(std::uint32_t width, std::uint32_t height) 
     updateView();
     updateSphereRadius();
     return 1;
-}
-
-std::int32_t CQelTrackBall::setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
-                                        std::int32_t height) {
-    if (!ownerGone) {
-        glViewport(x, y, width, height);
-        held.viewportDirty = true;
-    }
-    return 0;
-}
-
-std::int32_t CQelTrackBall::restoreViewport() {
-    return CQelTrackBall::setViewport(0, 0, qel::truncateToInt(static_cast<double>(viewWidth)),
-                                      qel::truncateToInt(static_cast<double>(viewHeight)));
 }
 
 std::int32_t CQelTrackBall::updateView() {
@@ -140,8 +125,8 @@ std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
         // precision.
         static_cast<void>(getMeanDepth());
         const double depth = getMeanDepth();
-        const qel::XPnt3d middle =
-            unProject(static_cast<double>(viewWidth * 0.5F), static_cast<double>(viewHeight * 0.5F), depth);
+        const qel::XPnt3d middle = unProjectOfView(static_cast<double>(viewWidth * 0.5F),
+                                                   static_cast<double>(viewHeight * 0.5F), depth);
         // Matrices with numbers that OpenGL cannot hold tell no distance. The extent does, and the box built
         // from it replaces them.
         if (qel::isFinite(middle)) {
@@ -165,9 +150,9 @@ double CQelTrackBall::viewSpanAtDepth(double depth) {
     if (isOrtho()) {
         return orthoBox.right - orthoBox.left;
     }
-    const qel::XPnt3d corner = unProject(0.0, 0.0, depth);
+    const qel::XPnt3d corner = unProjectOfView(0.0, 0.0, depth);
     // The view's width, laid off along the window's y axis: pixels are square, so both axes measure alike.
-    const qel::XPnt3d across = unProject(0.0, static_cast<double>(viewWidth), depth);
+    const qel::XPnt3d across = unProjectOfView(0.0, static_cast<double>(viewWidth), depth);
     return qel::dist(corner, across);
 }
 

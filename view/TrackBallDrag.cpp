@@ -87,8 +87,11 @@ void CQelTrackBall::panTo(double x, double y) {
     right.normalize();
     qel::XPnt3d upward = up;
     upward.normalize();
-    const float alongX = static_cast<float>(qel::truncateToInt(x - drag.lastMouse.x)) * unitsPerPixel;
-    const float alongY = static_cast<float>(qel::truncateToInt(y - drag.lastMouse.y)) * unitsPerPixel;
+    const Place scale = windowScale();
+    const float alongX =
+        static_cast<float>(qel::truncateToInt(x - drag.lastMouse.x) / scale.x) * unitsPerPixel;
+    const float alongY =
+        static_cast<float>(qel::truncateToInt(y - drag.lastMouse.y) / scale.y) * unitsPerPixel;
     const qel::XPnt3d delta = right * static_cast<double>(alongX) + upward * static_cast<double>(alongY);
     moveBy(delta.x, delta.y, delta.z);
 }
@@ -108,7 +111,7 @@ std::int32_t CQelTrackBall::applyMotion(const double* values) {
     onButtonUp();
     // Pressed outside the sphere's outline a drag starts on its rim and rolls the view about the line of
     // sight.
-    const double edge = static_cast<double>(sphereRadiusPx * 2.0F) + center.x;
+    const double edge = static_cast<double>(sphereRadiusPx * 2.0F) * windowScale().x + center.x;
     onButtonDown(Drag::kRotate, edge, center.y);
     onMouseMove(edge, center.y + values[5]);
     onButtonUp();

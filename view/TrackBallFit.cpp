@@ -181,7 +181,9 @@ float CQelTrackBall::getScreenCoverage(const qel::Enve3d& box) {
     }
     const qel::XPnt3d middle = box.MidPoint();
     const qel::XPnt3d rim = middle + up * (box.getDiagonal() * 0.5);
-    const double across = (projectPnt(rim) - projectPnt(middle)).norm_2d();
-    const double share = 2.0 * across / static_cast<double>(viewWidth);
+    const qel::XPnt3d across = projectPnt(rim) - projectPnt(middle);
+    const Place scale = windowScale();
+    const double share =
+        2.0 * std::hypot(across.x / scale.x, across.y / scale.y) / static_cast<double>(viewWidth);
     return static_cast<float>(share < 1.0 ? share : 1.0);
 }

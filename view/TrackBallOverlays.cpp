@@ -134,6 +134,8 @@ std::int32_t CQelTrackBall::drawLabel(double x, double y, double z, double dx, d
     if (!(window.z >= 0.0 && window.z <= 1.0)) {
         return -1;
     }
+    // The raster position passes the projection below, which spans the view, and the viewport.
+    const Place start = inView(window.x + dx, window.y + dy);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     gluOrtho2D(0.0, static_cast<double>(viewWidth), 0.0, static_cast<double>(viewHeight));
@@ -149,7 +151,7 @@ std::int32_t CQelTrackBall::drawLabel(double x, double y, double z, double dx, d
     va_end(values);
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
-    glRasterPos2f(static_cast<float>(window.x + dx), static_cast<float>(window.y + dy));
+    glRasterPos2f(static_cast<float>(start.x), static_cast<float>(start.y));
     printText(text);
     updateView();
     return 0;

@@ -22,12 +22,13 @@ constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
 constexpr int kNotANumberByte = 0xFF;
 constexpr double kOnPlane = 0.000001;
 
-/// Mean depth of what is drawn in the square around a window position; false if nothing is.
-bool meanDepthAround(double x, double y, double viewWidth, double viewHeight, double& mean) {
-    const double left = std::max(0.0, x - kPickReach);
-    const double bottom = std::max(0.0, y - kPickReach);
-    const double right = std::min(x + kPickReach, viewWidth - 1.0);
-    const double top = std::min(y + kPickReach, viewHeight - 1.0);
+/// Mean depth of what is drawn in the square around a window position, as far as it lies in the rectangle of
+/// the view; false if nothing is.
+bool meanDepthAround(double x, double y, const qel::Enve2d& view, double& mean) {
+    const double left = std::max({0.0, view.xmin, x - kPickReach});
+    const double bottom = std::max({0.0, view.ymin, y - kPickReach});
+    const double right = std::min(x + kPickReach, view.xmax - 1.0);
+    const double top = std::min(y + kPickReach, view.ymax - 1.0);
     // A pick outside the view leaves no square, and its bounds need not fit an integer.
     if (right <= left || top <= bottom) {
         return false;
@@ -78,11 +79,6 @@ std::int32_t CQelTrackBall::readGlMatrices() {
         held.viewportDirty = false;
     }
     return 0;
-}
-
-const std::int32_t* CQelTrackBall::getViewport() {
-    updateGlMatrices();
-    return held.viewport;
 }
 
 const double* CQelTrackBall::getModelviewMatrix() {
@@ -152,8 +148,7 @@ qel::XPnt3d CQelTrackBall::pickModelPnt(double x, double y) {
         return target;
     }
     double depth = static_cast<double>(depthAt(x, y));
-    if (depth >= 1.0 && (ownerGone || !meanDepthAround(x, y, static_cast<double>(viewWidth),
-                                                       static_cast<double>(viewHeight), depth))) {
+    if (depth >= 1.0 && (ownerGone || !meanDepthAround(x, y, viewInWindow(), depth))) {
         depth = getMeanDepth();
     }
     return unProject(x, y, depth);
@@ -179,21 +174,19 @@ bool CQelTrackBall::isBoxInRect(const qel::Enve2d& rect, const qel::Enve3d& box)
 }
 
 bool CQelTrackBall::isBoxVisible(const qel::Enve3d& box) {
-    return isBoxInRect(qel::Enve2d(0.0, 0.0, static_cast<double>(viewWidth), static_cast<double>(viewHeight)),
-                       box);
+    return isBoxInRect(viewInWindow(), box);
 }
 
 bool CQelTrackBall::isPntInView(double x, double y, double z) {
-    const double width = static_cast<double>(viewWidth);
-    const double height = static_cast<double>(viewHeight);
-    const qel::XPnt3d n00 = unProject(0.0, 0.0, 0.0);
-    const qel::XPnt3d n10 = unProject(width, 0.0, 0.0);
-    const qel::XPnt3d n01 = unProject(0.0, height, 0.0);
-    const qel::XPnt3d n11 = unProject(width, height, 0.0);
-    const qel::XPnt3d f00 = unProject(0.0, 0.0, 1.0);
-    const qel::XPnt3d f10 = unProject(width, 0.0, 1.0);
-    const qel::XPnt3d f01 = unProject(0.0, height, 1.0);
-    const qel::XPnt3d f11 = unProject(width, height, 1.0);
+    const qel::Enve2d view = viewInWindow();
+    const qel::XPnt3d n00 = unProject(view.xmin, view.ymin, 0.0);
+    const qel::XPnt3d n10 = unProject(view.xmax, view.ymin, 0.0);
+    const qel::XPnt3d n01 = unProject(view.xmin, view.ymax, 0.0);
+    const qel::XPnt3d n11 = unProject(view.xmax, view.ymax, 0.0);
+    const qel::XPnt3d f00 = unProject(view.xmin, view.ymin, 1.0);
+    const qel::XPnt3d f10 = unProject(view.xmax, view.ymin, 1.0);
+    const qel::XPnt3d f01 = unProject(view.xmin, view.ymax, 1.0);
+    const qel::XPnt3d f11 = unProject(view.xmax, view.ymax, 1.0);
     const qel::XPnt3d point(x, y, z);
     const auto inFront = [&](const qel::XPnt3d& a, const qel::XPnt3d& b, const qel::XPnt3d& c) {
         return qel::isPntInFront(a, b, c, point, kOnPlane) != 0;

@@ -55,8 +55,9 @@ std::int32_t CQelTrackBall::setRotationCenterAt(std::int32_t x, std::int32_t y) 
 void CQelTrackBall::mapToSphere(double x, double y, double* vector) {
     const qel::XPnt3d center = projectPnt(rotationCenter);
     const double radius = static_cast<double>(sphereRadiusPx);
-    const double px = inRadii(x - center.x, radius);
-    const double py = inRadii(y - center.y, radius);
+    const Place scale = windowScale();
+    const double px = inRadii((x - center.x) / scale.x, radius);
+    const double py = inRadii((y - center.y) / scale.y, radius);
     const double squared = px * px + py * py;
     if (squared > 1.0) {
         const float length = std::sqrt(static_cast<float>(squared));
