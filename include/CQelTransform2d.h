@@ -87,10 +87,11 @@ class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
     /// projection.
     bool resizeViewport();
     /// Widens an extent around its centre to the shape of a rectangle, keeping z. A rectangle without a size
-    /// leaves the extent as it is. `source` and `destination` may be the same.
+    /// gives bounds that are infinite or no numbers. `source` and `destination` may be the same.
     bool fitExtentToDevice(const qel::DeviceRect& rectangle, const qel::Enve3d& source,
                            qel::Enve3d& destination);
-    /// Has the next `applyProjection` widen the view extent to the shape of the device rectangle.
+    /// Has the next `applyProjection` widen the view extent to the shape of the device rectangle, which must
+    /// have a size then: a minimised window has none.
     void setFitPending(bool pending);
 
   protected:

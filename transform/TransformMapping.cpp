@@ -30,8 +30,7 @@ bool CQelTransform2d::applyProjection() {
             qel::truncateToInt(deviceExtent.xmin), qel::truncateToInt(deviceExtent.xmax),
             qel::truncateToInt(deviceExtent.ymin), qel::truncateToInt(deviceExtent.ymax)};
         fitExtentToDevice(rectangle, viewExtent, viewExtent);
-        // A minimised window has no shape to fit to: the next one does.
-        fitPending = rectangle.left == rectangle.right || rectangle.top == rectangle.bottom;
+        fitPending = false;
     }
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -56,11 +55,6 @@ bool CQelTransform2d::fitExtentToDevice(const qel::DeviceRect& rectangle, const 
                                         qel::Enve3d& destination) {
     const double width = static_cast<double>(rectangle.right) - rectangle.left;
     const double height = static_cast<double>(rectangle.bottom) - rectangle.top;
-    // Division by an empty rectangle would turn the extent into infinities that no later call gets out of.
-    if (width == 0.0 || height == 0.0) {
-        destination = source;
-        return true;
-    }
     const double scaleX = source.Width() / width;
     const double scaleY = source.HightY() / height;
     const double scale = scaleX > scaleY ? scaleX : scaleY;
