@@ -30,22 +30,25 @@ void recordSpace(HDC deviceContext, GLuint list) {
     glEndList();
 }
 
-}  // namespace
-
-void BitmapFont::build(HDC deviceContext) {
-    listBase = glGenLists(kCharacters);
-    // Without lists of our own the glyphs would overwrite lists of the host.
-    if (listBase == 0) {
-        return;
-    }
-    dc = wglGetCurrentDC();
-    rc = wglGetCurrentContext();
-    const HFONT font = createFont();
+/// The glyphs of a font as lists.
+void recordGlyphs(HDC deviceContext, HFONT font, GLuint listBase) {
     const HGDIOBJ previous = SelectObject(deviceContext, font);
     if (wglUseFontBitmapsW(deviceContext, kFirstCharacter, kCharacters, listBase) != FALSE) {
         recordSpace(deviceContext, listBase);
     }
     SelectObject(deviceContext, previous);
+}
+
+}  // namespace
+
+BitmapFont::BitmapFont(HDC deviceContext, HGLRC context)
+    : listBase(glGenLists(kCharacters)), dc(deviceContext), rc(context) {
+    // Without lists of our own the glyphs would overwrite lists of the host.
+    if (listBase == 0) {
+        return;
+    }
+    const HFONT font = createFont();
+    recordGlyphs(deviceContext, font, listBase);
     DeleteObject(font);
 }
 
@@ -58,6 +61,12 @@ void BitmapFont::draw(const char* text) const {
     glListBase(listBase - kFirstCharacter);
     glCallLists(static_cast<GLsizei>(std::strlen(text)), GL_UNSIGNED_BYTE, text);
     glPopAttrib();
+}
+
+void BitmapFont::follow(HDC deviceContext, HGLRC context) noexcept {
+    if (isIn(context)) {
+        dc = deviceContext;
+    }
 }
 
 void BitmapFont::destroy() {

@@ -102,7 +102,9 @@ class CQelScreenDisplay : public IQelScrDisplay {
     qel::ref_ptr<CQelGL> gl;
     CQelTrackBall* trackBall;
     qel::ref_ptr<qel::QelReferenced> attachedObject;
-    BitmapFont font;
+    /// The window's context has its font, and a context that the host lends has one too.
+    BitmapFont windowFont;
+    BitmapFont lentFont;
     ScreenCapture capture;
     bool glStateReady = false;
     CGL windowContext;

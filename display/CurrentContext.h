@@ -21,6 +21,8 @@ class CurrentContext {
         rc = wglGetCurrentContext();
         dc = wglGetCurrentDC();
     }
+    [[nodiscard]] HDC deviceContext() const noexcept { return dc; }
+    [[nodiscard]] HGLRC renderContext() const noexcept { return rc; }
     /// The context goes: if it is the remembered one, nothing is remembered.
     void forget(HGLRC going) noexcept {
         if (rc == going) {

@@ -107,7 +107,7 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
         releaseBitmap();
         return false;
     }
-    font.build(captureDC);
+    font = BitmapFont(captureDC, captureContext.renderContext());
     return true;
 }
 
@@ -193,6 +193,6 @@ void ScreenCapture::releaseBitmap() {
 }
 
 void ScreenCapture::releaseContext() {
-    font.forget();
+    font = BitmapFont();
     captureContext.destroyContext();
 }

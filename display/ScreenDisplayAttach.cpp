@@ -19,10 +19,11 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     area.ymin = client.top;
     area.ymax = client.bottom;
     area.Normalize();
-    // A context made before goes with its lists.
-    if (windowContext.isInitialised() && windowContext.renderContext() == renderContext) {
-        font.forget();
+    // The context that the window had goes, and with it the fonts in it.
+    if (lentFont.isIn(windowContext.renderContext())) {
+        lentFont = BitmapFont();
     }
+    windowFont = BitmapFont();
     const bool created = windowContext.createForWindow(
         qel::truncateToInt(area.Width()), qel::truncateToInt(area.HightY()), false, hwnd, stereoBuffers);
     if (!created) {
@@ -32,7 +33,7 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     deviceContext = qel::fromHandle(windowContext.deviceContext());
     renderContext = windowContext.renderContext();
     trackBall->setDisplay(this);
-    font.build(qel::toHandle<HDC>(deviceContext));
+    windowFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
     return 0;
 }
 
@@ -44,13 +45,14 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
     renderContext = qel::toHandle<HGLRC>(rc);
     stereo = false;
     trackBall->setDisplay(this);
+    lentFont.follow(qel::toHandle<HDC>(deviceContext), renderContext);
     if (glStateReady) {
         return 0;
     }
     // The window's context, also in the middle of a capture.
     wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext);
     setInitialState();
-    font.build(qel::toHandle<HDC>(deviceContext));
+    lentFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
     glStateReady = true;
     if (capture.isActive()) {
         capture.makeCurrent();

@@ -13,7 +13,9 @@ CQelScreenDisplay::~CQelScreenDisplay() {
     contextOfHost.forget(windowContext.renderContext());
     contextOfHost.forget(capture.renderContext());
     endCapture();
-    font.destroy();
+    lentFont.follow(contextOfHost.deviceContext(), contextOfHost.renderContext());
+    lentFont.destroy();
+    windowFont.destroy();
     trackBall->ownerGoes();
     trackBall->Release();
     cacheColor.reset();

@@ -19,6 +19,12 @@ std::int32_t CQelScreenDisplay::printText(const char* format, ...) {
     va_start(values, format);
     std::vsnprintf(text, sizeof text, format, values);
     va_end(values);
-    (capture.isActive() ? capture.textFont() : font).draw(text);
+    if (capture.isActive()) {
+        capture.textFont().draw(text);
+    } else if (windowFont.isIn(renderContext)) {
+        windowFont.draw(text);
+    } else if (lentFont.isIn(renderContext)) {
+        lentFont.draw(text);
+    }
     return 0;
 }
