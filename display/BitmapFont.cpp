@@ -30,9 +30,12 @@ void recordSpace(HDC deviceContext, GLuint list) {
     glEndList();
 }
 
-/// The glyphs of a font as lists.
+/// The glyphs of a font as lists. Without the font no list gets a glyph: the system would take its own font.
 void recordGlyphs(HDC deviceContext, HFONT font, GLuint listBase) {
-    const HGDIOBJ previous = SelectObject(deviceContext, font);
+    const HGDIOBJ previous = font != nullptr ? SelectObject(deviceContext, font) : nullptr;
+    if (previous == nullptr) {
+        return;
+    }
     if (wglUseFontBitmapsW(deviceContext, kFirstCharacter, kCharacters, listBase) != FALSE) {
         recordSpace(deviceContext, listBase);
     }

@@ -136,6 +136,20 @@ TEST(DisplayFault, OfListsKeepsTheListsOfTheHost) {
     EXPECT_EQ(trace.count("glCallLists"), 0U);
 }
 
+TEST(DisplayFault, OfTheFontLeavesTheTextInvisible) {
+    for (const char* const function : {"CreateFontW", "SelectObject", "wglUseFontBitmapsW"}) {
+        SCOPED_TRACE(function);
+        const TestWindow window(100, 50);
+        const HeldDisplay display;
+        {
+            CallTrace trace;
+            trace.answer(function, 0);
+            display.attach(window);
+        }
+        EXPECT_EQ(textPixels(display, window), 0U);
+    }
+}
+
 TEST(DisplayFault, OfAWindowThatIsGoneDrawsNothing) {
     std::int32_t gone = 0;
     {
