@@ -36,13 +36,10 @@ void buildLettersByHand(HDC dc) {
     constexpr DWORD kCount = 96;
     constexpr GLubyte kNoInk[] = {0};
     const GLuint lists = glGenLists(kCount);
-    wglGetCurrentDC();
-    wglGetCurrentContext();
     HFONT const font = CreateFontW(-18, 0, 0, 0, FW_THIN, FALSE, FALSE, FALSE, ANSI_CHARSET, OUT_TT_PRECIS,
                                    CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, L"Segoe UI");
     HGDIOBJ const previous = SelectObject(dc, font);
     wglUseFontBitmapsW(dc, kFirst, kCount, lists);
-    glGetError();
     INT advance = 0;
     GetCharWidth32W(dc, kFirst, kFirst, &advance);
     glNewList(lists, GL_COMPILE);

@@ -18,11 +18,9 @@ HFONT createFont() {
 }
 
 /// Some drivers refuse the empty bitmap that the system compiles for a character without ink, and words run
-/// together. One that points somewhere is taken by all. The error that a refusal leaves would be taken for
-/// the host's.
+/// together. One that points somewhere is accepted by all.
 void recordSpace(HDC deviceContext, GLuint list) {
     constexpr GLubyte kNoInk[] = {0};
-    glGetError();
     INT advance = 0;
     GetCharWidth32W(deviceContext, kFirstCharacter, kFirstCharacter, &advance);
     glNewList(list, GL_COMPILE);

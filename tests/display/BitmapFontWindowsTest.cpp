@@ -99,6 +99,25 @@ TEST(BitmapFont, OfALentContextGoesWithADisplayThatHasAWindowSince) {
     EXPECT_FALSE(glIsList(kListBase));
 }
 
+TEST(BitmapFont, IsBuiltWithoutTakingTheErrorThatWaitsForTheHost) {
+    const GlSurface surface;
+    for (const GLenum error : {GL_INVALID_ENUM, GL_INVALID_VALUE}) {
+        error == GL_INVALID_ENUM ? glEnable(GL_LINE) : glLineWidth(-1.0F);
+        const HeldDisplay display;
+        const CallTrace trace;
+        attachTo(display, surface);
+        EXPECT_EQ(trace.count("glGetError"), 0U);
+        EXPECT_EQ(pendingError(), error);
+    }
+}
+
+TEST(BitmapFont, IsBuiltWithoutLeavingAnError) {
+    const GlSurface surface;
+    const HeldDisplay display;
+    attachTo(display, surface);
+    EXPECT_EQ(pendingError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
 /// How the display, or OpenGL alone, comes to the second window of a context.
 class BitmapFontOfALostWindow : public ::testing::TestWithParam<bool> {};
 

@@ -61,9 +61,9 @@ class CaptureTraces : public Capture {
                 call("SetPixelFormat", section, any, bitmapFormat(bits)), call("wglCreateContext", section),
                 call("wglMakeCurrent", section, rc),
                 // Its font.
-                call("wglGetCurrentDC"), call("wglGetCurrentContext"), call("CreateFontW", anyArguments),
-                call("SelectObject", section, any), call("wglUseFontBitmapsW", section, 32, 96, any),
-                call("SelectObject", section, any), call("DeleteObject", any)};
+                call("CreateFontW", anyArguments), call("SelectObject", section, any),
+                call("wglUseFontBitmapsW", section, 32, 96, any), call("SelectObject", section, any),
+                call("DeleteObject", any)};
     }
 
     CallTrace trace;
