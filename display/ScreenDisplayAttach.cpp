@@ -26,14 +26,13 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     windowFont = BitmapFont();
     const bool created = windowContext.createForWindow(
         qel::truncateToInt(area.Width()), qel::truncateToInt(area.HightY()), false, hwnd, stereoBuffers);
-    if (!created) {
-        // The context that is current then is another view's: the font must not be built in it.
-        windowContext.makeCurrent();
-    }
     deviceContext = qel::fromHandle(windowContext.deviceContext());
     renderContext = windowContext.renderContext();
     trackBall->setDisplay(this);
-    windowFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
+    // Without a context of its own another view's is current, which is left alone.
+    if (created) {
+        windowFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
+    }
     return 0;
 }
 

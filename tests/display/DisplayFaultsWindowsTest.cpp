@@ -89,6 +89,10 @@ TEST_P(DisplayFaults, OfAnAttachLeaveAnotherViewAlone) {
         CallTrace trace;
         trace.answer(GetParam().function, 0, 1);
         display->attachWindow(number32(window.hwnd()), false);
+        if (!GetParam().hasContext) {
+            EXPECT_EQ(currentContext(), context);
+            EXPECT_EQ(trace.count("glGenLists"), 0U);
+        }
     }
     useFrame(display, window);
 
