@@ -48,11 +48,13 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
     if (glStateReady) {
         return 0;
     }
-    // The window's context, also in the middle of a capture.
-    wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext);
-    setInitialState();
-    lentFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
-    glStateReady = true;
+    // The lent context, also in the middle of a capture. Where it cannot be made current, another view's may
+    // be, which is left alone.
+    if (wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext) != FALSE) {
+        setInitialState();
+        lentFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
+        glStateReady = true;
+    }
     if (capture.isActive()) {
         capture.makeCurrent();
     }

@@ -1,7 +1,9 @@
 #include <optional>
 
 #include "DisplayFixtureWindows.h"
+#include "kit/GlSurface.h"
 #include "kit/Picture.h"
+#include "kit/StateSnapshot.h"
 
 namespace qel::test {
 namespace {
@@ -167,6 +169,31 @@ TEST(DisplayFault, OfAWindowThatIsGoneDrawsNothing) {
     useFrame(display, window);
     display.release();
     EXPECT_EQ(currentContext(), nullptr);
+}
+
+TEST(DisplayFault, OfALentContextLeavesAnotherViewAloneAndALaterAttachPreparesIt) {
+    const GlSurface lent;
+    const TestWindow window;
+    const HeldDisplay other;
+    other.attach(window);
+    const HGLRC context = currentContext();
+    const StateSnapshot before = StateSnapshot::take();
+    const HeldDisplay display;
+    {
+        CallTrace trace;
+        trace.answer("wglMakeCurrent", 0);
+        EXPECT_EQ(display->attachDC(number32(lent.dc()), number32(lent.rc())), 0);
+        EXPECT_TRUE(callsMatch(trace.glCalls(), {}));
+        EXPECT_EQ(trace.count("CreateFontW"), 0U);
+    }
+    EXPECT_EQ(currentContext(), context);
+    EXPECT_TRUE(changesOnly(before, StateSnapshot::take()));
+
+    EXPECT_EQ(display->attachDC(number32(lent.dc()), number32(lent.rc())), 0);
+    EXPECT_EQ(currentContext(), reinterpret_cast<HGLRC>(lent.rc()));
+    EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
+    glDisable(GL_LIGHTING);
+    EXPECT_GT(textPixels(display, window), 10U);
 }
 
 TEST(DisplayFault, OfTheFontInAHostsContextLeavesItsTextInvisible) {
