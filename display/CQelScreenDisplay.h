@@ -76,6 +76,7 @@ class CQelScreenDisplay : public IQelScrDisplay {
 
   private:
     void setInitialState();
+    void returnToCapture();
     void clearToBackColor();
     void resizeCache();
     void endCapture();

@@ -33,6 +33,7 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     if (created) {
         windowFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
     }
+    returnToCapture();
     return 0;
 }
 
@@ -55,10 +56,15 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
         lentFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
         glStateReady = true;
     }
+    returnToCapture();
+    return 0;
+}
+
+// A host that attaches in the middle of a capture goes on drawing into the bitmap.
+void CQelScreenDisplay::returnToCapture() {
     if (capture.isActive()) {
         capture.makeCurrent();
     }
-    return 0;
 }
 
 void CQelScreenDisplay::setInitialState() {

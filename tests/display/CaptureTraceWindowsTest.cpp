@@ -1,4 +1,5 @@
 #include "CaptureFixture.h"
+#include "kit/PictureComparison.h"
 #include "kit/StateSnapshot.h"
 
 namespace qel::test {
@@ -268,6 +269,30 @@ TEST_F(CaptureTraces, LeaveTheWindowToAHostThatAttachesItInTheMiddle) {
     EXPECT_EQ(currentContext(), context);
     EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
     EXPECT_EQ(glIsEnabled(GL_BLEND), GL_TRUE);
+}
+
+/// Whether the window gets a context again or not, the host's drawing goes on in the bitmap.
+TEST_F(CaptureTraces, StayInTheSectionWhenAWindowIsAttachedInTheMiddle) {
+    const TestWindow other(200, 100);
+    const Picture inWindow = windowFrame();
+    for (const bool works : {true, false}) {
+        SCOPED_TRACE(works);
+        ASSERT_EQ(begin(kWidth, kHeight), 0);
+        const HGLRC ofSection = currentContext();
+        const StateSnapshot inSection = StateSnapshot::take();
+        if (!works) {
+            trace.answer("ChoosePixelFormat", 0);
+        }
+        display->attachWindow(number32(other.hwnd()), false);
+        trace.passOn();
+        EXPECT_EQ(currentContext(), ofSection);
+        EXPECT_TRUE(changesOnly(inSection, StateSnapshot::take()));
+        drawHostsScene();
+        display->saveBitmap();
+        EXPECT_LT(compare(inWindow, pictureOf(file), 2).share, 0.005);
+        EXPECT_EQ(currentContext() != nullptr, works);
+        EXPECT_NE(currentContext(), ofSection);
+    }
 }
 
 }  // namespace
