@@ -16,10 +16,13 @@ class CurrentContext {
         }
     }
 
-    /// Remembers what is current now.
-    void remember() {
-        rc = wglGetCurrentContext();
-        dc = wglGetCurrentDC();
+    /// Remembers what is current now, unless that is the given one: it took the place of the remembered one.
+    void rememberUnless(HGLRC ours) {
+        const HGLRC current = wglGetCurrentContext();
+        if (current == nullptr || current != ours) {
+            rc = current;
+            dc = wglGetCurrentDC();
+        }
     }
     [[nodiscard]] HDC deviceContext() const noexcept { return dc; }
     [[nodiscard]] HGLRC renderContext() const noexcept { return rc; }

@@ -20,6 +20,7 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     area.ymax = client.bottom;
     area.Normalize();
     // The context that the window had goes, and with it the fonts in it.
+    contextOfHost.forget(windowContext.renderContext());
     if (lentFont.isIn(windowContext.renderContext())) {
         lentFont = BitmapFont();
     }

@@ -23,6 +23,7 @@ std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t 
     if (!canBeMapped(extent) || !ScreenCapture::fitsFile(width, height)) {
         return -1;
     }
+    contextOfHost.rememberUnless(capture.renderContext());
     endCapture();
     makeCurrent();
     GlStateCopy stateOfWindow;

@@ -9,9 +9,8 @@ CQelScreenDisplay::CQelScreenDisplay() : gl(new CQelGL()), trackBall(new CQelTra
 
 CQelScreenDisplay::~CQelScreenDisplay() {
     // The contexts made here go with the display; one that the host lent stays, and stays current.
-    contextOfHost.remember();
+    contextOfHost.rememberUnless(capture.renderContext());
     contextOfHost.forget(windowContext.renderContext());
-    contextOfHost.forget(capture.renderContext());
     endCapture();
     lentFont.follow(contextOfHost.deviceContext(), contextOfHost.renderContext());
     lentFont.destroy();

@@ -81,7 +81,8 @@ TEST_F(CaptureTraces, BeginWithTheSectionThenItsContextThenTheStateOfTheWindow) 
     // A driver whose 24-bit format has another order of channels gets a section of 32 bits.
     const bool inDeepSection = trace.count("CreateDIBSection") == 2;
 
-    Calls expected{makesCurrent(), call("CreateCompatibleDC", widened(window.dc()))};
+    Calls expected{call("wglGetCurrentContext"), call("wglGetCurrentDC"), makesCurrent(),
+                   call("CreateCompatibleDC", widened(window.dc()))};
     append(expected, sectionSelected(24));
     // Drivers of windows and of bitmaps may not hear of each other.
     append(expected, {call("wglGetCurrentContext"), call("wglMakeCurrent", nullptr, nullptr)});

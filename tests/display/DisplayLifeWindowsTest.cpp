@@ -288,10 +288,40 @@ TEST(DisplayLife, EndsInTheMiddleOfACaptureAndLeavesTheHostsContextCurrent) {
                 const_cast<GlSurface&>(surface).makeCurrent();
             }
             display.release();
+            // The window's context, which was current before, goes with the display.
             EXPECT_EQ(currentContext(), captureIsCurrent ? nullptr : reinterpret_cast<HGLRC>(surface.rc()));
         }
     }
     EXPECT_EQ(Census::now(), before);
+}
+
+TEST_F(TwoDisplays, EndInACaptureWithTheContextCurrentThatWasCurrentBefore) {
+    Enve2d extent(0, 0, 100, 50);
+    const QString file("never written.bmp");
+    const TestWindow window(100, 50);
+    // The second one replaces the first.
+    for (const int captures : {1, 2}) {
+        SCOPED_TRACE(captures);
+        HeldDisplay passing;
+        passing.attach(window);
+        second->makeCurrent();
+        for (int capture = 0; capture < captures; ++capture) {
+            ASSERT_EQ(passing->beginCapture(16, 16, &extent, file), 0);
+        }
+        ASSERT_NE(currentContext(), secondContext);
+        passing.release();
+        EXPECT_EQ(currentContext(), secondContext);
+    }
+    EXPECT_TRUE(drawn() == picture);
+}
+
+TEST_F(DisplayOnAHostsContext, StaysCurrentAfterADisplayThatEndsInACapture) {
+    attach(display);
+    Enve2d extent(0, 0, 128, 64);
+    ASSERT_EQ(display->beginCapture(16, 16, &extent, QString("never written.bmp")), 0);
+    ASSERT_NE(currentContext(), reinterpret_cast<HGLRC>(surface.rc()));
+    display.release();
+    EXPECT_EQ(currentContext(), reinterpret_cast<HGLRC>(surface.rc()));
 }
 
 TEST(DisplayLife, LeavesNothingBehindAfter200Displays) {
