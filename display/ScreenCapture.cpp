@@ -144,8 +144,7 @@ bool ScreenCapture::createSection(std::uint8_t depth) {
 void ScreenCapture::readPixels() {
     // The section's memory is only up to date once OpenGL has finished with it; the host may have left
     // another context current.
-    makeCurrent();
-    glFinish();
+    finishDrawing();
     // GDI fills in the size of the picture, which the file leaves at 0: so it gets a copy of the header.
     BITMAPINFO info{};
     info.bmiHeader = captureInfo;
@@ -176,11 +175,22 @@ bool ScreenCapture::write() {
     return true;
 }
 
-void ScreenCapture::releaseBitmap() {
-    if (captureBitmap != nullptr) {
-        // What was drawn and not read yet would be written into memory that is gone.
-        glFinish();
+// Once the pixels are read the device context is gone, and only a host that went on drawing is still there.
+void ScreenCapture::finishDrawing() {
+    if (!captureContext.isInitialised()) {
+        return;
     }
+    if (captureDC != nullptr) {
+        makeCurrent();
+    } else if (wglGetCurrentContext() != captureContext.renderContext()) {
+        return;
+    }
+    glFinish();
+}
+
+void ScreenCapture::releaseBitmap() {
+    // What was drawn and not read yet would be written into memory that is gone.
+    finishDrawing();
     if (captureDC != nullptr) {
         DeleteDC(captureDC);
         captureDC = nullptr;

@@ -38,6 +38,7 @@ class ScreenCapture {
   private:
     void releaseOtherContext() const;
     bool createSection(std::uint8_t depth);
+    void finishDrawing();
     void readPixels();
     [[nodiscard]] std::uint32_t pixelBytes() const noexcept { return captureWidth * captureHeight * 3; }
 

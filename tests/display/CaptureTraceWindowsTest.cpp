@@ -1,4 +1,5 @@
 #include "CaptureFixture.h"
+#include "kit/GlSurface.h"
 #include "kit/PictureComparison.h"
 #include "kit/StateSnapshot.h"
 
@@ -153,6 +154,7 @@ TEST_F(CaptureTraces, EndWithThePixelsThenTheFileThenTheWindow) {
                       call("WriteFile", any, any, 40, out, nullptr),
                       call("WriteFile", any, any, 15000, out, nullptr),
                       call("CloseHandle", any),
+                      call("wglGetCurrentContext"),
                       call("glFinish"),
                       call("DeleteObject", any),
                       call("wglMakeCurrent", section, nullptr),
@@ -270,6 +272,21 @@ TEST_F(CaptureTraces, LeaveTheWindowToAHostThatAttachesItInTheMiddle) {
     EXPECT_EQ(currentContext(), context);
     EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
     EXPECT_EQ(glIsEnabled(GL_BLEND), GL_TRUE);
+}
+
+TEST_F(CaptureTraces, OfACaptureThatIsDroppedFinishItInItsOwnContext) {
+    ASSERT_EQ(begin(100, 50), 0);
+    const HGLRC ofSection = currentContext();
+    display.own().makeCurrent();
+    const GlSurface ofSomebodyElse;
+    trace.clear();
+    ASSERT_EQ(begin(60, 40), 0);
+    const Calls calls = trace.calls("wglMakeCurrent", "glFinish", "DeleteDC", "DeleteObject");
+    const Calls expected{call("wglMakeCurrent", nullptr, nullptr), call("wglMakeCurrent", any, ofSection),
+                         call("glFinish"), call("DeleteDC", any), call("DeleteObject", any)};
+    EXPECT_TRUE(callsContain(calls, expected));
+    EXPECT_EQ(trace.count("glFinish"), 1U);
+    display->saveBitmap();
 }
 
 /// Whether the window gets a context again or not, the host's drawing goes on in the bitmap.
