@@ -61,6 +61,7 @@ class CGL {
     std::int32_t initialised = 0;
     std::int32_t width = 800;
     std::int32_t height = 600;
+    /// Part of a holder's state, though nothing reads it.
     std::int32_t defaultFieldOfView = 60;
     HGLRC hglrc = nullptr;
     HDC hdc = nullptr;

@@ -81,6 +81,9 @@ class CQelScreenDisplay : public IQelScrDisplay {
     void resizeCache();
     void endCapture();
 
+    // viewWidth, viewHeight, anchorPoint and frameMode are part of a display's state, though nothing reads
+    // them.
+
     /// Declared first, so that it acts last: after the members have given their contexts back.
     CurrentContext contextOfHost;
     std::int32_t windowHandle = 0;

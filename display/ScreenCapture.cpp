@@ -83,8 +83,6 @@ bool ScreenCapture::fitsFile(std::uint32_t width, std::uint32_t height) noexcept
 }
 
 bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height, const QString& fileName) {
-    releaseBitmap();
-    releaseContext();
     captureWidth = width;
     captureHeight = height;
     captureFileName = fileName;

@@ -18,8 +18,8 @@ class ScreenCapture {
     /// True if a bitmap of this size, in pixels, has a file whose size fits 32 bits.
     [[nodiscard]] static bool fitsFile(std::uint32_t width, std::uint32_t height) noexcept;
 
-    /// Gives back what an earlier capture holds, makes bitmap and context and makes the context current.
-    /// False, with nothing held, if one of them cannot be had.
+    /// Makes bitmap and context and makes the context current; nothing may be held from before. False, with
+    /// nothing held, if one of them cannot be had.
     bool begin(HDC display, std::uint32_t width, std::uint32_t height, const QString& fileName);
     /// Takes the pixels and writes the file: 54 bytes of headers, then the rows as GDI gives them, cut at
     /// width x height x 3 bytes. False if the file could not be created; everything but the device context is

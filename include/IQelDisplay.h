@@ -144,6 +144,7 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     ~IQelDisplay() override;
 
   private:
+    // Part of a display's state, though nothing reads them.
     std::int32_t displayWord0 = 0;
     std::int32_t displayWord1 = 0;
 };
