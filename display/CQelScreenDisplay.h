@@ -80,6 +80,7 @@ class CQelScreenDisplay : public IQelScrDisplay {
     void clearToBackColor();
     void resizeCache();
     void endCapture();
+    void returnToWindow();
 
     // viewWidth, viewHeight, anchorPoint and frameMode are part of a display's state, though nothing reads
     // them.
@@ -110,6 +111,8 @@ class CQelScreenDisplay : public IQelScrDisplay {
     BitmapFont windowFont;
     BitmapFont lentFont;
     ScreenCapture capture;
+    /// The camera has the viewport of the capture, and its matrices.
+    bool viewIsCaptures = false;
     bool glStateReady = false;
     CGL windowContext;
 };

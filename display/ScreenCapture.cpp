@@ -175,7 +175,7 @@ bool ScreenCapture::write() {
 
 // Once the pixels are read the device context is gone, and only a host that went on drawing is still there.
 void ScreenCapture::finishDrawing() {
-    if (!captureContext.isInitialised()) {
+    if (!isActive()) {
         return;
     }
     if (captureDC != nullptr) {

@@ -25,12 +25,17 @@ class ScreenCapture {
     /// width x height x 3 bytes. False if the file could not be created; everything but the device context is
     /// kept.
     bool write();
+    /// Waits for what was drawn into the bitmap, in its own context.
+    void finishDrawing();
     /// Gives pixels, bitmap and device context back.
     void releaseBitmap();
     /// Deletes the rendering context, after which no context is current.
     void releaseContext();
 
+    /// True while there is a picture: until it is written to its file, or dropped.
     [[nodiscard]] bool isActive() const noexcept { return captureContext.isInitialised(); }
+    /// True while the picture is drawn: until its pixels are taken.
+    [[nodiscard]] bool isDrawing() const noexcept { return isActive() && captureDC != nullptr; }
     [[nodiscard]] HGLRC renderContext() const noexcept { return captureContext.renderContext(); }
     void makeCurrent();
     [[nodiscard]] const BitmapFont& textFont() const noexcept { return font; }
@@ -38,7 +43,6 @@ class ScreenCapture {
   private:
     void releaseOtherContext() const;
     bool createSection(std::uint8_t depth);
-    void finishDrawing();
     void readPixels();
     [[nodiscard]] std::uint32_t pixelBytes() const noexcept { return captureWidth * captureHeight * 3; }
 

@@ -63,7 +63,7 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
 
 // A host that attaches in the middle of a capture goes on drawing into the bitmap.
 void CQelScreenDisplay::returnToCapture() {
-    if (capture.isActive()) {
+    if (capture.isDrawing()) {
         capture.makeCurrent();
     }
 }

@@ -32,6 +32,7 @@ std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t 
         makeCurrent();
         return -1;
     }
+    viewIsCaptures = true;
     makeCurrent();
     // The host draws with the state it knows from its window.
     stateOfWindow.put();
@@ -63,6 +64,13 @@ void CQelScreenDisplay::endCapture() {
     }
     capture.releaseBitmap();
     capture.releaseContext();
+    makeCurrent();
+}
+
+// Also after a save without a file: the pixels are read, and nothing more can be drawn into the bitmap.
+void CQelScreenDisplay::returnToWindow() {
+    viewIsCaptures = false;
+    capture.finishDrawing();
     makeCurrent();
     trackBall->restoreViewport();
     trackBall->setDisplay(this);

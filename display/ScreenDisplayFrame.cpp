@@ -21,10 +21,12 @@ void drawMarker() {
 }  // namespace
 
 std::int32_t CQelScreenDisplay::makeCurrent() {
-    if (capture.isActive()) {
+    if (!viewIsCaptures) {
+        wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext);
+    } else if (capture.isDrawing()) {
         capture.makeCurrent();
     } else {
-        wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext);
+        returnToWindow();
     }
     return 0;
 }

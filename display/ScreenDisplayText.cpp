@@ -19,7 +19,7 @@ std::int32_t CQelScreenDisplay::printText(const char* format, ...) {
     va_start(values, format);
     std::vsnprintf(text, sizeof text, format, values);
     va_end(values);
-    if (capture.isActive()) {
+    if (capture.isDrawing()) {
         capture.textFont().draw(text);
     } else if (windowFont.isIn(renderContext)) {
         windowFont.draw(text);

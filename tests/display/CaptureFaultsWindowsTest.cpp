@@ -1,4 +1,7 @@
+#include <tuple>
+
 #include "CaptureFixture.h"
+#include "kit/PictureComparison.h"
 
 namespace qel::test {
 namespace {
@@ -124,6 +127,48 @@ TEST_F(CaptureHandles, OfACaptureThatCannotBeWrittenAreKeptAndTheDisplayStaysInT
     GLint viewport[4] = {};
     glGetIntegerv(GL_VIEWPORT, viewport);
     EXPECT_EQ(viewport[2], 100);
+}
+
+TEST_F(CaptureHandles, OfACaptureThatCannotBeWrittenLeaveTheWindowToItsNextFrame) {
+    const Picture inWindow = windowFrame();
+    const XPnt3d pixel = camera().projectPnt({5, 6, 7});
+    Enve2d extent = wholeView();
+    ASSERT_EQ(display->beginCapture(100, 50, &extent, unwritableName()), 0);
+    drawHostsScene();
+    EXPECT_NE(camera().projectPnt({5, 6, 7}).x, pixel.x);
+    EXPECT_EQ(display->saveBitmap(), 0);
+
+    EXPECT_TRUE(windowFrame() == inWindow);
+    EXPECT_EQ(currentContext(), context);
+    const XPnt3d again = camera().projectPnt({5, 6, 7});
+    EXPECT_EQ(std::tie(again.x, again.y, again.z), std::tie(pixel.x, pixel.y, pixel.z));
+    const CallTrace trace;
+    display->finishFrame();
+    EXPECT_TRUE(callsMatch(trace.callsOf("SwapBuffers"), {swaps()}));
+    display->restoreCache();
+    EXPECT_LT(compare(inWindow, Picture::ofFrame({0, 0, kWidth, kHeight}, GL_BACK)).share, 0.001);
+    display->endDraw();
+}
+
+/// Frames of the window between the attempts change nothing in the picture that is kept.
+TEST_F(CaptureHandles, OfAPictureThatIsSavedAgainAfterFramesOfTheWindowHoldWhatWasCaptured) {
+    ASSERT_EQ(begin(100, 50), 0);
+    drawHostsScene();
+    display->saveBitmap();
+    const std::vector<std::uint8_t> expected = file.bytes();
+    ASSERT_EQ(begin(100, 50), 0);
+    drawHostsScene();
+    CallTrace trace;
+    trace.answer("CreateFileW", kNoFile);
+    display->saveBitmap();
+    display->setBackColor({0, 1, 0});
+    windowFrame();
+    display->finishFrame();
+    display->saveBitmap();
+    trace.passOn();
+    EXPECT_EQ(display->saveBitmap(), 0);
+    EXPECT_TRUE(file.bytes() == expected);
+    EXPECT_EQ(currentContext(), context);
 }
 
 TEST_F(CaptureHandles, OfAFileThatBecomesWritableAreGivenBackByTheNextSave) {
