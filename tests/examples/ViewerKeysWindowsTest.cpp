@@ -212,12 +212,29 @@ TEST_F(ViewerCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
 }
 
 TEST_F(ViewerCaptures, AreReportedWhenTheyCannotBeWritten) {
+    const qel::test::Picture before = picture();
     EXPECT_FALSE(viewer->capture("absent/a.bmp"));
     EXPECT_EQ(stage().annotations().notice,
               "The capture a.bmp cannot be written; choose another folder or name");
     // The view draws on as before.
+    stage().annotations().notice.clear();
+    EXPECT_TRUE(picture() == before);
     play("key C");
     EXPECT_TRUE(std::filesystem::exists("qelview-001.bmp"));
+}
+
+TEST_F(ViewerCaptures, DoNotTakeWhatStandsUnderTheirNameForThePicture) {
+    ASSERT_TRUE(viewer->capture("locked.bmp"));
+    HANDLE const locked = CreateFileW(L"locked.bmp", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(locked, INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(viewer->capture("locked.bmp"));
+    CloseHandle(locked);
+    EXPECT_TRUE(qelview::readBitmap("locked.bmp").has_value());
+    std::filesystem::create_directory("folder.bmp");
+    EXPECT_FALSE(viewer->capture("folder.bmp"));
+    EXPECT_TRUE(std::filesystem::is_directory("folder.bmp"));
+    EXPECT_EQ(stage().annotations().notice,
+              "The capture folder.bmp cannot be written; choose another folder or name");
 }
 
 /// Which of the three writes of a capture fail: 0 all, 3 the pixels.

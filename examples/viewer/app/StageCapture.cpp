@@ -1,6 +1,5 @@
 #include <QString>
 #include <cstdint>
-#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -12,9 +11,18 @@ namespace qelview {
 
 namespace {
 
-/// The display reports no failure of a file and stays in its capture: so this is asked before.
-bool canBeWritten(const std::filesystem::path& file) {
-    return std::ofstream(file, std::ios::binary | std::ios::trunc).good();
+/// The display reports no failure of a file: what is there after a capture must not be from before it.
+bool removeOldPicture(const std::filesystem::path& file) {
+    std::error_code error;
+    return !std::filesystem::is_regular_file(file, error) || std::filesystem::remove(file, error);
+}
+
+CaptureEnd endOf(const std::filesystem::path& file, std::uint32_t width, std::uint32_t height) {
+    std::error_code error;
+    if (!std::filesystem::exists(file, error) || std::filesystem::is_directory(file, error)) {
+        return CaptureEnd::NotWritten;
+    }
+    return endOf(file, width, height);
 }
 
 }  // namespace
@@ -25,7 +33,7 @@ std::string reasonOf(CaptureEnd end) {
 }
 
 CaptureEnd Stage::capture(const std::filesystem::path& file) {
-    if (!canBeWritten(file)) {
+    if (!removeOldPicture(file)) {
         return CaptureEnd::NotWritten;
     }
     const auto wholeWidth = static_cast<std::uint32_t>(camera().getWidth());
@@ -33,11 +41,7 @@ CaptureEnd Stage::capture(const std::filesystem::path& file) {
     const auto height = static_cast<std::uint32_t>(camera().getHeight());
     chooseClippingDistances();
     qel::Enve2d part(0.0, 0.0, width, height);
-    std::error_code error;
     if (display->beginCapture(width, height, &part, QString::fromStdWString(file.wstring())) != 0) {
-        if (std::filesystem::is_regular_file(file, error)) {
-            std::filesystem::remove(file, error);
-        }
         return CaptureEnd::NotWritten;
     }
     Annotations shown;
