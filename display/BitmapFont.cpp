@@ -42,14 +42,13 @@ void recordGlyphs(HDC deviceContext, HFONT font, GLuint listBase) {
 
 }  // namespace
 
-BitmapFont::BitmapFont(HDC deviceContext, HGLRC context)
-    : listBase(glGenLists(kCharacters)), dc(deviceContext), rc(context) {
+BitmapFont::BitmapFont(const ContextBinding& current) : listBase(glGenLists(kCharacters)), home(current) {
     // Without lists of our own the glyphs would overwrite lists of the host.
     if (listBase == 0) {
         return;
     }
     const HFONT font = createFont();
-    recordGlyphs(deviceContext, font, listBase);
+    recordGlyphs(home.dc, font, listBase);
     DeleteObject(font);
 }
 
@@ -64,14 +63,14 @@ void BitmapFont::draw(const char* text) const {
     glPopAttrib();
 }
 
-void BitmapFont::follow(HDC deviceContext, HGLRC context) noexcept {
-    if (isIn(context)) {
-        dc = deviceContext;
+void BitmapFont::follow(const ContextBinding& binding) noexcept {
+    if (isIn(binding.rc)) {
+        home = binding;
     }
 }
 
 void BitmapFont::destroy() {
-    if (listBase != 0 && wglMakeCurrent(dc, rc) != FALSE) {
+    if (listBase != 0 && home.makeCurrent()) {
         glDeleteLists(listBase, kCharacters);
     }
     listBase = 0;

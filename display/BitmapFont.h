@@ -2,30 +2,29 @@
 
 #include <cstdint>
 
-#include "QelSystem.h"
+#include "CurrentContext.h"
 
 /// The characters 32 to 127 of a font as OpenGL display lists. The lists live in the context in which they
-/// were built, and only that context's lists are ever drawn with or deleted.
+/// were built, and only that context's lists are ever drawn or deleted.
 class BitmapFont {
   public:
     /// A font without lists: text is invisible.
     BitmapFont() = default;
-    /// Builds the lists in a context, which is current on the device context. A font or lists that cannot be
-    /// had leave text invisible.
-    BitmapFont(HDC deviceContext, HGLRC context);
+    /// Builds the lists in a context, which is current. A font or lists that cannot be had leave text
+    /// invisible.
+    explicit BitmapFont(const ContextBinding& current);
 
     /// True if the lists live in this context.
-    [[nodiscard]] bool isIn(HGLRC context) const noexcept { return listBase != 0 && context == rc; }
+    [[nodiscard]] bool isIn(HGLRC context) const noexcept { return listBase != 0 && context == home.rc; }
     /// Draws text at the current raster position of the current context, which must be that of the lists.
     void draw(const char* text) const;
-    /// The context was made current on another device context: the one it was built on may be gone.
-    void follow(HDC deviceContext, HGLRC context) noexcept;
+    /// Where the context was made current since: the device context it was built on may be gone.
+    void follow(const ContextBinding& binding) noexcept;
     /// Makes the context of the lists current and deletes them; nothing if they or their context are gone.
     void destroy();
 
   private:
     /// 0 is no list: OpenGL answers it when it has none to give.
     std::uint32_t listBase = 0;
-    HDC dc = nullptr;
-    HGLRC rc = nullptr;
+    ContextBinding home;
 };

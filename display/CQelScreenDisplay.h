@@ -75,6 +75,10 @@ class CQelScreenDisplay : public IQelScrDisplay {
     ~CQelScreenDisplay() override;
 
   private:
+    /// The context of the window, or the lent one.
+    [[nodiscard]] ContextBinding binding() const noexcept {
+        return {qel::toHandle<HDC>(deviceContext), renderContext};
+    }
     void setInitialState();
     void returnToCapture();
     void clearToBackColor();

@@ -105,7 +105,7 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
         releaseBitmap();
         return false;
     }
-    font = BitmapFont(captureDC, captureContext.renderContext());
+    font = BitmapFont({captureDC, captureContext.renderContext()});
     return true;
 }
 

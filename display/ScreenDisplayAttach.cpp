@@ -32,7 +32,7 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     trackBall->setDisplay(this);
     // Without a context of its own another view's is current, which is left alone.
     if (created) {
-        windowFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
+        windowFont = BitmapFont(binding());
     }
     returnToCapture();
     return 0;
@@ -46,15 +46,15 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
     renderContext = qel::toHandle<HGLRC>(rc);
     stereo = false;
     trackBall->setDisplay(this);
-    lentFont.follow(qel::toHandle<HDC>(deviceContext), renderContext);
+    lentFont.follow(binding());
     if (glStateReady) {
         return 0;
     }
     // The lent context, also in the middle of a capture. Where it cannot be made current, another view's may
     // be, which is left alone.
-    if (wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext) != FALSE) {
+    if (binding().makeCurrent()) {
         setInitialState();
-        lentFont = BitmapFont(qel::toHandle<HDC>(deviceContext), renderContext);
+        lentFont = BitmapFont(binding());
         glStateReady = true;
     }
     returnToCapture();

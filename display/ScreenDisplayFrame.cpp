@@ -22,7 +22,7 @@ void drawMarker() {
 
 std::int32_t CQelScreenDisplay::makeCurrent() {
     if (!viewIsCaptures) {
-        wglMakeCurrent(qel::toHandle<HDC>(deviceContext), renderContext);
+        binding().makeCurrent();
     } else if (capture.isDrawing()) {
         capture.makeCurrent();
     } else {

@@ -9,10 +9,10 @@ CQelScreenDisplay::CQelScreenDisplay() : gl(new CQelGL()), trackBall(new CQelTra
 
 CQelScreenDisplay::~CQelScreenDisplay() {
     // The contexts made here go with the display; one that the host lent stays, and stays current.
-    contextOfHost.rememberUnless(capture.renderContext());
+    contextOfHost.rememberUnless(ContextBinding::current(), capture.renderContext());
     contextOfHost.forget(windowContext.renderContext());
     endCapture();
-    lentFont.follow(contextOfHost.deviceContext(), contextOfHost.renderContext());
+    lentFont.follow(contextOfHost.remembered());
     lentFont.destroy();
     windowFont.destroy();
     trackBall->ownerGoes();
