@@ -4,6 +4,7 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -82,6 +83,12 @@ bool ScreenCapture::fitsFile(std::uint32_t width, std::uint32_t height) noexcept
     return height <= (kLargestFile - kHeaderBytes) / kBytesPerPixel / width;
 }
 
+bool ScreenCapture::fitsDriver(std::uint32_t width, std::uint32_t height) {
+    GLint largest[2] = {INT32_MAX, INT32_MAX};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largest);
+    return std::cmp_less_equal(width, largest[0]) && std::cmp_less_equal(height, largest[1]);
+}
+
 bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height, const QString& fileName) {
     captureWidth = width;
     captureHeight = height;
@@ -94,19 +101,20 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
     captureInfo.biPlanes = 1;
     captureInfo.biBitCount = kFileDepth;
     capturePixels.reset(new (std::nothrow) std::uint8_t[paddedRowBytes(width) * height]);
-    if (!capturePixels || !createSection(kFileDepth)) {
+    // The bitmap may be drawn by another driver than the window, with another limit.
+    if (!capturePixels || !createSection(kFileDepth) || !createContext() || !fitsDriver(width, height)) {
         releaseBitmap();
-        return false;
-    }
-    releaseOtherContext();
-    const std::uint8_t depth = depthThatIsDrawnRight(captureDC);
-    if ((depth != kFileDepth && !createSection(depth)) || !captureContext.createForDC(captureDC, depth)) {
-        captureContext.dropLeftovers();
-        releaseBitmap();
+        releaseContext();
         return false;
     }
     font = BitmapFont({captureDC, captureContext.renderContext()});
     return true;
+}
+
+bool ScreenCapture::createContext() {
+    releaseOtherContext();
+    const std::uint8_t depth = depthThatIsDrawnRight(captureDC);
+    return (depth == kFileDepth || createSection(depth)) && captureContext.createForDC(captureDC, depth);
 }
 
 // Where contexts of windows and of bitmaps are served by two libraries that do not hear of each other, the
@@ -203,4 +211,5 @@ void ScreenCapture::releaseBitmap() {
 void ScreenCapture::releaseContext() {
     font = BitmapFont();
     captureContext.destroyContext();
+    captureContext.dropLeftovers();
 }

@@ -17,6 +17,8 @@ class ScreenCapture {
 
     /// True if a bitmap of this size, in pixels, has a file whose size fits 32 bits.
     [[nodiscard]] static bool fitsFile(std::uint32_t width, std::uint32_t height) noexcept;
+    /// True if the driver of the current context draws as far as the corners of a bitmap of this size.
+    [[nodiscard]] static bool fitsDriver(std::uint32_t width, std::uint32_t height);
 
     /// Makes bitmap and context and makes the context current; nothing may be held from before. False, with
     /// nothing held, if one of them cannot be had.
@@ -43,6 +45,7 @@ class ScreenCapture {
   private:
     void releaseOtherContext() const;
     bool createSection(std::uint8_t depth);
+    bool createContext();
     void readPixels();
     [[nodiscard]] std::uint32_t pixelBytes() const noexcept { return captureWidth * captureHeight * 3; }
 

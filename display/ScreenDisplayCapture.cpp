@@ -10,22 +10,51 @@
 namespace {
 
 /// An extent without a size would scale the view to infinity.
-bool canBeMapped(const qel::Enve2d* extent) {
-    return extent != nullptr && std::isfinite(extent->xmin) && std::isfinite(extent->ymin) &&
-           std::isfinite(extent->width()) && std::isfinite(extent->hight()) && extent->width() != 0.0 &&
-           extent->hight() != 0.0;
+bool hasSize(const qel::Enve2d* extent) {
+    return extent != nullptr && extent->isValid() && std::isfinite(extent->width()) &&
+           std::isfinite(extent->hight()) && extent->width() > 0.0 && extent->hight() > 0.0;
 }
+
+/// Where the bitmap shows a view of which it holds an extent.
+struct Viewport {
+    std::int32_t x;
+    std::int32_t y;
+    std::int32_t width;
+    std::int32_t height;
+
+    Viewport(const qel::Enve2d& extent, std::uint32_t bitmapWidth, std::uint32_t bitmapHeight,
+             double viewWidth, double viewHeight)
+        : x(qel::truncateToInt((0.0 - extent.xmin) / extent.width() * bitmapWidth)),
+          y(qel::truncateToInt((0.0 - extent.ymin) / extent.hight() * bitmapHeight)),
+          width(qel::truncateToInt(viewWidth / extent.width() * bitmapWidth)),
+          height(qel::truncateToInt(viewHeight / extent.hight() * bitmapHeight)) {}
+
+    /// The least integer stands for all numbers that are none.
+    [[nodiscard]] bool fitsIntegers() const noexcept {
+        return x != INT32_MIN && y != INT32_MIN && width != INT32_MIN && height != INT32_MIN;
+    }
+};
 
 }  // namespace
 
 std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t height, qel::Enve2d* extent,
                                              QString fileName) {
-    if (!canBeMapped(extent) || !ScreenCapture::fitsFile(width, height)) {
+    if (!hasSize(extent) || !ScreenCapture::fitsFile(width, height)) {
         return -1;
     }
-    contextOfHost.rememberUnless(capture.renderContext());
-    endCapture();
+    const Viewport viewport(*extent, width, height, static_cast<double>(trackBall->getWidth()),
+                            static_cast<double>(trackBall->getHeight()));
+    if (!viewport.fitsIntegers()) {
+        return -1;
+    }
+    const ContextBinding before = ContextBinding::current();
     makeCurrent();
+    if (!ScreenCapture::fitsDriver(width, height)) {
+        before.makeCurrent();
+        return -1;
+    }
+    contextOfHost.rememberUnless(before, capture.renderContext());
+    endCapture();
     GlStateCopy stateOfWindow;
     stateOfWindow.take();
     if (!capture.begin(qel::toHandle<HDC>(deviceContext), width, height, fileName)) {
@@ -36,14 +65,9 @@ std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t 
     makeCurrent();
     // The host draws with the state it knows from its window.
     stateOfWindow.put();
-    const double viewHeightPx = static_cast<double>(trackBall->getHeight());
-    const double viewWidthPx = static_cast<double>(trackBall->getWidth());
     GLint ignored[4] = {};
     glGetIntegerv(GL_VIEWPORT, ignored);
-    const auto mapX = [&](double pixels) { return qel::truncateToInt(pixels / extent->width() * width); };
-    const auto mapY = [&](double pixels) { return qel::truncateToInt(pixels / extent->hight() * height); };
-    trackBall->setViewport(mapX(0.0 - extent->xmin), mapY(0.0 - extent->ymin), mapX(viewWidthPx),
-                           mapY(viewHeightPx));
+    trackBall->setViewport(viewport.x, viewport.y, viewport.width, viewport.height);
     clearToBackColor();
     trackBall->updateView();
     setupLights();
