@@ -1,181 +1,244 @@
 #include "GlStateCopy.h"
 
+#include <cstdint>
+#include <iterator>
+
+#include "GlVersion.h"
+
 namespace {
 
-constexpr GLenum kCopiedCapabilities[] = {
-    GL_LIGHTING,       GL_LIGHT0,
-    GL_LIGHT1,         GL_LIGHT2,
-    GL_LIGHT3,         GL_LIGHT4,
-    GL_LIGHT5,         GL_LIGHT6,
-    GL_LIGHT7,         GL_DEPTH_TEST,
-    GL_BLEND,          GL_TEXTURE_2D,
-    GL_NORMALIZE,      GL_AUTO_NORMAL,
-    GL_CULL_FACE,      GL_LINE_SMOOTH,
-    GL_POINT_SMOOTH,   GL_POLYGON_SMOOTH,
-    GL_LINE_STIPPLE,   GL_ALPHA_TEST,
-    GL_DITHER,         GL_FOG,
-    GL_COLOR_LOGIC_OP, GL_POLYGON_OFFSET_FILL,
+constexpr GLenum kCapabilityNames[] = {
+    GL_LIGHTING,
+    GL_LIGHT0,
+    GL_LIGHT1,
+    GL_LIGHT2,
+    GL_LIGHT3,
+    GL_LIGHT4,
+    GL_LIGHT5,
+    GL_LIGHT6,
+    GL_LIGHT7,
     GL_COLOR_MATERIAL,
+    GL_NORMALIZE,
+    GL_AUTO_NORMAL,
+    GL_DEPTH_TEST,
+    GL_STENCIL_TEST,
+    GL_ALPHA_TEST,
+    GL_BLEND,
+    GL_COLOR_LOGIC_OP,
+    GL_DITHER,
+    GL_FOG,
+    GL_CULL_FACE,
+    GL_POINT_SMOOTH,
+    GL_LINE_SMOOTH,
+    GL_LINE_STIPPLE,
+    GL_POLYGON_SMOOTH,
+    GL_POLYGON_STIPPLE,
+    GL_POLYGON_OFFSET_FILL,
+    GL_POLYGON_OFFSET_LINE,
+    GL_POLYGON_OFFSET_POINT,
+    GL_TEXTURE_1D,
+    GL_TEXTURE_2D,
+    GL_TEXTURE_GEN_S,
+    GL_TEXTURE_GEN_T,
+    GL_TEXTURE_GEN_R,
+    GL_TEXTURE_GEN_Q,
 };
-constexpr GLenum kLightColorNames[] = {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR};
-constexpr GLenum kMaterialColorNames[] = {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR, GL_EMISSION};
-constexpr GLenum kAttenuationNames[] = {GL_CONSTANT_ATTENUATION, GL_LINEAR_ATTENUATION,
-                                        GL_QUADRATIC_ATTENUATION};
-constexpr GLenum kFogRangeNames[] = {GL_FOG_DENSITY, GL_FOG_START, GL_FOG_END};
+/// Of OpenGL 1.2, which not every system's header names.
+constexpr GLenum kRescaleNormal = 0x803A;
+
 constexpr GLenum kHintNames[] = {GL_FOG_HINT, GL_LINE_SMOOTH_HINT, GL_PERSPECTIVE_CORRECTION_HINT,
                                  GL_POINT_SMOOTH_HINT, GL_POLYGON_SMOOTH_HINT};
-constexpr GLenum kFaces[] = {GL_FRONT, GL_BACK};
+
+/// What a context answers as one integer; the places in the copy are those of the names.
+enum Integer : std::uint8_t {
+    kDepthFunction,
+    kDepthMask,
+    kAlphaFunction,
+    kBlendSource,
+    kBlendDestination,
+    kLogicOperation,
+    kStencilFunction,
+    kStencilReference,
+    kStencilValueMask,
+    kStencilFail,
+    kStencilDepthFail,
+    kStencilDepthPass,
+    kStencilWriteMask,
+    kStencilClear,
+    kShadeModel,
+    kCullFace,
+    kFrontFace,
+    kStippleRepeat,
+    kStipplePattern,
+    kFogMode,
+    kListBase,
+    kIntegerCount,
+};
+constexpr GLenum kIntegerNames[] = {
+    GL_DEPTH_FUNC,
+    GL_DEPTH_WRITEMASK,
+    GL_ALPHA_TEST_FUNC,
+    GL_BLEND_SRC,
+    GL_BLEND_DST,
+    GL_LOGIC_OP_MODE,
+    GL_STENCIL_FUNC,
+    GL_STENCIL_REF,
+    GL_STENCIL_VALUE_MASK,
+    GL_STENCIL_FAIL,
+    GL_STENCIL_PASS_DEPTH_FAIL,
+    GL_STENCIL_PASS_DEPTH_PASS,
+    GL_STENCIL_WRITEMASK,
+    GL_STENCIL_CLEAR_VALUE,
+    GL_SHADE_MODEL,
+    GL_CULL_FACE_MODE,
+    GL_FRONT_FACE,
+    GL_LINE_STIPPLE_REPEAT,
+    GL_LINE_STIPPLE_PATTERN,
+    GL_FOG_MODE,
+    GL_LIST_BASE,
+};
+
+/// The same of numbers.
+enum Number : std::uint8_t {
+    kAlphaReference,
+    kPointSize,
+    kLineWidth,
+    kOffsetFactor,
+    kOffsetUnits,
+    kFogDensity,
+    kFogStart,
+    kFogEnd,
+    kNumberCount,
+};
+constexpr GLenum kNumberNames[] = {
+    GL_ALPHA_TEST_REF,       GL_POINT_SIZE,  GL_LINE_WIDTH, GL_POLYGON_OFFSET_FACTOR,
+    GL_POLYGON_OFFSET_UNITS, GL_FOG_DENSITY, GL_FOG_START,  GL_FOG_END,
+};
 
 GLenum asName(GLint value) {
     return static_cast<GLenum>(value);
 }
 
+GLuint asMask(GLint value) {
+    return static_cast<GLuint>(value);
+}
+
+void setCapability(GLenum name, GLboolean isEnabled) {
+    if (isEnabled != GL_FALSE) {
+        glEnable(name);
+    } else {
+        glDisable(name);
+    }
+}
+
 }  // namespace
 
 void GlStateCopy::take() {
-    static_assert(sizeof kCopiedCapabilities / sizeof kCopiedCapabilities[0] == kCapabilities);
+    static_assert(std::size(kCapabilityNames) == kCapabilities && std::size(kHintNames) == kHints);
+    static_assert(std::size(kIntegerNames) == kIntegers && kIntegerCount == kIntegers);
+    static_assert(std::size(kNumberNames) == kNumbers && kNumberCount == kNumbers);
+    const int version = qel::glVersion();
+    knowsVersion12 = version >= 12;
     for (int index = 0; index < kCapabilities; ++index) {
-        enabled[index] = glIsEnabled(kCopiedCapabilities[index]);
+        enabled[index] = glIsEnabled(kCapabilityNames[index]);
     }
-    glGetIntegerv(GL_DEPTH_FUNC, &depthFunction);
-    glGetIntegerv(GL_BLEND_SRC, &blendFactors[0]);
-    glGetIntegerv(GL_BLEND_DST, &blendFactors[1]);
-    glGetIntegerv(GL_SHADE_MODEL, &shadeModel);
-    glGetIntegerv(GL_CULL_FACE_MODE, &cullFace);
-    glGetIntegerv(GL_FRONT_FACE, &frontFace);
-    glGetIntegerv(GL_POLYGON_MODE, polygonModes);
-    glGetIntegerv(GL_LINE_STIPPLE_REPEAT, &stipple[0]);
-    glGetIntegerv(GL_LINE_STIPPLE_PATTERN, &stipple[1]);
-    glGetFloatv(GL_LINE_WIDTH, &lineWidth);
-    glGetFloatv(GL_POINT_SIZE, &pointSize);
-    glGetFloatv(GL_CURRENT_COLOR, color);
-    takeFragmentTests();
-    takeLights();
-}
-
-void GlStateCopy::takeFragmentTests() {
-    for (GLenum index = 0; index < kClipPlanes; ++index) {
-        clipping[index] = glIsEnabled(GL_CLIP_PLANE0 + index);
-        glGetClipPlane(GL_CLIP_PLANE0 + index, clipPlanes[index]);
+    if (knowsVersion12) {
+        rescalesNormals = glIsEnabled(kRescaleNormal);
     }
     for (int index = 0; index < kHints; ++index) {
         glGetIntegerv(kHintNames[index], &hints[index]);
     }
-    glGetIntegerv(GL_FOG_MODE, &fogMode);
-    for (int part = 0; part < 3; ++part) {
-        glGetFloatv(kFogRangeNames[part], &fogRange[part]);
+    for (int index = 0; index < kIntegers; ++index) {
+        glGetIntegerv(kIntegerNames[index], &integers[index]);
     }
-    glGetFloatv(GL_FOG_COLOR, fogColor);
-    glGetIntegerv(GL_ALPHA_TEST_FUNC, &alphaFunction);
-    glGetFloatv(GL_ALPHA_TEST_REF, &alphaReference);
-    glGetIntegerv(GL_LOGIC_OP_MODE, &logicOperation);
-    glGetFloatv(GL_POLYGON_OFFSET_FACTOR, &polygonOffset[0]);
-    glGetFloatv(GL_POLYGON_OFFSET_UNITS, &polygonOffset[1]);
-    glGetBooleanv(GL_DEPTH_WRITEMASK, &depthMask);
-    glGetBooleanv(GL_COLOR_WRITEMASK, colorMask);
-    glGetTexEnviv(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, &textureMode);
+    for (int index = 0; index < kNumbers; ++index) {
+        glGetFloatv(kNumberNames[index], &numbers[index]);
+    }
+    takeVectors();
+    lights.take(knowsVersion12);
+    pixels.take();
+    arrays.take(version >= 15);
+    evaluators.take();
 }
 
-void GlStateCopy::takeLights() {
-    glGetFloatv(GL_LIGHT_MODEL_AMBIENT, modelAmbient);
-    glGetIntegerv(GL_LIGHT_MODEL_LOCAL_VIEWER, &localViewer);
-    glGetIntegerv(GL_LIGHT_MODEL_TWO_SIDE, &twoSided);
-    glGetIntegerv(GL_COLOR_MATERIAL_FACE, &colorMaterial[0]);
-    glGetIntegerv(GL_COLOR_MATERIAL_PARAMETER, &colorMaterial[1]);
-    for (GLenum index = 0; index < kLights; ++index) {
-        Light& light = lights[index];
-        for (int part = 0; part < kLightColors; ++part) {
-            glGetLightfv(GL_LIGHT0 + index, kLightColorNames[part], light.colors[part]);
-            glGetLightfv(GL_LIGHT0 + index, kAttenuationNames[part], &light.attenuation[part]);
-        }
-        glGetLightfv(GL_LIGHT0 + index, GL_POSITION, light.position);
-        glGetLightfv(GL_LIGHT0 + index, GL_SPOT_DIRECTION, light.spotDirection);
-        glGetLightfv(GL_LIGHT0 + index, GL_SPOT_EXPONENT, &light.spotExponent);
-        glGetLightfv(GL_LIGHT0 + index, GL_SPOT_CUTOFF, &light.spotCutoff);
-    }
-    for (int face = 0; face < 2; ++face) {
-        for (int part = 0; part < 4; ++part) {
-            glGetMaterialfv(kFaces[face], kMaterialColorNames[part], materials[face].colors[part]);
-        }
-        glGetMaterialfv(kFaces[face], GL_SHININESS, &materials[face].shininess);
-    }
+void GlStateCopy::takeVectors() {
+    glGetIntegerv(GL_POLYGON_MODE, polygonModes);
+    glGetBooleanv(GL_COLOR_WRITEMASK, colorMask);
+    glGetBooleanv(GL_EDGE_FLAG, &edgeFlag);
+    glGetFloatv(GL_CURRENT_COLOR, color);
+    glGetFloatv(GL_CURRENT_NORMAL, normal);
+    glGetFloatv(GL_CURRENT_TEXTURE_COORDS, textureCoordinates);
+    glGetFloatv(GL_FOG_COLOR, fogColor);
+    glGetFloatv(GL_ACCUM_CLEAR_VALUE, clearAccum);
+    glGetDoublev(GL_DEPTH_RANGE, depthRange);
+    glGetDoublev(GL_DEPTH_CLEAR_VALUE, &clearDepth);
 }
 
 void GlStateCopy::put() const {
     // While a material follows the colour, it cannot be set: so the material comes first.
-    putLights();
+    lights.put();
     for (int index = 0; index < kCapabilities; ++index) {
-        if (enabled[index] != GL_FALSE) {
-            glEnable(kCopiedCapabilities[index]);
-        } else {
-            glDisable(kCopiedCapabilities[index]);
-        }
+        setCapability(kCapabilityNames[index], enabled[index]);
     }
-    glDepthFunc(asName(depthFunction));
-    glBlendFunc(asName(blendFactors[0]), asName(blendFactors[1]));
-    glShadeModel(asName(shadeModel));
-    glCullFace(asName(cullFace));
-    glFrontFace(asName(frontFace));
-    glPolygonMode(GL_FRONT, asName(polygonModes[0]));
-    glPolygonMode(GL_BACK, asName(polygonModes[1]));
-    glLineStipple(stipple[0], static_cast<GLushort>(stipple[1]));
-    glLineWidth(lineWidth);
-    glPointSize(pointSize);
-    glColor4fv(color);
-    putFragmentTests();
-}
-
-void GlStateCopy::putFragmentTests() const {
+    if (knowsVersion12) {
+        setCapability(kRescaleNormal, rescalesNormals);
+    }
     for (int index = 0; index < kHints; ++index) {
         glHint(kHintNames[index], asName(hints[index]));
     }
-    glFogi(GL_FOG_MODE, fogMode);
-    for (int part = 0; part < 3; ++part) {
-        glFogf(kFogRangeNames[part], fogRange[part]);
-    }
-    glFogfv(GL_FOG_COLOR, fogColor);
-    glAlphaFunc(asName(alphaFunction), alphaReference);
-    glLogicOp(asName(logicOperation));
-    glPolygonOffset(polygonOffset[0], polygonOffset[1]);
-    glDepthMask(depthMask);
-    glColorMask(colorMask[0], colorMask[1], colorMask[2], colorMask[3]);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, textureMode);
+    putCurrentValues();
+    putPrimitives();
+    putFragmentTests();
+    putFog();
+    pixels.put();
+    arrays.put();
+    evaluators.put();
+    // Nobody else has drawn in this context: what waits there is what its driver does not know.
+    glGetError();
 }
 
-void GlStateCopy::putLights() const {
-    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, modelAmbient);
-    glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, localViewer);
-    glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, twoSided);
-    // Places and directions were answered in eye coordinates: the identity keeps them.
-    GLint matrixMode = 0;
-    glGetIntegerv(GL_MATRIX_MODE, &matrixMode);
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
-    for (GLenum index = 0; index < kClipPlanes; ++index) {
-        glClipPlane(GL_CLIP_PLANE0 + index, clipPlanes[index]);
-        if (clipping[index] != GL_FALSE) {
-            glEnable(GL_CLIP_PLANE0 + index);
-        }
-    }
-    for (GLenum index = 0; index < kLights; ++index) {
-        const Light& light = lights[index];
-        for (int part = 0; part < kLightColors; ++part) {
-            glLightfv(GL_LIGHT0 + index, kLightColorNames[part], light.colors[part]);
-            glLightf(GL_LIGHT0 + index, kAttenuationNames[part], light.attenuation[part]);
-        }
-        glLightfv(GL_LIGHT0 + index, GL_POSITION, light.position);
-        glLightfv(GL_LIGHT0 + index, GL_SPOT_DIRECTION, light.spotDirection);
-        glLightf(GL_LIGHT0 + index, GL_SPOT_EXPONENT, light.spotExponent);
-        glLightf(GL_LIGHT0 + index, GL_SPOT_CUTOFF, light.spotCutoff);
-    }
-    glPopMatrix();
-    glMatrixMode(asName(matrixMode));
-    for (int face = 0; face < 2; ++face) {
-        for (int part = 0; part < 4; ++part) {
-            glMaterialfv(kFaces[face], kMaterialColorNames[part], materials[face].colors[part]);
-        }
-        glMaterialf(kFaces[face], GL_SHININESS, materials[face].shininess);
-    }
-    glColorMaterial(asName(colorMaterial[0]), asName(colorMaterial[1]));
+void GlStateCopy::putCurrentValues() const {
+    glColor4fv(color);
+    glNormal3fv(normal);
+    glTexCoord4fv(textureCoordinates);
+    glEdgeFlag(edgeFlag);
+    glListBase(asMask(integers[kListBase]));
+}
+
+void GlStateCopy::putPrimitives() const {
+    glShadeModel(asName(integers[kShadeModel]));
+    glCullFace(asName(integers[kCullFace]));
+    glFrontFace(asName(integers[kFrontFace]));
+    glPolygonMode(GL_FRONT, asName(polygonModes[0]));
+    glPolygonMode(GL_BACK, asName(polygonModes[1]));
+    glPolygonOffset(numbers[kOffsetFactor], numbers[kOffsetUnits]);
+    glLineStipple(integers[kStippleRepeat], static_cast<GLushort>(integers[kStipplePattern]));
+    glLineWidth(numbers[kLineWidth]);
+    glPointSize(numbers[kPointSize]);
+}
+
+void GlStateCopy::putFragmentTests() const {
+    glAlphaFunc(asName(integers[kAlphaFunction]), numbers[kAlphaReference]);
+    glStencilFunc(asName(integers[kStencilFunction]), integers[kStencilReference],
+                  asMask(integers[kStencilValueMask]));
+    glStencilOp(asName(integers[kStencilFail]), asName(integers[kStencilDepthFail]),
+                asName(integers[kStencilDepthPass]));
+    glStencilMask(asMask(integers[kStencilWriteMask]));
+    glClearStencil(integers[kStencilClear]);
+    glDepthFunc(asName(integers[kDepthFunction]));
+    glDepthMask(integers[kDepthMask] != 0 ? GL_TRUE : GL_FALSE);
+    glDepthRange(depthRange[0], depthRange[1]);
+    glClearDepth(clearDepth);
+    glBlendFunc(asName(integers[kBlendSource]), asName(integers[kBlendDestination]));
+    glLogicOp(asName(integers[kLogicOperation]));
+    glColorMask(colorMask[0], colorMask[1], colorMask[2], colorMask[3]);
+    glClearAccum(clearAccum[0], clearAccum[1], clearAccum[2], clearAccum[3]);
+}
+
+void GlStateCopy::putFog() const {
+    glFogi(GL_FOG_MODE, integers[kFogMode]);
+    glFogf(GL_FOG_DENSITY, numbers[kFogDensity]);
+    glFogf(GL_FOG_START, numbers[kFogStart]);
+    glFogf(GL_FOG_END, numbers[kFogEnd]);
+    glFogfv(GL_FOG_COLOR, fogColor);
 }

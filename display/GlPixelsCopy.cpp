@@ -1,0 +1,92 @@
+#include "GlPixelsCopy.h"
+
+#include <cstddef>
+
+namespace {
+
+struct Store {
+    GLenum name;
+    GLint plain;
+};
+
+constexpr Store kStoreNames[] = {
+    {GL_PACK_SWAP_BYTES, 0},   {GL_PACK_LSB_FIRST, 0},   {GL_PACK_ROW_LENGTH, 0},    {GL_PACK_SKIP_ROWS, 0},
+    {GL_PACK_SKIP_PIXELS, 0},  {GL_PACK_ALIGNMENT, 4},   {GL_UNPACK_SWAP_BYTES, 0},  {GL_UNPACK_LSB_FIRST, 0},
+    {GL_UNPACK_ROW_LENGTH, 0}, {GL_UNPACK_SKIP_ROWS, 0}, {GL_UNPACK_SKIP_PIXELS, 0}, {GL_UNPACK_ALIGNMENT, 4},
+};
+constexpr std::size_t kPackNames = 6;
+constexpr GLenum kTransferNames[] = {
+    GL_MAP_COLOR,   GL_MAP_STENCIL, GL_INDEX_SHIFT, GL_INDEX_OFFSET, GL_RED_SCALE,
+    GL_RED_BIAS,    GL_GREEN_SCALE, GL_GREEN_BIAS,  GL_BLUE_SCALE,   GL_BLUE_BIAS,
+    GL_ALPHA_SCALE, GL_ALPHA_BIAS,  GL_DEPTH_SCALE, GL_DEPTH_BIAS,
+};
+
+struct Map {
+    GLenum name;
+    GLenum size;
+};
+
+constexpr Map kMapNames[] = {
+    {GL_PIXEL_MAP_I_TO_I, GL_PIXEL_MAP_I_TO_I_SIZE}, {GL_PIXEL_MAP_S_TO_S, GL_PIXEL_MAP_S_TO_S_SIZE},
+    {GL_PIXEL_MAP_I_TO_R, GL_PIXEL_MAP_I_TO_R_SIZE}, {GL_PIXEL_MAP_I_TO_G, GL_PIXEL_MAP_I_TO_G_SIZE},
+    {GL_PIXEL_MAP_I_TO_B, GL_PIXEL_MAP_I_TO_B_SIZE}, {GL_PIXEL_MAP_I_TO_A, GL_PIXEL_MAP_I_TO_A_SIZE},
+    {GL_PIXEL_MAP_R_TO_R, GL_PIXEL_MAP_R_TO_R_SIZE}, {GL_PIXEL_MAP_G_TO_G, GL_PIXEL_MAP_G_TO_G_SIZE},
+    {GL_PIXEL_MAP_B_TO_B, GL_PIXEL_MAP_B_TO_B_SIZE}, {GL_PIXEL_MAP_A_TO_A, GL_PIXEL_MAP_A_TO_A_SIZE},
+};
+
+}  // namespace
+
+void GlPixelsCopy::take() {
+    static_assert(std::size(kStoreNames) == kStores && std::size(kTransferNames) == kTransfers &&
+                  std::size(kMapNames) == kMaps);
+    for (int index = 0; index < kStores; ++index) {
+        stores[index] = kStoreNames[index].plain;
+        glGetIntegerv(kStoreNames[index].name, &stores[index]);
+    }
+    for (int index = 0; index < kTransfers; ++index) {
+        glGetFloatv(kTransferNames[index], &transfers[index]);
+    }
+    glGetFloatv(GL_ZOOM_X, &zoom[0]);
+    glGetFloatv(GL_ZOOM_Y, &zoom[1]);
+    takeStipple();
+}
+
+// The stipple and the maps are written as pixels are stored, so they are read without the host's way of it.
+void GlPixelsCopy::takeStipple() {
+    for (std::size_t index = 0; index < kPackNames; ++index) {
+        if (stores[index] != kStoreNames[index].plain) {
+            glPixelStorei(kStoreNames[index].name, kStoreNames[index].plain);
+        }
+    }
+    glGetPolygonStipple(stipple);
+    for (int index = 0; index < kMaps; ++index) {
+        GLint size = 0;
+        glGetIntegerv(kMapNames[index].size, &size);
+        maps[index].assign(static_cast<std::size_t>(size > 0 ? size : 0), 0.0F);
+        if (size > 0) {
+            glGetPixelMapfv(kMapNames[index].name, maps[index].data());
+        }
+    }
+    for (std::size_t index = 0; index < kPackNames; ++index) {
+        if (stores[index] != kStoreNames[index].plain) {
+            glPixelStorei(kStoreNames[index].name, stores[index]);
+        }
+    }
+}
+
+void GlPixelsCopy::put() const {
+    // Before the pixel store is the host's: the copy lies as a new context reads it.
+    glPolygonStipple(stipple);
+    for (int index = 0; index < kMaps; ++index) {
+        if (!maps[index].empty()) {
+            glPixelMapfv(kMapNames[index].name, static_cast<GLsizei>(maps[index].size()), maps[index].data());
+        }
+    }
+    for (int index = 0; index < kStores; ++index) {
+        glPixelStorei(kStoreNames[index].name, stores[index]);
+    }
+    for (int index = 0; index < kTransfers; ++index) {
+        glPixelTransferf(kTransferNames[index], transfers[index]);
+    }
+    glPixelZoom(zoom[0], zoom[1]);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "QelGl.h"
+
+/// How a context stores, transfers, maps and zooms pixels, and the stipple of its polygons. A part of
+/// GlStateCopy.
+class GlPixelsCopy {
+  public:
+    /// Takes the state of the current context.
+    void take();
+    /// Sets it in the current context.
+    void put() const;
+
+  private:
+    static constexpr int kStores = 12;
+    static constexpr int kTransfers = 14;
+    static constexpr int kMaps = 10;
+
+    void takeStipple();
+
+    GLint stores[kStores] = {};
+    GLfloat transfers[kTransfers] = {};
+    GLfloat zoom[2] = {};
+    std::vector<GLfloat> maps[kMaps];
+    GLubyte stipple[128] = {};
+};
