@@ -1,4 +1,5 @@
 #include <cmath>
+#include <initializer_list>
 #include <memory>
 #include <numbers>
 #include <vector>
@@ -84,12 +85,47 @@ void axesByHand(BareView& view) {
     switchTo(GL_LIGHTING, wasLit);
 }
 
+/// What a careful host looks at before pixels are read or drawn as they are. Here none of it is set.
+void askForPixelTransfer() {
+    GLfloat value = 0.0F;
+    for (const GLenum name : std::initializer_list<GLenum>{
+             GL_MAP_COLOR, GL_RED_SCALE, GL_RED_BIAS, GL_GREEN_SCALE, GL_GREEN_BIAS, GL_BLUE_SCALE,
+             GL_BLUE_BIAS, GL_ALPHA_SCALE, GL_ALPHA_BIAS, GL_DEPTH_SCALE, GL_DEPTH_BIAS}) {
+        glGetFloatv(name, &value);
+    }
+}
+
+void askForEffects() {
+    for (const GLenum name : std::initializer_list<GLenum>{
+             GL_ALPHA_TEST, GL_BLEND, GL_COLOR_LOGIC_OP, GL_SCISSOR_TEST, GL_STENCIL_TEST, GL_FOG,
+             GL_TEXTURE_1D, GL_TEXTURE_2D, GL_CLIP_PLANE0, GL_CLIP_PLANE1, GL_CLIP_PLANE2, GL_CLIP_PLANE3,
+             GL_CLIP_PLANE4, GL_CLIP_PLANE5}) {
+        if (glIsEnabled(name) != GL_FALSE) {
+            GLint width = 0;
+            glGetTexLevelParameteriv(name, 0, GL_TEXTURE_WIDTH, &width);
+        }
+    }
+    GLfloat zoom = 0.0F;
+    glGetFloatv(GL_ZOOM_X, &zoom);
+    glGetFloatv(GL_ZOOM_Y, &zoom);
+}
+
+void unpackByHand() {
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    GLint value = 0;
+    for (const GLenum name : std::initializer_list<GLenum>{GL_UNPACK_SWAP_BYTES, GL_UNPACK_ROW_LENGTH,
+                                                           GL_UNPACK_SKIP_ROWS, GL_UNPACK_SKIP_PIXELS}) {
+        glGetIntegerv(name, &value);
+    }
+}
+
 void finishFrameByHand(FrameScene& scene) {
     const GLsizei width = scene.rig.width();
     const GLsizei height = scene.rig.height();
     makeCurrent(scene.view);
     glReadBuffer(GL_BACK);
     packed([&] {
+        askForPixelTransfer();
         glReadPixels(0, 0, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, scene.depth.data());
         glGetError();
         glReadPixels(0, 0, width, height, GL_RGBA, GL_FLOAT, scene.color.data());
@@ -107,13 +143,8 @@ void finishFrameByHand(FrameScene& scene) {
 void writeCacheByHand(const FrameScene& scene) {
     const GLsizei width = scene.rig.width();
     const GLsizei height = scene.rig.height();
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    glPixelStorei(GL_UNPACK_SWAP_BYTES, GL_FALSE);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
-    glPixelStorei(GL_UNPACK_SKIP_ROWS, 0);
-    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 0);
-    glDisable(GL_BLEND);
-    const bool wasTextured = switched(GL_TEXTURE_2D, false);
+    unpackByHand();
+    askForPixelTransfer();
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
     const bool wasTested = switched(GL_DEPTH_TEST, true);
     glDepthFunc(GL_ALWAYS);
@@ -130,11 +161,11 @@ void writeCacheByHand(const FrameScene& scene) {
     glPopClientAttrib();
     glPopAttrib();
     switchTo(GL_DEPTH_TEST, wasTested);
-    switchTo(GL_TEXTURE_2D, wasTextured);
 }
 
 void restoreCacheByHand(const FrameScene& scene) {
     loadPixels(scene.view);
+    askForEffects();
     glDrawBuffer(GL_BACK);
     glPushAttrib(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);

@@ -1,6 +1,9 @@
 #include "GlPixelsCopy.h"
 
 #include <cstddef>
+#include <iterator>
+
+#include "PixelTransferScope.h"
 
 namespace {
 
@@ -15,12 +18,6 @@ constexpr Store kStoreNames[] = {
     {GL_UNPACK_ROW_LENGTH, 0}, {GL_UNPACK_SKIP_ROWS, 0}, {GL_UNPACK_SKIP_PIXELS, 0}, {GL_UNPACK_ALIGNMENT, 4},
 };
 constexpr std::size_t kPackNames = 6;
-constexpr GLenum kTransferNames[] = {
-    GL_MAP_COLOR,   GL_MAP_STENCIL, GL_INDEX_SHIFT, GL_INDEX_OFFSET, GL_RED_SCALE,
-    GL_RED_BIAS,    GL_GREEN_SCALE, GL_GREEN_BIAS,  GL_BLUE_SCALE,   GL_BLUE_BIAS,
-    GL_ALPHA_SCALE, GL_ALPHA_BIAS,  GL_DEPTH_SCALE, GL_DEPTH_BIAS,
-};
-
 struct Map {
     GLenum name;
     GLenum size;
@@ -37,14 +34,14 @@ constexpr Map kMapNames[] = {
 }  // namespace
 
 void GlPixelsCopy::take() {
-    static_assert(std::size(kStoreNames) == kStores && std::size(kTransferNames) == kTransfers &&
+    static_assert(std::size(kStoreNames) == kStores && std::size(kPixelTransfers) == kTransfers &&
                   std::size(kMapNames) == kMaps);
     for (int index = 0; index < kStores; ++index) {
         stores[index] = kStoreNames[index].plain;
         glGetIntegerv(kStoreNames[index].name, &stores[index]);
     }
     for (int index = 0; index < kTransfers; ++index) {
-        glGetFloatv(kTransferNames[index], &transfers[index]);
+        glGetFloatv(kPixelTransfers[index].name, &transfers[index]);
     }
     glGetFloatv(GL_ZOOM_X, &zoom[0]);
     glGetFloatv(GL_ZOOM_Y, &zoom[1]);
@@ -86,7 +83,7 @@ void GlPixelsCopy::put() const {
         glPixelStorei(kStoreNames[index].name, stores[index]);
     }
     for (int index = 0; index < kTransfers; ++index) {
-        glPixelTransferf(kTransferNames[index], transfers[index]);
+        glPixelTransferf(kPixelTransfers[index].name, transfers[index]);
     }
     glPixelZoom(zoom[0], zoom[1]);
 }

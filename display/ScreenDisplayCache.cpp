@@ -1,10 +1,13 @@
 #include <cstddef>
+#include <initializer_list>
 
 #include "CQelGL.h"
 #include "CQelScreenDisplay.h"
 #include "CQelTrackBall.h"
+#include "HostEffects.h"
 #include "PixelArea.h"
 #include "PixelPackScope.h"
+#include "PixelTransferScope.h"
 #include "QelTmpGlStateCtrl.h"
 
 namespace {
@@ -14,10 +17,14 @@ constexpr std::size_t kChannels = 4;
 /// Rows of the copy lie one behind the other, whatever the host has set for its own pictures.
 void unpackWithoutPadding() {
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    glPixelStorei(GL_UNPACK_SWAP_BYTES, GL_FALSE);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
-    glPixelStorei(GL_UNPACK_SKIP_ROWS, 0);
-    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 0);
+    for (const GLenum name : std::initializer_list<GLenum>{GL_UNPACK_SWAP_BYTES, GL_UNPACK_ROW_LENGTH,
+                                                           GL_UNPACK_SKIP_ROWS, GL_UNPACK_SKIP_PIXELS}) {
+        GLint value = 0;
+        glGetIntegerv(name, &value);
+        if (value != 0) {
+            glPixelStorei(name, 0);
+        }
+    }
 }
 
 /// Depth alone, everywhere.
@@ -64,6 +71,7 @@ std::int32_t CQelScreenDisplay::finishFrame() {
     resizeCache();
     {
         const qel::PixelPackScope packing;
+        const PixelTransferScope transfer;
         glReadPixels(0, 0, cacheWidth, cacheHeight, GL_DEPTH_COMPONENT, GL_FLOAT, cacheDepth.get());
         glGetError();
         glReadPixels(0, 0, cacheWidth, cacheHeight, GL_RGBA, GL_FLOAT, cacheColor.get());
@@ -87,15 +95,15 @@ std::int32_t CQelScreenDisplay::finishFrame() {
 std::int32_t CQelScreenDisplay::restoreCache() {
     setOrtho2D();
     if (drawDepth == 0) {
+        // The copy is the finished picture: it is not blended by the alpha that was read with it, nor
+        // coloured by the texture that the host drew with last, and it is whole.
+        const HostEffects effects;
         glDrawBuffer(GL_BACK);
-        glPushAttrib(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        glPushAttrib(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | effects.attributes());
         glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
         unpackWithoutPadding();
-        // The copy is the finished picture: it is not blended by the alpha that was read with it, nor
-        // coloured by the texture that the host drew with last. Blending comes back with the pushed
-        // attributes.
-        glDisable(GL_BLEND);
-        const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
+        effects.switchOff();
+        const PixelTransferScope transfer;
         glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
         const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, true);
         writeDepth(cacheWidth, cacheHeight, cacheDepth.get());

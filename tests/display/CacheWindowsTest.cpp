@@ -14,11 +14,11 @@ TEST_F(Cache, KeepsTheFrameDrawsTheOverlaysSwapsAndRefreshesTheDepth) {
     EXPECT_EQ(display->finishFrame(), 0);
     Calls expected{makesCurrent(), call("glReadBuffer", GL_BACK)};
     append(expected, frameRead(kWidth, kHeight));
-    append(expected, {call("glIsEnabled", GL_TEXTURE_2D), call("glDisable", GL_TEXTURE_2D), swaps()});
+    append(expected, {call("glDisable", GL_TEXTURE_2D), swaps()});
     append(expected, depthRefreshed(kWidth, kHeight));
     // The scene was drawn without texturing.
     append(expected, {call("glDisable", GL_TEXTURE_2D)});
-    EXPECT_TRUE(callsMatch(trace.calls("gl", "wgl", "SwapBuffers"), expected));
+    EXPECT_TRUE(callsMatch(withoutQuestions(trace.calls("gl", "wgl", "SwapBuffers")), expected));
 }
 
 TEST_F(Cache, DrawsTheOverlaysAfterTheReadingAndBeforeTheSwap) {
@@ -63,8 +63,8 @@ TEST_F(Cache, IsDrawnInPixelCoordinatesAndOpensABracket) {
     const CallTrace trace;
     EXPECT_EQ(display->restoreCache(), 1);
     Calls expected = pixelCoordinates();
-    append(expected, frameRestored(kWidth, kHeight, false));
-    EXPECT_TRUE(callsMatch(trace.calls(), expected));
+    append(expected, frameRestored(kWidth, kHeight));
+    EXPECT_TRUE(callsMatch(withoutQuestions(trace.calls()), expected));
     EXPECT_EQ(display->endDraw(), 0);
 }
 
@@ -83,8 +83,8 @@ TEST_F(Cache, IsEmptyBeforeAFrameWasFinished) {
     const CallTrace trace;
     EXPECT_EQ(display->restoreCache(), 1);
     Calls expected = pixelCoordinates();
-    append(expected, frameRestored(0, 0, true));
-    EXPECT_TRUE(callsMatch(trace.calls(), expected));
+    append(expected, frameRestored(0, 0));
+    EXPECT_TRUE(callsMatch(withoutQuestions(trace.calls()), expected));
     EXPECT_EQ(pointers(trace, "glDrawPixels"), (std::vector<std::string>{"null", "null"}));
     EXPECT_EQ(display->endDraw(), 0);
 }

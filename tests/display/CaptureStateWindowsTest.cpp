@@ -13,12 +13,12 @@ using CaptureState = Capture;
 std::vector<double> furtherState() {
     std::vector<double> all;
     const auto add = [&all](const auto* values, int count) { all.insert(all.end(), values, values + count); };
-    for (const GLenum coordinate : {GL_S, GL_T, GL_R, GL_Q}) {
+    for (const GLenum coordinate : std::initializer_list<GLenum>{GL_S, GL_T, GL_R, GL_Q}) {
         GLdouble plane[4] = {};
         GLint mode = 0;
         glGetTexGeniv(coordinate, GL_TEXTURE_GEN_MODE, &mode);
         add(&mode, 1);
-        for (const GLenum name : {GL_OBJECT_PLANE, GL_EYE_PLANE}) {
+        for (const GLenum name : std::initializer_list<GLenum>{GL_OBJECT_PLANE, GL_EYE_PLANE}) {
             glGetTexGendv(coordinate, name, plane);
             add(plane, 4);
         }
@@ -26,7 +26,7 @@ std::vector<double> furtherState() {
     GLfloat colors[8] = {};
     glGetPixelMapfv(GL_PIXEL_MAP_G_TO_G, colors);
     add(colors, 8);
-    for (const GLenum map : {GL_MAP1_VERTEX_3, GL_MAP2_COLOR_4}) {
+    for (const GLenum map : std::initializer_list<GLenum>{GL_MAP1_VERTEX_3, GL_MAP2_COLOR_4}) {
         GLdouble values[32] = {};
         glGetMapdv(map, GL_DOMAIN, values);
         glGetMapdv(map, GL_COEFF, values + 4);
@@ -46,8 +46,8 @@ std::vector<double> furtherState() {
 /// The pixel store of the host would lead the reading astray.
 std::vector<double> furtherStatePlainlyPacked() {
     glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
-    for (const GLenum name :
-         {GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS, GL_PACK_SWAP_BYTES}) {
+    for (const GLenum name : std::initializer_list<GLenum>{GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS,
+                                                           GL_PACK_SKIP_PIXELS, GL_PACK_SWAP_BYTES}) {
         glPixelStorei(name, 0);
     }
     std::vector<double> all = furtherState();

@@ -12,40 +12,41 @@ inline constexpr GLenum kSeparateSpecularColor = 0x81FA;
 inline constexpr GLenum kRescaleNormal = 0x803A;
 
 inline void setSwitches() {
-    for (const GLenum name : {GL_ALPHA_TEST,
-                              GL_BLEND,
-                              GL_CLIP_PLANE2,
-                              GL_CLIP_PLANE5,
-                              GL_COLOR_LOGIC_OP,
-                              GL_CULL_FACE,
-                              GL_FOG,
-                              GL_LIGHT0,
-                              GL_LIGHT3,
-                              GL_LIGHT7,
-                              GL_LIGHTING,
-                              GL_LINE_SMOOTH,
-                              GL_LINE_STIPPLE,
-                              GL_POINT_SMOOTH,
-                              GL_POLYGON_OFFSET_FILL,
-                              GL_POLYGON_OFFSET_LINE,
-                              GL_POLYGON_OFFSET_POINT,
-                              GL_POLYGON_SMOOTH,
-                              GL_POLYGON_STIPPLE,
-                              GL_STENCIL_TEST,
-                              GL_TEXTURE_1D,
-                              GL_TEXTURE_GEN_S,
-                              GL_TEXTURE_GEN_T,
-                              GL_TEXTURE_GEN_R,
-                              GL_TEXTURE_GEN_Q}) {
-        glEnable(static_cast<GLenum>(name));
+    for (const GLenum name : std::initializer_list<GLenum>{GL_ALPHA_TEST,
+                                                           GL_BLEND,
+                                                           GL_CLIP_PLANE2,
+                                                           GL_CLIP_PLANE5,
+                                                           GL_COLOR_LOGIC_OP,
+                                                           GL_CULL_FACE,
+                                                           GL_FOG,
+                                                           GL_LIGHT0,
+                                                           GL_LIGHT3,
+                                                           GL_LIGHT7,
+                                                           GL_LIGHTING,
+                                                           GL_LINE_SMOOTH,
+                                                           GL_LINE_STIPPLE,
+                                                           GL_POINT_SMOOTH,
+                                                           GL_POLYGON_OFFSET_FILL,
+                                                           GL_POLYGON_OFFSET_LINE,
+                                                           GL_POLYGON_OFFSET_POINT,
+                                                           GL_POLYGON_SMOOTH,
+                                                           GL_POLYGON_STIPPLE,
+                                                           GL_STENCIL_TEST,
+                                                           GL_TEXTURE_1D,
+                                                           GL_TEXTURE_GEN_S,
+                                                           GL_TEXTURE_GEN_T,
+                                                           GL_TEXTURE_GEN_R,
+                                                           GL_TEXTURE_GEN_Q}) {
+        glEnable(name);
     }
     glEnable(kRescaleNormal);
-    for (const GLenum name : {GL_AUTO_NORMAL, GL_DEPTH_TEST, GL_DITHER, GL_NORMALIZE, GL_TEXTURE_2D}) {
-        glDisable(static_cast<GLenum>(name));
+    for (const GLenum name : std::initializer_list<GLenum>{GL_AUTO_NORMAL, GL_DEPTH_TEST, GL_DITHER,
+                                                           GL_NORMALIZE, GL_TEXTURE_2D}) {
+        glDisable(name);
     }
-    for (const GLenum name :
-         {GL_FOG_HINT, GL_LINE_SMOOTH_HINT, GL_POINT_SMOOTH_HINT, GL_POLYGON_SMOOTH_HINT}) {
-        glHint(static_cast<GLenum>(name), GL_NICEST);
+    for (const GLenum name : std::initializer_list<GLenum>{GL_FOG_HINT, GL_LINE_SMOOTH_HINT,
+                                                           GL_POINT_SMOOTH_HINT, GL_POLYGON_SMOOTH_HINT}) {
+        glHint(name, GL_NICEST);
     }
     glHint(GL_PERSPECTIVE_CORRECTION_HINT, GL_FASTEST);
 }
@@ -127,9 +128,10 @@ inline void setTexturing() {
 
 inline void setPixels() {
     int value = 0;
-    for (const GLenum name : {GL_RED_SCALE, GL_GREEN_SCALE, GL_BLUE_SCALE, GL_ALPHA_SCALE, GL_DEPTH_SCALE,
-                              GL_RED_BIAS, GL_GREEN_BIAS, GL_BLUE_BIAS, GL_ALPHA_BIAS, GL_DEPTH_BIAS}) {
-        glPixelTransferf(static_cast<GLenum>(name), 0.125F * static_cast<GLfloat>(++value));
+    for (const GLenum name : std::initializer_list<GLenum>{
+             GL_RED_SCALE, GL_GREEN_SCALE, GL_BLUE_SCALE, GL_ALPHA_SCALE, GL_DEPTH_SCALE, GL_RED_BIAS,
+             GL_GREEN_BIAS, GL_BLUE_BIAS, GL_ALPHA_BIAS, GL_DEPTH_BIAS}) {
+        glPixelTransferf(name, 0.125F * static_cast<GLfloat>(++value));
     }
     glPixelTransferi(GL_INDEX_SHIFT, 2);
     glPixelTransferi(GL_INDEX_OFFSET, 3);
@@ -138,16 +140,17 @@ inline void setPixels() {
     const GLfloat map[] = {0.75F, 0.25F, 0.5F};
     glPixelMapfv(GL_PIXEL_MAP_G_TO_G, 3, map);
     glPixelZoom(2, -3);
-    for (const GLenum name : {GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS,
-                              GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_ROWS, GL_UNPACK_SKIP_PIXELS}) {
-        glPixelStorei(static_cast<GLenum>(name), 40 + ++value);
-    }
-    for (const GLenum name : {GL_PACK_ALIGNMENT, GL_UNPACK_ALIGNMENT}) {
-        glPixelStorei(static_cast<GLenum>(name), 8);
-    }
     for (const GLenum name :
-         {GL_PACK_SWAP_BYTES, GL_PACK_LSB_FIRST, GL_UNPACK_SWAP_BYTES, GL_UNPACK_LSB_FIRST}) {
-        glPixelStorei(static_cast<GLenum>(name), GL_TRUE);
+         std::initializer_list<GLenum>{GL_PACK_ROW_LENGTH, GL_PACK_SKIP_ROWS, GL_PACK_SKIP_PIXELS,
+                                       GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_ROWS, GL_UNPACK_SKIP_PIXELS}) {
+        glPixelStorei(name, 40 + ++value);
+    }
+    for (const GLenum name : std::initializer_list<GLenum>{GL_PACK_ALIGNMENT, GL_UNPACK_ALIGNMENT}) {
+        glPixelStorei(name, 8);
+    }
+    for (const GLenum name : std::initializer_list<GLenum>{GL_PACK_SWAP_BYTES, GL_PACK_LSB_FIRST,
+                                                           GL_UNPACK_SWAP_BYTES, GL_UNPACK_LSB_FIRST}) {
+        glPixelStorei(name, GL_TRUE);
     }
 }
 
