@@ -83,6 +83,7 @@ class CQelScreenDisplay : public IQelScrDisplay {
     void returnToCapture();
     void clearToBackColor();
     void resizeCache();
+    void keepFrame();
     void endCapture();
     void returnToWindow();
 

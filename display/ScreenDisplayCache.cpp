@@ -65,17 +65,23 @@ void CQelScreenDisplay::resizeCache() {
     cacheHeight = height;
 }
 
-std::int32_t CQelScreenDisplay::finishFrame() {
-    makeCurrent();
+void CQelScreenDisplay::keepFrame() {
     glReadBuffer(GL_BACK);
     resizeCache();
-    {
-        const qel::PixelPackScope packing;
-        const PixelTransferScope transfer;
-        glReadPixels(0, 0, cacheWidth, cacheHeight, GL_DEPTH_COMPONENT, GL_FLOAT, cacheDepth.get());
-        glGetError();
-        glReadPixels(0, 0, cacheWidth, cacheHeight, GL_RGBA, GL_FLOAT, cacheColor.get());
-        glGetError();
+    const qel::PixelPackScope packing;
+    const PixelTransferScope transfer;
+    glReadPixels(0, 0, cacheWidth, cacheHeight, GL_DEPTH_COMPONENT, GL_FLOAT, cacheDepth.get());
+    glGetError();
+    glReadPixels(0, 0, cacheWidth, cacheHeight, GL_RGBA, GL_FLOAT, cacheColor.get());
+    glGetError();
+}
+
+std::int32_t CQelScreenDisplay::finishFrame() {
+    makeCurrent();
+    // The copy is the window's, and the depth that the camera looks at is too: a capture gets the overlays.
+    const bool isWindows = !capture.isDrawing();
+    if (isWindows) {
+        keepFrame();
     }
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
     const qel::ref_ptr<CQelTrackBall> controller(trackBall);
@@ -89,7 +95,7 @@ std::int32_t CQelScreenDisplay::finishFrame() {
     if (stereo) {
         controller->updateView();
     }
-    return controller->refreshDepth();
+    return isWindows ? controller->refreshDepth() : 0;
 }
 
 std::int32_t CQelScreenDisplay::restoreCache() {

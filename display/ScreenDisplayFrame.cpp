@@ -32,7 +32,10 @@ std::int32_t CQelScreenDisplay::makeCurrent() {
 }
 
 std::int32_t CQelScreenDisplay::swapBuffers() {
-    SwapBuffers(qel::toHandle<HDC>(deviceContext));
+    // While a capture is drawn the window goes on showing its own frame.
+    if (!capture.isDrawing()) {
+        SwapBuffers(qel::toHandle<HDC>(deviceContext));
+    }
     return 0;
 }
 
@@ -86,7 +89,7 @@ std::int32_t CQelScreenDisplay::endDraw() {
 
 std::int32_t CQelScreenDisplay::endFrame() {
     --drawDepth;
-    if (drawDepth == 0) {
+    if (drawDepth == 0 && !capture.isDrawing()) {
         glDrawBuffer(GL_BACK);
         glGetError();
         drawMarker();

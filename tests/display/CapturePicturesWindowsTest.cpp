@@ -32,6 +32,108 @@ TEST_F(CapturePictures, HoldAWholeFrameThatTheHostBeginsAndEndsAsItDoesInItsWind
     EXPECT_LT(compare(inWindow, pictureOf(file), kStepsOfAChannel).share, kLargestShare);
 }
 
+/// A way to end a frame, as a host's draw function has it for its window.
+struct FrameEnd {
+    const char* name;
+    std::int32_t (*end)(IQelDisplay& display);
+    std::int32_t result;
+    bool drawsOverlays;
+};
+
+class CaptureFrameEnds : public Capture, public ::testing::WithParamInterface<FrameEnd> {
+  protected:
+    void drawHostsFrame(bool withTripod) {
+        display->beginFrame(0);
+        display->beginDraw();
+        camera().updateView();
+        drawHostsScene();
+        if (withTripod) {
+            camera().drawAxes();
+        }
+    }
+
+    /// The copy of the last frame, brought back.
+    Frame frameOfTheCopy() {
+        display->makeCurrent();
+        glClearColor(0, 1, 0, 1);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        display->restoreCache();
+        Frame frame = Frame::ofBackBuffer(kWidth, kHeight);
+        display->endDraw();
+        camera().updateView();
+        return frame;
+    }
+};
+
+TEST_P(CaptureFrameEnds, LeaveTheWindowAndItsCopyAloneAndPutOverlaysOnlyIntoTheFile) {
+    drawHostsFrame(false);
+    display->endDraw();
+    display->finishFrame();
+    drawHostsFrame(GetParam().drawsOverlays);
+    display->endDraw();
+    const Picture expected = Picture::ofFrame({0, 0, kWidth, kHeight}, GL_BACK);
+    const Frame before = frameOfTheCopy();
+
+    ASSERT_EQ(begin(kWidth, kHeight), 0);
+    const CallTrace trace;
+    drawHostsFrame(false);
+    EXPECT_EQ(GetParam().end(*display), GetParam().result);
+    display->saveBitmap();
+
+    EXPECT_EQ(trace.count("SwapBuffers"), 0U);
+    EXPECT_EQ(trace.count("glReadPixels"), 0U);
+    EXPECT_LT(compare(expected, pictureOf(file), kStepsOfAChannel).share, kLargestShare);
+    EXPECT_EQ(frameOfTheCopy().color, before.color);
+}
+
+INSTANTIATE_TEST_SUITE_P(After, CaptureFrameEnds,
+                         ::testing::Values(FrameEnd{"FinishFrame",
+                                                    [](IQelDisplay& d) {
+                                                        d.endDraw();
+                                                        return d.finishFrame();
+                                                    },
+                                                    0, true},
+                                           FrameEnd{"EndFrame", [](IQelDisplay& d) { return d.endFrame(); },
+                                                    0, false},
+                                           FrameEnd{"Present",
+                                                    [](IQelDisplay& d) {
+                                                        d.endDraw();
+                                                        return d.present();
+                                                    },
+                                                    0, false},
+                                           FrameEnd{"PresentView",
+                                                    [](IQelDisplay& d) {
+                                                        d.endDraw();
+                                                        return d.presentView();
+                                                    },
+                                                    0, false},
+                                           FrameEnd{"SwapBuffers",
+                                                    [](IQelDisplay& d) {
+                                                        d.endDraw();
+                                                        return d.swapBuffers();
+                                                    },
+                                                    0, false},
+                                           FrameEnd{"TheBeginOfTheNext",
+                                                    [](IQelDisplay& d) {
+                                                        d.endDraw();
+                                                        return d.beginFrame(1);
+                                                    },
+                                                    0, false}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
+
+/// The projection waits for the depth of the window's frame, not of the bitmap's.
+TEST_F(CapturePictures, LeaveASwitchToOrthographicToTheWindowsFrame) {
+    windowFrame();
+    display->finishFrame();
+    camera().setOrtho();
+    ASSERT_EQ(begin(kWidth, kHeight), 0);
+    windowFrame();
+    EXPECT_EQ(display->finishFrame(), 0);
+    display->saveBitmap();
+    windowFrame();
+    EXPECT_EQ(display->finishFrame(), 1);
+}
+
 TEST_F(CapturePictures, HoldWhatIsDrawnAfterMakeCurrentAlsoWhenAnotherContextWasCurrent) {
     const Picture inWindow = windowFrame();
     ASSERT_EQ(begin(kWidth, kHeight), 0);
