@@ -35,7 +35,8 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// Draws through a context of the host's. The host keeps both handles alive until the display is gone or
     /// attached elsewhere, and sets the pixel format (double-buffered) itself. The first call sets OpenGL's
     /// initial state (smooth shading, lighting, blending, depth function GL_LEQUAL) and builds the font in
-    /// that context; later calls only rebind. Returns 0; a null handle changes nothing.
+    /// that context; later calls only rebind. A context that cannot be made current then is prepared by a
+    /// later call. Returns 0; a null handle changes nothing.
     virtual std::int32_t attachDC(std::int32_t deviceContext, std::int32_t renderContext) = 0;
     /// Makes a context of the display's own for the window and builds the font. With `stereo` a stereo pixel
     /// format is asked for, which is single-buffered. Returns 0, also when the window cannot get a context
@@ -56,29 +57,36 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// Keeps a copy of the drawn frame, draws the enabled overlays, swaps, and lets the view controller read
     /// the depth from the back buffer, as far as the driver keeps it. After a resize some drivers exchange
     /// the buffers for new ones with the first swap: draw a second frame before picking. Called after
-    /// `endDraw`. Returns 1 if a pending orthographic switch was applied, else 0.
+    /// `endDraw`. Returns 1 if a pending orthographic switch was applied, else 0. While a capture is drawn it
+    /// only draws the overlays, into the bitmap, and returns 0.
     virtual std::int32_t finishFrame() = 0;
-    /// Swaps the buffers; returns 0.
+    /// Swaps the buffers, but not while a capture is drawn; returns 0.
     virtual std::int32_t present() = 0;
     /// Switches to pixel coordinates: origin at the lower-left corner of the view, y upwards. Returns 0.
     virtual std::int32_t setOrtho2D() = 0;
     /// Loads the view controller's camera again; returns 0.
     virtual std::int32_t updateView() = 0;
-    /// Makes the display's context current on the calling thread; returns 0.
+    /// Makes the display's context current on the calling thread, or that of the bitmap while a capture is
+    /// drawn; returns 0.
     virtual std::int32_t makeCurrent() = 0;
-    /// Swaps the buffers; returns 0.
+    /// Swaps the buffers, but not while a capture is drawn; returns 0.
     virtual std::int32_t swapBuffers() = 0;
-    /// Begins to draw a view for a 24-bit BMP file.
+    /// Begins to draw a view for a 24-bit BMP file. Until `saveBitmap` the display draws into the bitmap,
+    /// whose context has the state of the window's, but neither its textures nor its display lists; window
+    /// and kept frame do not change meanwhile. A picture that was not written to its file is dropped.
+    ///
+    /// These are refused before anything changes: a side of 0 or beyond the driver's largest viewport, a file
+    /// of 2^32 bytes or more, an extent that is null, invalid, empty, not finite, or so small that the view
+    /// is 2^31 pixels of the bitmap wide or high.
     /// @param width, height size of the bitmap in pixels.
     /// @param extent the part of the view to map onto the bitmap, in pixels of the view, origin lower-left.
     /// @param fileName where `saveBitmap` writes; an existing file is replaced.
-    /// @return 0, and the context of the bitmap is current until `saveBitmap`; -1 if the bitmap cannot be
-    /// had, or is refused: a side of 0, a file of 2^32 bytes or more, an extent that is null, empty or not
-    /// finite.
+    /// @return 0, and the context of the bitmap is current; -1 if it is refused or the bitmap cannot be had.
     virtual std::int32_t beginCapture(std::uint32_t width, std::uint32_t height, qel::Enve2d* extent,
                                       QString fileName) = 0;
-    /// Writes the captured bitmap and returns the display to normal drawing. Returns 0, also when the file
-    /// cannot be created: the display then stays in capture mode.
+    /// Writes the captured bitmap and returns the display to its window; nothing without a capture. Returns
+    /// 0, also when the file cannot be created: the picture is then kept for another call, and the window is
+    /// drawn again from the display's next call that makes its context current (`beginFrame`, `makeCurrent`).
     virtual std::int32_t saveBitmap() = 0;
     /// Opens a draw bracket: makes the context current and, for the outermost one, selects the back buffer.
     /// Returns 1.
@@ -86,11 +94,13 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// Closes a draw bracket; returns the brackets still open.
     virtual std::int32_t endDraw() = 0;
     /// Draws the kept copy of the last finished frame, colour and depth, and opens a draw bracket in pixel
-    /// coordinates for temporary graphics. The context must be current. Returns 1.
+    /// coordinates for temporary graphics. What the host has set that would change or hide it (tests, fog,
+    /// clipping planes, what happens to pixels on their way) is set aside meanwhile. The context must be
+    /// current. Returns 1.
     virtual std::int32_t restoreCache() = 0;
     /// Closes a draw bracket; closing the outermost one draws a small red marker cross at (10, 10, 0), in the
-    /// coordinates that OpenGL holds then, and swaps. Always loads the camera again. Returns the brackets
-    /// still open.
+    /// coordinates that OpenGL holds then, and swaps; neither happens while a capture is drawn. Always loads
+    /// the camera again. Returns the brackets still open.
     virtual std::int32_t endFrame() = 0;
     /// OpenGL state calls; owned by the display, no reference taken.
     virtual IQelGL* getGL() = 0;
@@ -120,7 +130,7 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     virtual std::int32_t reservedSlot31() = 0;
     virtual std::int32_t reservedSlot32() = 0;
     virtual std::int32_t reservedSlot33() = 0;
-    /// Swaps the buffers; returns 0.
+    /// Swaps the buffers, but not while a capture is drawn; returns 0.
     virtual std::int32_t presentView() = 0;
     /// @{
     /// Numbered caches are not offered by default: all four answer 0.
@@ -136,8 +146,8 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// 1; null is refused with -1.
     virtual std::int32_t attachObject(qel::QelReferenced* object) = 0;
     /// Draws formatted text at the current raster position of the current context with the display's bitmap
-    /// font (characters 32 to 127). Text beyond 255 characters is cut; a null format draws nothing. Returns
-    /// 0.
+    /// font (characters 32 to 127). Text beyond 255 characters is cut; a null format draws nothing, and no
+    /// text is drawn in a second context that the host lends, because it has no font. Returns 0.
     virtual std::int32_t printText(const char* format, ...) = 0;
 
   protected:
