@@ -1,6 +1,6 @@
 #include "CaptureFixture.h"
 #include "kit/GlSurface.h"
-#include "kit/PictureComparison.h"
+#include "kit/Picture.h"
 
 namespace qel::test {
 namespace {

@@ -11,7 +11,6 @@
 #include "SystemWindow.h"
 #include "ViewerData.h"
 #include "kit/Picture.h"
-#include "kit/PictureComparison.h"
 #include "kit/TestWindow.h"
 
 /// The same map in the pane of GDI and in the one of OpenGL.

@@ -12,7 +12,6 @@
 #include "RecentStore.h"
 #include "ViewerData.h"
 #include "kit/Picture.h"
-#include "kit/PictureComparison.h"
 
 /// The finished program as a user calls it.
 

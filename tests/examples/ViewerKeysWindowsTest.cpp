@@ -5,7 +5,7 @@
 #include "BitmapFile.h"
 #include "OpenViewerWindows.h"
 #include "kit/CallTrace.h"
-#include "kit/PictureComparison.h"
+#include "kit/Picture.h"
 
 /// The keys of the viewer's window, through its window procedure.
 

@@ -3,7 +3,7 @@
 #include "QelGl.h"
 #include "RecentStore.h"
 #include "ViewerData.h"
-#include "kit/PictureComparison.h"
+#include "kit/Picture.h"
 
 /// The menu of the viewer's window, through its window procedure.
 

@@ -102,14 +102,6 @@ void Picture::set(int x, int y, const Rgba& colour) {
     }
 }
 
-void Picture::paste(const Picture& other, int x, int y) {
-    for (int row = 0; row < std::min(other.rows, rows - y); ++row) {
-        for (int column = 0; column < std::min(other.columns, columns - x); ++column) {
-            set(x + column, y + row, other.at(column, row));
-        }
-    }
-}
-
 std::size_t Picture::countOf(const Rgba& colour, int tolerance, const PixelArea& where) const {
     std::size_t count = 0;
     for (int y = std::max(where.y, 0); y < std::min(where.y + where.height, rows); ++y) {
@@ -134,6 +126,20 @@ std::optional<PixelArea> Picture::boundsOtherThan(const Rgba& background, int to
 
 std::optional<PixelArea> Picture::boundsOf(const Rgba& colour, int tolerance) const {
     return boundsWhere(*this, [&](const Rgba& pixel) { return difference(pixel, colour) <= tolerance; });
+}
+
+PictureDifference compare(const Picture& expected, const Picture& actual, int channelTolerance) {
+    PictureDifference result;
+    for (int y = 0; y < expected.height(); ++y) {
+        for (int x = 0; x < expected.width(); ++x) {
+            const int differs = difference(expected.at(x, y), actual.at(x, y));
+            result.largest = std::max(result.largest, differs);
+            result.pixels += differs > channelTolerance ? 1U : 0U;
+        }
+    }
+    const double all = static_cast<double>(expected.width()) * expected.height();
+    result.share = all > 0 ? static_cast<double>(result.pixels) / all : 0;
+    return result;
 }
 
 }  // namespace qel::test

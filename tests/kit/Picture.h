@@ -48,9 +48,6 @@ class Picture {
     Rgba at(int x, int y) const;
     void set(int x, int y, const Rgba& colour);
 
-    /// Copies the other picture to a place in this one; what does not fit is left out.
-    void paste(const Picture& other, int x, int y);
-
     /// How many pixels of the area differ in no channel by more than `tolerance` from the colour. Alpha
     /// counts like the others.
     std::size_t countOf(const Rgba& colour, int tolerance, const PixelArea& where) const;
@@ -77,5 +74,15 @@ class Picture {
 
 /// The largest difference of two colours in one channel.
 int difference(const Rgba& one, const Rgba& other);
+
+/// How two pictures of one size differ.
+struct PictureDifference {
+    std::size_t pixels = 0;  ///< number of pixels that differ by more than the tolerance of a channel
+    double share = 0;        ///< their share of all pixels
+    int largest = 0;         ///< largest difference of a channel
+};
+
+/// Compares two pictures of one size.
+PictureDifference compare(const Picture& expected, const Picture& actual, int channelTolerance = 0);
 
 }  // namespace qel::test

@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <stdexcept>
 
 #include "CallTrace.h"
-#include "PictureComparison.h"
 #include "QelGl.h"
 
 namespace qel::test {
@@ -16,35 +14,14 @@ constexpr Rgba kBlack = {0, 0, 0, 255};
 constexpr Rgba kRed = {255, 0, 0, 255};
 constexpr Rgba kGreen = {0, 255, 0, 255};
 
-void setVariable(const char* name, const std::string& value) {
-#ifdef _WIN32
-    _putenv_s(name, value.c_str());
-#else
-    setenv(name, value.c_str(), 1);
-#endif
-}
-
-/// A folder for stored and for failed pictures that goes with the test.
-class PictureFolder : public ::testing::Test {
+/// A folder for pictures that is removed with the test.
+class PictureFile : public ::testing::Test {
   protected:
-    PictureFolder() {
-        std::filesystem::remove_all(folder);
-        setVariable("QEL_PICTURES_DIR", (folder / "stored").string());
-        setVariable("QEL_PICTURES_OUT", (folder / "failed").string());
-    }
-
-    ~PictureFolder() override {
-        for (const char* const name : {"QEL_PICTURES_DIR", "QEL_PICTURES_OUT", "QEL_RENEW_PICTURES"}) {
-            setVariable(name, "");
-        }
-        std::filesystem::remove_all(folder);
-    }
+    PictureFile() { std::filesystem::remove_all(folder); }
+    ~PictureFile() override { std::filesystem::remove_all(folder); }
 
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "qel-picture-test";
-    const std::filesystem::path failed = folder / "failed" / "view.png";
 };
-
-using StoredPicture = PictureFolder;
 
 Picture sample() {
     Picture picture(7, 5, kBlack);
@@ -101,7 +78,7 @@ TEST(Picture, RefusesAPixelOutside) {
     EXPECT_THROW(sample().at(0, 5), std::out_of_range);
 }
 
-TEST_F(PictureFolder, KeepsPicturesInFilesTopDown) {
+TEST_F(PictureFile, KeepsAPictureTopDown) {
     const std::filesystem::path file = folder / "deep" / "sample.png";
     sample().save(file);
     EXPECT_EQ(Picture::load(file), sample());
@@ -109,71 +86,16 @@ TEST_F(PictureFolder, KeepsPicturesInFilesTopDown) {
     EXPECT_THROW(sample().save(file / "below a file.png"), std::runtime_error);
 }
 
-TEST_F(StoredPicture, IsMatchedByTheSamePicture) {
-    sample().save(storedPictures() / "view.png");
-    EXPECT_TRUE(looksLike(sample(), "view"));
-    EXPECT_FALSE(std::filesystem::exists(failed));
-}
-
-TEST_F(StoredPicture, IsMissedByOnePixelAndTheDifferenceIsKept) {
-    sample().save(storedPictures() / "view.png");
+TEST(Picture, DiffersFromAnotherByPixelsBeyondTheTolerance) {
     Picture other = sample();
-    other.set(3, 1, {1, 0, 0, 255});
-    const ::testing::AssertionResult result = looksLike(other, "view");
-    ASSERT_FALSE(result);
-    EXPECT_NE(std::string(result.message()).find("1 pixels differ"), std::string::npos) << result.message();
-    EXPECT_NE(std::string(result.message()).find("view.png"), std::string::npos) << result.message();
-    const Picture shown = Picture::load(failed);
-    EXPECT_EQ(shown.width(), 3 * 7 + 8);
-    EXPECT_EQ(shown.at(1, 0), kRed);
-    EXPECT_EQ(shown.at(11 + 3, 1), (Rgba{1, 0, 0, 255}));
-    EXPECT_EQ(shown.at(22 + 3, 1), (Rgba{64, 0, 0, 255}));
-    EXPECT_EQ(shown.at(22 + 1, 0), kBlack);
-}
-
-struct ToleranceCase {
-    const char* name;
-    PictureTolerance tolerance;
-    bool matches;
-};
-
-TEST_F(StoredPicture, IsMatchedWithinTheToleranceOnly) {
-    Picture(10, 10, kBlack).save(storedPictures() / "view.png");
-    Picture other(10, 10, kBlack);
-    other.set(1, 1, {40, 0, 0, 255});
-    other.set(2, 1, {0, 0, 3, 255});
-    const ToleranceCase cases[] = {
-        {"two pixels in a hundred", {0.02, 0, 40}, true},
-        {"share too small", {0.01, 0, 40}, false},
-        {"small differences do not count", {0.01, 3, 40}, true},
-        {"share alone does not allow a difference", {0.5, 3, 0}, false},
-        {"largest too small", {0.5, 0, 39}, false},
-        {"all within the channel's tolerance", {0, 40, 0}, true},
-    };
-    for (const ToleranceCase& one : cases) {
-        EXPECT_EQ(looksLike(other, "view", one.tolerance), one.matches) << one.name;
-    }
-}
-
-TEST_F(StoredPicture, IsMissedByAnotherSize) {
-    sample().save(storedPictures() / "view.png");
-    EXPECT_FALSE(looksLike(Picture(8, 5), "view"));
-    EXPECT_EQ(Picture::load(failed).width(), 3 * 8 + 8);
-}
-
-TEST_F(StoredPicture, MustExist) {
-    EXPECT_FALSE(looksLike(sample(), "view"));
-    EXPECT_EQ(Picture::load(failed), sample());
-    EXPECT_FALSE(std::filesystem::exists(storedPictures() / "view.png"));
-}
-
-TEST_F(StoredPicture, IsReplacedOnlyWhenRenewed) {
-    Picture(2, 2).save(storedPictures() / "view.png");
-    setVariable("QEL_RENEW_PICTURES", "1");
-    EXPECT_TRUE(looksLike(sample(), "view"));
-    setVariable("QEL_RENEW_PICTURES", "");
-    EXPECT_EQ(Picture::load(storedPictures() / "view.png"), sample());
-    EXPECT_TRUE(looksLike(sample(), "view"));
+    other.set(3, 1, {40, 0, 0, 255});
+    other.set(4, 1, {0, 0, 3, 255});
+    EXPECT_EQ(compare(sample(), sample()).pixels, 0U);
+    EXPECT_EQ(compare(sample(), other).pixels, 2U);
+    EXPECT_EQ(compare(sample(), other, 3).pixels, 1U);
+    EXPECT_EQ(compare(sample(), other, 40).pixels, 0U);
+    EXPECT_EQ(compare(sample(), other, 40).largest, 40);
+    EXPECT_DOUBLE_EQ(compare(sample(), other).share, 2.0 / 35.0);
 }
 
 }  // namespace
