@@ -69,17 +69,4 @@ void asLines(const QelColor3f& color, float width, bool lighting, bool depthTest
     colourBack(oldColor);
 }
 
-template <class Draw>
-void asPoints(const QelColor3f& color, float size, bool lighting, bool depthTest, Draw draw) {
-    const KeptColor oldColor = coloured(color);
-    const float oldSize = enlarged(size);
-    const bool wasLit = switched(GL_LIGHTING, lighting);
-    const bool wasTested = switched(GL_DEPTH_TEST, depthTest);
-    draw();
-    switchTo(GL_DEPTH_TEST, wasTested);
-    switchTo(GL_LIGHTING, wasLit);
-    glPointSize(oldSize);
-    colourBack(oldColor);
-}
-
 }  // namespace qel::bench

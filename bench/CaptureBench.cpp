@@ -124,11 +124,11 @@ void addCaptureBenches(Operations& all) {
     all.push_back(
         {"capture at 4096 x 4096", "capture", Kind::Capture,
          [](Size size) { return size == Size::Full ? captureForms(4096, 4096) : captureForms(64, 64); },
-         Likeness::None});
+         false});
     all.push_back(
         {"capture at 800 x 600", "capture", Kind::Capture,
          [](Size size) { return size == Size::Full ? captureForms(800, 600) : captureForms(64, 48); },
-         Likeness::None});
+         false});
 }
 
 }  // namespace qel::bench

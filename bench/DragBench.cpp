@@ -1,10 +1,9 @@
 #include <memory>
 
 #include "AllBenches.h"
-#include "CameraByHand.h"
+#include "Rig.h"
 
-/// One step of the mouse in each kind of drag. The bare forms make the calls of such a step without the
-/// arithmetic between them, so their times are no bound: what counts is the module's own cost.
+/// One step of the mouse in each kind of drag, and the camera fitted to a box.
 
 namespace qel::bench {
 
@@ -24,7 +23,6 @@ struct DragScene {
     explicit DragScene(std::int32_t button) { rig.camera().onButtonDown(button, 400, 300); }
 
     Rig rig{kViewWidth, kViewHeight};
-    BareView view{rig};
     std::int32_t at = 0;
 
     std::int32_t nextStep() {
@@ -33,56 +31,38 @@ struct DragScene {
     }
 };
 
-/// What the size of the trackball on the screen is computed from.
-void measureSphere(BareView& view) {
-    readMatrices(view);
-    const double depth = projected(view, view.target).z;
-    unProjected(view, 0.0, 0.0, depth);
-    unProjected(view, 0.0, view.width, depth);
-}
-
-void rotateByHand(BareView& view) {
-    readMatrices(view);
-    projected(view, view.target);
-    loadCamera(view);
-}
-
-void panByHand(BareView& view) {
-    const double depth = projected(view, view.target).z;
-    unProjected(view, 0.0, 0.0, depth);
-    unProjected(view, 0.0, view.width, depth);
-    loadCamera(view);
-    measureSphere(view);
-}
-
-void zoomByHand(BareView& view) {
-    unProjected(view, 400.0, 300.0, 0.5);
-    unProjected(view, 400.0, 300.0, 0.5);
-    loadCamera(view);
-    measureSphere(view);
-}
-
-void addDrag(Operations& all, const char* name, std::int32_t button, void (*byHand)(BareView&)) {
-    const auto prepare = [button, byHand](Size) {
+void addDrag(Operations& all, const char* name, std::int32_t button) {
+    const auto prepare = [button](Size) {
         const auto scene = std::make_shared<DragScene>(button);
         Forms forms;
         forms.module = repeated([scene] {
             const std::int32_t step = scene->nextStep();
             scene->rig.camera().onMouseMove(400 + step, 300 + step);
         });
-        forms.bare = repeated([scene, byHand] { byHand(scene->view); });
-        forms.settle = Rig::finish;
         return forms;
     };
-    all.push_back({name, "step", Kind::Drag, prepare, Likeness::SameNames});
+    all.push_back({name, "step", Kind::Drag, prepare});
+}
+
+void addFit(Operations& all, const char* name, bool precise) {
+    const auto prepare = [precise](Size) {
+        const auto rig = std::make_shared<const Rig>(kViewWidth, kViewHeight);
+        const Enve3d box(-0.5, 0.5, -0.4, 0.4, -0.3, 0.3);
+        Forms forms;
+        forms.module = repeated([rig, box, precise] { rig->camera().zoomToExtent(box, precise); });
+        return forms;
+    };
+    all.push_back({name, "call", Kind::Fit, prepare});
 }
 
 }  // namespace
 
 void addDragBenches(Operations& all) {
-    addDrag(all, "rotation drag step", kRotate, rotateByHand);
-    addDrag(all, "pan drag step", kPan, panByHand);
-    addDrag(all, "zoom drag step", kZoom, zoomByHand);
+    addDrag(all, "rotation drag step", kRotate);
+    addDrag(all, "pan drag step", kPan);
+    addDrag(all, "zoom drag step", kZoom);
+    addFit(all, "zoomToExtent, quick", false);
+    addFit(all, "zoomToExtent, precise", true);
 }
 
 }  // namespace qel::bench

@@ -98,10 +98,6 @@ Forms pixelForms(Size) {
     const auto scene = std::make_shared<GdiScene>(kFewLines);
     Forms forms;
     forms.module = repeated([scene] { scene->kept = scene->display->worldToScreen({scene->probed, 0.2}).x; });
-    forms.bare = repeated([scene] {
-        const int column = scene->column(scene->probed);
-        scene->kept = column + scene->row(0.2);
-    });
     return forms;
 }
 

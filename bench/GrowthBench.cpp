@@ -108,13 +108,13 @@ Forms callForms(Size size) {
 // How the bare calls grow stands beside: what OpenGL itself does not keep the module cannot.
 void addGrowthBenches(Operations& all) {
     all.push_back({"growth: 10,000,000 vertices at once / 100,000", "vertex", Kind::Growth,
-                   vertexForms<drawPoints>, Likeness::None});
-    all.push_back({"growth: the same by bare calls", "vertex", Kind::Arithmetic,
-                   vertexForms<drawPointsByHand>, Likeness::None});
-    all.push_back({"growth: 1,000,000 calls in a frame / 1,000", "call", Kind::Growth, callForms<drawLine>,
-                   Likeness::None});
+                   vertexForms<drawPoints>, false});
+    all.push_back(
+        {"growth: the same by bare calls", "vertex", Kind::Arithmetic, vertexForms<drawPointsByHand>, false});
+    all.push_back(
+        {"growth: 1,000,000 calls in a frame / 1,000", "call", Kind::Growth, callForms<drawLine>, false});
     all.push_back({"growth: the same by bare calls of lines", "call", Kind::Arithmetic,
-                   callForms<drawLineByHand>, Likeness::None});
+                   callForms<drawLineByHand>, false});
 }
 
 }  // namespace qel::bench

@@ -41,13 +41,6 @@ struct Forms {
 /// How much data an operation gets: what is measured, or so little that its calls can be listed.
 enum class Size : std::uint8_t { Full, Small };
 
-/// How the traces of the two forms are compared.
-enum class Likeness : std::uint8_t {
-    SameCalls,  ///< the same functions with the same arguments, addresses apart
-    SameNames,  ///< the same functions: the arguments come from arithmetic that the bare form leaves out
-    None,       ///< not compared
-};
-
 /// One line of the report.
 struct Operation {
     std::string name;
@@ -55,7 +48,8 @@ struct Operation {
     std::string unit;
     Kind kind;
     std::function<Forms(Size)> prepare;
-    Likeness likeness = Likeness::SameCalls;
+    /// Whether both forms make the same calls with the same arguments, addresses apart.
+    bool makesSameCalls = true;
 };
 
 using Operations = std::vector<Operation>;

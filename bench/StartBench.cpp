@@ -63,7 +63,7 @@ Forms firstFrameForms(Size) {
 
 void addStartBenches(Operations& all) {
     all.push_back({"first frame after attach, with the window's context", "start", Kind::Start,
-                   firstFrameForms, Likeness::None});
+                   firstFrameForms, false});
 }
 
 }  // namespace qel::bench

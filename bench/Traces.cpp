@@ -26,15 +26,11 @@ std::string withoutAddresses(const std::string& text) {
     return result;
 }
 
-std::string nameOf(const std::string& call) {
-    return call.substr(0, call.find('('));
-}
-
 /// What an operation is about. The C runtime and the system's files are not.
 bool isMeasured(const std::string& call) {
     constexpr std::string_view kOthers[] = {"vsprintf",     "_vsnprintf",   "vprintf", "GetLastError",
                                             "SetLastError", "GetTickCount", "Sleep"};
-    const std::string name = nameOf(call);
+    const std::string name = call.substr(0, call.find('('));
     return std::find(std::begin(kOthers), std::end(kOthers), name) == std::end(kOthers);
 }
 
@@ -62,16 +58,9 @@ test::Calls tracedCalls(const Form& form) {
     return calls;
 }
 
-std::optional<std::string> differenceOfForms(const Forms& forms, Likeness likeness) {
-    if (likeness == Likeness::None || !forms.bare) {
-        return std::nullopt;
-    }
-    test::Calls module = tracedCalls(forms.module);
-    test::Calls bare = tracedCalls(forms.bare);
-    if (likeness == Likeness::SameNames) {
-        std::transform(module.begin(), module.end(), module.begin(), nameOf);
-        std::transform(bare.begin(), bare.end(), bare.begin(), nameOf);
-    }
+std::optional<std::string> differenceOfForms(const Forms& forms) {
+    const test::Calls module = tracedCalls(forms.module);
+    const test::Calls bare = tracedCalls(forms.bare);
     std::size_t place = 0;
     while (place < module.size() && place < bare.size() && module[place] == bare[place]) {
         ++place;

@@ -12,6 +12,6 @@ namespace qel::bench {
 [[nodiscard]] test::Calls tracedCalls(const Form& form);
 
 /// Nothing if the two forms of the operation make the same calls; else where they part.
-[[nodiscard]] std::optional<std::string> differenceOfForms(const Forms& forms, Likeness likeness);
+[[nodiscard]] std::optional<std::string> differenceOfForms(const Forms& forms);
 
 }  // namespace qel::bench
