@@ -43,6 +43,7 @@ setupPackages() {
     local missing steps
     missing=$(missingPackages)
     [ -n "$missing" ] || return 0
+    # shellcheck disable=SC2086 # a list of names, told in one line
     say "Missing packages:" $missing
     updatePackageLists
     # shellcheck disable=SC2086 # a list of names
@@ -51,5 +52,6 @@ setupPackages() {
     packageWork "Installing $steps packages" "$qelLogs/apt-install.log" $((steps * 3)) \
         env DEBIAN_FRONTEND=noninteractive apt-get -y --no-install-recommends -o Acquire::Retries=3 install $missing
     missing=$(missingPackages)
+    # shellcheck disable=SC2086
     [ -z "$missing" ] || die "Still missing:" $missing
 }

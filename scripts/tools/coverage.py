@@ -1,0 +1,133 @@
+"""coverage: counts which lines and branches of the portable folders the native tests reach, prints tables, and judges: "ok SENTENCE" or
+"not ok SENTENCE". The lines by themselves are shown in out/coverage/index.html.
+
+A line that no test can reach has its reason in scripts/coverage-reasons.txt: a line "== REASON", then a line "FILE: TEXT" for each line of
+code that it is for, where TEXT is the code itself, so that a reason stays with its line when others move. A REASON that begins with "By
+chance" is for lines that may be reached or not from run to run."""
+
+import json
+import os
+import re
+import sys
+
+from tools import tree
+
+LEAST_PERCENT_OF_LINES = 99.0
+FOLDERS = ("base", "view", "symbol", "transform", "module")
+BUILD = tree.ROOT / "build/coverage"
+REASONS = tree.ROOT / "scripts/coverage-reasons.txt"
+SHOWN = tree.ROOT / "out/coverage"
+
+
+def code_lines(file):
+    return [line for line in file["lines"] if not line["gcovr/noncode"]]
+
+
+def branches_of(line):
+    """Without those of exceptions, which the compiler adds to every call."""
+    return [branch["count"] > 0 for branch in line["branches"] if not branch["throw"]]
+
+
+def folders_of(files):
+    """Folder -> [lines, reached lines, branches, taken branches], and the sum of all under "together"."""
+    table = {folder: [0, 0, 0, 0] for folder in (*FOLDERS, "together")}
+    for file in files:
+        for line in code_lines(file):
+            branches = branches_of(line)
+            for row in (table[file["file"].split("/")[0]], table["together"]):
+                row[:] = [a + b for a, b in zip(row, (1, line["count"] > 0, len(branches), sum(branches)))]
+    return table
+
+
+def percent(part, whole):
+    return 100.0 * part / whole if whole else 0.0
+
+
+def too_few(table):
+    for name, (lines, reached, _, _) in table.items():
+        if percent(reached, lines) < LEAST_PERCENT_OF_LINES:
+            yield f"{name}: {percent(reached, lines):.1f} % of {lines} lines"
+
+
+def picked(files, wanted):
+    """(file, number, text) of each line that `wanted` holds for."""
+    for file in sorted(files, key=lambda each: each["file"]):
+        texts = (tree.ROOT / file["file"]).read_text().splitlines()
+        for line in code_lines(file):
+            if wanted(line):
+                yield file["file"], line["line_number"], texts[line["line_number"] - 1].strip()
+
+
+def read_reasons(text):
+    """(file, text) -> reason."""
+    reasons, reason = {}, None
+    for line in text.splitlines():
+        if line.startswith("== "):
+            reason = line[3:].strip()
+        elif line.strip() and not line.startswith("#"):
+            file, _, code = line.partition(": ")
+            reasons[(file.strip(), code.strip())] = reason
+    return reasons
+
+
+def unexplained(missing, reasons, is_there):
+    """What is wrong between the lines that are not reached and the reasons. `is_there(file, text)`: whether such a line exists."""
+    keys = {(file, text) for file, _, text in missing}
+    for file, number, text in missing:
+        if not reasons.get((file, text)):
+            yield f"{file}:{number}: not reached, and no reason is given: {text}"
+    for (file, text), reason in reasons.items():
+        if (file, text) not in keys and not (reason and reason.startswith("By chance") and is_there(file, text)):
+            yield f"{REASONS.name}: '{file}: {text}' is reached, or is not there"
+
+
+def is_there(file, text):
+    path = tree.ROOT / file
+    return path.exists() and text in map(str.strip, path.read_text().splitlines())
+
+
+def not_counted(files):
+    """Sources of the folders that the build compiles and gcovr has not seen."""
+    seen = {file["file"] for file in files}
+    for path in tree.compile_commands("coverage"):
+        if tree.name(path).split("/")[0] in FOLDERS and tree.name(path) not in seen:
+            if "{" in re.sub(r"^namespace.*$", "", path.read_text(), flags=re.MULTILINE):
+                yield f"{tree.name(path)} was not counted"
+
+
+def judge(files):
+    table = folders_of(files)
+    print(f"   {'folder':10} {'lines':>6} {'reached':>8} {'branches':>9} {'taken':>7}")
+    for name, (lines, reached, branches, taken) in table.items():
+        print(f"   {name:10} {lines:6} {percent(reached, lines):6.1f} % {branches:9} {percent(taken, branches):5.1f} %")
+    missing = list(picked(files, lambda line: line["count"] == 0))
+    half_taken = list(picked(files, lambda line: line["count"] and not all(branches_of(line))))
+    for title, lines in (("not reached", missing), ("not every branch is taken", half_taken)):
+        for file, number, text in lines:
+            print(f"   {title}: {file}:{number}: {text}")
+    sentence = f"the tests reach at least {LEAST_PERCENT_OF_LINES:.0f} % of the lines of every portable folder"
+    tree.report(sentence, [*too_few(table), *not_counted(files)])
+    tree.report("every line that no test reaches has its reason", unexplained(missing, read_reasons(REASONS.read_text()), is_there))
+
+
+def main():
+    if len(sys.argv) > 1:
+        sys.exit(__doc__)
+    tree.build("coverage", "qel_tests")
+    # What earlier runs counted is of no interest.
+    for path in BUILD.rglob("*.gcda"):
+        path.unlink()
+    environment = {name: value for name, value in os.environ.items() if name != "QEL_LONG_TESTS"}
+    tests = tree.run(BUILD / "bin/qel_tests", "--gtest_brief=1", env=environment, seconds=1800)
+    tree.report("the native tests pass while they are counted", tests.problems("qel_tests"))
+    SHOWN.mkdir(parents=True, exist_ok=True)
+    # One at a time, since two overwrite each other's files; in the build tree, where it leaves them if it is interrupted.
+    added = tree.run(
+        "gcovr", "-j", "1", "--root", tree.ROOT, "--filter", f"{tree.ROOT}/({'|'.join(FOLDERS)})/", "--json", BUILD / "counts.json",
+        "--html-details", SHOWN / "index.html", BUILD, cwd=BUILD, seconds=900
+    )
+    if added.code != 0:
+        tree.report("gcovr adds up what was reached", added.problems("gcovr"))
+    else:
+        judge(json.loads((BUILD / "counts.json").read_text())["files"])
+    return 1 if tree.report.failed else 0

@@ -1,0 +1,141 @@
+"""The stored pictures: those of docs/gallery with their page, and those of the viewer's scenes in tests/pictures. They are drawn here,
+compared, and renewed."""
+
+import pathlib
+import re
+import shutil
+import sys
+import tempfile
+import textwrap
+
+from tools import pictures, tree
+
+GALLERY, SCENES = tree.ROOT / "docs/gallery", tree.ROOT / "tests/pictures"
+SOURCES = tree.ROOT / "examples/gallery"
+HEAD = """# Gallery
+
+Everything that can be drawn, each with the code that drew it: `symbol` is a symbol, `camera` the view controller, `display` the
+display; the frame is begun and the camera loaded. The whole program is `examples/gallery`; `scripts/renew-pictures` draws the
+pictures and writes this page.
+"""
+# Pictures of the viewer: name, the file that its command writes, text, options.
+OF_THE_VIEWER = (
+    ("sampleScene", "view6.png", "The sample scene, made by code: every kind of thing at once.", "--view 6 --out FILE.png"),
+    ("sampleSceneFront", "view3.png", "The same from the front.", "--view 3 --out FILE.png"),
+    ("mapGdi", "map-gdi.png", "The sample map, drawn by the GDI display.", "--map-out PREFIX"),
+    ("mapPlane", "map-gl.png", "The sample map, drawn by OpenGL through the planar transform.", "--map-out PREFIX"),
+    ("mapRelief", "map-3d.png", "The sample map in three dimensions.", "--map-out PREFIX"),
+)
+# Drawn otherwise than by a symbol's operation.
+OVERLAYS = {"drawAxes", "drawTrackBall", "drawFrame", "drawLabel", "printText", "restoreCache"}
+
+
+def body(text, function):
+    """What stands in the function, as a host would write it."""
+    found = re.search(rf"^void {function}\(Easel& easel\) {{\n(.*?)^}}$", text, re.MULTILINE | re.DOTALL)
+    if not found:
+        raise ValueError(f"no source has a function {function}")
+    return "\n".join(without_easel(textwrap.dedent(found.group(1)).rstrip().splitlines()))
+
+
+def without_easel(lines):
+    """The lines without the word "easel."; those that were aligned behind it move with it."""
+    shift = 0
+    for line in lines:
+        indent = len(line) - len(line.lstrip())
+        if indent < 12:
+            shift = len("easel.") * line.partition("(")[0].count("easel.")
+        yield (line if indent < 12 else line[min(shift, indent) :]).replace("easel.", "")
+
+
+def page(listing):
+    """The gallery's page. A line of the list is "chapter|source|function|text"."""
+    lines, chapter = [HEAD], None
+    for title, source, function, text in (line.split("|") for line in listing.splitlines()):
+        if title != chapter:
+            chapter = title
+            lines.append(f"## {title}\n\nFrom `examples/gallery/{source}`, where the functions called here stand.\n")
+        code = body((SOURCES / source).read_text(), function)
+        lines.append(f"### {function}\n\n{text}\n\n![{function}]({function}.png)\n\n```c++\n{code}\n```\n")
+    lines.append("## Scenes\n\nOf the viewer, at half their size.\n")
+    for name, _, text, options in OF_THE_VIEWER:
+        lines.append(f"### {name}\n\n{text}\n\n![{name}]({name}.png)\n\n    ./run --size 640x480 {options}\n")
+    return "\n".join(lines)
+
+
+def draw(program, *arguments):
+    result = tree.on_screen("wine", tree.BINARIES / program, *arguments)
+    if result.code != 0:
+        raise RuntimeError(f"{program} could not draw: {result.output[-2000:]}")
+    return result.output.replace("\r", "")
+
+
+def draw_gallery(folder):
+    with tempfile.TemporaryDirectory() as work:
+        listing = draw("qelgallery.exe", tree.windows_path(folder))
+        draw("qelview.exe", "--size", "640x480", "--views-out", tree.windows_path(f"{work}/view"))
+        draw("qelview.exe", "--size", "640x480", "--map-out", tree.windows_path(f"{work}/map"))
+        for name, file, _, _ in OF_THE_VIEWER:
+            pictures.read(f"{work}/{file}").reduce(2).save(f"{folder}/{name}.png")
+    (folder / "README.md").write_text(page("\n".join(re.findall(r"^[^|\n]+\|.*$", listing, re.MULTILINE))))
+
+
+def draw_scenes(folder):
+    draw("qelview.exe", "--tour", tree.windows_path(folder / "tour.png"))
+    draw("qelview.exe", "--size", "480x360", "--map-out", tree.windows_path(folder / "map"))
+
+
+def compared(stored, draw_into):
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        draw_into(folder)
+        problems = pictures.folder_faults(stored, folder)
+        texts = [file for file in ("README.md",) if (folder / file).exists() and (folder / file).read_text() != (stored / file).read_text()]
+        return problems + [f"{file} differs: run scripts/renew-pictures" for file in texts if not problems]
+
+
+def not_shown(text, header):
+    operations = set(re.findall(r"virtual std::int32_t (draw\w+)\(", header)) | OVERLAYS
+    return [f"{name} is not shown" for name in sorted(operations) if f".{name}(" not in text]
+
+
+def check_pictures():
+    programs = [tree.BINARIES / name for name in ("QelDisplay64t.dll", "qelgallery.exe", "qelview.exe")]
+    tools = [pathlib.Path(__file__), pathlib.Path(pictures.__file__)]
+    for sentence, stored, draw_into in (
+        ("the gallery is the one that the sources draw", GALLERY, draw_gallery),
+        ("every scene of the tour looks as its stored picture", SCENES, draw_scenes),
+    ):
+        files = [part for path in sorted(stored.iterdir()) for part in (path.name, path)]
+        key = tree.digest(*programs, *tools, *files)
+        tree.report(sentence, tree.once("pictures", key, lambda stored=stored, draw_into=draw_into: compared(stored, draw_into)))
+    header = (tree.ROOT / "include/IQelSymbol.h").read_text()
+    tree.report("the gallery shows every drawing operation", not_shown((GALLERY / "README.md").read_text(), header))
+
+
+def renew(stored, draw_into):
+    """Draws the folder's pictures again and says which of them changed."""
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        draw_into(folder)
+        for path in sorted(path for path in stored.iterdir() if not (folder / path.name).exists()):
+            print(f"gone: {path}")
+            path.unlink()
+        for path in sorted(folder.iterdir()):
+            kept = stored / path.name
+            if not kept.exists():
+                print(f"new: {kept}")
+            elif kept.read_bytes() != path.read_bytes() and path.suffix == ".png":
+                first, second = pictures.read(kept), pictures.read(path)
+                pictures.SHOWN.mkdir(parents=True, exist_ok=True)
+                pictures.side_by_side(first, second, pictures.differences(first, second)).save(pictures.SHOWN / path.name)
+                print(f"changed: {kept}; next to what it was: {pictures.SHOWN / path.name}")
+            shutil.copy(path, kept)
+
+
+def main():
+    if len(sys.argv) > 1:
+        sys.exit(__doc__)
+    tree.build("windows", "qelgallery", "qelview")
+    renew(GALLERY, draw_gallery)
+    renew(SCENES, draw_scenes)

@@ -1,0 +1,109 @@
+"""Checks of the sources as texts: layout, floors, and what every text keeps to."""
+
+import re
+
+from tools import tree
+
+LONGEST_FILE = 350
+
+# A folder uses itself and these. The longest entry that a file's path begins with counts.
+MAY_USE = {
+    "base": (),
+    "include": ("base",),
+    "view": ("base", "include"),
+    "symbol": ("base", "include"),
+    "transform": ("base", "include"),
+    "display": ("base", "include", "view"),
+    "gdi": ("base", "include"),
+    "module": ("base", "include", "view", "symbol", "transform", "display", "gdi"),
+    "examples": ("base", "include"),
+    # A host with the test kit, and the matrices, which no header of a host's shows.
+    "bench": ("base", "include", "view", "tests"),
+}
+# Sentence, headers, and the files that alone may include them.
+ONLY_IN = (
+    ("OpenGL and GLU are included in base/QelGl.h alone", r"GL/glu?\.h", r"base/QelGl\.h"),
+    (
+        "Windows headers stay in the folders that are the Windows shell",
+        r"(?i:(windowsx?|windef|winbase|wingdi|winuser|process|commctrl|commdlg|shellapi|psapi|dbghelp|io|direct)\.h|GL/wgl\w*\.h)",
+        r"(display|gdi|examples|bench|tests/kit|tests/package)/.*|tests/.*Windows(Test)?\.(cpp|h)|module/ModuleEntry\.cpp",
+    ),
+)
+# Sentence, pattern, and whether it is searched in code alone. Written so that this file does not match itself.
+NOWHERE = (
+    ("nothing is marked as unfinished", r"\b(T[O]DO|F[I]XME|X[X]X|H[A]CK)\b", False),
+    (
+        "no text leans on something outside the project",
+        r"(?<![\w.])/(?:wo[r]k|ro[o]t|ho[m]e)/|/t[m]p/w\b|\bPar[t]s? \d\.\d|\bissu[e] #?\d|\b[Ss]pe[c]\b|[Ss]pecificatio[n]"
+        r"|\b[Aa]s specifie[d]\b",
+        False,
+    ),
+    ("no line ends in white space", r"[ \t]+$", True),
+)
+INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
+
+
+def floor_of(name, rules):
+    """The entry of the rules for a file; None where there is none."""
+    return max((floor for floor in rules if name.startswith(f"{floor}/")), key=len, default=None)
+
+
+def arrows_up(includes, rules):
+    """Includes of a floor that the file's own may not use. `includes` has file -> names, all of ours as paths from the root."""
+    for name, included in includes.items():
+        floor = floor_of(name, rules)
+        for header in included if floor else ():
+            other = floor_of(header, rules) or header.split("/")[0]
+            if other != floor and other not in rules[floor]:
+                yield f"{name} includes {header}"
+
+
+def strays(includes, headers, allowed):
+    for name, included in includes.items():
+        for header in included:
+            if re.fullmatch(headers, header) and not re.fullmatch(allowed, name):
+                yield f"{name} includes {header}"
+
+
+def read_includes():
+    """(file -> headers of ours as paths from the root, file -> all headers as written)"""
+    homes = {path.name: tree.name(path) for path in tree.code(".h")}
+    ours, written = {}, {}
+    for path in tree.code():
+        found = INCLUDE.findall(path.read_text())
+        ours[tree.name(path)] = [homes[quoted.rsplit("/", 1)[-1]] for quoted, _ in found if quoted.rsplit("/", 1)[-1] in homes]
+        written[tree.name(path)] = [quoted or angled for quoted, angled in found]
+    return ours, written
+
+
+def check_layers():
+    ours, written = read_includes()
+    tree.report("no folder uses one that stands above it", arrows_up(ours, MAY_USE))
+    for sentence, headers, allowed in ONLY_IN:
+        tree.report(sentence, strays(written, headers, allowed))
+    unguarded = [tree.name(path) for path in tree.code(".h") if not path.read_text().startswith("#pragma once\n")]
+    tree.report("every header begins with #pragma once", unguarded)
+
+
+def matches(pattern, name, text):
+    for number, line in enumerate(text.splitlines(), 1):
+        found = re.search(pattern, line)
+        if found:
+            yield f"{name}:{number}: {found.group(0).strip() or 'white space at the end'}"
+
+
+def check_texts():
+    texts = {tree.name(path): path.read_text(errors="replace") for path in tree.texts()}
+    code = {tree.name(path) for path in tree.code()}
+    for sentence, pattern, code_alone in NOWHERE:
+        files = code if code_alone else texts
+        tree.report(sentence, [problem for name in sorted(files) for problem in matches(pattern, name, texts[name])])
+    rooms = sorted(name for name in texts if name in code or name.startswith("scripts/"))
+    long = [f"{name} has {count} lines" for name in rooms if (count := len(texts[name].splitlines())) > LONGEST_FILE]
+    tree.report(f"no file is longer than {LONGEST_FILE} lines", long)
+
+
+def check_format():
+    told = tree.run("clang-format", "--dry-run", "-Werror", *map(tree.name, tree.code()))
+    places = [line for line in told.output.splitlines() if "error:" in line]
+    tree.report("every C++ file is laid out as .clang-format says", places or told.problems("clang-format"))
