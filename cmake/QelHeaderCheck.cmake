@@ -5,7 +5,7 @@ if(QEL_FUZZ OR QEL_COVERAGE OR MSVC OR NOT TARGET qel_kit)
     return()
 endif()
 
-set(windows_only "^(display|gdi|bench)/|Windows[^/]*\\.h$")
+set(windows_only "^(tests/)?(display|gdi|bench)/|Windows[^/]*\\.h$")
 set(checked)
 foreach(folder IN LISTS QEL_FOLDERS ITEMS display gdi)
     file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" "${folder}/*.h")
