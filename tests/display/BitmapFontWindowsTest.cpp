@@ -101,7 +101,7 @@ TEST(BitmapFont, OfALentContextGoesWithADisplayThatHasAWindowSince) {
 
 TEST(BitmapFont, IsBuiltWithoutTakingTheErrorThatWaitsForTheHost) {
     const GlSurface surface;
-    for (const GLenum error : {GL_INVALID_ENUM, GL_INVALID_VALUE}) {
+    for (const GLenum error : {GLenum{GL_INVALID_ENUM}, GLenum{GL_INVALID_VALUE}}) {
         error == GL_INVALID_ENUM ? glEnable(GL_LINE) : glLineWidth(-1.0F);
         const HeldDisplay display;
         const CallTrace trace;

@@ -1,7 +1,7 @@
 #include <tuple>
 
 #include "CaptureFixture.h"
-#include "kit/PictureComparison.h"
+#include "kit/Picture.h"
 
 namespace qel::test {
 namespace {

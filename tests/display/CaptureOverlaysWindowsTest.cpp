@@ -142,8 +142,8 @@ TEST_P(CaptureOverlays, TheRingsStandAroundTheRotationCentre) {
         camera().drawTrackBall();
         camera().onButtonUp();
     };
-    const Picture window = inWindow(drawRings);
-    const auto ring = window.boundsOf(kWhite);
+    const Picture inTheWindow = inWindow(drawRings);
+    const auto ring = inTheWindow.boundsOf(kWhite);
     ASSERT_TRUE(ring.has_value());
     const Picture picture = captured(drawRings);
     // Its rightmost and its highest point, as far as the picture shows them.

@@ -1,6 +1,6 @@
 #include "CaptureFixture.h"
 #include "HostState.h"
-#include "kit/PictureComparison.h"
+#include "kit/Picture.h"
 #include "kit/StateSnapshot.h"
 
 namespace qel::test {

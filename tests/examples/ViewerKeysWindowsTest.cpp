@@ -212,13 +212,13 @@ TEST_F(ViewerCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
 }
 
 TEST_F(ViewerCaptures, AreReportedWhenTheyCannotBeWritten) {
-    const qel::test::Picture before = picture();
+    const qel::test::Picture drawnBefore = picture();
     EXPECT_FALSE(viewer->capture("absent/a.bmp"));
     EXPECT_EQ(stage().annotations().notice,
               "The capture a.bmp cannot be written; choose another folder or name");
     // The view draws on as before.
     stage().annotations().notice.clear();
-    EXPECT_TRUE(picture() == before);
+    EXPECT_TRUE(picture() == drawnBefore);
     play("key C");
     EXPECT_TRUE(std::filesystem::exists("qelview-001.bmp"));
 }
