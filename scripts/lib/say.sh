@@ -7,9 +7,6 @@ die() {
     exit 1
 }
 
-# sayUsage SCRIPT: the remark at its head.
-sayUsage() { sed -n '2,/^set /{s/^# \{0,1\}//p}' "$1"; }
-
 isTerminal() { [ -t 1 ] && [ -z "${CI:-}" ]; }
 
 # Ends the group of the command that is running when the script itself is interrupted. Background commands of a script ignore

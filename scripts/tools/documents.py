@@ -2,6 +2,7 @@
 
 import functools
 import json
+import os
 import re
 import tempfile
 
@@ -42,13 +43,14 @@ def host_command():
 
 
 def compile_problems(place, code):
-    """Compiled into a file, so that the compiler's cache knows it again."""
     if not host_command():
         return ["the windows build is not configured"]
     source = tree.ROOT / "build/documents" / (re.sub(r"\W", "-", place) + ".cpp")
     source.parent.mkdir(parents=True, exist_ok=True)
     source.write_text(("" if "#include" in code else INSTEAD_OF_HEADERS) + f'#line 1 "{place}"\n' + code)
-    result = tree.run(*host_command(), "-o", source.with_suffix(".o"), "-c", source)
+    cache = {"CCACHE_DIR": str(tree.cache_folder() / "ccache"), "CCACHE_BASEDIR": str(tree.ROOT), "CCACHE_NOHASHDIR": "1"}
+    command = ("ccache", *host_command(), "-o", source.with_suffix(".o"), "-c", source)
+    result = tree.run(*command, env={**os.environ, **cache})
     return [line for line in result.output.splitlines() if "error" in line][:5] or result.problems(place)
 
 

@@ -45,5 +45,5 @@ def main():
     tree.build("fuzz", "qel_fuzz", setup="--for-fuzzing")
     (BUILD / "found").mkdir(exist_ok=True)
     for reader, (problems, tried) in zip(readers, tree.in_parallel(lambda each: fuzz(each, options.seconds), readers)):
-        tree.report(f"the reader of {reader} stands {options.seconds} seconds of fuzzing, {tried} inputs", problems)
+        tree.report(f"the reader of {reader} survives {options.seconds} seconds of fuzzing, {tried} inputs", problems)
     return 1 if tree.report.failed else 0
