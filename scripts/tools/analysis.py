@@ -55,7 +55,8 @@ def jobs(wanted):
 
 def failures(told):
     """Source -> lines that say what is wrong, of the output of run-clang-tidy, which begins each source with its command."""
-    parts = re.split(r"^\S*clang-tidy\S* .*?(\S+)$", told, flags=re.MULTILINE)
+    plain = re.sub(r"\x1b\[[\d;]*m", "", told)
+    parts = re.split(r"^\S*clang-tidy\S* .*?(\S+)$", plain, flags=re.MULTILINE)
     found = {source: re.findall(r"^.*(?:warning|error): .*$", output, re.MULTILINE) for source, output in zip(parts[1::2], parts[2::2])}
     return {source: lines for source, lines in found.items() if lines}
 

@@ -39,7 +39,8 @@ class Analysis(unittest.TestCase):
 
     def test_findings_belong_to_their_source(self):
         told = (
-            "/usr/bin/clang-tidy -p=x --quiet /s/good.cpp\nclang-tidy -p=x --quiet /s/bad.cpp\n/s/bad.h:1:2: error: no [x]\n"
+            "/usr/bin/clang-tidy -p=x --quiet /s/good.cpp\nclang-tidy -p=x --quiet /s/bad.cpp\n"
+            "\x1b[1m/s/bad.h:1:2: \x1b[0;31merror: no [x]\n"
             "clang-tidy -quiet /s/fine.cpp\n"
         )
         self.assertEqual(analysis.failures(told), {"/s/bad.cpp": ["/s/bad.h:1:2: error: no [x]"]})
