@@ -1,3 +1,6 @@
+import contextlib
+import io
+import json
 import pathlib
 import tempfile
 import unittest
@@ -99,11 +102,20 @@ class Coverage(unittest.TestCase):
         self.assertEqual(len(list(coverage.unexplained([], reasons, lambda *_: True))), 1)
         self.assertEqual(len(list(coverage.unexplained([("f.cpp", 1, "a();")], reasons, lambda *_: False))), 1)
 
+    def test_lines_that_are_not_reached_are_named_without_what_is_no_code(self):
+        lines = [{"line_number": n, "count": n - 1, "gcovr/noncode": False} for n in (1, 2)] + [
+            {"line_number": 3, "count": 0, "gcovr/noncode": True}
+        ]
+        first = (tree.ROOT / "README.md").read_text().splitlines()[0]
+        self.assertEqual(list(coverage.not_reached([{"file": "README.md", "lines": lines}])), [("README.md", 1, first)])
+
     def test_a_folder_below_the_bound_or_without_a_line_is_found(self):
-        line = {"gcovr/noncode": False, "branches": [{"throw": False, "count": 0}, {"throw": True, "count": 0}]}
-        files = [{"file": "base/A.cpp", "lines": [{**line, "count": int(number > 1)} for number in range(100)]}]
-        table = coverage.folders_of(files)
-        self.assertEqual(table["base"], [100, 98, 100, 0])
-        self.assertEqual(len(list(coverage.too_few(table))), len(coverage.FOLDERS) + 1)
-        files[0]["lines"][0]["count"] = 1
-        self.assertEqual(len(list(coverage.too_few(coverage.folders_of(files)))), len(coverage.FOLDERS) - 1)
+        for reached, wrong in ((99, False), (98, True), (0, True)):
+            with self.subTest(reached), tempfile.TemporaryDirectory() as folder:
+                counts = pathlib.Path(folder, "counts.json")
+                plain = {"branches": [], "gcovr/noncode": False, "gcovr/excluded": False}
+                lines = [{"line_number": n, "count": int(n <= reached), **plain} for n in range(1, 101)]
+                files = [{"file": "base/Enve3d.cpp", "lines": lines, "functions": []}] if reached else []
+                counts.write_text(json.dumps({"gcovr/format_version": "0.3", "files": files}))
+                with unittest.mock.patch.object(coverage, "COUNTS", counts), contextlib.redirect_stdout(io.StringIO()):
+                    self.assertEqual(bool(coverage.judged("base")), wrong)
