@@ -92,7 +92,7 @@ def main():
     for path in BUILD.rglob("*.gcda"):
         path.unlink()
     environment = {name: value for name, value in os.environ.items() if name != "QEL_LONG_TESTS"}
-    tests = tree.run(BUILD / "bin/qel_tests", "--gtest_brief=1", env=environment, seconds=1800)
+    tests = tree.run(BUILD / "bin/qel_tests", "--gtest_brief=1", cwd=BUILD, env=environment, seconds=1800)
     tree.report("the native tests pass while they are counted", tests.problems("qel_tests"))
     SHOWN.mkdir(parents=True, exist_ok=True)
     # One at a time, since two overwrite each other's files; in the build tree, where it leaves them if it is interrupted.
