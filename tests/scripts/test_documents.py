@@ -18,7 +18,8 @@ class Documents(unittest.TestCase):
         self.assertEqual(list(documents.unknown_quotes(README, text)), expected)
 
     def test_commands_presets_and_checks_that_do_not_exist_are_found(self):
-        text = "    ./no-such-command\n    ./run\n    cmake --preset nowhere\n    cmake --preset native\n    scripts/check nothing texts\n"
+        text = "    ./no-such-command\n    ./run\n    cmake --preset nowhere\n    cmake --preset native\n"
+        text += "    scripts/check nothing texts  # scripts/check --list\n"
         expected = ["./no-such-command: no such command", "no preset nowhere", "no check nothing"]
         self.assertEqual(list(documents.wrong_commands(README, text)), expected)
 
