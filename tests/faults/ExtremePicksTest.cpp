@@ -88,6 +88,8 @@ TEST(ExtremePicks, AskForNoSquareThatReachesBeyondWhatADriverCanAdd) {
     const ViewSubject view(60, 40);
     view->refreshDepth();
     view->onResize(2147483520, 40);
+    // The view's right part, as far out as it can be read.
+    view->setViewport(16770000, 0, 16000, 40);
     const auto readsAt = [&view](double x) {
         const CallTrace trace;
         view->pickModelPnt(x, 20.0);

@@ -103,23 +103,6 @@ TEST_F(PlanarMapping, WidensThePendingExtentOnce) {
     EXPECT_EQ(transform->getViewExtent().xmin, 0.0);
 }
 
-TEST_F(PlanarMapping, OfAWindowWithoutASizeIsInfiniteOrNoNumber) {
-    const Enve3d source{0.0, 10.0, 0.0, 20.0, 3.0, 4.0};
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    Enve3d fitted;
-    // Infinite model units for each pixel: times no width that is no number.
-    EXPECT_TRUE(transform->fitExtentToDevice({5, 5, 0, 100}, source, fitted));
-    EXPECT_TRUE(std::isnan(fitted.xmin) && std::isnan(fitted.xmax));
-    EXPECT_EQ(fitted.ymin, -kInfinity);
-    EXPECT_EQ(fitted.ymax, kInfinity);
-    EXPECT_TRUE(transform->fitExtentToDevice({0, 200, 7, 7}, source, fitted));
-    EXPECT_EQ(fitted.xmin, -kInfinity);
-    EXPECT_EQ(fitted.xmax, kInfinity);
-    EXPECT_TRUE(std::isnan(fitted.ymin) && std::isnan(fitted.ymax));
-    EXPECT_EQ(fitted.zmin, 3.0);
-    EXPECT_EQ(fitted.zmax, 4.0);
-}
-
 TEST_F(PlanarMapping, CountsRowsFromTheBottomOneWayAndFromTheTopTheOther) {
     show({0.0, 20.0, 0.0, 10.0, 0.0, 0.0}, {0.0, 20.0, 0.0, 10.0, 0.0, 0.0});
     std::int32_t x = 0;

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -72,33 +71,6 @@ TEST_F(PlanarReading, FindsBackgroundBeyondAnyBuffer) {
     EXPECT_NEAR(heightAt(100, std::numeric_limits<std::int32_t>::min()), kFarPlane, kStep);
     EXPECT_NEAR(heightAt(300, 50), kFarPlane, kStep) << "right of the window";
     EXPECT_NEAR(heightAt(100, -50), kFarPlane, kStep) << "above the window";
-}
-
-TEST_F(PlanarReading, MakesFiveCallsAndAsksWhatTheHostHasSet) {
-    const CallTrace trace;
-    heightAt(100, 40);
-    EXPECT_TRUE(callsMatch(
-        trace.calls(),
-        {call("glGetIntegerv", GL_PACK_SWAP_BYTES, out), call("glGetIntegerv", GL_PACK_ROW_LENGTH, out),
-         call("glGetIntegerv", GL_PACK_SKIP_ROWS, out), call("glGetIntegerv", GL_PACK_SKIP_PIXELS, out),
-         call("glGetIntegerv", GL_PACK_ALIGNMENT, out),
-         call("glReadPixels", 100, 60, 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT, any),
-         call("glGetDoublev", GL_PROJECTION_MATRIX, out), call("glGetDoublev", GL_MODELVIEW_MATRIX, out),
-         call("glGetIntegerv", GL_VIEWPORT, out),
-         call("gluUnProject", 100, 60, any, any, any, any, out, out, out)}));
-}
-
-TEST_F(PlanarReading, FitsAnExtentOnceWhateverTheWindow) {
-    transform->setDeviceExtent({0.0, 0.0, 0.0, 100.0, 0.0, 0.0});
-    transform->setViewExtent({0.0, 10.0, 0.0, 10.0, 0.0, 0.0});
-    transform->setFitPending(true);
-    transform->applyProjection();
-    EXPECT_TRUE(std::isnan(transform->getViewExtent().xmin));
-    transform->setDeviceExtent({0.0, 200.0, 0.0, 100.0, 0.0, 0.0});
-    transform->setViewExtent({0.0, 10.0, 0.0, 10.0, 0.0, 0.0});
-    transform->applyProjection();
-    EXPECT_EQ(transform->getViewExtent().xmin, 0.0);
-    glGetError();
 }
 
 }  // namespace

@@ -61,6 +61,11 @@ class TrackBallViewport : public ::testing::TestWithParam<ViewportCase> {
         return std::pair(whole, operation());
     }
 
+    /// The model point under a pixel of the viewport in force, as deep as the target.
+    XPnt3d pointUnder(double x, double y) const {
+        return camera->unProject(x, y, camera->projectPnt(camera->getTarget()).z);
+    }
+
     Picture lookAtWindow() const {
         glViewport(0, 0, surface.width(), surface.height());
         return Picture::ofFrame();
@@ -90,7 +95,7 @@ class TrackBallViewport : public ::testing::TestWithParam<ViewportCase> {
 };
 
 TEST_P(TrackBallViewport, LabelsBeginAtTheProjectedPixelOfTheirPoint) {
-    const XPnt3d point = camera->unProject(110.0, 80.0, 0.99);
+    const XPnt3d point = pointUnder(110.0, 80.0);
     showThroughViewport();
     const Eigen::Vector2d expected = windowOf(110.0, 80.0);
     const XPnt3d pixel = camera->projectPnt(point);
@@ -123,8 +128,8 @@ TEST_P(TrackBallViewport, TheTripodStandsWhereItStandsInTheWholeView) {
 }
 
 TEST_P(TrackBallViewport, QuestionsOfVisibilityAreAboutTheViewportInForce) {
-    const XPnt3d inside = camera->unProject(190.0, 140.0, 0.99);
-    const XPnt3d outside = camera->unProject(210.0, 140.0, 0.99);
+    const XPnt3d inside = pointUnder(190.0, 140.0);
+    const XPnt3d outside = pointUnder(210.0, 140.0);
     const auto boxAround = [](const XPnt3d& p) {
         return Enve3d{p.x - 0.1, p.x + 0.1, p.y - 0.1, p.y + 0.1, p.z - 0.1, p.z + 0.1};
     };

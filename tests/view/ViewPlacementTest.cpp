@@ -57,9 +57,11 @@ TEST_F(Placement, OrthoViewAlongNothingStaysFinite) {
 TEST_F(Placement, OrthoViewThatNoFiniteCameraHasChangesNothing) {
     const Enve3d before = view->getExtent();
     const auto expectRefusal = [&](const XPnt3d& newTarget, const XPnt3d& direction, const Enve3d& box) {
-        const CallTrace trace;
-        EXPECT_EQ(view->setOrthoView(newTarget, direction, {0.0, 1.0, 0.0}, box), 0);
-        EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), {}));
+        EXPECT_TRUE(
+            callsMatch(traced([&] {
+                           EXPECT_EQ(view->setOrthoView(newTarget, direction, {0.0, 1.0, 0.0}, box), 0);
+                       }),
+                       {}));
         EXPECT_FALSE(view->isOrtho());
         EXPECT_EQ(view->refreshDepth(), 0);
         EXPECT_TRUE(sameBox(view->getExtent(), before));
