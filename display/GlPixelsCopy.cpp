@@ -31,6 +31,30 @@ constexpr Map kMapNames[] = {
     {GL_PIXEL_MAP_B_TO_B, GL_PIXEL_MAP_B_TO_B_SIZE}, {GL_PIXEL_MAP_A_TO_A, GL_PIXEL_MAP_A_TO_A_SIZE},
 };
 
+/// The stipple and the maps are written as pixels are stored: while it lives without the host's way of it.
+class PlainPacking {
+  public:
+    explicit PlainPacking(const GLint* stores) : ofTheHost(stores) {
+        for (std::size_t index = 0; index < kPackNames; ++index) {
+            if (ofTheHost[index] != kStoreNames[index].plain) {
+                glPixelStorei(kStoreNames[index].name, kStoreNames[index].plain);
+            }
+        }
+    }
+    ~PlainPacking() {
+        for (std::size_t index = 0; index < kPackNames; ++index) {
+            if (ofTheHost[index] != kStoreNames[index].plain) {
+                glPixelStorei(kStoreNames[index].name, ofTheHost[index]);
+            }
+        }
+    }
+    PlainPacking(const PlainPacking&) = delete;
+    PlainPacking& operator=(const PlainPacking&) = delete;
+
+  private:
+    const GLint* ofTheHost;
+};
+
 }  // namespace
 
 void GlPixelsCopy::take() {
@@ -45,16 +69,11 @@ void GlPixelsCopy::take() {
     }
     glGetFloatv(GL_ZOOM_X, &zoom[0]);
     glGetFloatv(GL_ZOOM_Y, &zoom[1]);
-    takeStipple();
+    takeStippleAndMaps();
 }
 
-// The stipple and the maps are written as pixels are stored, so they are read without the host's way of it.
-void GlPixelsCopy::takeStipple() {
-    for (std::size_t index = 0; index < kPackNames; ++index) {
-        if (stores[index] != kStoreNames[index].plain) {
-            glPixelStorei(kStoreNames[index].name, kStoreNames[index].plain);
-        }
-    }
+void GlPixelsCopy::takeStippleAndMaps() {
+    const PlainPacking packing(stores);
     glGetPolygonStipple(stipple);
     for (int index = 0; index < kMaps; ++index) {
         GLint size = 0;
@@ -62,11 +81,6 @@ void GlPixelsCopy::takeStipple() {
         maps[index].assign(static_cast<std::size_t>(size > 0 ? size : 0), 0.0F);
         if (size > 0) {
             glGetPixelMapfv(kMapNames[index].name, maps[index].data());
-        }
-    }
-    for (std::size_t index = 0; index < kPackNames; ++index) {
-        if (stores[index] != kStoreNames[index].plain) {
-            glPixelStorei(kStoreNames[index].name, stores[index]);
         }
     }
 }

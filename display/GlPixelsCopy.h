@@ -18,7 +18,7 @@ class GlPixelsCopy {
     static constexpr int kTransfers = 14;
     static constexpr int kMaps = 10;
 
-    void takeStipple();
+    void takeStippleAndMaps();
 
     GLint stores[kStores] = {};
     GLfloat transfers[kTransfers] = {};

@@ -57,11 +57,12 @@ std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t 
     endCapture();
     GlStateCopy stateOfWindow;
     stateOfWindow.take();
+    viewIsCaptures = true;
     if (!capture.begin(qel::toHandle<HDC>(deviceContext), width, height, fileName)) {
+        viewIsCaptures = false;
         makeCurrent();
         return -1;
     }
-    viewIsCaptures = true;
     makeCurrent();
     // The host draws with the state it knows from its window.
     stateOfWindow.put();

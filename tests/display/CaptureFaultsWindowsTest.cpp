@@ -1,6 +1,7 @@
 #include <tuple>
 
 #include "CaptureFixture.h"
+#include "kit/GuardedHeap.h"
 #include "kit/Picture.h"
 
 namespace qel::test {
@@ -169,6 +170,33 @@ TEST_F(CaptureHandles, OfAPictureThatIsSavedAgainAfterFramesOfTheWindowHoldWhatW
     EXPECT_EQ(display->saveBitmap(), 0);
     EXPECT_TRUE(file.bytes() == expected);
     EXPECT_EQ(currentContext(), context);
+}
+
+/// Each block that the module asks for while it begins a capture is refused once.
+TEST_F(CaptureHandles, OfACaptureThatGetsNoMemoryLeaveTheWindowItsStateAndItsFrame) {
+    constexpr GLint kRowLength = 200;
+    const Picture inWindow = windowFrame();
+    glPixelStorei(GL_PACK_ROW_LENGTH, kRowLength);
+    GuardedHeap heap;
+    int refused = 0;
+    bool goesOn = true;
+    for (std::size_t nth = 1; goesOn; ++nth) {
+        heap.refuse(nth);
+        try {
+            begin(16, 12);
+        } catch (const std::bad_alloc&) {
+            ++refused;
+        }
+        goesOn = heap.hasRefused();
+        heap.refuse(0);
+        EXPECT_EQ(display->saveBitmap(), 0);
+        display->makeCurrent();
+        GLint rowLength = 0;
+        glGetIntegerv(GL_PACK_ROW_LENGTH, &rowLength);
+        EXPECT_EQ(rowLength, kRowLength);
+        EXPECT_TRUE(windowFrame() == inWindow);
+    }
+    EXPECT_GT(refused, 0);
 }
 
 TEST_F(CaptureHandles, OfAFileThatBecomesWritableAreGivenBackByTheNextSave) {
