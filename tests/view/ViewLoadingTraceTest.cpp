@@ -47,6 +47,25 @@ TEST_F(CameraTrace, UpdateViewLoadsProjectionThenModelview) {
         callsMatch(traced([&] { EXPECT_EQ(view->applyModelview(), 0); }), loadModelview(eye, target, up)));
 }
 
+/// A camera that loads nothing itself.
+class QuietCamera final : public CQelTrackBall {
+  public:
+    std::int32_t applyProjection() override {
+        CallTrace::noteIfAlive("applyProjection");
+        return 0;
+    }
+    std::int32_t applyModelview() override {
+        CallTrace::noteIfAlive("applyModelview");
+        return 0;
+    }
+};
+
+TEST_F(CameraTrace, UpdateViewLoadsThroughTheOperationsOfADerivedCamera) {
+    const ref_ptr<CQelTrackBall> derived(new QuietCamera);
+    EXPECT_TRUE(callsMatch(traced([&] { EXPECT_EQ(derived->updateView(), 1); }),
+                           {"applyProjection", "applyModelview"}));
+}
+
 TEST_F(CameraTrace, ApplyProjectionLoadsTheBoxInOrthographicViews) {
     view->setOrtho();
     EXPECT_TRUE(
