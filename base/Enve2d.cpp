@@ -1,6 +1,6 @@
 #include "Enve2d.h"
 
-#include "EnvelopeBounds.h"
+#include "detail/EnvelopeBounds.h"
 
 namespace qel {
 

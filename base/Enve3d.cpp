@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "EnvelopeBounds.h"
+#include "detail/EnvelopeBounds.h"
 
 namespace qel {
 

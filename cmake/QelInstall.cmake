@@ -16,10 +16,8 @@ foreach(program qelview qelminimal qelhostcontext)
     endif()
 endforeach()
 
-# The headers of base/ that are only for the libraries themselves stay here.
-install(DIRECTORY include/ base/ DESTINATION include/QelDisplay64t FILES_MATCHING PATTERN "*.h"
-    PATTERN EmitVertex.h EXCLUDE PATTERN EnvelopeBounds.h EXCLUDE PATTERN FlatBox.h EXCLUDE PATTERN PixelArea.h EXCLUDE
-    PATTERN PixelDepth.h EXCLUDE PATTERN PixelPackScope.h EXCLUDE PATTERN QelTruncate.h EXCLUDE)
+# base/detail/ is for the libraries themselves.
+install(DIRECTORY include/ base/ DESTINATION include/QelDisplay64t FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE)
 install(DIRECTORY examples/minimal examples/hostcontext DESTINATION share/QelDisplay64t/examples)
 
 include(CMakePackageConfigHelpers)

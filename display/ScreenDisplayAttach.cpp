@@ -2,7 +2,7 @@
 #include "CQelScreenDisplay.h"
 #include "CQelTrackBall.h"
 #include "Enve3d.h"
-#include "QelTruncate.h"
+#include "detail/QelTruncate.h"
 
 std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuffers) {
     if (window == 0) {

@@ -5,10 +5,10 @@
 #include "CQelScreenDisplay.h"
 #include "CQelTrackBall.h"
 #include "HostEffects.h"
-#include "PixelArea.h"
-#include "PixelPackScope.h"
 #include "PixelTransferScope.h"
 #include "QelTmpGlStateCtrl.h"
+#include "detail/PixelArea.h"
+#include "detail/PixelPackScope.h"
 
 namespace {
 

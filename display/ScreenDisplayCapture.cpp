@@ -5,7 +5,7 @@
 #include "CQelTrackBall.h"
 #include "Enve2d.h"
 #include "GlStateCopy.h"
-#include "QelTruncate.h"
+#include "detail/QelTruncate.h"
 
 namespace {
 

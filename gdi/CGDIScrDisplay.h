@@ -4,7 +4,7 @@
 
 #include "GdiSystem.h"
 #include "IQelScrDisplay2D.h"
-#include "QelTruncate.h"
+#include "detail/QelTruncate.h"
 
 /// The plain 2D display: a world rectangle on a window's device context, drawn with one pen and one hatch
 /// brush.

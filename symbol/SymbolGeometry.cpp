@@ -1,7 +1,6 @@
 #include "CQelLineSeg.h"
 #include "CQelSimpSymbol.h"
 #include "ClientArrays.h"
-#include "EmitVertex.h"
 #include "IQelBall.h"
 #include "IQelCurve.h"
 #include "IQelGeometry.h"
@@ -11,7 +10,8 @@
 #include "IQelRing.h"
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
-#include "QelTruncate.h"
+#include "detail/EmitVertex.h"
+#include "detail/QelTruncate.h"
 
 namespace {
 

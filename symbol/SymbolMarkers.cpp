@@ -2,11 +2,11 @@
 #include <cmath>
 
 #include "CQelSimpSymbol.h"
-#include "EmitVertex.h"
 #include "QelGl.h"
 #include "QelStatus.h"
 #include "QelTmpGlStateCtrl.h"
 #include "StyleGuards.h"
+#include "detail/EmitVertex.h"
 
 namespace {
 

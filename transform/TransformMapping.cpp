@@ -1,8 +1,8 @@
 #include "CQelTransform2d.h"
-#include "FlatBox.h"
-#include "PixelDepth.h"
 #include "QelGl.h"
-#include "QelTruncate.h"
+#include "detail/FlatBox.h"
+#include "detail/PixelDepth.h"
+#include "detail/QelTruncate.h"
 
 namespace {
 

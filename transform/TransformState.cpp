@@ -1,6 +1,6 @@
 #include "CQelTransform2d.h"
-#include "FlatBox.h"
 #include "QelStatus.h"
+#include "detail/FlatBox.h"
 
 CQelTransform2d::CQelTransform2d() = default;
 

@@ -1,11 +1,11 @@
 #include <algorithm>
 
 #include "CQelTrackBall.h"
-#include "PixelArea.h"
-#include "PixelDepth.h"
-#include "PixelPackScope.h"
 #include "QelGl.h"
-#include "QelTruncate.h"
+#include "detail/PixelArea.h"
+#include "detail/PixelDepth.h"
+#include "detail/PixelPackScope.h"
+#include "detail/QelTruncate.h"
 
 namespace {
 

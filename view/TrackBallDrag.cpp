@@ -2,7 +2,7 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
-#include "QelTruncate.h"
+#include "detail/QelTruncate.h"
 
 namespace {
 

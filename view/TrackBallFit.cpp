@@ -4,8 +4,8 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
-#include "FlatBox.h"
 #include "QelQuad.h"
+#include "detail/FlatBox.h"
 
 namespace {
 

@@ -5,12 +5,12 @@
 
 #include "CQelTrackBall.h"
 #include "FiniteArguments.h"
-#include "FlatBox.h"
-#include "PixelDepth.h"
-#include "PixelPackScope.h"
 #include "QelGl.h"
 #include "QelPredicates.h"
-#include "QelTruncate.h"
+#include "detail/FlatBox.h"
+#include "detail/PixelDepth.h"
+#include "detail/PixelPackScope.h"
+#include "detail/QelTruncate.h"
 
 namespace {
 

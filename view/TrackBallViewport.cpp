@@ -1,6 +1,6 @@
 #include "CQelTrackBall.h"
 #include "QelGl.h"
-#include "QelTruncate.h"
+#include "detail/QelTruncate.h"
 
 namespace {
 

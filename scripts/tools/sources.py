@@ -28,6 +28,11 @@ ONLY_IN = (
         r"(?i:(windowsx?|windef|winbase|wingdi|winuser|process|commctrl|commdlg|shellapi|psapi|dbghelp|io|direct)\.h|GL/wgl\w*\.h)",
         r"(display|gdi|examples|bench|tests/kit|tests/package)/.*|tests/.*Windows(Test)?\.(cpp|h)|module/ModuleEntry\.cpp",
     ),
+    (
+        "what is installed needs no header of base/detail/, and hosts include none",
+        r"detail/\w+\.h",
+        r"base/detail/.*|base/\w+\.cpp|(view|symbol|transform|display|gdi|tests)/.*",
+    ),
 )
 # Sentence, pattern, and whether it is searched in code alone. Written so that this file does not match itself.
 NOWHERE = (

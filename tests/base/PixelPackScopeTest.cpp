@@ -1,4 +1,4 @@
-#include "PixelPackScope.h"
+#include "detail/PixelPackScope.h"
 
 #include <gtest/gtest.h>
 

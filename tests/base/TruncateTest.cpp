@@ -1,4 +1,4 @@
-#include "QelTruncate.h"
+#include "detail/QelTruncate.h"
 
 #include <gtest/gtest.h>
 
