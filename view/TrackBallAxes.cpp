@@ -2,6 +2,7 @@
 #include "FiniteArguments.h"
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
+#include "detail/EmitVertex.h"
 
 namespace {
 
@@ -15,8 +16,8 @@ constexpr double kFrameUnit = 0.0025;
 constexpr float kBeyondFull = 255.0F;
 
 void line(const qel::XPnt3d& from, const qel::XPnt3d& to) {
-    glVertex3d(from.x, from.y, from.z);
-    glVertex3d(to.x, to.y, to.z);
+    qel::emitVertex(from);
+    qel::emitVertex(to);
 }
 
 void rasterAt(const qel::XPnt3d& point) {

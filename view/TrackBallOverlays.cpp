@@ -8,16 +8,13 @@
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
 #include "XPnt3f.h"
+#include "detail/EmitVertex.h"
 
 namespace {
 
 constexpr int kSegmentsOfARing = 80;
 constexpr float kRadiansPerSegment = 0.07853982F;
 constexpr std::size_t kLongestLabel = 256;
-
-void vertex(const qel::XPnt3d& point) {
-    glVertex3d(point.x, point.y, point.z);
-}
 
 /// Cosine and sine of each point of a ring, the full turn included.
 class RingAngles {
@@ -76,8 +73,8 @@ std::int32_t CQelTrackBall::drawTrackBall() {
     glBegin(GL_LINES);
     for (const qel::XPnt3d& tip : {drag.sphereStartView, drag.sphereCurrentView}) {
         glColor3f(1.0F, 1.0F, 1.0F);
-        vertex(rotationCenter);
-        vertex(tip * radius + rotationCenter);
+        qel::emitVertex(rotationCenter);
+        qel::emitVertex(tip * radius + rotationCenter);
     }
     glEnd();
     return 1;
@@ -96,8 +93,8 @@ void CQelTrackBall::drawRings(float radius) {
     qel::XPnt3d previous = rotationCenter + right * r;
     for (int segment = 1; segment <= kSegmentsOfARing; ++segment) {
         const qel::XPnt3d next = facing.pointAt(segment);
-        vertex(previous);
-        vertex(next);
+        qel::emitVertex(previous);
+        qel::emitVertex(next);
         previous = next;
     }
     glEnd();
@@ -111,8 +108,8 @@ void CQelTrackBall::drawRings(float radius) {
         const qel::XPnt3d next = dragRing.pointAt(segment);
         // Solid on the eye's side of the centre, dashed behind it.
         if (qel::dot(previous - rotationCenter, towardsEye) >= 0.0 || segment % 2 == 0) {
-            vertex(previous);
-            vertex(next);
+            qel::emitVertex(previous);
+            qel::emitVertex(next);
         }
         previous = next;
     }
