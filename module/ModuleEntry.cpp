@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "PublicSymbol.h"
+#include "QelDisplay64t.h"
 
 namespace {
 
@@ -60,11 +61,11 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, LPVOID reser
     }
     // A detach does not end the thread that runs it. That thread is one of the host's, or the one that ends
     // the process, and it holds the loader's lock, which nobody would then release.
-    qel::renewPublicSymbol();
+    qel::setPublicSymbol(newQelSymbol());
     // A host may load and unload the library for weeks; at the end of the process the system frees the
     // memory.
     if (isDetach && !processEnds) {
-        qel::emptyPublicSymbol();
+        qel::setPublicSymbol(nullptr);
     }
     return TRUE;
 }

@@ -3,7 +3,7 @@
 #include "QelDisplay64t.h"
 
 #if defined(_WIN32)
-// Declared by hand: the portable part of the module sees no Windows header.
+// Declared by hand: the portable folders see no Windows header.
 extern "C" __declspec(dllimport) void AcquireSRWLockExclusive(void** lock);
 extern "C" __declspec(dllimport) void ReleaseSRWLockExclusive(void** lock);
 #else
@@ -14,22 +14,22 @@ namespace qel {
 
 namespace {
 
-/// Hosts start threads whenever they like, and each start and end renews the symbol: the slot is locked for
-/// the few instructions in which a reader copies the pointer and adds its reference. Whoever waits sleeps in
-/// the system, so that a holder of lower priority gets to run: a renewal waits with the loader's lock held.
+// Hosts start threads whenever they like, and each start and end renews the symbol: the slot is locked for the
+// few instructions in which a reader copies the pointer and adds its reference. Whoever waits sleeps in the
+// system, so that a holder of lower priority gets to run: a renewal waits with the loader's lock held.
+#if defined(_WIN32)
 class SlotLock {
   public:
-#if defined(_WIN32)
-    void lock() noexcept {
-        AcquireSRWLockExclusive(&word);
-    }
-    void unlock() noexcept {
-        ReleaseSRWLockExclusive(&word);
-    }
-    void forgetHolder() noexcept {
-        word = nullptr;
-    }
+    void lock() noexcept { AcquireSRWLockExclusive(&word); }
+    void unlock() noexcept { ReleaseSRWLockExclusive(&word); }
+    void forgetHolder() noexcept { word = nullptr; }
+
+  private:
+    void* word = nullptr;
+};
 #else
+class SlotLock {
+  public:
     void lock() noexcept {
         while (isHeld.test_and_set(std::memory_order_acquire)) {
             isHeld.wait(true, std::memory_order_relaxed);
@@ -39,25 +39,21 @@ class SlotLock {
         isHeld.clear(std::memory_order_release);
         isHeld.notify_one();
     }
-    void forgetHolder() noexcept {
-        isHeld.clear();
-    }
-#endif
+    void forgetHolder() noexcept { isHeld.clear(); }
 
   private:
-#if defined(_WIN32)
-    void* word = nullptr;
-#else
     std::atomic_flag isHeld;
-#endif
 };
+#endif
 
 SlotLock slotLock;
 
 /// Deliberately never destroyed: threads may still end, and hosts still ask, while the process goes down.
 IQelSymbol* slot = nullptr;
 
-void replacePublicSymbol(IQelSymbol* fresh) {
+}  // namespace
+
+void setPublicSymbol(IQelSymbol* fresh) {
     if (fresh != nullptr) {
         fresh->ref();
     }
@@ -69,16 +65,6 @@ void replacePublicSymbol(IQelSymbol* fresh) {
     if (old != nullptr) {
         old->unref();
     }
-}
-
-}  // namespace
-
-void renewPublicSymbol() {
-    replacePublicSymbol(newQelSymbol());
-}
-
-void emptyPublicSymbol() {
-    replacePublicSymbol(nullptr);
 }
 
 void unlockPublicSymbolForGood() {

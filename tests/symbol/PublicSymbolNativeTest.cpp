@@ -18,8 +18,8 @@ const bool kEmptyAtFirst = !getPubSymbol();
 /// Starts with an empty slot and leaves one.
 class PublicSymbol : public ::testing::Test {
   protected:
-    PublicSymbol() { emptyPublicSymbol(); }
-    ~PublicSymbol() override { emptyPublicSymbol(); }
+    PublicSymbol() { setPublicSymbol(nullptr); }
+    ~PublicSymbol() override { setPublicSymbol(nullptr); }
 };
 
 TEST_F(PublicSymbol, IsEmptyBeforeTheLibraryIsLoaded) {
@@ -27,18 +27,18 @@ TEST_F(PublicSymbol, IsEmptyBeforeTheLibraryIsLoaded) {
 }
 
 TEST_F(PublicSymbol, IsAFreshOneAtEachRenewal) {
-    renewPublicSymbol();
+    setPublicSymbol(newQelSymbol());
     const ref_ptr<IQelSymbol> first = getPubSymbol();
     ASSERT_TRUE(first);
     EXPECT_EQ(getPubSymbol().get(), first.get());
-    renewPublicSymbol();
+    setPublicSymbol(newQelSymbol());
     const ref_ptr<IQelSymbol> second = getPubSymbol();
     ASSERT_TRUE(second);
     EXPECT_NE(second.get(), first.get());
 }
 
 TEST_F(PublicSymbol, IsHeldByTheSlotAndByWhoeverAsked) {
-    renewPublicSymbol();
+    setPublicSymbol(newQelSymbol());
     const ref_ptr<IQelSymbol> held = getPubSymbol();
     EXPECT_EQ(held->referenceCount(), 2);
     EXPECT_EQ(getPubSymbol()->referenceCount(), 3);
@@ -46,25 +46,25 @@ TEST_F(PublicSymbol, IsHeldByTheSlotAndByWhoeverAsked) {
 }
 
 TEST_F(PublicSymbol, LivesOnWithItsHolderAfterARenewal) {
-    renewPublicSymbol();
+    setPublicSymbol(newQelSymbol());
     const ref_ptr<IQelSymbol> held = getPubSymbol();
-    renewPublicSymbol();
+    setPublicSymbol(newQelSymbol());
     EXPECT_EQ(held->referenceCount(), 1);
-    emptyPublicSymbol();
+    setPublicSymbol(nullptr);
     EXPECT_FALSE(getPubSymbol());
 }
 
 TEST_F(PublicSymbol, IsStillServedWhenTheProcessGoesDown) {
-    renewPublicSymbol();
+    setPublicSymbol(newQelSymbol());
     const ref_ptr<IQelSymbol> before = getPubSymbol();
     unlockPublicSymbolForGood();
     EXPECT_EQ(getPubSymbol().get(), before.get());
-    emptyPublicSymbol();
+    setPublicSymbol(nullptr);
     EXPECT_EQ(before->referenceCount(), 1);
 }
 
 TEST_F(PublicSymbol, MayBeAskedForWhileAnotherThreadRenewsIt) {
-    renewPublicSymbol();
+    setPublicSymbol(newQelSymbol());
     std::atomic<bool> stop = false;
     std::atomic<int> empty = 0;
     std::vector<std::thread> readers;
@@ -77,7 +77,7 @@ TEST_F(PublicSymbol, MayBeAskedForWhileAnotherThreadRenewsIt) {
         });
     }
     for (int i = 0; i < 20000; ++i) {
-        renewPublicSymbol();
+        setPublicSymbol(newQelSymbol());
     }
     stop = true;
     for (std::thread& reader : readers) {

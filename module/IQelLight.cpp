@@ -1,9 +1,0 @@
-#include "IQelLight.h"
-
-IQelLight::IQelLight() = default;
-
-IQelLight::IQelLight(const IQelLight& other) = default;
-
-IQelLight& IQelLight::operator=(const IQelLight& other) = default;
-
-IQelLight::~IQelLight() = default;
