@@ -4,6 +4,8 @@
 #include <cstring>
 #include <string>
 
+#include "QelGl.h"
+
 namespace {
 
 constexpr GLuint kFirstCharacter = 32;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "QelGl.h"
 #include "QelSystem.h"
 
 /// The holder of one OpenGL rendering context on one device context: it chooses the pixel format, creates,

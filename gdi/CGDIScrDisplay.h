@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "GdiSystem.h"
 #include "IQelScrDisplay2D.h"
+#include "QelSystem.h"
 #include "detail/QelTruncate.h"
 
 /// The plain 2D display: a world rectangle on a window's device context, drawn with one pen and one hatch

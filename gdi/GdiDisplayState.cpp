@@ -19,13 +19,12 @@ CGDIScrDisplay::~CGDIScrDisplay() {
     selectBack(deviceContext, OBJ_BRUSH, brush, oldBrush);
     deleteTools();
     if (deviceContext != nullptr) {
-        const auto window = static_cast<std::intptr_t>(windowHandle);
-        ReleaseDC(reinterpret_cast<HWND>(window), deviceContext);  // NOLINT(performance-no-int-to-ptr)
+        ReleaseDC(qel::toHandle<HWND>(windowHandle), deviceContext);
     }
 }
 
 std::int32_t CGDIScrDisplay::getDC() {
-    return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(deviceContext));
+    return qel::fromHandle(deviceContext);
 }
 
 std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
@@ -41,8 +40,7 @@ std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
     if (deviceContext != nullptr) {
         DeleteDC(deviceContext);
     }
-    const auto wide = static_cast<std::intptr_t>(window);
-    const HWND hwnd = reinterpret_cast<HWND>(wide);  // NOLINT(performance-no-int-to-ptr)
+    const HWND hwnd = qel::toHandle<HWND>(window);
     deviceContext = GetDC(hwnd);
     // The tools of the device context before were its own.
     oldPen = nullptr;

@@ -1,8 +1,4 @@
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
 #include <process.h>
-#include <windows.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -10,6 +6,7 @@
 
 #include "PublicSymbol.h"
 #include "QelDisplay64t.h"
+#include "QelSystem.h"
 
 namespace {
 

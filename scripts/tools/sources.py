@@ -13,9 +13,10 @@ MAY_USE = {
     "view": ("base", "include"),
     "symbol": ("base", "include"),
     "transform": ("base", "include"),
-    "display": ("base", "include", "view"),
-    "gdi": ("base", "include"),
-    "module": ("base", "include", "view", "symbol", "transform", "display", "gdi"),
+    "system": ("base",),
+    "display": ("base", "include", "view", "symbol", "system"),
+    "gdi": ("base", "include", "system"),
+    "module": ("base", "include", "view", "symbol", "transform", "system", "display", "gdi"),
     "examples": ("base", "include"),
     # A host with the test kit, and the matrices, which no header of a host's shows.
     "bench": ("base", "include", "view", "tests"),
@@ -24,9 +25,9 @@ MAY_USE = {
 ONLY_IN = (
     ("OpenGL and GLU are included in base/QelGl.h alone", r"GL/glu?\.h", r"base/QelGl\.h"),
     (
-        "Windows headers stay in the folders that are the Windows shell",
+        "Windows headers stay in system/QelSystem.h and outside the module",
         r"(?i:(windowsx?|windef|winbase|wingdi|winuser|process|commctrl|commdlg|shellapi|psapi|dbghelp|io|direct)\.h|GL/wgl\w*\.h)",
-        r"(display|gdi|examples|bench|tests/kit|tests/package)/.*|tests/.*Windows(Test)?\.(cpp|h)|module/ModuleEntry\.cpp",
+        r"system/QelSystem\.h|(examples|bench|tests/kit|tests/package)/.*|tests/.*Windows(Test)?\.(cpp|h)|module/ModuleEntry\.cpp",
     ),
     (
         "what is installed needs no header of base/detail/, and hosts include none",

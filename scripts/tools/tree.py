@@ -14,7 +14,7 @@ import typing
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BINARIES = ROOT / "build/windows/bin"
 PUBLIC_FOLDERS = ("base/", "include/")
-CODE_FOLDERS = ("base", "include", "view", "symbol", "transform", "display", "gdi", "module", "tests", "examples", "bench")
+CODE_FOLDERS = ("base", "include", "view", "symbol", "transform", "system", "display", "gdi", "module", "tests", "examples", "bench")
 TEXT_FOLDERS = CODE_FOLDERS + ("cmake", "scripts", "docs", ".ci")
 
 

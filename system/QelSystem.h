@@ -1,6 +1,6 @@
 #pragma once
 
-/// The one place where the display takes in the system's headers, without their macros `min` and `max`.
+/// The one place where the module takes in the system's headers, without their macros `min` and `max`.
 
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -11,8 +11,6 @@
 #include <windows.h>
 
 #include <cstdint>
-
-#include "QelGl.h"
 
 namespace qel {
 
