@@ -77,17 +77,6 @@ std::int32_t CQelTrackBall::applyStereoModelview(double offset) {
     return 0;
 }
 
-std::int32_t CQelTrackBall::setCamera(qel::XPnt3d newEye, qel::XPnt3d newTarget, qel::XPnt3d newUp) {
-    if (!qel::isFinite(newEye) || !qel::isFinite(newTarget) || !qel::isFinite(newUp)) {
-        return 0;
-    }
-    eye = newEye;
-    target = newTarget;
-    up = newUp;
-    updateView();
-    return 0;
-}
-
 std::int32_t CQelTrackBall::setOrtho() {
     // The box that keeps the apparent size needs the depth of a drawn frame: refreshDepth rebuilds it.
     orthoPending = !ortho;

@@ -11,8 +11,6 @@ namespace {
 
 constexpr double kNearShareOfDiagonal = 800.0;
 constexpr double kFarDiagonals = 20.0;
-/// Distance from which `lookAtTriangle` looks, in model units.
-constexpr double kTriangleDistance = 50.0;
 
 struct StandardView {
     qel::XPnt3d eye;
@@ -152,23 +150,6 @@ std::int32_t CQelTrackBall::setStandardView(std::uint32_t view) {
     target = qel::XPnt3d();
     up = placed.up;
     zoomToModel(false);
-    return 1;
-}
-
-// The sum of the corners, not their mean, and the view is not loaded: hosts that pick a face scale the camera
-// themselves before they show it.
-std::int32_t CQelTrackBall::lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) {
-    const qel::XPnt3d first(p1.x, p1.y, p1.z);
-    const qel::XPnt3d second(p2.x, p2.y, p2.z);
-    const qel::XPnt3d third(p3.x, p3.y, p3.z);
-    const qel::XPnt3d sum = first + second + third;
-    qel::XPnt3d normal = qel::cross(second - first, third - second);
-    normal.normalize();
-    if (!qel::isFinite(sum) || !qel::isFinite(normal)) {
-        return 1;
-    }
-    target = sum;
-    eye = target + normal * kTriangleDistance;
     return 1;
 }
 

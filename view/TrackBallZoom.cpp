@@ -11,53 +11,8 @@ namespace {
 constexpr double kFarDepth = 0.97;
 constexpr float kLargeStep = 0.1F;
 constexpr double kSlowedStep = 0.067;
-/// `pan` counts in hundredths of the view.
-constexpr float kPanSteps = 100.0F;
 
 }  // namespace
-
-std::int32_t CQelTrackBall::updateViewAndSphere() {
-    updateView();
-    updateSphereRadius();
-    return 1;
-}
-
-bool CQelTrackBall::placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget) {
-    const bool isFinite = qel::isFinite(newEye) && qel::isFinite(newTarget);
-    if (isFinite) {
-        eye = newEye;
-        target = newTarget;
-    }
-    return isFinite;
-}
-
-void CQelTrackBall::moveEyeAndTarget(const qel::XPnt3d& delta) {
-    // In place, so that a point that is marked invalid stays so.
-    qel::XPnt3d newEye = eye;
-    qel::XPnt3d newTarget = target;
-    placeEyeAndTarget(newEye += delta, newTarget += delta);
-}
-
-std::int32_t CQelTrackBall::moveBy(double dx, double dy, double dz) {
-    if (!qel::areFinite(dx, dy, dz)) {
-        return 1;
-    }
-    moveEyeAndTarget({-dx, -dy, -dz});
-    return updateViewAndSphere();
-}
-
-std::int32_t CQelTrackBall::pan(double dx, double dy) {
-    if (!qel::areFinite(dx, dy)) {
-        return 1;
-    }
-    const double step = static_cast<double>(std::min(viewWidth, viewHeight) / kPanSteps);
-    const double right = dx * step;
-    const double upward = -(dy * step);
-    qel::XPnt3d side = qel::cross(eye - target, up);
-    side.normalize();
-    moveEyeAndTarget(side * right + up * upward);
-    return updateViewAndSphere();
-}
 
 std::int32_t CQelTrackBall::zoomAt(float factor, std::int32_t x, std::int32_t y) {
     if (!qel::areFinite(factor)) {
