@@ -6,15 +6,14 @@
 
 #include "BitmapFont.h"
 #include "CGL.h"
+#include "CQelGL.h"
+#include "CQelTrackBall.h"
 #include "CurrentContext.h"
 #include "IQelScrDisplay.h"
 #include "QelColor.h"
 #include "QelRefPtr.h"
 #include "ScreenCapture.h"
 #include "XPnt3d.h"
-
-class CQelGL;
-class CQelTrackBall;
 
 /// The OpenGL display of a window. It owns the view controller, the context of its window, the bitmap font,
 /// and the capture; it keeps a read-back copy of the last finished frame.

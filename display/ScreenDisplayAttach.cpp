@@ -1,6 +1,4 @@
-#include "CQelGL.h"
 #include "CQelScreenDisplay.h"
-#include "CQelTrackBall.h"
 #include "Enve3d.h"
 #include "detail/QelTruncate.h"
 

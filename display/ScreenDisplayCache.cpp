@@ -1,9 +1,7 @@
 #include <cstddef>
 #include <initializer_list>
 
-#include "CQelGL.h"
 #include "CQelScreenDisplay.h"
-#include "CQelTrackBall.h"
 #include "HostEffects.h"
 #include "PixelTransferScope.h"
 #include "QelTmpGlStateCtrl.h"

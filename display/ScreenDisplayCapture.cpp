@@ -1,8 +1,6 @@
 #include <cmath>
 
-#include "CQelGL.h"
 #include "CQelScreenDisplay.h"
-#include "CQelTrackBall.h"
 #include "Enve2d.h"
 #include "GlStateCopy.h"
 #include "detail/QelTruncate.h"

@@ -1,6 +1,4 @@
-#include "CQelGL.h"
 #include "CQelScreenDisplay.h"
-#include "CQelTrackBall.h"
 #include "QelDisplay64t.h"
 
 namespace {

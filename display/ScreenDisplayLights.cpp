@@ -1,6 +1,4 @@
-#include "CQelGL.h"
 #include "CQelScreenDisplay.h"
-#include "CQelTrackBall.h"
 
 namespace {
 

@@ -1,6 +1,4 @@
-#include "CQelGL.h"
 #include "CQelScreenDisplay.h"
-#include "CQelTrackBall.h"
 
 CQelScreenDisplay::CQelScreenDisplay() : gl(new CQelGL()), trackBall(new CQelTrackBall()) {
     trackBall->AddRef();

@@ -1,7 +1,6 @@
 #include <cstdarg>
 #include <cstdio>
 
-#include "CQelGL.h"
 #include "CQelScreenDisplay.h"
 
 namespace {
