@@ -91,6 +91,46 @@ def check_layers():
     tree.report("every header begins with #pragma once", unguarded)
 
 
+def read_symbols(told):
+    """(object -> symbols it defines, object -> symbols it needs) from what `nm -A -P` prints; imported ones by their plain names."""
+    defined, needed = {}, {}
+    for line in told.splitlines():
+        found = re.match(r"(.+): (\S+) ([A-Zvw])\b", line)
+        if found:
+            name, symbol, kind = found.groups()
+            (needed if kind in "Uvw" else defined).setdefault(name, set()).add(symbol.removeprefix("__imp_"))
+    return defined, needed
+
+
+def links_up(defined, needed, rules):
+    """Symbols that an object needs and only objects of floors that its own may not use define."""
+    floors_of = {}
+    for name, symbols in defined.items():
+        for symbol in symbols:
+            floors_of.setdefault(symbol, set()).add(floor_of(name, rules))
+    for name, symbols in needed.items():
+        floor = floor_of(name, rules)
+        for symbol in sorted(symbols):
+            owners = floors_of.get(symbol, set())
+            if owners and not owners & {floor, *rules[floor]}:
+                yield f"{name} needs {symbol} of {'/, '.join(sorted(owners))}/"
+
+
+def check_links():
+    objects = {}
+    for source, command in tree.compile_commands("windows").items():
+        if floor_of(tree.name(source), MAY_USE) not in (None, "examples", "bench"):
+            objects[tree.ROOT / "build/windows" / command[command.index("-o") + 1]] = tree.name(source)
+    told = tree.run("x86_64-w64-mingw32-nm", "-A", "-P", *objects)
+    problems = told.problems("nm") if objects else ["nothing is built for Windows"]
+    if not problems:
+        listed = told.output
+        for path, source in objects.items():
+            listed = listed.replace(f"{path}: ", f"{source}: ")
+        problems = links_up(*read_symbols(listed), MAY_USE)
+    tree.report("no folder needs a symbol of one that stands above it", problems)
+
+
 def matches(pattern, name, text):
     for number, line in enumerate(text.splitlines(), 1):
         found = re.search(pattern, line)

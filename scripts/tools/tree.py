@@ -63,7 +63,7 @@ def code(*suffixes):
 
 
 def public_headers():
-    return [path for path in code(".h") if name(path).startswith(PUBLIC_FOLDERS)]
+    return [path for path in code(".h") if name(path).startswith(PUBLIC_FOLDERS) and not name(path).startswith("base/detail/")]
 
 
 def texts():

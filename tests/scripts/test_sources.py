@@ -20,10 +20,38 @@ class Layers(unittest.TestCase):
         includes = {"tests/A.cpp": ["high/B.h"], "high/B.cpp": ["tests/A.h"]}
         self.assertEqual(list(sources.arrows_up(includes, RULES)), ["high/B.cpp includes tests/A.h"])
 
-    def test_the_headers_of_opengl_and_windows_are_found_where_they_may_not_be(self):
-        includes = {"view/A.cpp": ["GL/gl.h", "Windows.h"], "base/QelGl.h": ["GL/glu.h"], "tests/gdi/AWindowsTest.cpp": ["windows.h"]}
+    def test_headers_are_found_where_they_may_not_be(self):
+        includes = {
+            "view/A.cpp": ["GL/gl.h", "Windows.h", "detail/B.h"],
+            "base/QelGl.h": ["GL/glu.h", "detail/B.h"],
+            "gdi/A.h": ["windows.h"],
+            "system/QelSystem.h": ["windows.h"],
+            "tests/gdi/AWindowsTest.cpp": ["windows.h"],
+        }
         found = [list(sources.strays(includes, headers, allowed)) for _, headers, allowed in sources.ONLY_IN]
-        self.assertEqual(found, [["view/A.cpp includes GL/gl.h"], ["view/A.cpp includes Windows.h"]])
+        windows = ["view/A.cpp includes Windows.h", "gdi/A.h includes windows.h"]
+        self.assertEqual(found, [["view/A.cpp includes GL/gl.h"], windows, ["base/QelGl.h includes detail/B.h"]])
+
+
+class Links(unittest.TestCase):
+    def found(self, *lines):
+        return list(sources.links_up(*sources.read_symbols("\n".join(lines)), RULES))
+
+    def test_a_symbol_of_a_floor_below_passes(self):
+        self.assertEqual(self.found("low/B.cpp: f T 0 0", "high/A.cpp: f U         "), [])
+
+    def test_a_symbol_of_a_floor_above_is_found(self):
+        self.assertEqual(self.found("high/A.cpp: f T 0 0", "low/B.cpp: f U         "), ["low/B.cpp needs f of high/"])
+
+    def test_an_imported_symbol_counts_like_any(self):
+        self.assertEqual(self.found("high/A.cpp: f T 0 0", "low/B.cpp: __imp_f U         "), ["low/B.cpp needs f of high/"])
+
+    def test_what_also_the_floor_itself_or_nobody_defines_passes(self):
+        lines = ("high/A.cpp: f T 0 0", "low/B.cpp: f U         ", "low/C.cpp: f T 0 0", "low/B.cpp: malloc U         ")
+        self.assertEqual(self.found(*lines), [])
+
+    def test_local_symbols_are_nobody_elses(self):
+        self.assertEqual(self.found("high/A.cpp: f t 0 0", "low/B.cpp: f U         "), [])
 
 
 class Texts(unittest.TestCase):
