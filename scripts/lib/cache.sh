@@ -12,5 +12,4 @@ qelLogs=$qelCache/logs
 . "$qelRoot/scripts/cache-keys"
 
 qtHome=$qelCache/$QEL_QT_KEY
-assimpHome=$qelCache/$QEL_ASSIMP_KEY
 winePrefixHome=$qelCache/$QEL_WINE_KEY

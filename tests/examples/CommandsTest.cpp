@@ -31,7 +31,7 @@ TEST(CommandOf, KnowsEachLetterOfTheHelp) {
             EXPECT_TRUE(commands.insert(commandOf(key, false).command).second) << line.input;
         }
     }
-    EXPECT_EQ(commands.size(), 8U);
+    EXPECT_EQ(commands.size(), 10U);
 }
 
 TEST(CommandOf, OpensFilesWithControlAndOAlone) {

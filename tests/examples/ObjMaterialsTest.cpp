@@ -19,8 +19,8 @@ std::string triangle(const std::string& library, const std::string& material) {
     return "mtllib " + library + "\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl " + material + "\nf 1 2 3\n";
 }
 
-/// The importer's, for faces whose material has no colour.
-constexpr float kGrey = 0.6F;
+/// Of faces whose material has no colour.
+const float kGrey = qelview::TriangleMesh().color.r;
 
 TEST(ObjMaterials, ColourTheMeshesThatNameThem) {
     const TemporaryFile library("colours.mtl",
@@ -60,31 +60,39 @@ TEST(ObjMaterials, AreNotTakenFromElsewhere) {
     std::filesystem::remove_all(folder);
 }
 
-TEST(ObjMaterials, OfOneColourAreOne) {
+TEST(ObjMaterials, OfOneColourAreOneMesh) {
     const TemporaryFile library("alike2.mtl", "newmtl a\nKd 1 0 0\nnewmtl b\nKd 1\nnewmtl c\nKd 1 0 0\n");
-    qelview::ObjMaterials materials(library.path().parent_path() / "model.obj");
-    materials.readLibrary("qelview-test-alike2.mtl");
-    EXPECT_EQ(materials.plainLibrary(), "");
-    EXPECT_EQ(materials.plainNameOf("a"), "m1");
-    EXPECT_EQ(materials.plainNameOf("b"), "m2");
-    EXPECT_EQ(materials.plainNameOf("c"), "m1");
-    EXPECT_EQ(materials.plainNameOf("d"), "DefaultMaterial");
-    EXPECT_EQ(materials.plainLibrary(), "newmtl m1\nKd 1 0 0\nnewmtl m2\nKd 1 1 1\n");
+    const TemporaryFile model(
+        "alike2.obj", triangle("qelview-test-alike2.mtl", "a") + "usemtl b\nf 1 2 3\nusemtl c\nf 3 2 1\n");
+    const qelview::Scene scene = readWhole(model.path());
+    ASSERT_EQ(scene.meshes.size(), 2U);
+    EXPECT_EQ(scene.meshes[0].indices.size(), 6U);
+    EXPECT_EQ(scene.meshes[0].color.g, 0.0F);
+    EXPECT_EQ(scene.meshes[1].color.g, 1.0F);
+    EXPECT_TRUE(scene.warnings.empty());
+}
+
+TEST(ObjMaterials, ComeFromSeveralFilesOfALineToo) {
+    const TemporaryFile first("first.mtl", "newmtl a\nKd 1 0 0\n");
+    const TemporaryFile second("second.mtl", "newmtl b\nKd 0 1 0\n");
+    const TemporaryFile model("several.obj", triangle("qelview-test-first.mtl qelview-test-second.mtl", "b"));
+    EXPECT_EQ(readWhole(model.path()).meshes.at(0).color.g, 1.0F);
 }
 
 TEST(ObjMaterials, AreReadOnceFromEachOfNotTooManyFiles) {
     const TemporaryFile library("last.mtl", "newmtl a\nKd 1 0 0\n");
-    const auto nameAfter = [&library](int others) {
+    const auto hasAfter = [&library](int others) {
         qelview::ObjMaterials materials(library.path().parent_path() / "model.obj");
         for (int i = 0; i < others; ++i) {
-            materials.readLibrary("absent.mtl");
-            materials.readLibrary("absent" + std::to_string(i) + ".mtl");
+            EXPECT_FALSE(materials.readLibrary("absent.mtl"));
+            EXPECT_FALSE(materials.readLibrary("absent" + std::to_string(i) + ".mtl"));
         }
-        materials.readLibrary("qelview-test-last.mtl");
-        return materials.plainNameOf("a");
+        const bool isRead = materials.readLibrary("qelview-test-last.mtl");
+        EXPECT_EQ(materials.readLibrary("qelview-test-last.mtl"), isRead);
+        return isRead && materials.has("a");
     };
-    EXPECT_EQ(nameAfter(62), "m1");
-    EXPECT_EQ(nameAfter(63), "DefaultMaterial");
+    EXPECT_TRUE(hasAfter(62));
+    EXPECT_FALSE(hasAfter(63));
 }
 
 }  // namespace

@@ -100,6 +100,7 @@ const std::vector<WrongLine> kWrongLines{
     {"OutWithoutAName", {"--out"}, "--out"},
     {"ScriptAndMotion", {"--script", "a", "--motion", "b"}, "--motion"},
     {"PictureAndMotion", {"--out", "a", "--motion", "b"}, "--motion"},
+    {"UpWithoutAnAxis", {"--up", "x"}, "--up"},
     {"ScriptAndTour", {"--script", "a", "--tour", "b"}, "--tour"},
 };
 INSTANTIATE_TEST_SUITE_P(Lines, ParseWrongOptions, testing::ValuesIn(kWrongLines),
@@ -116,6 +117,12 @@ TEST(ParseOptions, ExplainsItself) {
     const Ending version = endingOf({"--version"});
     EXPECT_EQ(version.code, ExitCode::Success);
     EXPECT_EQ(version.text.rfind("qelview ", 0), 0U);
+}
+
+TEST(ParseOptions, TakesTheAxisThatPointsUp) {
+    EXPECT_FALSE(optionsOf({"a.obj"}).up.has_value());
+    EXPECT_EQ(optionsOf({"--up", "y", "a.obj"}).up, qelview::UpAxis::Y);
+    EXPECT_EQ(optionsOf({"--up", "z", "a.obj"}).up, qelview::UpAxis::Z);
 }
 
 }  // namespace

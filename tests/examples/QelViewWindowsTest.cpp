@@ -98,6 +98,17 @@ TEST(QelView, RefusesABadFileInOneLineWithExitCodeTwo) {
     EXPECT_FALSE(std::filesystem::exists(picture));
 }
 
+TEST(QelView, ShowsAFileWithWarningsAndPrintsThem) {
+    const qel::test::TemporaryFile odd("odd.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\nf 1 2\nsomething\n");
+    const std::filesystem::path picture = temporary("odd.png");
+    const Ended ended = runViewer(quoted(odd.path()) + L" --size 64x64 --up y --out " + quoted(picture));
+    EXPECT_EQ(ended.code, 0U);
+    EXPECT_EQ(ended.errors,
+              "qelview: warning: qelview-test-odd.obj: line 5: a face of fewer than 3 vertices is left out\n"
+              "qelview: warning: qelview-test-odd.obj: line 6: unknown statement 'something'\n");
+    EXPECT_TRUE(std::filesystem::remove(picture));
+}
+
 TEST(QelView, ShowsNothingOfAGoodFileBesideABadOne) {
     const qel::test::TemporaryFile good("good.xyz", "0 0 0\n1 1 1\n");
     const Ended ended =

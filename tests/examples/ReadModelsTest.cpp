@@ -172,8 +172,10 @@ TEST(ReadModels, GivesTheSpiderTheColoursOfItsMaterials) {
 TEST(ReadModels, DrawsTheFlightAsOneLineThatDoesNotJitter) {
     QEL_SKIP_WITHOUT_VIEWER_DATA();
     qelview::Progress progress;
+    qelview::Stopwatch watch;
     const std::u8string file = (viewerData() / "lines/flight_utm15n.csv").u8string();
-    const qelview::Scene scene = qelview::loadScene({std::string(file.begin(), file.end())}, progress);
+    const qelview::Scene scene =
+        qelview::loadScene({std::string(file.begin(), file.end())}, qelview::UpAxis::Z, progress, watch);
     ASSERT_EQ(scene.polylines.size(), 1U);
     const qelview::Points& path = scene.polylines[0].parts.at(0);
     ASSERT_EQ(path.size(), 14600U);
@@ -190,8 +192,9 @@ TEST(ReadModels, DrawsTheFlightAsOneLineThatDoesNotJitter) {
 TEST(ReadModels, LoadsSeveralFilesAroundOneOrigin) {
     QEL_SKIP_WITHOUT_VIEWER_DATA();
     qelview::Progress progress;
+    qelview::Stopwatch watch;
     const std::string cube = (viewerData() / "meshes/cube_with_vertexcolors.obj").string();
-    const qelview::Scene scene = qelview::loadScene({cube, cube}, progress);
+    const qelview::Scene scene = qelview::loadScene({cube, cube}, qelview::UpAxis::Z, progress, watch);
     EXPECT_EQ(scene.triangleCount(), 24U);
     EXPECT_EQ(scene.title, "cube_with_vertexcolors.obj and 1 more");
     EXPECT_EQ(scene.origin.x, 0.5);

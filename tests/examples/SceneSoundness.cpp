@@ -76,7 +76,8 @@ std::string faultOf(const qelview::Scene& scene) {
 std::string faultOfOpening(const std::filesystem::path& file) {
     try {
         qelview::Progress progress;
-        const qelview::Scene scene = qelview::loadScene({file.string()}, progress);
+        qelview::Stopwatch watch;
+        const qelview::Scene scene = qelview::loadScene({file.string()}, qelview::UpAxis::Z, progress, watch);
         const std::string fault = faultOf(scene);
         if (fault.empty()) {
             const qelview::HostScene drawn(scene);

@@ -94,4 +94,46 @@ TEST(Scene, TakesThePartsOfAnotherOver) {
     EXPECT_EQ(scene.lineVertexCount(), 2U * (2 + 3 + 1 + 1));
 }
 
+TEST(Scene, TurnsItsPartsSoThatAnotherAxisPointsUp) {
+    Scene scene;
+    scene.up = qelview::UpAxis::Y;
+    qelview::TriangleMesh& mesh = scene.meshes.emplace_back();
+    mesh.positions = {{1, 2, 3}};
+    mesh.normals = {{0, 1, 0}};
+    scene.balls.push_back({{0, 5, 0}, 1.0, {}});
+    scene.labels.push_back({{0, 0, 7}, "front"});
+    qelview::Marker& marker = scene.markers.emplace_back();
+    marker.at.set(0, 1, 0);
+    marker.box.setInvalid();
+    marker.box.SetBox({0, 0, 0});
+    marker.box.SetBox({1, 2, 3});
+    scene.turn(qelview::UpAxis::Z);
+    EXPECT_EQ(qel::dist(mesh.positions[0], {1, -3, 2}), 0.0);
+    EXPECT_EQ(mesh.normals[0].z, 1.0F);
+    EXPECT_EQ(scene.balls[0].center.z, 5.0);
+    EXPECT_EQ(scene.labels[0].at.y, -7.0);
+    EXPECT_EQ(marker.at.z, 1.0);
+    EXPECT_EQ(marker.box.ymin, -3.0);
+    EXPECT_EQ(marker.box.ymax, 0.0);
+    EXPECT_EQ(marker.box.zmax, 2.0);
+    scene.turn(qelview::UpAxis::Z);
+    EXPECT_EQ(qel::dist(mesh.positions[0], {1, -3, 2}), 0.0);
+    scene.turn(qelview::UpAxis::Y);
+    EXPECT_EQ(qel::dist(mesh.positions[0], {1, 2, 3}), 0.0);
+}
+
+TEST(Scene, StandsUprightWithPartsInWhichAnotherAxisPointsUp) {
+    Scene scene = farScene();
+    Scene other;
+    other.up = qelview::UpAxis::Y;
+    other.isUpKnown = true;
+    other.points.push_back({{0, 4, 0}});
+    other.warnings.emplace_back("odd");
+    scene.append(std::move(other));
+    EXPECT_EQ(scene.up, qelview::UpAxis::Z);
+    EXPECT_TRUE(scene.isUpKnown);
+    EXPECT_EQ(scene.points.back().position.z, 4.0);
+    EXPECT_EQ(scene.warnings.size(), 1U);
+}
+
 }  // namespace

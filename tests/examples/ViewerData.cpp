@@ -32,7 +32,8 @@ TemporaryFile::~TemporaryFile() {
 
 qelview::Scene readWhole(const std::filesystem::path& file) {
     qelview::Progress progress;
-    return qelview::readFile(file, qelview::ProgressStretch(progress, 0.0, 1.0));
+    qelview::Stopwatch watch;
+    return qelview::readFile(file, qelview::ProgressStretch(progress, 0.0, 1.0), watch);
 }
 
 }  // namespace qel::test

@@ -65,7 +65,7 @@ TEST_F(ViewerFiles, KeepsTheSceneWhenADroppedFileIsBad) {
 }
 
 /// Work that never ends by itself.
-qelview::Scene loadForEver(qelview::Progress& progress) {
+qelview::Scene loadForEver(qelview::Progress& progress, qelview::Stopwatch&) {
     for (double done = 0.0;; done += 1e-4) {
         progress.report(done);
         Sleep(1);
@@ -75,7 +75,7 @@ qelview::Scene loadForEver(qelview::Progress& progress) {
 /// Surroundings of a person who waits for a load that only he can end.
 qelview::Surroundings endlessLoads() {
     qelview::Surroundings around = qelview::Surroundings::scripted();
-    around.load = [](const std::vector<std::string>&) {
+    around.load = [](const std::vector<std::string>&, qelview::UpAxis) {
         qelview::LoadTask task(loadForEver);
         return qelview::waitWithWindow(task);
     };

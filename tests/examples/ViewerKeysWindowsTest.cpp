@@ -92,9 +92,9 @@ TEST_F(ViewerKeys, ShowsTheHelpInTheViewUntilItIsEnded) {
 TEST_F(ViewerKeys, EndsOneThingAfterTheOtherWithEscape) {
     play("key Z\nkey H\ndown left 100 100\nmove 150 150\nkey Esc");
     EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_TRUE(stage().annotations().showsHelp);
+    EXPECT_EQ(stage().annotations().panel, qelview::Panel::Help);
     play("key Esc");
-    EXPECT_FALSE(stage().annotations().showsHelp);
+    EXPECT_EQ(stage().annotations().panel, qelview::Panel::None);
     EXPECT_FALSE(viewer->hasEnded());
     // Still choosing a rectangle: a drag does not rotate.
     const std::string before = cameraNow();
@@ -261,6 +261,52 @@ TEST_F(ViewerKeys, FollowsTheSizeOfTheWindow) {
     EXPECT_EQ(picture().height(), 150);
     // Depth of the new size is there for picking at once.
     EXPECT_TRUE(stage().pointAt({106, 60}).isValid());
+}
+
+TEST_F(ViewerKeys, TurnsTheSceneSoThatYPointsUpInTheSameView) {
+    play("key 0");
+    const Picture before = picture();
+    play("key U");
+    EXPECT_EQ(stage().up(), qelview::UpAxis::Y);
+    // From above is along Y now; the front, towards +Z, is at the lower edge.
+    EXPECT_LT(qel::dist(direction(), {0, 1, 0}), 1e-9);
+    qel::XPnt3d up = camera().getUp();
+    up.normalize();
+    EXPECT_LT(qel::dist(up, {0, 0, -1}), 1e-9);
+    EXPECT_GT(qel::test::compare(before, picture(), 2).pixels, 1000U);
+    play("key 3");
+    EXPECT_LT(qel::dist(direction(), {0, 0, 1}), 1e-9);
+    play("key U\nkey 0");
+    EXPECT_EQ(qel::test::compare(before, picture()).pixels, 0U);
+}
+
+TEST_F(ViewerKeys, DoesNotTurnASceneWhoseFileSaysWhatPointsUp) {
+    qelview::Scene scene = qelview::makeSampleScene();
+    scene.up = qelview::UpAxis::Y;
+    scene.isUpKnown = true;
+    open(scene);
+    const std::string before = cameraNow();
+    play("key U");
+    EXPECT_EQ(cameraNow(), before);
+    EXPECT_EQ(stage().annotations().notice, "The file says itself that Y points up");
+}
+
+TEST_F(ViewerKeys, ListsTheWarningsOfTheFilesUntilTheListIsEnded) {
+    play("key W");
+    EXPECT_EQ(stage().annotations().notice, "Nothing was left out of the files");
+    EXPECT_EQ(stage().annotations().panel, qelview::Panel::None);
+    qelview::Scene scene = qelview::makeSampleScene();
+    scene.warnings = {"a.obj: line 3: odd", "a.obj: line 4: strange"};
+    open(scene);
+    const Picture without = picture();
+    play("key W");
+    EXPECT_EQ(stage().annotations().panel, qelview::Panel::Warnings);
+    EXPECT_GT(qel::test::compare(without, picture(), 2).share, 0.05);
+    play("key H");
+    EXPECT_EQ(stage().annotations().panel, qelview::Panel::Help);
+    play("key W\nkey Esc");
+    EXPECT_EQ(qel::test::compare(without, picture()).pixels, 0U);
+    EXPECT_FALSE(viewer->hasEnded());
 }
 
 }  // namespace

@@ -150,6 +150,12 @@ TEST_F(ViewerMenu, KeepsRecentFilesWhereItsSurroundingsSay) {
     const TemporaryFile file("kept.xyz", "0 0 0\n1 1 1\n");
     play("drop " + file.path().string());
     EXPECT_EQ(kept, (Names{file.path().string(), "C:\\old.obj"}));
+    // Which axis points up in it is kept too, and honoured when it is opened again.
+    choose({Command::TurnUp});
+    EXPECT_EQ(kept, (Names{file.path().string() + "|y", "C:\\old.obj"}));
+    play("drop " + file.path().string());
+    EXPECT_EQ(stage().up(), qelview::UpAxis::Y);
+    EXPECT_EQ(kept.front(), file.path().string() + "|y");
 }
 
 TEST(RecentStore, KeepsNamesOfAnyLanguageInItsKey) {

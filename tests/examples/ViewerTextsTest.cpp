@@ -116,7 +116,7 @@ TEST(TileSheet, CutsWhatIsLargerThanATile) {
 }
 
 TEST(LoadTask, EndsWorkThatIsCancelled) {
-    qelview::LoadTask task([](qelview::Progress& progress) -> qelview::Scene {
+    qelview::LoadTask task([](qelview::Progress& progress, qelview::Stopwatch&) -> qelview::Scene {
         for (;;) {
             progress.report(0.5);
             std::this_thread::yield();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -25,11 +26,14 @@ struct LocalFrame {
     bool isHiddenByScene = false;
 };
 
+/// A list over the view.
+enum class Panel : std::uint8_t { None, Help, Warnings };
+
 /// What stands on a view beside the scene and its labels.
 struct Annotations {
     std::optional<PointMark> mark;
     std::optional<LocalFrame> localFrame;
-    bool showsHelp = false;
+    Panel panel = Panel::None;
     /// A line of text for the user; empty for none.
     std::string notice;
     /// A strip at the lower edge: the view, the point under the mouse, the time of the last frame.

@@ -70,7 +70,7 @@ void Stage::drawContent() {
     drawTexts();
     drawMark();
     drawNotice();
-    drawHelp();
+    drawPanel();
 }
 
 void Stage::drawTexts() {

@@ -23,30 +23,44 @@ std::string titleOf(const std::vector<std::string>& files) {
 
 }  // namespace
 
-Scene loadScene(const std::vector<std::string>& files, Progress& progress) {
+Scene loadScene(const std::vector<std::string>& files, UpAxis up, Progress& progress, Stopwatch& watch) {
     Scene scene;
     const auto count = static_cast<double>(files.size());
     for (std::size_t i = 0; i < files.size(); ++i) {
         const auto index = static_cast<double>(i);
-        scene.append(
-            readFile(pathOf(files[i]), ProgressStretch(progress, index / count, (index + 1.0) / count)));
+        Scene next = readFile(pathOf(files[i]),
+                              ProgressStretch(progress, index / count, (index + 1.0) / count), watch);
+        next.up = next.isUpKnown ? next.up : up;
+        if (i == 0) {
+            scene = std::move(next);
+        } else {
+            scene.append(std::move(next));
+        }
     }
     if (!files.empty()) {
         scene.title = titleOf(files);
     }
     scene.moveToOrigin();
+    watch.lap("middle");
     return scene;
 }
 
-LoadTask::LoadTask(std::vector<std::string> files)
-    : LoadTask(Work([wanted = std::move(files)](Progress& progressOfLoad) {
-          return loadScene(wanted, progressOfLoad);
+void printWarnings(const Scene& scene) {
+    for (const std::string& warning : scene.warnings) {
+        std::fprintf(stderr, "qelview: warning: %s\n", warning.c_str());
+    }
+    std::fflush(stderr);
+}
+
+LoadTask::LoadTask(std::vector<std::string> files, UpAxis up)
+    : LoadTask(Work([wanted = std::move(files), up](Progress& progressOfLoad, Stopwatch& watchOfLoad) {
+          return loadScene(wanted, up, progressOfLoad, watchOfLoad);
       })) {}
 
 LoadTask::LoadTask(Work work)
     : worker([this, wanted = std::move(work)] {
           try {
-              scene = wanted(progress);
+              scene = wanted(progress, watch);
           } catch (...) {
               failure = std::current_exception();
           }

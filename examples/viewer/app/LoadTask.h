@@ -13,15 +13,21 @@ namespace qelview {
 
 /// Reads files into one scene, moved to the origin.
 /// @param files in UTF-8.
+/// @param up where the format of a file does not say.
+/// @param watch gets the parts of `readFile`, and "middle".
 /// @throws ReadError, ReadCancelled as `readFile` does; nothing is shown of the other files then.
-[[nodiscard]] Scene loadScene(const std::vector<std::string>& files, Progress& progress);
+[[nodiscard]] Scene loadScene(const std::vector<std::string>& files, UpAxis up, Progress& progress,
+                              Stopwatch& watch);
+
+/// Says on standard error what was left out of the files of a scene.
+void printWarnings(const Scene& scene);
 
 /// `loadScene` on a thread of its own, so that whoever waits stays responsive.
 class LoadTask {
   public:
-    using Work = std::function<Scene(Progress&)>;
+    using Work = std::function<Scene(Progress&, Stopwatch&)>;
 
-    explicit LoadTask(std::vector<std::string> files);
+    LoadTask(std::vector<std::string> files, UpAxis up);
     /// Any other work that ends in a scene.
     explicit LoadTask(Work work);
     /// Gives up on a load that still runs, and waits for its thread.
@@ -29,6 +35,8 @@ class LoadTask {
     LoadTask(const LoadTask&) = delete;
     LoadTask& operator=(const LoadTask&) = delete;
 
+    /// What the parts of a load took, once it is done.
+    [[nodiscard]] const Stopwatch& times() const { return watch; }
     [[nodiscard]] bool isDone() const { return done; }
     /// From 0 to 1.
     [[nodiscard]] double progressDone() const { return progress.done(); }
@@ -39,6 +47,7 @@ class LoadTask {
 
   private:
     Progress progress;
+    Stopwatch watch;
     Scene scene;
     std::exception_ptr failure;
     std::atomic<bool> done = false;

@@ -137,7 +137,13 @@ void addOptions(CLI::App& app, Options& options) {
         ->check(CLI::Range(0, 7))
         ->type_name("N");
     app.add_flag("--ortho", options.isOrthographic, "Orthographic instead of perspective");
+    app.add_option_function<std::string>(
+           "--up", [&options](const std::string& axis) { options.up = axis == "y" ? UpAxis::Y : UpAxis::Z; },
+           "The axis that points up, where the format of a file does not say (z)")
+        ->check(CLI::IsMember({"y", "z"}))
+        ->type_name("y|z");
     app.add_option("--out", options.out, "Write a picture of the view and end")->type_name("FILE.png");
+    app.add_flag("--times", options.isTimed, "With --out, print what the parts of the run took");
     app.add_option("--views-out", options.viewsOut,
                    "Write pictures PREFIX0.png to PREFIX7.png of the eight standard views and end")
         ->type_name("PREFIX");

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "SceneParts.h"
 
 namespace qelview {
 
@@ -28,6 +31,8 @@ struct Options {
     /// One of the eight standard views.
     unsigned view = 6;
     bool isOrthographic = false;
+    /// Where the format of a file does not say; nothing for what was chosen for the file before.
+    std::optional<UpAxis> up;
     /// Picture of the view, in UTF-8; empty opens a window.
     std::string out;
     /// Beginning of the names of eight pictures, one of each standard view; empty for none.
@@ -40,6 +45,8 @@ struct Options {
     std::string motion;
     /// Picture with a tile for each thing that the viewer shows; empty for none.
     std::string tour;
+    /// Prints what the parts of a run that writes pictures took.
+    bool isTimed = false;
     /// Shows the files as a map instead of a model.
     bool isMap = false;
     /// Beginning of the names of the pictures of a map; empty opens a window.

@@ -112,7 +112,8 @@ void Stage::findPointUnderMouse() {
 }
 
 void Stage::drawStrip() {
-    std::string text = viewName + (camera().isOrtho() ? ", orthographic" : ", perspective");
+    std::string text = viewName + (camera().isOrtho() ? ", orthographic" : ", perspective") +
+                       (content.up == UpAxis::Y ? ", Y up" : "");
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     if (notes.hasStrip) {
         // Opaque, so that it can be drawn anew over a frame that has it already.
@@ -138,23 +139,29 @@ void Stage::drawNotice() {
     printAt(kMargin, kMargin + kStripHeight, notes.notice);
 }
 
-void Stage::drawHelp() {
+void Stage::drawPanel() {
     constexpr double kInputColumn = 20.0;
     constexpr double kMeaningColumn = 160.0;
-    constexpr double kWidth = 600.0;
-    if (!notes.showsHelp) {
+    constexpr double kWidthOfHelp = 600.0;
+    const bool isHelp = notes.panel == Panel::Help;
+    const std::size_t lines = isHelp ? kHelpLines.size() : content.warnings.size();
+    if (notes.panel == Panel::None || lines == 0) {
         return;
     }
     display->setOrtho2D();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     const double top = static_cast<double>(camera().getHeight()) - kMargin - 3.0 * kLineHeight;
-    const double height = static_cast<double>(kHelpLines.size() + 1) * kLineHeight;
-    drawPlate(kMargin, top - height, kMargin + kWidth, top);
+    const double right = isHelp ? kMargin + kWidthOfHelp : static_cast<double>(camera().getWidth()) - kMargin;
+    drawPlate(kMargin, top - static_cast<double>(lines + 1) * kLineHeight, right, top);
     const QelTmpGlStateCtrl color(kTextColor);
     double y = top - kLineHeight - kUnderLine * 0.5;
-    for (const HelpLine& line : kHelpLines) {
-        printAt(kMargin + kInputColumn, y, std::string(line.input));
-        printAt(kMargin + kMeaningColumn, y, std::string(line.meaning));
+    for (std::size_t i = 0; i < lines; ++i) {
+        if (isHelp) {
+            printAt(kMargin + kInputColumn, y, std::string(kHelpLines.at(i).input));
+            printAt(kMargin + kMeaningColumn, y, std::string(kHelpLines.at(i).meaning));
+        } else {
+            printAt(kMargin + kInputColumn, y, toPlainLetters(content.warnings[i]));
+        }
         y -= kLineHeight;
     }
 }

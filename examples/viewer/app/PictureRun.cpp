@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "PngFile.h"
 #include "Stage.h"
@@ -45,13 +46,14 @@ bool writeCapture(Stage& stage, const Options& options) {
 
 }  // namespace
 
-ExitCode writePictures(const Options& options, const Scene& scene) {
+ExitCode writePictures(const Options& options, Scene scene, Stopwatch& watch) {
     const OwnedWindow window = createHiddenWindow({options.width, options.height});
-    const std::unique_ptr<Stage> stage = window ? Stage::open(window.get(), scene) : nullptr;
+    const std::unique_ptr<Stage> stage = window ? Stage::open(window.get(), std::move(scene)) : nullptr;
     if (stage == nullptr) {
         reportNoContext(false);
         return ExitCode::NoContext;
     }
+    watch.lap("prepared");
     stage->resize({options.width, options.height});
     bool areWritten = options.out.empty() || writePicture(*stage, options, options.view, options.out);
     for (unsigned view = 0; areWritten && !options.viewsOut.empty() && view < kStandardViews; ++view) {
@@ -60,6 +62,7 @@ ExitCode writePictures(const Options& options, const Scene& scene) {
     if (areWritten && !options.capture.empty()) {
         areWritten = writeCapture(*stage, options);
     }
+    watch.lap("picture");
     return areWritten ? ExitCode::Success : ExitCode::Usage;
 }
 

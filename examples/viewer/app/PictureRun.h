@@ -6,6 +6,6 @@
 namespace qelview {
 
 /// Writes the pictures that the options ask for, from a window that is never shown.
-[[nodiscard]] ExitCode writePictures(const Options& options, const Scene& scene);
+[[nodiscard]] ExitCode writePictures(const Options& options, Scene scene, Stopwatch& watch);
 
 }  // namespace qelview

@@ -38,6 +38,9 @@ std::string summaryOf(const Scene& scene) {
     if (std::max({std::abs(origin.x), std::abs(origin.y), std::abs(origin.z)}) >= 0.5) {
         text += "; around " + rounded(origin.x) + " " + rounded(origin.y) + " " + rounded(origin.z);
     }
+    if (const std::size_t count = scene.warnings.size(); count > 0) {
+        text += "; " + std::to_string(count) + (count == 1 ? " warning" : " warnings") + " (W)";
+    }
     return text;
 }
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "CameraText.h"
@@ -139,7 +140,7 @@ bool playStep(ViewerWindow& viewer, const ScriptStep& step) {
     return isDone;
 }
 
-ExitCode playScript(const Options& options, const Scene& scene) {
+ExitCode playScript(const Options& options, Scene scene) {
     std::vector<ScriptStep> steps;
     try {
         steps = readScript(options.script);
@@ -148,7 +149,7 @@ ExitCode playScript(const Options& options, const Scene& scene) {
         return ExitCode::Usage;
     }
     ViewerWindow viewer(Surroundings::scripted());
-    if (!viewer.open(options, scene)) {
+    if (!viewer.open(options, std::move(scene))) {
         reportNoContext(false);
         return ExitCode::NoContext;
     }

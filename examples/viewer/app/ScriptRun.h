@@ -15,6 +15,6 @@ class ViewerWindow;
 
 /// Plays the script that the options name in a viewer window that is never shown, until its end or until it
 /// leaves the viewer.
-[[nodiscard]] ExitCode playScript(const Options& options, const Scene& scene);
+[[nodiscard]] ExitCode playScript(const Options& options, Scene scene);
 
 }  // namespace qelview

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <iterator>
 #include <numbers>
+#include <utility>
 
 #include "CameraFit.h"
 #include "QelGl.h"
@@ -28,14 +29,17 @@ std::int32_t handleOf(HWND window) {
 
 }  // namespace
 
-Stage::Content::Content(const Scene& scene)
-    : drawn(scene),
-      extent(scene.bounds()),
+Stage::Content::Content(Scene&& scene)
+    : extent(scene.bounds()),
       outline(scene.outline()),
       labels(scene.labels),
       title(toPlainLetters(scene.title)),
       summary(summaryOf(scene)),
-      origin(scene.origin) {
+      origin(scene.origin),
+      up(scene.up),
+      isUpKnown(scene.isUpKnown),
+      warnings(scene.warnings),
+      drawn(std::move(scene)) {
     for (Label& label : labels) {
         label.text = toPlainLetters(label.text);
     }
@@ -54,9 +58,9 @@ qel::ref_ptr<IQelDisplay> Stage::attach(HWND window, bool isStereo) {
     return display;
 }
 
-std::unique_ptr<Stage> Stage::open(HWND window, const Scene& scene) {
+std::unique_ptr<Stage> Stage::open(HWND window, Scene scene) {
     const qel::ref_ptr<IQelDisplay> display = attach(window, false);
-    return display ? std::unique_ptr<Stage>(new Stage(display, Content(scene))) : nullptr;
+    return display ? std::unique_ptr<Stage>(new Stage(display, Content(std::move(scene)))) : nullptr;
 }
 
 std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
@@ -89,9 +93,9 @@ Stage::Stage(qel::ref_ptr<IQelDisplay> attached, Content shown)
     display->setBackColor(kBackColor);
 }
 
-void Stage::setScene(const Scene& scene) {
+void Stage::setScene(Scene scene) {
     // A scene that does not fit into memory leaves the old one.
-    Content other(scene);
+    Content other(std::move(scene));
     content = std::move(other);
     notes.mark.reset();
     notes.localFrame.reset();
@@ -119,7 +123,26 @@ void Stage::setView(unsigned number) {
     camera().setExtent(content.extent, false);
     camera().setStandardView(number);
     viewName = kViewNames.at(number);
+    turnCamera(UpAxis::Z, content.up);
     fit();
+}
+
+bool Stage::turnUp() {
+    if (content.isUpKnown) {
+        return false;
+    }
+    const UpAxis before = content.up;
+    content.up = before == UpAxis::Y ? UpAxis::Z : UpAxis::Y;
+    turnCamera(before, content.up);
+    fit();
+    return true;
+}
+
+void Stage::turnCamera(UpAxis from, UpAxis to) {
+    // The scene stays as it is: coordinates, the tripod and the long axes are those of its files.
+    const auto turned = [&](const qel::XPnt3d& vector) { return fromUpright(upright(vector, from), to); };
+    const qel::XPnt3d target = camera().getTarget();
+    camera().setCamera(target + turned(camera().getEye() - target), target, turned(camera().getUp()));
 }
 
 void Stage::fit() {

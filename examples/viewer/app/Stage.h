@@ -39,16 +39,23 @@ enum class CaptureEnd : std::uint8_t {
 class Stage {
   public:
     /// Null if the window gets no OpenGL context.
-    [[nodiscard]] static std::unique_ptr<Stage> open(HWND window, const Scene& scene);
+    [[nodiscard]] static std::unique_ptr<Stage> open(HWND window, Scene scene);
     /// The same scene and camera on another window; null, with nothing changed, if that gets no context of
     /// the wanted kind.
     [[nodiscard]] std::unique_ptr<Stage> moveTo(HWND window, bool isStereo);
 
     /// Another scene; the view stays as it is.
-    void setScene(const Scene& scene);
+    void setScene(Scene scene);
     void resize(const ClientSize& size);
     /// One of the eight standard views, filled by the scene.
     void setView(unsigned number);
+    /// The axis of the scene's coordinates that points up.
+    [[nodiscard]] UpAxis up() const { return content.up; }
+    /// Turns the scene, in the same view, so that the other of Y and Z points up; false, with nothing
+    /// changed, if a file says itself what points up.
+    bool turnUp();
+    /// What was left out of the files, one line each.
+    [[nodiscard]] const std::vector<std::string>& warnings() const { return content.warnings; }
     /// Fills the view without turning it: as near as all of the scene stays inside.
     void fit();
     /// Perspective becomes orthographic, and the other way round.
@@ -90,19 +97,26 @@ class Stage {
   private:
     /// A scene and what is asked of it again and again.
     struct Content {
-        explicit Content(const Scene& scene);
-        HostScene drawn;
+        explicit Content(Scene&& scene);
         qel::Enve3d extent;
         Points outline;
         std::vector<Label> labels;
         std::string title;
         std::string summary;
         qel::XPnt3d origin;
+        UpAxis up;
+        bool isUpKnown;
+        std::vector<std::string> warnings;
+        /// Takes what the others were made from.
+        HostScene drawn;
     };
 
     Stage(qel::ref_ptr<IQelDisplay> attached, Content shown);
     [[nodiscard]] static qel::ref_ptr<IQelDisplay> attach(HWND window, bool isStereo);
 
+    /// Turns the camera about its target, so that it sees the scene with one axis up as before with the
+    /// other.
+    void turnCamera(UpAxis from, UpAxis to);
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
     [[nodiscard]] double aspect();
@@ -126,7 +140,7 @@ class Stage {
     void findPointUnderMouse();
     void drawStrip();
     void drawNotice();
-    void drawHelp();
+    void drawPanel();
     void drawPlate(double left, double bottom, double right, double top);
     void drawRectangle(const PixelBox& rectangle);
     [[nodiscard]] PixelImage readBack();

@@ -1,6 +1,7 @@
 #include "SystemWindow.h"
 
 #include <cstdio>
+#include <filesystem>
 
 namespace qelview {
 
@@ -83,6 +84,12 @@ std::string toUtf8(const std::wstring& wide) {
     WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr,
                         nullptr);
     return utf8;
+}
+
+std::string absoluteName(const std::string& file) {
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(toWide(file), error);
+    return error ? file : toUtf8(whole.wstring());
 }
 
 std::string toPlainLetters(const std::string& utf8) {

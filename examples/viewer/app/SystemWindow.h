@@ -36,6 +36,8 @@ void setClientSize(HWND window, const ClientSize& size);
 
 [[nodiscard]] std::wstring toWide(const std::string& utf8);
 [[nodiscard]] std::string toUtf8(const std::wstring& wide);
+/// The name of a file, of UTF-8, from the root of its drive.
+[[nodiscard]] std::string absoluteName(const std::string& file);
 /// A text of UTF-8 in the letters that the display's font has: accents are dropped, what is still strange is
 /// a '?'.
 [[nodiscard]] std::string toPlainLetters(const std::string& utf8);

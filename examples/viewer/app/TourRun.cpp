@@ -130,9 +130,9 @@ class Tour {
 
 }  // namespace
 
-ExitCode writeTour(const Options& options, const Scene& scene) {
+ExitCode writeTour(const Options& options, Scene scene) {
     const OwnedWindow window = createHiddenWindow(kTile);
-    const std::unique_ptr<Stage> stage = window ? Stage::open(window.get(), scene) : nullptr;
+    const std::unique_ptr<Stage> stage = window ? Stage::open(window.get(), std::move(scene)) : nullptr;
     if (stage == nullptr) {
         reportNoContext(false);
         return ExitCode::NoContext;

@@ -3,6 +3,7 @@
 
 #include "CaptureName.h"
 #include "FileInput.h"
+#include "LoadTask.h"
 #include "ReadError.h"
 #include "ViewerWindow.h"
 
@@ -47,6 +48,12 @@ void ViewerWindow::obey(const KeyCommand& wanted) {
         case Command::LongAxes:
             stage->switchLongAxes();
             break;
+        case Command::TurnUp:
+            turnUp();
+            break;
+        case Command::Warnings:
+            showWarnings();
+            break;
         case Command::Stereo:
             switchStereo();
             break;
@@ -57,7 +64,7 @@ void ViewerWindow::obey(const KeyCommand& wanted) {
             captureAnew();
             break;
         case Command::Help:
-            stage->annotations().showsHelp = !stage->annotations().showsHelp;
+            switchPanel(Panel::Help);
             break;
         case Command::Open:
             openFiles(askForFiles(window.get()));
@@ -83,13 +90,26 @@ void ViewerWindow::leave() {
     if (gesture.isActive()) {
         ReleaseCapture();
         loseMouse();
-    } else if (stage->annotations().showsHelp) {
-        stage->annotations().showsHelp = false;
+    } else if (stage->annotations().panel != Panel::None) {
+        stage->annotations().panel = Panel::None;
     } else if (choosesRectangle) {
         chooseRectangle(false);
     } else {
         ended = true;
     }
+}
+
+void ViewerWindow::switchPanel(Panel panel) {
+    Panel& shown = stage->annotations().panel;
+    shown = shown == panel ? Panel::None : panel;
+}
+
+void ViewerWindow::showWarnings() {
+    if (stage->warnings().empty()) {
+        say("Nothing was left out of the files");
+        return;
+    }
+    switchPanel(Panel::Warnings);
 }
 
 void ViewerWindow::chooseRectangle(bool isChosen) {
@@ -143,7 +163,7 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     EnableWindow(window.get(), FALSE);
     std::string reason;
     try {
-        accept(surroundings.load(files));
+        accept(surroundings.load(files, recent.upOf(absoluteName(files.front()))));
         remember(files);
     } catch (const ReadCancelled&) {
         say("Loading was cancelled");
@@ -162,11 +182,13 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     return reason.empty();
 }
 
-void ViewerWindow::accept(const Scene& scene) {
-    stage->setScene(scene);
+void ViewerWindow::accept(Scene scene) {
+    printWarnings(scene);
+    const std::string title = scene.title;
+    stage->setScene(std::move(scene));
     budget.reset();
     stage->setView(firstView);
-    setCaption(scene.title);
+    setCaption(title);
     redraw(Stale::Frame);
 }
 

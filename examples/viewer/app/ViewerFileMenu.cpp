@@ -9,16 +9,15 @@
 namespace qelview {
 
 void ViewerWindow::markMenu() {
-    showMarks(GetMenu(window.get()),
-              {stage->camera().isOrtho(), stage->camera().getOverlayOption(), stage->isStereo()});
+    showMarks(GetMenu(window.get()), {stage->camera().isOrtho(), stage->camera().getOverlayOption(),
+                                      stage->up() == UpAxis::Y, stage->isStereo()});
 }
 
 void ViewerWindow::remember(const std::vector<std::string>& files) {
+    shownFiles.clear();
     for (const std::string& file : files) {
-        // The next run may begin in another folder.
-        std::error_code error;
-        const std::filesystem::path whole = std::filesystem::absolute(toWide(file), error);
-        recent.add(error ? file : toUtf8(whole.wstring()));
+        shownFiles.push_back(absoluteName(file));
+        recent.add(shownFiles.back(), stage->up());
     }
     keepRecent();
 }
@@ -37,8 +36,19 @@ void ViewerWindow::openRecent(std::size_t number) {
 void ViewerWindow::keepRecent() {
     showRecentFiles(GetMenu(window.get()), recent.names());
     if (surroundings.writeRecent) {
-        surroundings.writeRecent(recent.names());
+        surroundings.writeRecent(recent.stored());
     }
+}
+
+void ViewerWindow::turnUp() {
+    if (!stage->turnUp()) {
+        say("The file says itself that " + std::string(stage->up() == UpAxis::Y ? "Y" : "Z") + " points up");
+        return;
+    }
+    for (const std::string& file : shownFiles) {
+        recent.add(file, stage->up());
+    }
+    keepRecent();
 }
 
 std::string ViewerWindow::aboutText() {

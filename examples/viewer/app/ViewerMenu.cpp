@@ -72,6 +72,7 @@ void showMarks(HMENU bar, const MenuMarks& marks) {
     };
     mark(Command::SwitchProjection, marks.isOrthographic);
     mark(Command::LongAxes, marks.hasLongAxes);
+    mark(Command::TurnUp, marks.hasYUp);
     mark(Command::Stereo, marks.isStereo);
 }
 

@@ -11,6 +11,7 @@ namespace qelview {
 struct MenuMarks {
     bool isOrthographic = false;
     bool hasLongAxes = false;
+    bool hasYUp = false;
     bool isStereo = false;
 };
 

@@ -33,8 +33,8 @@ double steadyMilliseconds() {
 
 Surroundings Surroundings::attended() {
     return {true, steadyMilliseconds,
-            [](const std::vector<std::string>& files) {
-                LoadTask task(files);
+            [](const std::vector<std::string>& files, UpAxis up) {
+                LoadTask task(files, up);
                 return waitWithWindow(task);
             },
             [] { return readRecentFiles(kKeyOfProgram); },
@@ -44,8 +44,8 @@ Surroundings Surroundings::attended() {
 Surroundings Surroundings::scripted() {
     return {false,
             [] { return 0.0; },
-            [](const std::vector<std::string>& files) {
-                LoadTask task(files);
+            [](const std::vector<std::string>& files, UpAxis up) {
+                LoadTask task(files, up);
                 return waitWithText(task);
             },
             {},
@@ -63,17 +63,18 @@ ViewerWindow::~ViewerWindow() {
     stage.reset();
 }
 
-bool ViewerWindow::open(const Options& options, const Scene& scene) {
+bool ViewerWindow::open(const Options& options, Scene scene) {
     const ClientSize size{options.width, options.height};
     window = create(size);
-    stage = window ? Stage::open(window.get(), scene) : nullptr;
+    const std::string title = scene.title;
+    stage = window ? Stage::open(window.get(), std::move(scene)) : nullptr;
     if (stage == nullptr) {
         window.reset();
         return false;
     }
     captureFile = options.capture;
     firstView = options.view;
-    setCaption(scene.title);
+    setCaption(title);
     stage->annotations().hasStrip = true;
     stage->resize(clientSizeOf(window.get()));
     stage->setView(options.view);
@@ -86,8 +87,8 @@ bool ViewerWindow::open(const Options& options, const Scene& scene) {
     return true;
 }
 
-ExitCode ViewerWindow::run(const Options& options, const Scene& scene) {
-    if (!open(options, scene)) {
+ExitCode ViewerWindow::run(const Options& options, Scene scene) {
+    if (!open(options, std::move(scene))) {
         reportNoContext(surroundings.isAttended);
         return ExitCode::NoContext;
     }

@@ -27,8 +27,8 @@ struct Surroundings {
     bool isAttended = true;
     /// Milliseconds from any beginning.
     std::function<double()> clock;
-    /// Reads files into a scene; throws ReadError and ReadCancelled.
-    std::function<Scene(const std::vector<std::string>&)> load;
+    /// Reads files into a scene, as `loadScene` does; throws ReadError and ReadCancelled.
+    std::function<Scene(const std::vector<std::string>&, UpAxis)> load;
     /// Where the names of recent files are kept; empty keeps none.
     std::function<std::vector<std::string>()> readRecent;
     std::function<void(const std::vector<std::string>&)> writeRecent;
@@ -49,9 +49,9 @@ class ViewerWindow {
     ViewerWindow& operator=(const ViewerWindow&) = delete;
 
     /// Makes the window, hidden, and shows a scene in it; false if it gets no OpenGL context.
-    [[nodiscard]] bool open(const Options& options, const Scene& scene);
+    [[nodiscard]] bool open(const Options& options, Scene scene);
     /// Opens, and lets a person work until the window is closed.
-    [[nodiscard]] ExitCode run(const Options& options, const Scene& scene);
+    [[nodiscard]] ExitCode run(const Options& options, Scene scene);
 
     /// Of the open window.
     [[nodiscard]] HWND handle() const { return window.get(); }
@@ -118,14 +118,17 @@ class ViewerWindow {
     void markMenu();
     void openRecent(std::size_t number);
     void keepRecent();
+    void turnUp();
     void showAbout();
+    void switchPanel(Panel panel);
+    void showWarnings();
     void leave();
     void chooseRectangle(bool isChosen);
     void switchStereo();
     void captureAnew();
     /// False if the files were refused; the scene is the old one then.
     bool openFiles(const std::vector<std::string>& files);
-    void accept(const Scene& scene);
+    void accept(Scene scene);
     void refuse(const std::string& reason);
     void setCaption(const std::string& title);
     void say(const std::string& notice);
@@ -135,6 +138,8 @@ class ViewerWindow {
     std::unique_ptr<Stage> stage;
     std::string captureFile;
     RecentFiles recent;
+    /// Whole names; none for a scene that comes from no file.
+    std::vector<std::string> shownFiles;
     unsigned firstView = 0;
     Stale stale = Stale::Frame;
     MouseGesture gesture;

@@ -6,6 +6,7 @@
 #include <exception>
 #include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -16,6 +17,8 @@
 #include "PictureRun.h"
 #include "ProgressWindow.h"
 #include "ReadError.h"
+#include "RecentFiles.h"
+#include "RecentStore.h"
 #include "SampleMap.h"
 #include "SampleScene.h"
 #include "ScriptRun.h"
@@ -37,31 +40,56 @@ std::vector<std::string> readArguments() {
     return arguments;
 }
 
-qelview::Scene loadWanted(const qelview::Options& options) {
+/// What the command line says, or else what was chosen for the file before.
+qelview::UpAxis upOf(const qelview::Options& options) {
+    if (options.up || !options.isAttended()) {
+        return options.up.value_or(qelview::UpAxis::Z);
+    }
+    const qelview::RecentFiles recent(qelview::readRecentFiles(qelview::kKeyOfProgram));
+    return recent.upOf(qelview::absoluteName(options.files.front()));
+}
+
+qelview::Scene loadWanted(const qelview::Options& options, qelview::Stopwatch& watch) {
     if (options.files.empty()) {
         return options.showsMap() ? qelview::makeSampleMap() : qelview::makeSampleScene();
     }
-    qelview::LoadTask task(options.files);
-    return options.isAttended() ? qelview::waitWithWindow(task) : qelview::waitWithText(task);
+    qelview::LoadTask task(options.files, upOf(options));
+    qelview::Scene scene = options.isAttended() ? qelview::waitWithWindow(task) : qelview::waitWithText(task);
+    watch = task.times();
+    qelview::printWarnings(scene);
+    return scene;
 }
 
-qelview::ExitCode showScene(const qelview::Options& options, const qelview::Scene& scene) {
+void printTimes(const qelview::Stopwatch& watch) {
+    for (const qelview::Stopwatch::Part& part : watch.parts()) {
+        std::fprintf(stderr, "qelview: %-9s %7.3f s\n", part.name.c_str(), part.seconds);
+    }
+}
+
+qelview::ExitCode showScene(const qelview::Options& options, qelview::Scene scene,
+                            qelview::Stopwatch& watch) {
     if (options.showsMap()) {
         return qelview::runMap(options, scene);
     }
     if (!options.script.empty()) {
-        return qelview::playScript(options, scene);
+        return qelview::playScript(options, std::move(scene));
     }
     if (!options.tour.empty()) {
-        return qelview::writeTour(options, scene);
+        return qelview::writeTour(options, std::move(scene));
     }
-    return options.writesPictures() ? qelview::writePictures(options, scene)
-                                    : qelview::ViewerWindow().run(options, scene);
+    return options.writesPictures() ? qelview::writePictures(options, std::move(scene), watch)
+                                    : qelview::ViewerWindow().run(options, std::move(scene));
 }
 
 qelview::ExitCode runViewer(const qelview::Options& options) {
     try {
-        return showScene(options, loadWanted(options));
+        qelview::Stopwatch watch;
+        qelview::Scene scene = loadWanted(options, watch);
+        const qelview::ExitCode code = showScene(options, std::move(scene), watch);
+        if (options.isTimed) {
+            printTimes(watch);
+        }
+        return code;
     } catch (const qelview::ReadCancelled&) {
         return qelview::ExitCode::Success;
     } catch (const std::exception& error) {

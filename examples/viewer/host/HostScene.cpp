@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <utility>
 
+#include "AllCores.h"
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
 #include "Thinning.h"
@@ -25,9 +26,8 @@ qel::ref_ptr<HostArray<Element>> makeArray(std::vector<Element> elements) {
 /// One element of an array for each part of a scene.
 template <class Element, class Source, class Convert>
 qel::ref_ptr<HostArray<Element>> convertAll(const std::vector<Source>& source, const Convert& convert) {
-    std::vector<Element> elements;
-    elements.reserve(source.size());
-    std::transform(source.begin(), source.end(), std::back_inserter(elements), convert);
+    std::vector<Element> elements(source.size());
+    forEachOnAllCores(source.size(), [&](std::size_t i) { elements[i] = convert(source[i]); });
     return makeArray(std::move(elements));
 }
 
@@ -57,23 +57,29 @@ DepthImage readDepths(const PixelView& view) {
 
 }  // namespace
 
-HostScene::HostScene(const Scene& scene) : markers(scene.markers) {
-    std::for_each(scene.meshes.begin(), scene.meshes.end(), [this](const auto& mesh) { addMesh(mesh); });
-    std::for_each(scene.clouds.begin(), scene.clouds.end(), [this](const auto& cloud) { addCloud(cloud); });
+HostScene::HostScene(Scene scene) : markers(std::move(scene.markers)) {
+    for (TriangleMesh& mesh : scene.meshes) {
+        addMesh(std::exchange(mesh, {}));
+    }
+    for (PointCloud& cloud : scene.clouds) {
+        addCloud(std::exchange(cloud, {}));
+    }
     addGeometries(scene);
 }
 
-void HostScene::addMesh(const TriangleMesh& mesh) {
+void HostScene::addMesh(TriangleMesh&& mesh) {
     Mesh added;
+    const bool isIndexed = !mesh.indices.empty();
+    added.indices = makeArray(std::move(mesh.indices));
     added.vertices = convertAll<qel::ArrayVertex>(mesh.positions, toVertex);
-    added.indices = makeArray(mesh.indices);
+    mesh.positions = {};
     // Each of the two mesh operations takes its own kind of normals.
-    if (mesh.indices.empty()) {
-        added.byteNormals = convertAll<qel::ArrayNormal3b>(mesh.normals, toByteNormal);
-    } else {
+    if (isIndexed) {
         added.normals = convertAll<qel::ArrayNormal4f>(mesh.normals, [](const qel::XPnt3f& normal) {
             return qel::ArrayNormal4f{normal.x, normal.y, normal.z, 0.0F};
         });
+    } else {
+        added.byteNormals = convertAll<qel::ArrayNormal3b>(mesh.normals, toByteNormal);
     }
     added.colors = convertAll<qel::ArrayColor4f>(mesh.colors, [](const qel::QelColor3f& color) {
         return qel::ArrayColor4f{color.r, color.g, color.b, 1.0F};
@@ -83,10 +89,10 @@ void HostScene::addMesh(const TriangleMesh& mesh) {
     meshes.push_back(added);
 }
 
-void HostScene::addCloud(const PointCloud& cloud) {
+void HostScene::addCloud(PointCloud&& cloud) {
     Cloud added;
-    added.positions = cloud.positions;
     added.vertices = convertAll<qel::ArrayVertex>(cloud.positions, toVertex);
+    added.positions = std::move(cloud.positions);
     added.order = new HostArray<qel::ArrayIndex>({});
     added.colors = convertAll<qel::ArrayColor3b>(cloud.colors, toSignedColor);
     added.color = cloud.color;

@@ -18,7 +18,8 @@ namespace qelview {
 /// Positions must be near the origin (`Scene::moveToOrigin`), since arrays are narrowed to float here.
 class HostScene {
   public:
-    explicit HostScene(const Scene& scene);
+    /// Takes the arrays of the scene part by part, so that it never stands in memory twice.
+    explicit HostScene(Scene scene);
 
     /// Draws everything but labels. The context must be current. Enabled depth testing and disabled lighting
     /// are expected; the current colour and line width change.
@@ -60,8 +61,8 @@ class HostScene {
         LineStyle style;
     };
 
-    void addMesh(const TriangleMesh& mesh);
-    void addCloud(const PointCloud& cloud);
+    void addMesh(TriangleMesh&& mesh);
+    void addCloud(PointCloud&& cloud);
     void addGeometry(IQelGeometry* geometry, const LineStyle& style);
     void addGeometries(const Scene& scene);
 

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
+
+#include "AllCores.h"
 
 namespace qelview {
 
@@ -80,44 +83,71 @@ class DepthOfPoints {
     const DepthImage& depths;
 };
 
+/// The depths of the points that are drawn, in slices from the farthest to the nearest.
+struct DepthRange {
+    float nearest = 2.0F;
+    float farthest = 0.0F;
+
+    /// Depths above 1 are not those of points that are drawn.
+    void include(float depth) {
+        if (depth <= 1.0F) {
+            nearest = std::min(nearest, depth);
+            farthest = std::max(farthest, depth);
+        }
+    }
+    [[nodiscard]] std::size_t sliceOf(float depth) const {
+        const float slicesPerDepth =
+            farthest > nearest ? static_cast<float>(kSlices - 1) / (farthest - nearest) : 0.0F;
+        return static_cast<std::size_t>((farthest - depth) * slicesPerDepth);
+    }
+};
+
+using Slices = std::array<std::uint32_t, kSlices>;
+
 }  // namespace
 
 void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
                         std::size_t everyNth, std::vector<std::uint32_t>& order) {
     const DepthOfPoints depthOf(view, depths);
-    std::vector<double> depthsOfPoints;
-    depthsOfPoints.reserve(positions.size() / everyNth + 1);
-    for (std::size_t i = 0; i < positions.size(); i += everyNth) {
-        depthsOfPoints.push_back(depthOf(positions[i]));
-    }
-    double nearest = 1.0;
-    double farthest = 0.0;
-    for (const double depth : depthsOfPoints) {
-        if (depth <= 1.0) {
-            nearest = std::min(nearest, depth);
-            farthest = std::max(farthest, depth);
+    std::vector<float> depthsOfPoints((positions.size() + everyNth - 1) / everyNth);
+    const std::vector<Piece> pieces = piecesOf(depthsOfPoints.size());
+    std::vector<DepthRange> ranges(pieces.size());
+    onAllCores(pieces, [&](std::size_t number) {
+        DepthRange range;
+        for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
+            depthsOfPoints[i] = static_cast<float>(depthOf(positions[i * everyNth]));
+            range.include(depthsOfPoints[i]);
         }
-    }
-    const double slicesPerDepth =
-        farthest > nearest ? static_cast<double>(kSlices - 1) / (farthest - nearest) : 0.0;
-    const auto sliceOf = [&](double depth) {
-        return static_cast<std::size_t>((farthest - depth) * slicesPerDepth);
-    };
-    std::array<std::size_t, kSlices + 1> next{};
-    for (const double depth : depthsOfPoints) {
-        if (depth <= 1.0) {
-            ++next[sliceOf(depth) + 1];
+        ranges[number] = range;
+    });
+    std::for_each(ranges.begin() + 1, ranges.end(), [&](const DepthRange& range) {
+        ranges.front().include(range.nearest);
+        ranges.front().include(range.farthest);
+    });
+    // Counts of points in each slice of each piece become the places of the first ones.
+    std::vector<Slices> next(pieces.size());
+    onAllCores(pieces, [&](std::size_t number) {
+        for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
+            if (depthsOfPoints[i] <= 1.0F) {
+                ++next[number][ranges.front().sliceOf(depthsOfPoints[i])];
+            }
         }
-    }
+    });
+    std::uint32_t place = 0;
     for (std::size_t slice = 0; slice < kSlices; ++slice) {
-        next[slice + 1] += next[slice];
-    }
-    order.resize(next[kSlices]);
-    for (std::size_t i = 0; i < depthsOfPoints.size(); ++i) {
-        if (depthsOfPoints[i] <= 1.0) {
-            order[next[sliceOf(depthsOfPoints[i])]++] = static_cast<std::uint32_t>(i * everyNth);
+        for (Slices& ofPiece : next) {
+            place += std::exchange(ofPiece[slice], place);
         }
     }
+    order.resize(place);
+    onAllCores(pieces, [&](std::size_t number) {
+        for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
+            if (depthsOfPoints[i] <= 1.0F) {
+                order[next[number][ranges.front().sliceOf(depthsOfPoints[i])]++] =
+                    static_cast<std::uint32_t>(i * everyNth);
+            }
+        }
+    });
 }
 
 std::optional<std::uint32_t> visiblePointAt(const Points& positions, const std::vector<std::uint32_t>& order,

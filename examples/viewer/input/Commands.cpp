@@ -17,10 +17,12 @@ struct LetterKey {
     Command command;
 };
 
-constexpr std::array<LetterKey, 7> kLetterKeys{{
+constexpr std::array<LetterKey, 9> kLetterKeys{{
     {'F', Command::Fit},
     {'O', Command::SwitchProjection},
     {'A', Command::LongAxes},
+    {'U', Command::TurnUp},
+    {'W', Command::Warnings},
     {'S', Command::Stereo},
     {'Z', Command::ZoomRectangle},
     {'C', Command::Capture},

@@ -14,6 +14,8 @@ enum class Command : std::uint8_t {
     Fit,
     SwitchProjection,
     LongAxes,
+    TurnUp,
+    Warnings,
     Stereo,
     ZoomRectangle,
     Capture,
@@ -46,7 +48,7 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 15> kHelpLines{{
+inline constexpr std::array<HelpLine, 17> kHelpLines{{
     {"Left button", "rotate; a click marks the point there"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up nearer, down farther"},
@@ -56,12 +58,14 @@ inline constexpr std::array<HelpLine, 15> kHelpLines{{
     {"F", "fit the model into the view"},
     {"O", "perspective or orthographic"},
     {"A", "long axes through the origin of the view"},
+    {"U", "turn the model: Y or Z points up"},
     {"S", "stereo, where the driver has it"},
     {"Z", "drag a rectangle to zoom into"},
     {"C", "capture the view into a BMP file"},
     {"Ctrl+O", "open files; or drop them on the window"},
+    {"W", "what was left out of the files"},
     {"H", "this help"},
-    {"Esc", "end help, rectangle or drag; else quit"},
+    {"Esc", "end help, list, rectangle or drag; else quit"},
 }};
 
 }  // namespace qelview

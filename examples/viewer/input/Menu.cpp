@@ -15,7 +15,7 @@ constexpr std::array<MenuLine, 6> kFileLines{{
     {"&Quit", "Alt+F4", {Command::Quit}},
 }};
 
-constexpr std::array<MenuLine, 15> kViewLines{{
+constexpr std::array<MenuLine, 17> kViewLines{{
     {"&Top", "0", {Command::StandardView, 0}},
     {"&Bottom", "1", {Command::StandardView, 1}},
     {"Bac&k", "2", {Command::StandardView, 2}},
@@ -30,7 +30,9 @@ constexpr std::array<MenuLine, 15> kViewLines{{
     {},
     {"&Orthographic", "O", {Command::SwitchProjection}},
     {"Long &axes", "A", {Command::LongAxes}},
+    {"&Y points up", "U", {Command::TurnUp}},
     {"&Stereo", "S", {Command::Stereo}},
+    {"&Warnings", "W", {Command::Warnings}},
 }};
 
 constexpr std::array<MenuLine, 2> kHelpLinesOfMenu{{

@@ -1,189 +1,262 @@
 #include "MeshNormals.h"
 
-#include <array>
+#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <numbers>
 #include <numeric>
-#include <unordered_map>
+#include <span>
 #include <utility>
+
+#include "AllCores.h"
+#include "Numbering.h"
 
 namespace qelview {
 
 namespace {
 
-/// Around a vertex with more triangles than this no edge is kept sharp: looking at all pairs would take long.
-constexpr std::size_t kMostTrianglesOfASharpVertex = 256;
+/// Around a place with more triangles than this no edge is kept sharp: looking at all pairs would take long.
+constexpr std::size_t kMostTrianglesOfASharpPlace = 256;
 /// Normals nearer to each other than this share a vertex.
 constexpr double kSameNormal = 1.0 - 1e-6;
 
-using Place = std::array<double, 3>;
-
-struct PlaceHash {
-    std::size_t operator()(const Place& place) const {
-        std::size_t hash = 0;
-        for (const double coordinate : place) {
-            hash = hash * 1000003U + std::hash<double>()(coordinate);
-        }
-        return hash;
-    }
+/// A triangle as the places around it see it.
+struct Facet {
+    /// Of unit length.
+    qel::XPnt3f normal;
+    /// The largest of the mesh being 1: large triangles count more. 0 if there is no normal.
+    float area = 0.0F;
 };
 
-/// The triangles around each place, as one array with a beginning for each place.
-struct Neighbours {
-    std::vector<std::uint32_t> placeOfVertex;
-    std::vector<std::size_t> begin;
-    std::vector<std::uint32_t> triangles;
+/// A vertex more, for a corner where the vertex that it has already has another normal.
+struct Copy {
+    std::uint32_t vertex = 0;
+    qel::XPnt3f normal;
 };
 
+/// The corners of triangles at each place, as one array with a beginning for each place.
+struct CornersOfPlaces {
+    std::vector<std::uint32_t> begin;
+    std::vector<std::uint32_t> corners;
+};
+
+/// The same number for vertices at the same place.
 std::vector<std::uint32_t> numberPlaces(const Points& positions, std::size_t& count) {
-    std::unordered_map<Place, std::uint32_t, PlaceHash> numbers;
-    numbers.reserve(positions.size());
+    Numbering<std::uint64_t, 3> places(positions.size());
+    // Adding 0 makes -0 a 0.
+    const auto word = [](double coordinate) { return std::bit_cast<std::uint64_t>(coordinate + 0.0); };
     std::vector<std::uint32_t> placeOfVertex;
     placeOfVertex.reserve(positions.size());
     for (const qel::XPnt3d& position : positions) {
-        const Place place{position.x, position.y, position.z};
-        placeOfVertex.push_back(
-            numbers.try_emplace(place, static_cast<std::uint32_t>(numbers.size())).first->second);
+        placeOfVertex.push_back(places.numberOf({word(position.x), word(position.y), word(position.z)}));
     }
-    count = numbers.size();
+    count = places.known().size();
     return placeOfVertex;
 }
 
-Neighbours findNeighbours(const TriangleMesh& mesh) {
-    Neighbours found;
-    std::size_t places = 0;
-    found.placeOfVertex = numberPlaces(mesh.positions, places);
-    found.begin.assign(places + 1, 0);
+CornersOfPlaces sortCorners(const TriangleMesh& mesh) {
+    std::size_t count = 0;
+    const std::vector<std::uint32_t> placeOfVertex = numberPlaces(mesh.positions, count);
+    CornersOfPlaces places;
+    places.begin.assign(count + 1, 0);
     for (const std::uint32_t vertex : mesh.indices) {
-        ++found.begin[found.placeOfVertex[vertex] + 1];
+        ++places.begin[placeOfVertex[vertex] + 1];
     }
-    std::partial_sum(found.begin.begin(), found.begin.end(), found.begin.begin());
-    std::vector<std::size_t> next(found.begin.begin(), found.begin.end() - 1);
-    found.triangles.resize(mesh.indices.size());
-    for (std::size_t corner = 0; corner < mesh.indices.size(); ++corner) {
-        const std::uint32_t place = found.placeOfVertex[mesh.indices[corner]];
-        found.triangles[next[place]++] = static_cast<std::uint32_t>(corner / 3);
+    std::partial_sum(places.begin.begin(), places.begin.end(), places.begin.begin());
+    places.corners.resize(mesh.indices.size());
+    // Filled in from behind, the end of each place becomes its beginning.
+    for (std::size_t corner = mesh.indices.size(); corner-- > 0;) {
+        std::uint32_t& end = places.begin[placeOfVertex[mesh.indices[corner]] + 1];
+        places.corners[--end] = static_cast<std::uint32_t>(corner);
     }
-    return found;
+    places.begin.push_back(static_cast<std::uint32_t>(mesh.indices.size()));
+    places.begin.erase(places.begin.begin());
+    return places;
 }
 
-/// Their lengths are twice the areas, so that large triangles count more in a sum.
-Points triangleNormals(const TriangleMesh& mesh) {
-    Points normals;
-    normals.reserve(mesh.indices.size() / 3);
-    for (std::size_t corner = 0; corner + 2 < mesh.indices.size(); corner += 3) {
-        normals.push_back(qel::cross(mesh.positions[mesh.indices[corner]],
-                                     mesh.positions[mesh.indices[corner + 1]],
-                                     mesh.positions[mesh.indices[corner + 2]]));
-    }
-    return normals;
+qel::XPnt3d crossOf(const TriangleMesh& mesh, std::size_t triangle) {
+    const std::uint32_t* const corners = &mesh.indices[3 * triangle];
+    return qel::cross(mesh.positions[corners[0]], mesh.positions[corners[1]], mesh.positions[corners[2]]);
 }
 
-/// The mesh with vertices split where their corners have different normals.
-class Splitter {
+std::vector<Facet> facetsOf(const TriangleMesh& mesh) {
+    std::vector<Facet> facets(mesh.indices.size() / 3);
+    const std::vector<Piece> pieces = piecesOf(facets.size());
+    std::vector<double> largestOfPieces(pieces.size());
+    onAllCores(pieces, [&](std::size_t number) {
+        double largest = 0.0;
+        for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
+            largest = std::max(largest, crossOf(mesh, i).norm());
+        }
+        largestOfPieces[number] = largest;
+    });
+    const double largest = *std::max_element(largestOfPieces.begin(), largestOfPieces.end());
+    forEachOnAllCores(facets.size(), [&](std::size_t i) {
+        const qel::XPnt3d cross = crossOf(mesh, i);
+        const double area = cross.norm();
+        if (area > 0.0) {
+            facets[i] = {qel::XPnt3f(cross * (1.0 / area)), static_cast<float>(area / largest)};
+        }
+    });
+    return facets;
+}
+
+/// Makes the normals around one place after the other.
+class Smoother {
   public:
-    explicit Splitter(const TriangleMesh& original) : source(original), copies(original.positions.size()) {}
+    Smoother(TriangleMesh& target, const CornersOfPlaces& cornersOfPlaces,
+             const std::vector<Facet>& facetsOfMesh, double creaseAngleDegrees)
+        : mesh(target),
+          places(cornersOfPlaces),
+          facets(facetsOfMesh),
+          creaseCosine(std::cos(creaseAngleDegrees * std::numbers::pi / 180.0)),
+          halfCreaseCosine(std::cos(creaseAngleDegrees * std::numbers::pi / 360.0)) {}
 
-    void addCorner(std::uint32_t vertex, const qel::XPnt3d& normal) {
-        for (const std::uint32_t copy : copies[vertex]) {
-            if (qel::dot(qel::XPnt3d(normals[copy]), normal) > kSameNormal) {
-                indices.push_back(copy);
+    void smooth(std::size_t place) {
+        const std::size_t begin = places.begin[place];
+        corners = {&places.corners[begin], places.begin[place + 1] - begin};
+        qel::XPnt3d sum;
+        for (const std::uint32_t corner : corners) {
+            sum += weighted(facetOf(corner));
+        }
+        const qel::XPnt3f whole = unitNormal(sum);
+        if (corners.size() > kMostTrianglesOfASharpPlace || isSmooth(whole)) {
+            for (const std::uint32_t corner : corners) {
+                mesh.normals[mesh.indices[corner]] = whole;
+            }
+            return;
+        }
+        copiesOfPlace.clear();
+        for (const std::uint32_t corner : corners) {
+            giveNormal(corner, normalAt(corner));
+        }
+    }
+
+    /// The vertices that were split off, in order, and the corners that have them: once all other vertices
+    /// are known.
+    void appendCopies() {
+        const auto first = static_cast<std::uint32_t>(mesh.positions.size());
+        // Room for all first: what is copied lies in the same array.
+        mesh.positions.reserve(mesh.positions.size() + copies.size());
+        mesh.colors.reserve(mesh.colors.size() + (mesh.colors.empty() ? 0 : copies.size()));
+        for (const Copy& copy : copies) {
+            mesh.positions.push_back(mesh.positions[copy.vertex]);
+            mesh.normals.push_back(copy.normal);
+            if (!mesh.colors.empty()) {
+                mesh.colors.push_back(mesh.colors[copy.vertex]);
+            }
+        }
+        for (const auto& [corner, copy] : cornersOfCopies) {
+            mesh.indices[corner] = first + copy;
+        }
+    }
+
+  private:
+    [[nodiscard]] const Facet& facetOf(std::uint32_t corner) const { return facets[corner / 3]; }
+
+    static double cosine(const qel::XPnt3f& a, const qel::XPnt3f& b) {
+        return static_cast<double>(a.x * b.x + a.y * b.y + a.z * b.z);
+    }
+
+    static qel::XPnt3d weighted(const Facet& facet) {
+        return qel::XPnt3d(facet.normal) * static_cast<double>(facet.area);
+    }
+
+    /// True if all triangles around the place are so near to their mean that no two can be an edge.
+    [[nodiscard]] bool isSmooth(const qel::XPnt3f& whole) const {
+        return std::all_of(corners.begin(), corners.end(), [&](std::uint32_t corner) {
+            const Facet& facet = facetOf(corner);
+            return facet.area == 0.0F || cosine(facet.normal, whole) > halfCreaseCosine;
+        });
+    }
+
+    /// The mean of the triangles around that differ less than the crease angle from that of the corner, or of
+    /// all if that has no area.
+    [[nodiscard]] qel::XPnt3f normalAt(std::uint32_t corner) const {
+        const Facet& own = facetOf(corner);
+        qel::XPnt3d sum;
+        for (const std::uint32_t other : corners) {
+            if (own.area == 0.0F || cosine(own.normal, facetOf(other).normal) >= creaseCosine) {
+                sum += weighted(facetOf(other));
+            }
+        }
+        return unitNormal(sum);
+    }
+
+    /// The first normal of a vertex is its own; others are those of copies.
+    void giveNormal(std::uint32_t corner, const qel::XPnt3f& normal) {
+        const std::uint32_t vertex = mesh.indices[corner];
+        bool isFirst = true;
+        for (const auto& [known, copy] : copiesOfPlace) {
+            if (known != vertex) {
+                continue;
+            }
+            isFirst = false;
+            const qel::XPnt3f& there = copy == kOriginal ? mesh.normals[vertex] : copies[copy].normal;
+            if (cosine(there, normal) > kSameNormal) {
+                if (copy != kOriginal) {
+                    cornersOfCopies.emplace_back(corner, copy);
+                }
                 return;
             }
         }
-        const auto copy = static_cast<std::uint32_t>(positions.size());
-        copies[vertex].push_back(copy);
-        positions.push_back(source.positions[vertex]);
-        normals.emplace_back(normal);
-        if (!source.colors.empty()) {
-            colors.push_back(source.colors[vertex]);
+        if (isFirst) {
+            mesh.normals[vertex] = normal;
+            copiesOfPlace.emplace_back(vertex, kOriginal);
+            return;
         }
-        indices.push_back(copy);
+        const auto copy = static_cast<std::uint32_t>(copies.size());
+        copies.push_back({vertex, normal});
+        copiesOfPlace.emplace_back(vertex, copy);
+        cornersOfCopies.emplace_back(corner, copy);
     }
 
-    void moveInto(TriangleMesh& mesh) {
-        mesh.positions = std::move(positions);
-        mesh.normals = std::move(normals);
-        mesh.colors = std::move(colors);
-        mesh.indices = std::move(indices);
-    }
+    static constexpr std::uint32_t kOriginal = 0xFFFFFFFF;
 
-  private:
-    const TriangleMesh& source;
-    std::vector<std::vector<std::uint32_t>> copies;
-    Points positions;
-    std::vector<qel::XPnt3f> normals;
-    std::vector<qel::QelColor3f> colors;
-    std::vector<std::uint32_t> indices;
-};
-
-/// Unit vector of a sum of normals. Triangles without an area have none of their own: any will do.
-qel::XPnt3d direction(qel::XPnt3d sum) {
-    sum.normalize();
-    return sum.norm() > 0.5 ? sum : qel::XPnt3d(0.0, 0.0, 1.0);
-}
-
-class Smoother {
-  public:
-    Smoother(const TriangleMesh& mesh, double creaseAngleDegrees)
-        : around(findNeighbours(mesh)),
-          ofTriangles(triangleNormals(mesh)),
-          creaseCosine(std::cos(creaseAngleDegrees * std::numbers::pi / 180.0)) {}
-
-    /// Of the normals around a vertex, those that differ less than the crease angle from that of a triangle
-    /// there.
-    [[nodiscard]] qel::XPnt3d normalAt(std::uint32_t vertex, std::size_t triangle) {
-        const std::uint32_t place = around.placeOfVertex[vertex];
-        if (around.begin[place + 1] - around.begin[place] > kMostTrianglesOfASharpVertex) {
-            return normalOfAll(place);
-        }
-        const qel::XPnt3d& own = ofTriangles[triangle];
-        qel::XPnt3d sum;
-        for (std::size_t i = around.begin[place]; i < around.begin[place + 1]; ++i) {
-            const qel::XPnt3d& other = ofTriangles[around.triangles[i]];
-            if (qel::dot(own, other) >= creaseCosine * own.norm() * other.norm()) {
-                sum += other;
-            }
-        }
-        return direction(sum);
-    }
-
-  private:
-    qel::XPnt3d normalOfAll(std::uint32_t place) {
-        const auto [known, isNew] = normalsOfAll.try_emplace(place);
-        if (isNew) {
-            qel::XPnt3d sum;
-            for (std::size_t i = around.begin[place]; i < around.begin[place + 1]; ++i) {
-                sum += ofTriangles[around.triangles[i]];
-            }
-            known->second = direction(sum);
-        }
-        return known->second;
-    }
-
-    Neighbours around;
-    Points ofTriangles;
+    TriangleMesh& mesh;
+    const CornersOfPlaces& places;
+    const std::vector<Facet>& facets;
     double creaseCosine;
-    std::unordered_map<std::uint32_t, qel::XPnt3d> normalsOfAll;
+    double halfCreaseCosine;
+    /// Of the place at work.
+    std::span<const std::uint32_t> corners;
+    /// Vertices of the place at work, with the number of a copy.
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> copiesOfPlace;
+    std::vector<Copy> copies;
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> cornersOfCopies;
 };
 
 }  // namespace
+
+qel::XPnt3f unitNormal(const qel::XPnt3d& normal) {
+    // The reciprocal of a shorter one is not finite.
+    constexpr double kShortest = 1e-300;
+    const double length = normal.norm();
+    const bool isUsable = std::isfinite(length) && length > kShortest;
+    return isUsable ? qel::XPnt3f(normal * (1.0 / length)) : qel::XPnt3f(0.0F, 0.0F, 1.0F);
+}
 
 void makeNormals(TriangleMesh& mesh, double creaseAngleDegrees) {
     if (mesh.indices.empty()) {
         mesh.indices.resize(mesh.positions.size() / 3 * 3);
         std::iota(mesh.indices.begin(), mesh.indices.end(), 0U);
     }
-    Smoother smoother(mesh, creaseAngleDegrees);
-    Splitter splitter(mesh);
-    for (std::size_t corner = 0; corner < mesh.indices.size(); ++corner) {
-        const std::uint32_t vertex = mesh.indices[corner];
-        splitter.addCorner(vertex, smoother.normalAt(vertex, corner / 3));
+    mesh.normals.assign(mesh.positions.size(), qel::XPnt3f(0.0F, 0.0F, 1.0F));
+    const CornersOfPlaces places = sortCorners(mesh);
+    const std::vector<Facet> facets = facetsOf(mesh);
+    // Each vertex and each corner belongs to one place, so that pieces write nothing in common.
+    const std::vector<Piece> pieces = piecesOf(places.begin.size() - 1);
+    std::vector<Smoother> smoothers(pieces.size(), Smoother(mesh, places, facets, creaseAngleDegrees));
+    onAllCores(pieces, [&](std::size_t number) {
+        for (std::size_t place = pieces[number].begin; place < pieces[number].end; ++place) {
+            smoothers[number].smooth(place);
+        }
+    });
+    for (Smoother& smoother : smoothers) {
+        smoother.appendCopies();
     }
-    splitter.moveInto(mesh);
 }
 
 }  // namespace qelview

@@ -9,7 +9,10 @@ inline constexpr double kCreaseAngleDegrees = 40.0;
 
 /// Gives a mesh normals from its triangles, replacing those it has. Surfaces become smooth across vertices
 /// at the same place, whether or not they are shared; edges sharper than the crease angle stay sharp, for
-/// which vertices are split. The mesh has indices afterwards.
+/// which vertices are split: the copies follow the vertices that there were. The mesh has indices afterwards.
 void makeNormals(TriangleMesh& mesh, double creaseAngleDegrees = kCreaseAngleDegrees);
+
+/// A normal of length 1 in the same direction; along z if it has none.
+[[nodiscard]] qel::XPnt3f unitNormal(const qel::XPnt3d& normal);
 
 }  // namespace qelview

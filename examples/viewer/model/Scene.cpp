@@ -4,36 +4,39 @@
 #include <iterator>
 #include <utility>
 
+#include "AllCores.h"
+#include "PointBoxes.h"
+
 namespace qelview {
 
 namespace {
 
-/// Calls `visit` for each array of positions, and for each single position, that shapes the scene.
+/// Calls `visit` for each array of positions that may be large.
 template <class SceneType, class Visitor>
-void visitPositions(SceneType& scene, const Visitor& visit) {
-    const auto visitAll = [&](auto& positions) {
-        for (auto& position : positions) {
-            visit(position);
-        }
-    };
+void visitArrays(SceneType& scene, const Visitor& visit) {
     for (auto& mesh : scene.meshes) {
-        visitAll(mesh.positions);
+        visit(mesh.positions);
     }
     for (auto& cloud : scene.clouds) {
-        visitAll(cloud.positions);
+        visit(cloud.positions);
     }
     for (auto& polyline : scene.polylines) {
-        std::for_each(polyline.parts.begin(), polyline.parts.end(), visitAll);
+        std::for_each(polyline.parts.begin(), polyline.parts.end(), visit);
     }
     for (auto& polygon : scene.polygons) {
-        std::for_each(polygon.rings.begin(), polygon.rings.end(), visitAll);
+        std::for_each(polygon.rings.begin(), polygon.rings.end(), visit);
     }
     for (auto& ring : scene.rings) {
-        visitAll(ring.points);
+        visit(ring.points);
     }
     for (auto& curve : scene.curves) {
-        visitAll(curve.points);
+        visit(curve.points);
     }
+}
+
+/// Calls `visit` for each position that stands alone.
+template <class SceneType, class Visitor>
+void visitOthers(SceneType& scene, const Visitor& visit) {
     for (auto& segment : scene.segments) {
         visit(segment.from);
         visit(segment.to);
@@ -41,6 +44,15 @@ void visitPositions(SceneType& scene, const Visitor& visit) {
     for (auto& point : scene.points) {
         visit(point.position);
     }
+}
+
+/// Calls `change` for each position that shapes the scene, on all cores.
+template <class Change>
+void changePositions(Scene& scene, const Change& change) {
+    visitArrays(scene, [&change](Points& positions) {
+        forEachOnAllCores(positions.size(), [&](std::size_t i) { change(positions[i]); });
+    });
+    visitOthers(scene, change);
 }
 
 template <class Part>
@@ -61,13 +73,22 @@ std::size_t totalSize(const Arrays& arrays) {
 }  // namespace
 
 bool Scene::isEmpty() const {
-    return !bounds().isValid();
+    bool isEmpty = balls.empty();
+    visitArrays(*this, [&isEmpty](const Points& positions) { isEmpty = isEmpty && positions.empty(); });
+    visitOthers(*this, [&isEmpty](const qel::XPnt3d&) { isEmpty = false; });
+    return isEmpty;
 }
 
 qel::Enve3d Scene::bounds() const {
     qel::Enve3d box;
     box.setInvalid();
-    visitPositions(*this, [&box](const qel::XPnt3d& position) { box.SetBox(position); });
+    visitArrays(*this, [&box](const Points& positions) {
+        if (const qel::Enve3d own = boxOf(positions); own.isValid()) {
+            box.SetBox({own.xmin, own.ymin, own.zmin});
+            box.SetBox({own.xmax, own.ymax, own.zmax});
+        }
+    });
+    visitOthers(*this, [&box](const qel::XPnt3d& position) { box.SetBox(position); });
     for (const Ball& ball : balls) {
         const qel::XPnt3d reach(ball.radius, ball.radius, ball.radius);
         box.SetBox(ball.center - reach);
@@ -78,7 +99,8 @@ qel::Enve3d Scene::bounds() const {
 
 Points Scene::outline() const {
     Points found;
-    visitPositions(*this, [&found](const qel::XPnt3d& position) { found.push_back(position); });
+    visitArrays(*this, [&found](const Points& positions) { appendOutline(found, positions); });
+    visitOthers(*this, [&found](const qel::XPnt3d& position) { found.push_back(position); });
     for (const Ball& ball : balls) {
         for (const double reach : {-ball.radius, ball.radius}) {
             found.push_back(ball.center + qel::XPnt3d(reach, 0.0, 0.0));
@@ -107,7 +129,7 @@ void Scene::moveToOrigin() {
     }
     const qel::XPnt3d middle = box.MidPoint();
     const auto move = [&middle](qel::XPnt3d& position) { position -= middle; };
-    visitPositions(*this, move);
+    changePositions(*this, move);
     for (Ball& ball : balls) {
         move(ball.center);
     }
@@ -122,7 +144,40 @@ void Scene::moveToOrigin() {
     origin += middle;
 }
 
+void Scene::turn(UpAxis wanted) {
+    if (up == wanted) {
+        return;
+    }
+    const auto turned = [&](qel::XPnt3d& vector) { vector = fromUpright(upright(vector, up), wanted); };
+    changePositions(*this, turned);
+    for (TriangleMesh& mesh : meshes) {
+        for (qel::XPnt3f& normal : mesh.normals) {
+            normal = qel::XPnt3f(fromUpright(upright(qel::XPnt3d(normal), up), wanted));
+        }
+    }
+    for (Ball& ball : balls) {
+        turned(ball.center);
+    }
+    for (Marker& marker : markers) {
+        turned(marker.at);
+        turned(marker.to);
+        qel::XPnt3d low(marker.box.xmin, marker.box.ymin, marker.box.zmin);
+        qel::XPnt3d high(marker.box.xmax, marker.box.ymax, marker.box.zmax);
+        turned(low);
+        turned(high);
+        marker.box.setInvalid();
+        marker.box.SetBox(low);
+        marker.box.SetBox(high);
+    }
+    for (Label& label : labels) {
+        turned(label.at);
+    }
+    up = wanted;
+}
+
 void Scene::append(Scene&& other) {
+    other.turn(up);
+    isUpKnown = isUpKnown || other.isUpKnown;
     moveInto(meshes, other.meshes);
     moveInto(clouds, other.clouds);
     moveInto(polylines, other.polylines);
@@ -134,6 +189,7 @@ void Scene::append(Scene&& other) {
     moveInto(points, other.points);
     moveInto(markers, other.markers);
     moveInto(labels, other.labels);
+    moveInto(warnings, other.warnings);
     other = Scene();
 }
 

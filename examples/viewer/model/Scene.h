@@ -29,18 +29,28 @@ struct Scene {
     std::vector<Label> labels;
     /// What was subtracted from every coordinate; add it to get the coordinates of the files.
     qel::XPnt3d origin;
+    /// Views stand upright with this axis of the coordinates.
+    UpAxis up = UpAxis::Z;
+    /// True if the format of a file says so.
+    bool isUpKnown = false;
+    /// What was passed over in the files, one line each.
+    std::vector<std::string> warnings;
 
     /// True if there is nothing to show.
     [[nodiscard]] bool isEmpty() const;
     /// The box of all parts but markers and labels, which hang on the others; not valid for an empty scene.
     [[nodiscard]] qel::Enve3d bounds() const;
-    /// Points that a view must show to show everything: all positions, the reach of balls and
-    /// circles, the places of labels.
+    /// Points that a view must show to show everything: positions, or corners of boxes around many, the reach
+    /// of balls and circles, the places of labels.
     [[nodiscard]] Points outline() const;
     /// Subtracts the midpoint of the box from everything.
     void moveToOrigin();
-    /// Takes the parts of another scene, which must have the same origin.
+    /// Takes the parts of another scene, which must have the same origin. If another axis points up there,
+    /// they are turned to stand upright here.
     void append(Scene&& other);
+
+    /// Turns everything so that another axis points up.
+    void turn(UpAxis wanted);
 
     [[nodiscard]] std::size_t triangleCount() const;
     [[nodiscard]] std::size_t cloudPointCount() const;

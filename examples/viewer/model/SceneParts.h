@@ -15,6 +15,18 @@ namespace qelview {
 
 using Points = std::vector<qel::XPnt3d>;
 
+/// The axis of a file that points up.
+enum class UpAxis : std::uint8_t { Y, Z };
+
+/// A direction of a file whose `up` points up, in a frame whose Z points up.
+[[nodiscard]] constexpr qel::XPnt3d upright(const qel::XPnt3d& vector, UpAxis up) {
+    return up == UpAxis::Y ? qel::XPnt3d(vector.x, -vector.z, vector.y) : vector;
+}
+/// The other way round.
+[[nodiscard]] constexpr qel::XPnt3d fromUpright(const qel::XPnt3d& vector, UpAxis up) {
+    return up == UpAxis::Y ? qel::XPnt3d(vector.x, vector.z, -vector.y) : vector;
+}
+
 /// Triangles with optional normals and colours.
 struct TriangleMesh {
     std::string name;

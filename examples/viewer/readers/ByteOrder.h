@@ -4,7 +4,6 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <string>
 
 namespace qelview {
 
@@ -19,15 +18,6 @@ template <class Scalar>
         std::reverse(bytes.begin(), bytes.end());
     }
     return std::bit_cast<Scalar>(bytes);
-}
-
-template <class Scalar>
-void appendScalar(std::string& bytes, Scalar value, ByteOrder order) {
-    auto scalar = std::bit_cast<std::array<char, sizeof(Scalar)>>(value);
-    if ((order == ByteOrder::Little) != (std::endian::native == std::endian::little)) {
-        std::reverse(scalar.begin(), scalar.end());
-    }
-    bytes.append(scalar.data(), scalar.size());
 }
 
 }  // namespace qelview

@@ -5,9 +5,14 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <string>
+#include <utility>
 #include <vector>
 
-#include "SceneParts.h"
+#include "MeshFaces.h"
+#include "Scene.h"
+#include "Warnings.h"
 
 namespace qelview {
 
@@ -25,14 +30,22 @@ inline constexpr LineStyle kLinesOfMeshFiles{{150, 200, 255}, 1.5F};
     return {byte(color.r), byte(color.g), byte(color.b)};
 }
 
-/// A normal of length 1 in the same direction; along z if it has none.
-[[nodiscard]] inline qel::XPnt3f unitNormal(const qel::XPnt3d& normal) {
-    // The reciprocal of a shorter one is not finite.
-    constexpr double kShortest = 1e-300;
-    const double length = normal.norm();
-    const bool isUsable = std::isfinite(length) && length > kShortest;
-    const qel::XPnt3d unit = isUsable ? normal * (1.0 / length) : qel::XPnt3d(0.0, 0.0, 1.0);
-    return {static_cast<float>(unit.x), static_cast<float>(unit.y), static_cast<float>(unit.z)};
+/// Gives a mesh its faces, and says how many of them cannot be shown.
+inline void giveFaces(TriangleMesh& mesh, MeshFaces& faces, Warnings& warnings) {
+    if (const std::size_t tangled = faces.moveInto(mesh); tangled > 0) {
+        warnings.add("faces", std::to_string(tangled) + " are left out: their edges cross too often");
+    }
+}
+
+/// Adds a mesh to a scene; one without triangles as the cloud of its vertices.
+inline void addMeshOrCloud(Scene& scene, TriangleMesh&& mesh) {
+    if (!mesh.indices.empty()) {
+        scene.meshes.push_back(std::move(mesh));
+        return;
+    }
+    PointCloud& cloud = scene.clouds.emplace_back();
+    cloud.positions = std::move(mesh.positions);
+    std::transform(mesh.colors.begin(), mesh.colors.end(), std::back_inserter(cloud.colors), colorOfDot);
 }
 
 /// The triangle that a corner of a strip ends, from the third corner on. Every second one is turned round, so

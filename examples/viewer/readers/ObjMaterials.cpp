@@ -1,14 +1,13 @@
 #include "ObjMaterials.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
-#include <optional>
 #include <utility>
 #include <vector>
 
 #include "FileBytes.h"
 #include "MeshLook.h"
-#include "PlainText.h"
 #include "TextLines.h"
 
 namespace qelview {
@@ -22,7 +21,7 @@ constexpr std::uintmax_t kLargestLibrary = std::uintmax_t{16} << 20U;
 constexpr std::size_t kMostLibraries = 64;
 
 /// Grey if only one number is there.
-std::optional<std::array<float, 3>> colorOf(const std::vector<std::string_view>& words) {
+std::optional<qel::QelColor3f> colorIn(const std::vector<std::string_view>& words) {
     std::array<float, 3> color{};
     for (std::size_t i = 0; i < color.size(); ++i) {
         const std::size_t place = words.size() == 2 ? 1 : i + 1;
@@ -30,16 +29,19 @@ std::optional<std::array<float, 3>> colorOf(const std::vector<std::string_view>&
         if (!value || !std::isfinite(*value)) {
             return std::nullopt;
         }
-        color[i] = shownShare(*value);
+        color.at(i) = shownShare(*value);
     }
-    return color;
+    return qel::QelColor3f(color[0], color[1], color[2]);
 }
 
 }  // namespace
 
-void ObjMaterials::readLibrary(std::string_view name) {
-    if (libraries.size() == kMostLibraries || !libraries.emplace(name).second) {
-        return;
+bool ObjMaterials::readLibrary(std::string_view name) {
+    if (const auto known = libraries.find(name); known != libraries.end()) {
+        return known->second;
+    }
+    if (libraries.size() == kMostLibraries) {
+        return false;
     }
     std::optional<std::string> text = bytesBeside(file, name, kLargestLibrary);
     if (!text) {
@@ -49,55 +51,33 @@ void ObjMaterials::readLibrary(std::string_view name) {
     if (text) {
         readText(*text);
     }
+    libraries.emplace(name, text.has_value());
+    return text.has_value();
 }
 
 void ObjMaterials::readText(std::string_view text) {
     Progress ignored;
     TextLines lines(text, ProgressStretch(ignored, 0.0, 1.0));
     std::vector<std::string_view> words;
-    std::string name;
+    std::optional<qel::QelColor3f>* color = nullptr;
     while (lines.next()) {
         splitWords(lines.line(), words);
         if (words.size() < 2) {
             continue;
         }
         if (words[0] == "newmtl") {
-            name = behindFirstWord(lines.line());
-        } else if (words[0] == "Kd" && !name.empty()) {
-            if (const auto color = colorOf(words)) {
-                diffuse[name] = *color;
+            color = &colors[std::string(behindFirstWord(lines.line()))];
+        } else if (words[0] == "Kd" && color != nullptr) {
+            if (const auto found = colorIn(words)) {
+                *color = found;
             }
         }
     }
 }
 
-const std::string& ObjMaterials::plainNameOf(std::string_view name) {
-    // The importer has this one, for faces without a material.
-    static const std::string kWithoutColor = "DefaultMaterial";
-    const auto found = diffuse.find(name);
-    if (found == diffuse.end()) {
-        return kWithoutColor;
-    }
-    const auto [material, isNew] = asked.try_emplace(found->second);
-    if (isNew) {
-        material->second = "m" + std::to_string(asked.size());
-    }
-    return material->second;
-}
-
-std::string ObjMaterials::plainLibrary() const {
-    PlainText plain;
-    for (const auto& [color, name] : asked) {
-        plain.word("newmtl");
-        plain.word(name);
-        plain.endLine();
-        plain.word("Kd");
-        for (const float channel : color) {
-            plain.number(static_cast<double>(channel));
-        }
-        plain.endLine();
-    }
-    return plain.take();
+std::optional<qel::QelColor3f> ObjMaterials::colorOf(std::string_view name) const {
+    const auto found = colors.find(name);
+    return found == colors.end() ? std::nullopt : found->second;
 }
 
 }  // namespace qelview

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <array>
 #include <filesystem>
 #include <map>
-#include <set>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "QelColor.h"
 
 namespace qelview {
 
@@ -15,25 +16,21 @@ class ObjMaterials {
     explicit ObjMaterials(std::filesystem::path objFile) : file(std::move(objFile)) {}
 
     /// Takes the materials of an MTL file beside the model; if there is none, of the one that is called like
-    /// the model. Lines that name no colour are passed over, and so is a file that cannot be read, or was
-    /// read before, or comes after 64 others.
-    void readLibrary(std::string_view name);
-    /// What the plain model calls the material of this name: the same for all of a colour.
-    [[nodiscard]] const std::string& plainNameOf(std::string_view name);
-    /// The materials that were asked for, as an MTL file; empty if none has a colour.
-    [[nodiscard]] std::string plainLibrary() const;
+    /// the model. Lines that name no colour are passed over, and so is a file that comes after 64 others.
+    /// @return false if no file can be read.
+    bool readLibrary(std::string_view name);
+    /// True if a library has a material of this name, whether or not it has a colour.
+    [[nodiscard]] bool has(std::string_view name) const { return colors.find(name) != colors.end(); }
+    /// Nothing for a material without a colour.
+    [[nodiscard]] std::optional<qel::QelColor3f> colorOf(std::string_view name) const;
 
   private:
-    /// Red, green and blue.
-    using Diffuse = std::array<float, 3>;
-
     void readText(std::string_view text);
 
     std::filesystem::path file;
-    /// Names of those read.
-    std::set<std::string> libraries;
-    std::map<std::string, Diffuse, std::less<>> diffuse;
-    std::map<Diffuse, std::string> asked;
+    /// Names of those asked for, and whether they were read.
+    std::map<std::string, bool, std::less<>> libraries;
+    std::map<std::string, std::optional<qel::QelColor3f>, std::less<>> colors;
 };
 
 }  // namespace qelview

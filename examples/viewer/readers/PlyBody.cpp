@@ -13,21 +13,23 @@ namespace {
 /// Of an ASCII body: one instance a line.
 class AsciiBody final : public PlyBody {
   public:
-    AsciiBody(std::string_view bytes, const PlyHeader& header, const ProgressStretch& progress)
-        : lines(bytes, progress) {
+    AsciiBody(std::string_view bytes, const PlyHeader& header, Warnings& warningsOfFile,
+              const ProgressStretch& progress)
+        : text(bytes), lines(bytes, progress), warnings(warningsOfFile) {
         while (lines.number() + 1 < header.bodyFirstLine && lines.next()) {
         }
     }
 
     void beginInstance(const PlyElement& element, std::uint64_t index) override {
         do {
-            if (!lines.nextPlain()) {
+            if (!lines.next()) {
                 refuse(atLine(lines.number()), "the file ends after " + std::to_string(index) + " of " +
                                                    std::to_string(element.count) + " instances of element " +
                                                    quoted(element.name));
             }
             splitWords(lines.line(), words);
         } while (words.empty());
+        current = &element;
         used = 0;
     }
     double next(ScalarType) override {
@@ -37,17 +39,33 @@ class AsciiBody final : public PlyBody {
         return readNumber(words[used++], lines);
     }
     void endInstance() override {
-        if (used != words.size()) {
-            refuseHere(std::to_string(words.size()) + " values where the header promises " +
-                       std::to_string(used));
+        if (used == words.size()) {
+            return;
         }
+        const std::string reason =
+            std::to_string(words.size()) + " values where the header promises " + std::to_string(used);
+        // Where a list says its own length, more values mean that something else is wrong.
+        if (current->hasList()) {
+            refuseHere(reason);
+        }
+        warnings.add(here(), reason);
     }
     [[noreturn]] void refuseHere(const std::string& reason) const override { lines.refuseLine(reason); }
+    [[nodiscard]] std::string here() const override { return atLine(lines.number()); }
+    [[nodiscard]] std::string_view records() const override { return {}; }
+    void passRecords(std::size_t) override {}
+    /// A digit and what separates it for each value.
+    [[nodiscard]] std::uint64_t mostInstances(const PlyElement& element) const override {
+        return (text.size() - std::min(lines.position(), text.size())) / (2 * element.properties.size()) + 1;
+    }
 
   private:
+    std::string_view text;
     TextLines lines;
+    Warnings& warnings;
     std::vector<std::string_view> words;
     std::size_t used = 0;
+    const PlyElement* current = nullptr;
 };
 
 /// Of a binary body.
@@ -74,8 +92,17 @@ class BinaryBody final : public PlyBody {
         return readAs(type, from, order);
     }
     void endInstance() override {}
-    [[noreturn]] void refuseHere(const std::string& reason) const override {
-        refuse(current->name + " " + std::to_string(instance), reason);
+    [[noreturn]] void refuseHere(const std::string& reason) const override { refuse(here(), reason); }
+    [[nodiscard]] std::string here() const override { return current->name + " " + std::to_string(instance); }
+    [[nodiscard]] std::string_view records() const override { return body.substr(used); }
+    void passRecords(std::size_t bytes) override { used += bytes; }
+    /// Lists can be empty: a length each.
+    [[nodiscard]] std::uint64_t mostInstances(const PlyElement& element) const override {
+        std::size_t size = 0;
+        for (const PlyProperty& property : element.properties) {
+            size += sizeOf(property.countType.value_or(property.type));
+        }
+        return (body.size() - used) / size;
     }
 
   private:
@@ -89,11 +116,11 @@ class BinaryBody final : public PlyBody {
 
 }  // namespace
 
-std::unique_ptr<PlyBody> bodyOf(std::string_view bytes, const PlyHeader& header,
+std::unique_ptr<PlyBody> bodyOf(std::string_view bytes, const PlyHeader& header, Warnings& warnings,
                                 const ProgressStretch& progress) {
     if (header.isAscii) {
         requireText(bytes);
-        return std::make_unique<AsciiBody>(bytes, header, progress);
+        return std::make_unique<AsciiBody>(bytes, header, warnings, progress);
     }
     return std::make_unique<BinaryBody>(bytes, header, progress);
 }

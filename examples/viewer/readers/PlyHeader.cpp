@@ -43,16 +43,21 @@ std::optional<ScalarType> typeNamed(std::string_view name) {
     return found == kNames.end() ? std::nullopt : std::optional(found->second);
 }
 
+bool isLetter(char character) {
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
 class HeaderReader {
   public:
-    explicit HeaderReader(std::string_view bytes)
-        : lines(bytes.substr(0, kLongestHeader), ProgressStretch(ignored, 0.0, 1.0)) {}
+    HeaderReader(std::string_view bytes, Warnings& warningsOfFile)
+        : warnings(warningsOfFile),
+          lines(bytes.substr(0, kLongestHeader), ProgressStretch(ignored, 0.0, 1.0)) {}
 
     PlyHeader run() {
-        if (!lines.nextPlain() || (lines.line() != "ply" && lines.line() != "PLY")) {
+        if (!lines.next() || (lines.line() != "ply" && lines.line() != "PLY")) {
             refuse(atLine(1), "a PLY file begins with the line 'ply'");
         }
-        while (lines.nextPlain()) {
+        while (lines.next()) {
             splitWords(lines.line(), words);
             if (words.size() == 1 && words[0] == "end_header") {
                 return finished();
@@ -83,14 +88,16 @@ class HeaderReader {
             readElement();
         } else if (keyword == "property") {
             readProperty();
-        } else if (keyword != "comment" && keyword != "obj_info") {
+        } else if (!isLetter(keyword.front())) {
             lines.refuseLine(quoted(keyword) +
                              " is not a statement of a PLY header; end_header may be missing");
+        } else if (keyword != "comment" && keyword != "obj_info") {
+            warnings.add(atLine(lines.number()), "unknown statement " + quoted(keyword));
         }
     }
 
     void readFormat() {
-        const std::string_view format = words.size() == 3 ? words[1] : "";
+        const std::string_view format = words.size() > 1 ? words[1] : "";
         if (format != "ascii" && format != "binary_little_endian" && format != "binary_big_endian") {
             lines.refuseLine("unknown format");
         }
@@ -168,6 +175,7 @@ class HeaderReader {
     }
 
     Progress ignored;
+    Warnings& warnings;
     TextLines lines;
     std::vector<std::string_view> words;
     PlyHeader header;
@@ -176,14 +184,19 @@ class HeaderReader {
 
 }  // namespace
 
+bool PlyElement::hasList() const {
+    return std::any_of(properties.begin(), properties.end(),
+                       [](const PlyProperty& property) { return property.countType.has_value(); });
+}
+
 const PlyElement* PlyHeader::find(std::string_view name) const {
     const auto found = std::find_if(elements.begin(), elements.end(),
                                     [name](const PlyElement& element) { return element.name == name; });
     return found == elements.end() ? nullptr : &*found;
 }
 
-PlyHeader readPlyHeader(std::string_view bytes) {
-    return HeaderReader(bytes).run();
+PlyHeader readPlyHeader(std::string_view bytes, Warnings& warnings) {
+    return HeaderReader(bytes, warnings).run();
 }
 
 }  // namespace qelview

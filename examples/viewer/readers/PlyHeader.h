@@ -9,6 +9,7 @@
 
 #include "ByteOrder.h"
 #include "ScalarType.h"
+#include "Warnings.h"
 
 namespace qelview {
 
@@ -23,6 +24,8 @@ struct PlyElement {
     std::string name;
     std::uint64_t count = 0;
     std::vector<PlyProperty> properties;
+
+    [[nodiscard]] bool hasList() const;
 };
 
 /// What the head of a PLY file promises.
@@ -39,6 +42,6 @@ struct PlyHeader {
 };
 
 /// @throws ReadError that names the line of the header that is wrong.
-[[nodiscard]] PlyHeader readPlyHeader(std::string_view bytes);
+[[nodiscard]] PlyHeader readPlyHeader(std::string_view bytes, Warnings& warnings);
 
 }  // namespace qelview

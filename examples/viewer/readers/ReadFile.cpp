@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "FileBytes.h"
-#include "PlainModel.h"
+#include "MeshNormals.h"
 #include "ReadError.h"
 #include "ReadGeoJson.h"
 #include "ReadGltf.h"
@@ -22,32 +22,26 @@ namespace {
 /// Files are held in memory while they are checked.
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
 
-using Plain = PlainModel (*)(std::string, const std::filesystem::path&, const ProgressStretch&);
-
-enum class Kind : std::uint8_t { Mesh, Gltf, Points, Map };
+enum class Kind : std::uint8_t { Obj, Ply, Stl, Off, Gltf, Points, Map };
 
 struct Format {
     std::string_view extension;
     Kind kind;
-    /// Of meshes that are imported.
-    Plain plain;
-    Normals normals;
 };
 
 constexpr std::array<Format, 12> kFormats{{
-    {".obj", Kind::Mesh, plainObj, Normals::OfTheFile},
-    {".ply", Kind::Mesh, plainPly, Normals::OfTheFile},
-    // STL gives each triangle the normal of its plane, which would make every surface look faceted.
-    {".stl", Kind::Mesh, plainStl, Normals::MadeAnew},
-    {".off", Kind::Mesh, plainOff, Normals::OfTheFile},
-    {".gltf", Kind::Gltf, nullptr, Normals::OfTheFile},
-    {".glb", Kind::Gltf, nullptr, Normals::OfTheFile},
-    {".xyz", Kind::Points, nullptr, Normals::OfTheFile},
-    {".csv", Kind::Points, nullptr, Normals::OfTheFile},
-    {".txt", Kind::Points, nullptr, Normals::OfTheFile},
-    {".asc", Kind::Points, nullptr, Normals::OfTheFile},
-    {".geojson", Kind::Map, nullptr, Normals::OfTheFile},
-    {".json", Kind::Map, nullptr, Normals::OfTheFile},
+    {".obj", Kind::Obj},
+    {".ply", Kind::Ply},
+    {".stl", Kind::Stl},
+    {".off", Kind::Off},
+    {".gltf", Kind::Gltf},
+    {".glb", Kind::Gltf},
+    {".xyz", Kind::Points},
+    {".csv", Kind::Points},
+    {".txt", Kind::Points},
+    {".asc", Kind::Points},
+    {".geojson", Kind::Map},
+    {".json", Kind::Map},
 }};
 
 const Format& formatOf(const std::filesystem::path& file) {
@@ -64,21 +58,25 @@ const Format& formatOf(const std::filesystem::path& file) {
     return *found;
 }
 
-Scene readAs(const Format& format, const std::filesystem::path& file, const ProgressStretch& progress) {
-    constexpr double kPlainShare = 0.3;
-    std::string bytes = readBytes(file, kLargestFile);
-    switch (format.kind) {
+Scene readAs(Kind kind, const std::filesystem::path& file, const ProgressStretch& progress) {
+    const std::string bytes = readBytes(file, kLargestFile);
+    switch (kind) {
+        case Kind::Obj:
+            return readObj(bytes, file, progress);
+        case Kind::Ply:
+            return readPly(bytes, progress);
+        case Kind::Stl:
+            return readStl(bytes, progress);
+        case Kind::Off:
+            return readOff(bytes, progress);
         case Kind::Gltf:
             return readGltf(bytes, file, progress);
         case Kind::Points:
             return readPoints(bytes, progress);
         case Kind::Map:
-            return readGeoJson(bytes, progress);
-        case Kind::Mesh:
             break;
     }
-    const PlainModel plain = format.plain(std::move(bytes), file, progress.part(0.0, kPlainShare));
-    return readMesh(plain, format.extension, format.normals, progress.part(kPlainShare, 1.0));
+    return readGeoJson(bytes, progress);
 }
 
 }  // namespace
@@ -95,9 +93,22 @@ std::string readTextFile(const std::filesystem::path& file) {
     return readBytes(file, kLargestFile);
 }
 
-Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress) {
+Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress, Stopwatch& watch) {
     try {
-        Scene scene = readAs(formatOf(file), file, progress);
+        constexpr double kShareOfReading = 0.7;
+        Scene scene = readAs(formatOf(file).kind, file, progress.part(0.0, kShareOfReading));
+        progress.report(kShareOfReading);
+        watch.lap("read");
+        for (TriangleMesh& mesh : scene.meshes) {
+            if (mesh.normals.empty()) {
+                makeNormals(mesh);
+            }
+        }
+        progress.report(1.0);
+        watch.lap("normals");
+        for (std::string& warning : scene.warnings) {
+            warning.insert(0, utf8(file.filename()) + ": ");
+        }
         if (scene.isEmpty()) {
             throw ReadError("there is nothing to show");
         }

@@ -5,13 +5,16 @@
 
 #include "Progress.h"
 #include "Scene.h"
+#include "Stopwatch.h"
 
 namespace qelview {
 
 /// Reads a file of any format that the viewer knows by its extension.
+/// @param watch gets the parts "read" and "normals".
 /// @throws ReadError with one line: the file, the place, the reason. Nothing of a refused file is kept.
 /// @throws ReadCancelled if the user gave up.
-[[nodiscard]] Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress);
+[[nodiscard]] Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress,
+                             Stopwatch& watch);
 
 /// The whole content of a file.
 /// @throws ReadError with the reason, without the name of the file.

@@ -270,9 +270,6 @@ class GltfReading {
         if (mesh.indices.empty()) {
             return;
         }
-        if (mesh.normals.empty()) {
-            makeNormals(mesh);
-        }
         scene.meshes.push_back(std::move(mesh));
     }
 
@@ -321,7 +318,10 @@ class GltfReading {
 Scene readGltf(std::string_view bytes, const std::filesystem::path& file, const ProgressStretch& progress,
                std::uint64_t mostCorners) {
     const GltfFile gltf(bytes, file);
-    return GltfReading(gltf, progress, mostCorners).run();
+    Scene scene = GltfReading(gltf, progress, mostCorners).run();
+    scene.up = UpAxis::Y;
+    scene.isUpKnown = true;
+    return scene;
 }
 
 }  // namespace qelview

@@ -11,7 +11,8 @@ namespace qelview {
 
 /// Reads a glTF 2 asset, as text or as one binary file: the meshes that the nodes of its scene place, with
 /// normals, colours of vertices and colours of materials; textures and animations are left out. Triangles,
-/// lines and points become those of a scene, and normals are made where there are none.
+/// lines and points become those of a scene. Meshes without normals in the file have none. The format says
+/// that Y points up.
 /// @param file beside which the files of its buffers lie.
 /// @param mostCorners of all meshes as often as they are placed, with their indices: a small file can place a
 /// mesh any number of times.

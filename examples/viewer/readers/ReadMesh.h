@@ -1,26 +1,33 @@
 #pragma once
 
-#include <cstdint>
+#include <filesystem>
 #include <string_view>
 
-#include "PlainModel.h"
 #include "Progress.h"
 #include "Scene.h"
 
 namespace qelview {
 
-/// Which normals a mesh gets: those of the file where it has some, or always new ones.
-enum class Normals : std::uint8_t { OfTheFile, MadeAnew };
+/// The readers of meshes, one a format. Polygons become triangles, concave ones too. Meshes of files that
+/// have no normals have none: `makeNormals` makes them.
+/// @param bytes of the whole file.
+/// @throws ReadError that names the place and the fault if something would be shown wrong.
 
-/// Imports a mesh (OBJ, PLY, STL, OFF): polygons become triangles, concave ones too; normals are made where
-/// the file has none, with edges kept sharp; vertex colours go before colours of materials. Lines and single
-/// points of the file are shown as such.
-/// @param extension of the format that the model is written in, ".obj" and the like.
-/// @throws ReadError if the importer refuses the model or gives wrong indices or numbers.
-[[nodiscard]] Scene readMesh(const PlainModel& model, std::string_view extension, Normals normals,
-                             const ProgressStretch& progress);
+/// Wavefront OBJ: vertices with their colours, normals, faces, lines and points. Faces of one material are
+/// one mesh, with the colour of the material, from MTL files beside `file`. Texture coordinates are looked
+/// through and left out.
+[[nodiscard]] Scene readObj(std::string_view bytes, const std::filesystem::path& file,
+                            const ProgressStretch& progress);
 
-/// False if the importer was built for single precision: meshes far from the origin lose digits then.
-[[nodiscard]] bool readsMeshesInDoublePrecision();
+/// PLY, ASCII and binary of both byte orders: vertices with normals and colours, faces, triangle strips, the
+/// colour of the first material. Vertices without faces are a cloud.
+[[nodiscard]] Scene readPly(std::string_view bytes, const ProgressStretch& progress);
+
+/// STL, ASCII and binary, with the colours of binary triangles. Vertices at the same place are one. The first
+/// word of the file decides nothing, since binary files begin with "solid" too.
+[[nodiscard]] Scene readStl(std::string_view bytes, const ProgressStretch& progress);
+
+/// OFF, with normals and colours of vertices.
+[[nodiscard]] Scene readOff(std::string_view bytes, const ProgressStretch& progress);
 
 }  // namespace qelview

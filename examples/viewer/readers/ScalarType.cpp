@@ -12,6 +12,7 @@ struct Known {
     std::size_t size;
     double wholeShare;
     double (*read)(const char*, ByteOrder);
+    void (*readColumn)(const char*, std::size_t, std::size_t, ByteOrder, double*);
 };
 
 template <class Scalar>
@@ -24,12 +25,21 @@ double readWidened(const char* from, ByteOrder order) {
 }
 
 template <class Scalar>
+void readWidenedColumn(const char* from, std::size_t stride, std::size_t count, ByteOrder order,
+                       double* into) {
+    for (std::size_t i = 0; i < count; ++i) {
+        into[i] = readWidened<Scalar>(from + i * stride, order);
+    }
+}
+
+template <class Scalar>
 constexpr Known known() {
     using Limits = std::numeric_limits<Scalar>;
     if constexpr (Limits::is_integer) {
-        return {sizeof(Scalar), static_cast<double>(Limits::max()), readWidened<Scalar>};
+        return {sizeof(Scalar), static_cast<double>(Limits::max()), readWidened<Scalar>,
+                readWidenedColumn<Scalar>};
     } else {
-        return {sizeof(Scalar), 1.0, readWidened<Scalar>};
+        return {sizeof(Scalar), 1.0, readWidened<Scalar>, readWidenedColumn<Scalar>};
     }
 }
 
@@ -50,6 +60,11 @@ std::size_t sizeOf(ScalarType type) {
 
 double readAs(ScalarType type, const char* from, ByteOrder order) {
     return knownOf(type).read(from, order);
+}
+
+void readColumn(ScalarType type, const char* from, std::size_t stride, std::size_t count, ByteOrder order,
+                double* into) {
+    knownOf(type).readColumn(from, stride, count, order, into);
 }
 
 double wholeShareOf(ScalarType type) {

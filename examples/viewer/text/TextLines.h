@@ -17,10 +17,6 @@ class TextLines {
 
     /// Moves to the next line; false at the end.
     bool next();
-    /// The same for a file of plain lines. Readers differ in what other control characters mean: some take
-    /// them for ends of lines.
-    /// @throws ReadError that names a line with such a character.
-    bool nextPlain();
     /// The current line without its end.
     [[nodiscard]] std::string_view line() const { return current; }
     /// Of the current line, from 1.

@@ -15,6 +15,10 @@ namespace {
 constexpr std::size_t kLinesBetweenReports = 4096;
 constexpr std::string_view kBlanks = " \t\v\f";
 
+constexpr bool isBlank(char character) {
+    return character == ' ' || (character >= '\t' && character <= '\f' && character != '\n');
+}
+
 /// `std::from_chars` knows no plus sign.
 std::string_view withoutPlus(std::string_view word) {
     if (word.size() > 1 && word.front() == '+' && word[1] != '-') {
@@ -53,17 +57,6 @@ bool TextLines::next() {
     return true;
 }
 
-bool TextLines::nextPlain() {
-    const bool found = next();
-    const bool isPlain = !found || std::all_of(current.begin(), current.end(), [](char character) {
-        return character == '\t' || static_cast<unsigned char>(character) >= ' ';
-    });
-    if (!isPlain) {
-        refuseLine("there is a control character");
-    }
-    return found;
-}
-
 void TextLines::refuseLine(const std::string& reason) const {
     refuse(atLine(lineNumber), reason);
 }
@@ -79,11 +72,16 @@ void requireText(std::string_view text) {
 
 void splitWords(std::string_view line, std::vector<std::string_view>& words) {
     words.clear();
-    std::size_t begin = line.find_first_not_of(kBlanks);
-    while (begin != std::string_view::npos) {
-        const std::size_t end = std::min(line.find_first_of(kBlanks, begin), line.size());
-        words.push_back(line.substr(begin, end - begin));
-        begin = line.find_first_not_of(kBlanks, end);
+    const char* at = line.data();
+    const char* const end = at + line.size();
+    while (true) {
+        at = std::find_if_not(at, end, isBlank);
+        if (at == end) {
+            return;
+        }
+        const char* const begin = at;
+        at = std::find_if(at, end, isBlank);
+        words.emplace_back(begin, at - begin);
     }
 }
 

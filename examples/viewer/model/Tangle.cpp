@@ -1,0 +1,73 @@
+#include "Tangle.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace qelview {
+
+namespace {
+
+struct Place {
+    double x = 0.0;
+    double y = 0.0;
+};
+
+/// From left to right.
+struct Edge {
+    Place from;
+    Place to;
+};
+
+/// Which side of an edge a place lies on.
+double sideOf(const Edge& edge, const Place& place) {
+    return (edge.to.x - edge.from.x) * (place.y - edge.from.y) -
+           (edge.to.y - edge.from.y) * (place.x - edge.from.x);
+}
+
+/// True if they cross anywhere but in their ends.
+bool areCrossing(const Edge& a, const Edge& b) {
+    return sideOf(a, b.from) * sideOf(a, b.to) < 0.0 && sideOf(b, a.from) * sideOf(b, a.to) < 0.0;
+}
+
+std::vector<Edge> edgesOf(std::span<const Points> contours, const qel::XPnt3d& normal) {
+    // The two axes that the plane turns its face to, as the library chooses them.
+    const std::array<double, 3> sizes{std::abs(normal.x), std::abs(normal.y), std::abs(normal.z)};
+    const auto longest = std::max_element(sizes.begin(), sizes.end()) - sizes.begin();
+    const auto flat = [longest](const qel::XPnt3d& point) {
+        return longest == 0   ? Place{point.y, point.z}
+               : longest == 1 ? Place{point.z, point.x}
+                              : Place{point.x, point.y};
+    };
+    std::vector<Edge> edges;
+    for (const Points& contour : contours) {
+        for (std::size_t i = 0; i < contour.size(); ++i) {
+            Edge edge{flat(contour[i]), flat(contour[(i + 1) % contour.size()])};
+            if (edge.to.x < edge.from.x) {
+                std::swap(edge.from, edge.to);
+            }
+            edges.push_back(edge);
+        }
+    }
+    return edges;
+}
+
+}  // namespace
+
+bool pay(TangleBudget& budget, std::span<const Points> contours, const qel::XPnt3d& normal) {
+    std::vector<Edge> edges = edgesOf(contours, normal);
+    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.from.x < b.from.x; });
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        for (std::size_t k = i + 1; k < edges.size() && edges[k].from.x <= edges[i].to.x; ++k) {
+            if (budget.pairs == 0 || budget.crossings == 0) {
+                return false;
+            }
+            --budget.pairs;
+            budget.crossings -= areCrossing(edges[i], edges[k]) ? 1U : 0U;
+        }
+    }
+    return true;
+}
+
+}  // namespace qelview

@@ -1,0 +1,235 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "MeshFaces.h"
+#include "MeshLook.h"
+#include "PlyBody.h"
+#include "PlyHeader.h"
+#include "PlyVertices.h"
+#include "ReadMesh.h"
+#include "TextLines.h"
+#include "Warnings.h"
+
+namespace qelview {
+
+namespace {
+
+/// What a count of 32 bits can say; an ASCII file could write more.
+constexpr double kLongestList = 4294967295.0;
+/// Values of one property that are converted at a time: few enough to stay in the processor's cache.
+constexpr std::size_t kBlock = 1024;
+
+bool hasFaces(const PlyHeader& header) {
+    return std::any_of(header.elements.begin(), header.elements.end(), [](const PlyElement& element) {
+        return element.count > 0 && (uses(element, PlyUse::Corners) || uses(element, PlyUse::Strips));
+    });
+}
+
+class PlyReading {
+  public:
+    PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader, Warnings& warningsOfFile,
+               const ProgressStretch& progressOfFile)
+        : body(bodyOfFile),
+          header(fileHeader),
+          warnings(warningsOfFile),
+          progress(progressOfFile),
+          vertexElement(*header.find("vertex")),
+          haveFaces(hasFaces(header)),
+          vertices(vertexElement, haveFaces) {}
+
+    Scene run() {
+        for (const PlyElement& element : header.elements) {
+            if (element.properties.empty()) {
+                // Any number of them takes no byte of the file.
+                continue;
+            }
+            meanings.clear();
+            for (const PlyProperty& property : element.properties) {
+                meanings.push_back(meaningOf(element, property));
+            }
+            isVertex = &element == &vertexElement;
+            if (isVertex) {
+                vertices.reserve(std::min(element.count, body.mostInstances(element)));
+            }
+            if (header.isAscii || element.hasList()) {
+                readInstances(element);
+            } else {
+                readRecords(element);
+            }
+        }
+        if (!body.records().empty()) {
+            warnings.add("end of file", std::to_string(body.records().size()) +
+                                            " bytes behind the last element are left out");
+        }
+        return finished();
+    }
+
+  private:
+    Scene finished() {
+        Scene scene;
+        if (haveFaces) {
+            TriangleMesh mesh = vertices.takeMesh();
+            mesh.color = color;
+            giveFaces(mesh, faces, warnings);
+            addMeshOrCloud(scene, std::move(mesh));
+        } else {
+            scene.clouds.push_back(vertices.takeCloud());
+        }
+        scene.warnings = warnings.lines();
+        return scene;
+    }
+
+    void readInstances(const PlyElement& element) {
+        for (std::uint64_t index = 0; index < element.count; ++index) {
+            body.beginInstance(element, index);
+            if (isVertex) {
+                vertices.resize(index + 1);
+            }
+            for (std::size_t i = 0; i < meanings.size(); ++i) {
+                const PlyProperty& property = element.properties[i];
+                if (property.countType) {
+                    readList(property, meanings[i].use);
+                } else {
+                    const double value = body.next(property.type);
+                    if (takeColumn(property, meanings[i], index, &value, 1) == 0) {
+                        refuseCoordinate(property, value);
+                    }
+                }
+            }
+            body.endInstance();
+        }
+    }
+
+    /// Instances of a fixed size in bytes, one property of a block of them after the other.
+    void readRecords(const PlyElement& element) {
+        std::size_t size = 0;
+        for (const PlyProperty& property : element.properties) {
+            size += sizeOf(property.type);
+        }
+        const std::string_view records = body.records();
+        const std::uint64_t whole = std::min<std::uint64_t>(element.count, records.size() / size);
+        if (isVertex) {
+            vertices.resize(whole);
+        }
+        std::array<double, kBlock> values;
+        for (std::uint64_t first = 0; first < whole; first += kBlock) {
+            const std::size_t count = std::min<std::uint64_t>(kBlock, whole - first);
+            const char* from = records.data() + first * size;
+            for (std::size_t i = 0; i < meanings.size(); ++i) {
+                const PlyProperty& property = element.properties[i];
+                if (meanings[i].use != PlyUse::None) {
+                    readColumn(property.type, from, size, count, header.byteOrder, values.data());
+                    const std::size_t sound = takeColumn(property, meanings[i], first, values.data(), count);
+                    if (sound < count) {
+                        body.beginInstance(element, first + sound);
+                        refuseCoordinate(property, values.at(sound));
+                    }
+                }
+                from += sizeOf(property.type);
+            }
+            progress.reportPiece(first, whole);
+        }
+        if (whole < element.count) {
+            body.beginInstance(element, whole);
+            body.refuseHere("the file ends here");
+        }
+        body.passRecords(whole * size);
+    }
+
+    /// How many values from the first on can be shown.
+    std::size_t takeColumn(const PlyProperty& property, const PlyMeaning& meaning, std::uint64_t first,
+                           const double* values, std::size_t count) {
+        if (isVertex) {
+            return vertices.setColumn(meaning, property.type, first, values, count);
+        }
+        if (meaning.use == PlyUse::MaterialColor && first == 0) {
+            constexpr std::array<float qel::QelColor3f::*, 3> kChannels{
+                &qel::QelColor3f::r, &qel::QelColor3f::g, &qel::QelColor3f::b};
+            if (!hasMaterial) {
+                color = {0.0F, 0.0F, 0.0F};
+                hasMaterial = true;
+            }
+            color.*kChannels.at(meaning.axis) = shownShare(values[0] / wholeShareOf(property.type));
+        }
+        return count;
+    }
+
+    [[noreturn]] void refuseCoordinate(const PlyProperty& property, double value) const {
+        body.refuseHere("the coordinate " + property.name + " " + faultOfCoordinate(value));
+    }
+
+    void readList(const PlyProperty& property, PlyUse use) {
+        const double length = body.next(*property.countType);
+        if (!(length >= 0.0 && length <= kLongestList) || length != std::floor(length)) {
+            body.refuseHere("a list cannot have " + std::to_string(length) + " values");
+        }
+        corners.clear();
+        const auto count = static_cast<std::uint64_t>(length);
+        for (std::uint64_t i = 0; i < count; ++i) {
+            const double value = body.next(property.type);
+            if (use == PlyUse::Strips && value == -1.0) {
+                addStrip();
+            } else if (use == PlyUse::Corners || use == PlyUse::Strips) {
+                corners.push_back(cornerOf(value));
+            }
+        }
+        if (use == PlyUse::Strips) {
+            addStrip();
+        } else if (use == PlyUse::Corners && corners.size() < 3) {
+            warnings.add(body.here(), "a face of fewer than 3 vertices is left out");
+        } else if (use == PlyUse::Corners) {
+            faces.add(corners);
+        }
+    }
+
+    std::uint32_t cornerOf(double index) const {
+        const std::uint64_t count = vertexElement.count;
+        if (!(index >= 0.0 && index < static_cast<double>(count)) || index != std::floor(index)) {
+            const std::string named =
+                std::isfinite(index) ? std::to_string(static_cast<long long>(std::clamp(index, -1e15, 1e15)))
+                                     : "without a number";
+            body.refuseHere("vertex " + named + " does not exist: there are " + std::to_string(count) +
+                            ", counted from 0");
+        }
+        return static_cast<std::uint32_t>(index);
+    }
+
+    void addStrip() {
+        for (std::size_t last = 2; last < corners.size(); ++last) {
+            faces.add(triangleOfStrip(corners, last));
+        }
+        corners.clear();
+    }
+
+    PlyBody& body;
+    const PlyHeader& header;
+    Warnings& warnings;
+    ProgressStretch progress;
+    const PlyElement& vertexElement;
+    bool haveFaces;
+    PlyVertices vertices;
+    MeshFaces faces;
+    bool hasMaterial = false;
+    qel::QelColor3f color = TriangleMesh().color;
+    /// Of the properties of the element at work.
+    std::vector<PlyMeaning> meanings;
+    bool isVertex = false;
+    std::vector<std::uint32_t> corners;
+};
+
+}  // namespace
+
+Scene readPly(std::string_view bytes, const ProgressStretch& progress) {
+    Warnings warnings;
+    const PlyHeader header = readPlyHeader(bytes, warnings);
+    const std::unique_ptr<PlyBody> body = bodyOf(bytes, header, warnings, progress);
+    return PlyReading(*body, header, warnings, progress).run();
+}
+
+}  // namespace qelview

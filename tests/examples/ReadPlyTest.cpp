@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <string>
+
+#include "MeshFormats.h"
+
+namespace {
+
+using qel::test::Corners;
+using qel::test::expectPoint;
+using qel::test::kPly;
+using qel::test::refusal;
+using qel::test::sceneOf;
+
+/// A binary PLY file of the vertex (1, 0, 0) in doubles and one face.
+std::string binaryPly(char index, bool isBigEndian = true) {
+    std::string one("\x3F\xF0\0\0\0\0\0\0", 8);
+    if (!isBigEndian) {
+        std::reverse(one.begin(), one.end());
+    }
+    return std::string("ply\nformat binary_") + (isBigEndian ? "big" : "little") +
+           "_endian 1.0\nelement vertex 1\nproperty double x\nproperty double y\n"
+           "property double z\nelement face 1\nproperty list uchar uchar vertex_indices\nend_header\n" +
+           one + std::string(16, '\0') + std::string("\x03\0\0", 3) + index;
+}
+
+TEST(ReadPly, ReadsBinaryFilesOfBothByteOrders) {
+    for (const bool isBigEndian : {true, false}) {
+        EXPECT_EQ(sceneOf(kPly, binaryPly('\0', isBigEndian)).meshes.at(0).positions.at(0).x, 1.0);
+    }
+    EXPECT_EQ(refusal(kPly, binaryPly('\1')), "face 0: vertex 1 does not exist: there are 1, counted from 0");
+}
+
+TEST(ReadPly, NamesTheInstanceAtWhichABinaryFileEnds) {
+    const std::string whole = binaryPly('\0');
+    EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 1)), "face 0: the file ends here");
+    EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 5)), "vertex 0: the file ends here");
+}
+
+TEST(ReadPly, WarnsOfBytesBehindTheLastElement) {
+    const qelview::Scene scene = sceneOf(kPly, binaryPly('\0') + "!!");
+    ASSERT_EQ(scene.warnings.size(), 1U);
+    EXPECT_EQ(scene.warnings[0], "end of file: 2 bytes behind the last element are left out");
+}
+
+TEST(ReadPly, FindsItsPropertiesByTheirNamesInAnyOrder) {
+    const qelview::Scene scene =
+        sceneOf(kPly,
+                "ply\nformat ascii 1.0\nelement other 1\nproperty list uchar int junk\nelement vertex 3\n"
+                "property uchar red\nproperty float z\nproperty float y\nproperty float x\nproperty float "
+                "nx\nelement face 1\nproperty int tag\nproperty list uchar int vertex_index\nend_header\n"
+                "2 7 8\n255 3 2 1 0.5\n51 6 5 4 1e300\n0 9 9 9 0\n9 3 0 1 2\n");
+    const qelview::TriangleMesh& mesh = scene.meshes.at(0);
+    EXPECT_EQ(mesh.indices, (Corners{0, 1, 2}));
+    expectPoint(mesh.positions.at(0), 1, 2, 3);
+    expectPoint(mesh.positions.at(1), 4, 5, 6);
+    EXPECT_EQ(mesh.normals.at(0).x, 1.0F);
+    EXPECT_EQ(mesh.normals.at(1).x, 1.0F);
+    EXPECT_EQ(mesh.normals.at(2).z, 1.0F);
+    EXPECT_EQ(mesh.colors.at(0).r, 1.0F);
+    EXPECT_FLOAT_EQ(mesh.colors.at(1).r, 0.2F);
+    EXPECT_EQ(mesh.colors.at(1).g, 0.0F);
+}
+
+TEST(ReadPly, MayHaveItsFacesBeforeItsVertices) {
+    const qelview::Scene scene =
+        sceneOf(kPly, "ply\nformat ascii 1.0\n" PLY_FACE
+                      "element vertex 4\nproperty float x\nproperty float y\nproperty float "
+                      "z\nend_header\n4 0 1 2 3\n0 0 0\n1 0 0\n1 1 0\n0 1 0\n");
+    EXPECT_EQ(scene.triangleCount(), 2U);
+}
+
+/// `count` points of the plane in binary: a float and a double and a short, and a byte of a colour.
+std::string binaryPoints(std::uint32_t count) {
+    std::string bytes = "ply\nformat binary_little_endian 1.0\nelement vertex " + std::to_string(count) +
+                        "\nproperty float x\nproperty uchar green\nproperty double y\nproperty short "
+                        "z\nend_header\n";
+    const auto append = [&bytes](auto value) {
+        bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+    };
+    for (std::uint32_t i = 0; i < count; ++i) {
+        append(static_cast<float>(i));
+        append(static_cast<std::uint8_t>(i % 256));
+        append(static_cast<double>(i) * 0.125);
+        append(static_cast<std::int16_t>(-7));
+    }
+    return bytes;
+}
+
+TEST(ReadPly, ReadsManyRecordsOfMixedTypes) {
+    constexpr std::uint32_t kCount = 5000;
+    const qelview::Scene scene = sceneOf(kPly, binaryPoints(kCount));
+    const qelview::PointCloud& cloud = scene.clouds.at(0);
+    ASSERT_EQ(cloud.positions.size(), kCount);
+    ASSERT_EQ(cloud.colors.size(), kCount);
+    for (std::uint32_t i = 0; i < kCount; ++i) {
+        expectPoint(cloud.positions[i], i, i * 0.125, -7);
+        ASSERT_EQ(cloud.colors[i].g, i % 256);
+        ASSERT_EQ(cloud.colors[i].r, 0);
+    }
+}
+
+TEST(ReadPly, NamesTheRecordThatIsWrongOrMissing) {
+    std::string bytes = binaryPoints(3000);
+    EXPECT_EQ(refusal(kPly, bytes.substr(0, bytes.size() - 1)), "vertex 2999: the file ends here");
+    constexpr std::size_t kRecord = 15;
+    const float notFinite = std::numeric_limits<float>::infinity();
+    std::memcpy(bytes.data() + bytes.size() - 500 * kRecord, &notFinite, sizeof notFinite);
+    EXPECT_EQ(refusal(kPly, bytes), "vertex 2500: the coordinate x is not finite");
+}
+
+TEST(ReadPly, HasNotThousandsOfNames) {
+    std::string elements = "ply\nformat ascii 1.0\n";
+    std::string properties = elements + "element vertex 1\n";
+    for (int i = 0; i <= 1000; ++i) {
+        elements += "element e" + std::to_string(i) + " 1\n";
+        properties += "property float p" + std::to_string(i) + "\n";
+    }
+    EXPECT_EQ(refusal(kPly, elements), "line 1003: there are more than 1000 elements or properties");
+    EXPECT_EQ(refusal(kPly, properties), "line 1004: there are more than 1000 elements or properties");
+}
+
+TEST(ReadPly, TurnsStripsIntoTriangles) {
+    const qelview::Scene scene =
+        sceneOf(kPly, PLY_HEAD
+                "element tristrips 1\nproperty list int int vertex_indices\nend_header\n"
+                "0 0 0\n1 0 0\n8 0 1 0 1 -1 1 0 1\n");
+    EXPECT_EQ(scene.meshes.at(0).indices, (Corners{0, 1, 0, 0, 1, 1, 1, 0, 1}));
+}
+
+TEST(ReadPly, PassesElementsWithoutPropertiesOverHoweverMany) {
+    EXPECT_EQ(refusal(kPly,
+                      "ply\nformat binary_little_endian 1.0\nelement none 2147483648\nelement vertex 1\n"
+                      "property uchar x\nproperty uchar y\nproperty uchar z\nend_header\n123"),
+              "");
+}
+
+}  // namespace
