@@ -42,7 +42,7 @@ def main():
     unknown = set(readers) - set(FORMATS)
     if unknown:
         parser.error(f"there is no reader of {', '.join(sorted(unknown))}, only of {', '.join(FORMATS)}")
-    tree.build("fuzz", "qel_fuzz", setup="--for-fuzzing")
+    tree.build("fuzz", "qel_fuzz")
     (BUILD / "found").mkdir(exist_ok=True)
     for reader, (problems, tried) in zip(readers, tree.in_parallel(lambda each: fuzz(each, options.seconds), readers)):
         tree.report(f"the reader of {reader} survives {options.seconds} seconds of fuzzing, {tried} inputs", problems)

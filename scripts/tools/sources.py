@@ -18,9 +18,25 @@ MAY_USE = {
     "gdi": ("base", "include", "system"),
     "module": ("base", "include", "view", "symbol", "transform", "system", "display", "gdi"),
     "examples": ("base", "include"),
+    "examples/gallery": ("base", "include", "examples/viewer/host", "examples/viewer/ui"),
     # A host with the test kit, and the matrices, which no header of a host's shows.
     "bench": ("base", "include", "view", "tests"),
 }
+# The floors of the viewer, from the ground up; each stands on the module's headers too.
+VIEWER = {
+    "model": "",
+    "text": "",
+    "readers": "model text",
+    "sample": "model",
+    "input": "text",
+    "host": "model",
+    "ui": "model readers input",
+    "stage": "model input host ui",
+    "map": "model host ui stage",
+    "app": "model text readers sample input host ui stage map",
+}
+for floor, below in VIEWER.items():
+    MAY_USE[f"examples/viewer/{floor}"] = ("base", "include", *(f"examples/viewer/{each}" for each in below.split()))
 # Sentence, headers, and the files that alone may include them.
 ONLY_IN = (
     ("OpenGL and GLU are included in base/QelGl.h alone", r"GL/glu?\.h", r"base/QelGl\.h"),

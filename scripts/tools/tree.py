@@ -46,9 +46,9 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-def build(preset, *targets, setup=""):
+def build(preset, *targets):
     """Sets up what is missing and builds; the program ends if that fails."""
-    script = f'scripts/setup {setup}; . scripts/lib/cache.sh; . scripts/lib/say.sh; . scripts/lib/build.sh; buildPreset "$@"'
+    script = 'scripts/setup; . scripts/lib/cache.sh; . scripts/lib/say.sh; . scripts/lib/build.sh; buildPreset "$@"'
     subprocess.run(["bash", "-euo", "pipefail", "-c", script, "bash", preset, *targets], cwd=ROOT, check=True)
 
 

@@ -25,6 +25,15 @@ TEST(SummaryOf, TellsTheOriginOfAMovedScene) {
     EXPECT_EQ(qelview::summaryOf(scene), "1 points; around 635,000 -1,235 0");
 }
 
+TEST(SummaryOf, CountsWarnings) {
+    qelview::Scene scene;
+    scene.points.push_back({{0, 0, 0}});
+    scene.warnings.emplace_back("odd");
+    EXPECT_EQ(qelview::summaryOf(scene), "1 points; 1 warning (W)");
+    scene.warnings.emplace_back("strange");
+    EXPECT_EQ(qelview::summaryOf(scene), "1 points; 2 warnings (W)");
+}
+
 TEST(WritePng, WritesTheLowestRowLast) {
     const qelview::PixelImage image{2, 2, {255, 0, 0, 0, 255, 0, 0, 0, 255, 255, 255, 255}};
     const qel::test::TemporaryFile file("rows.png", "");

@@ -10,7 +10,6 @@
 #include "MapData.h"
 #include "MapPane.h"
 #include "MapView.h"
-#include "Options.h"
 #include "Stage.h"
 #include "SystemWindow.h"
 
