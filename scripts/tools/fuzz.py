@@ -1,5 +1,5 @@
 """fuzz [SECONDS [FORMAT...]]: lets libFuzzer try each of the viewer's readers, or those of the given formats, for so many seconds (60), as
-many at a time as there are cores. Prints "ok SENTENCE" or "not ok SENTENCE" for each. Starts from tests/examples/corpus; what it learns
+many at a time as there are cores. Prints "ok SENTENCE" or "not ok SENTENCE" for each. Starts from tests/viewer/corpus; what it learns
 stays in build/fuzz/learnt. Input that breaks a reader lands in build/fuzz/found, and the exit code is 1 then."""
 
 import argparse
@@ -11,7 +11,7 @@ from tools import tree
 
 FORMATS = ("obj", "ply", "stl", "off", "gltf", "glb", "mtl", "xyz", "csv", "geojson", "script", "motion")
 BUILD = tree.ROOT / "build/fuzz"
-CORPUS = tree.ROOT / "tests/examples/corpus"
+CORPUS = tree.ROOT / "tests/viewer/corpus"
 # What one input may cost is what the viewer promises: 10 seconds and 1 GiB.
 OPTIONS = "-timeout=10 -rss_limit_mb=1024 -max_len=4096 -detect_leaks=1 -print_final_stats=1".split()
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "FuzzedFile.h"
-#include "examples/SceneSoundness.h"
+#include "viewer/SceneSoundness.h"
 
 /// Opens any bytes as a file of the extension that this program is built for.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

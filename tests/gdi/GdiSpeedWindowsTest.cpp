@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "GdiFixtureWindows.h"
-#include "examples/ViewerData.h"
+#include "viewer/ViewerData.h"
 
 /// What the display costs beside the calls of GDI that it makes.
 

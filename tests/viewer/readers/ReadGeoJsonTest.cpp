@@ -3,7 +3,7 @@
 #include <string>
 
 #include "ReadGeoJson.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 /// GeoJSON, good and bad.
 

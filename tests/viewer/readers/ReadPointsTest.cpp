@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "LoadTask.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

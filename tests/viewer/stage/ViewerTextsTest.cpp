@@ -12,7 +12,7 @@
 #include "CoordinateText.h"
 #include "LoadTask.h"
 #include "TileSheet.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 /// Texts and files that the viewer makes.
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

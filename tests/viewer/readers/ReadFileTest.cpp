@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "LoadTask.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 
 #include "FileMutator.h"
 #include "ReadFile.h"
-#include "SceneSoundness.h"
 #include "TryWatch.h"
-#include "ViewerData.h"
 #include "kit/LongRun.h"
+#include "viewer/SceneSoundness.h"
+#include "viewer/ViewerData.h"
 
 /// Damaged files, opened in this process under the address sanitizer, all the way to what is drawn.
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

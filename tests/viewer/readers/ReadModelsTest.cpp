@@ -12,7 +12,7 @@
 
 #include "LoadTask.h"
 #include "Scene.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

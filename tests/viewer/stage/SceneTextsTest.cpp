@@ -2,8 +2,8 @@
 
 #include "PngFile.h"
 #include "SceneSummary.h"
-#include "ViewerData.h"
 #include "kit/Picture.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

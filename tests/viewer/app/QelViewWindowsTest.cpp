@@ -10,8 +10,8 @@
 #include "BitmapFile.h"
 #include "OpenViewerWindows.h"
 #include "RecentStore.h"
-#include "ViewerData.h"
 #include "kit/Picture.h"
+#include "viewer/ViewerData.h"
 
 /// The finished program as a user calls it.
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Base64.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "ReadMesh.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace qel::test {
 

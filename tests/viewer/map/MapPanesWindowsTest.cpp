@@ -9,9 +9,9 @@
 #include "MapStyle.h"
 #include "SampleMap.h"
 #include "SystemWindow.h"
-#include "ViewerData.h"
 #include "kit/Picture.h"
 #include "kit/TestWindow.h"
+#include "viewer/ViewerData.h"
 
 /// The same map in the pane of GDI and in the one of OpenGL.
 

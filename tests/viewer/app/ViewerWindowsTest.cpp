@@ -9,8 +9,8 @@
 #include "QelGl.h"
 #include "Stage.h"
 #include "SystemWindow.h"
-#include "ViewerData.h"
 #include "kit/CallTrace.h"
+#include "viewer/ViewerData.h"
 
 /// The viewer's rooms that stand on a window.
 

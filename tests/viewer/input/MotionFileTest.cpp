@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 #include "OpenViewerWindows.h"
 #include "QelGl.h"
 #include "RecentStore.h"
-#include "ViewerData.h"
 #include "kit/Picture.h"
+#include "viewer/ViewerData.h"
 
 /// The menu of the viewer's window, through its window procedure.
 

@@ -6,7 +6,7 @@
 #include "OpenViewerWindows.h"
 #include "ProgressWindow.h"
 #include "ReadError.h"
-#include "ViewerData.h"
+#include "viewer/ViewerData.h"
 
 /// Files that are opened from inside the viewer's window.
 
