@@ -1,4 +1,4 @@
-"""bench [--compare OLD.json | --page | --verify] [OPTION...] [FILTER...]: measures what each call of the module takes, alone and compared
+"""bench [--compare OLD.json | --page | --verify | --load] [OPTION...] [FILTER...]: measures what each call of the module takes, alone and compared
 with the same calls of OpenGL, GLU, WGL and GDI by hand, for the operations whose names contain a FILTER or for all. Prints a table; writes
 out/bench/bench.json and charts next to it. Exit code 1 if something is slower than it may be.
   --quick             a few seconds for each operation at most
@@ -6,7 +6,8 @@ out/bench/bench.json and charts next to it. Exit code 1 if something is slower t
   --seconds N         at most so many seconds for each comparison
   --compare OLD.json  also prints what became slower since those results; the last ones are kept in out/bench/before.json
   --page              writes docs/performance.md and its charts from out/bench/bench.json instead of measuring
-  --verify, --list, --trace   compares the calls of both forms, or prints the names or the module's calls"""
+  --verify, --list, --trace   compares the calls of both forms, or prints the names or the module's calls
+  --load [--page]     measures how long the viewer takes to show large files instead, next to f3d where that is installed"""
 
 import datetime
 import json
@@ -17,7 +18,7 @@ import re
 import subprocess
 import sys
 
-from tools import tree
+from tools import load, tree
 
 FOLDER = tree.ROOT / "out/bench"
 PAGE = tree.ROOT / "docs/performance.md"
@@ -188,6 +189,8 @@ def main():
     if {"-h", "--help"} & set(arguments):
         print(__doc__)
         return 0
+    if "--load" in arguments:
+        return load.main(arguments)
     if "--page" in arguments:
         install_charts()
         found = json.loads(results.read_text())

@@ -2,6 +2,7 @@
 
 #include "Options.h"
 #include "Scene.h"
+#include "Stopwatch.h"
 
 namespace qelview {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <compare>
 #include <vector>
 
 namespace qelview {
@@ -12,12 +13,14 @@ namespace {
 struct Place {
     double x = 0.0;
     double y = 0.0;
+    auto operator<=>(const Place&) const = default;
 };
 
 /// From left to right.
 struct Edge {
     Place from;
     Place to;
+    auto operator<=>(const Edge&) const = default;
 };
 
 /// Which side of an edge a place lies on.
@@ -57,14 +60,18 @@ std::vector<Edge> edgesOf(std::span<const Points> contours, const qel::XPnt3d& n
 
 bool pay(TangleBudget& budget, std::span<const Points> contours, const qel::XPnt3d& normal) {
     std::vector<Edge> edges = edgesOf(contours, normal);
-    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.from.x < b.from.x; });
+    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a < b; });
+    // Edges that lie on each other cross others together.
+    const auto isRepeated = [&edges](std::size_t i) { return i > 0 && edges[i] == edges[i - 1]; };
     for (std::size_t i = 0; i < edges.size(); ++i) {
         for (std::size_t k = i + 1; k < edges.size() && edges[k].from.x <= edges[i].to.x; ++k) {
             if (budget.pairs == 0 || budget.crossings == 0) {
                 return false;
             }
             --budget.pairs;
-            budget.crossings -= areCrossing(edges[i], edges[k]) ? 1U : 0U;
+            if (!isRepeated(i) && !isRepeated(k) && areCrossing(edges[i], edges[k])) {
+                --budget.crossings;
+            }
         }
     }
     return true;

@@ -8,6 +8,7 @@
 
 #include "Progress.h"
 #include "Scene.h"
+#include "Stopwatch.h"
 
 namespace qelview {
 

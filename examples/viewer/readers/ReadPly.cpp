@@ -160,7 +160,7 @@ class PlyReading {
         return count;
     }
 
-    [[noreturn]] void refuseCoordinate(const PlyProperty& property, double value) const {
+    void refuseCoordinate(const PlyProperty& property, double value) const {
         body.refuseHere("the coordinate " + property.name + " " + faultOfCoordinate(value));
     }
 

@@ -40,12 +40,14 @@ void Stage::show() {
 }
 
 PixelImage Stage::picture() {
-    // The first frame goes the usual way and leaves its copy behind; the exchange of the buffers leaves
-    // nothing to read, so a second one is drawn for the picture, with the overlays that finishing would draw.
+    // The buffer swap leaves nothing to read. The copy of the frame has all but the overlays that finishing draws.
     show();
-    drawFrame();
+    display->makeCurrent();
+    display->restoreCache();
+    camera().updateView();
     camera().drawTrackBall();
     camera().drawAxes();
+    display->endDraw();
     return readBack();
 }
 

@@ -11,20 +11,20 @@ namespace {
 std::string grouped(unsigned long long number) {
     std::string digits = std::to_string(number);
     for (std::size_t end = digits.size(); end > 3; end -= 3) {
-        digits.insert(end - 3, ",");
+        digits.insert(end - 3, 1, ',');
     }
     return digits;
 }
 
 void addCount(std::string& text, std::size_t count, const char* what) {
     if (count > 0) {
-        text += (text.empty() ? "" : ", ") + grouped(count) + " " + what;
+        text.append(text.empty() ? "" : ", ").append(grouped(count)).append(" ").append(what);
     }
 }
 
 std::string rounded(double value) {
-    return (value <= -0.5 ? "-" : "") +
-           grouped(static_cast<unsigned long long>(std::llround(std::abs(value))));
+    std::string digits = grouped(static_cast<unsigned long long>(std::llround(std::abs(value))));
+    return value <= -0.5 ? "-" + digits : digits;
 }
 
 }  // namespace
@@ -36,10 +36,14 @@ std::string summaryOf(const Scene& scene) {
     addCount(text, scene.lineVertexCount(), "line vertices");
     const qel::XPnt3d& origin = scene.origin;
     if (std::max({std::abs(origin.x), std::abs(origin.y), std::abs(origin.z)}) >= 0.5) {
-        text += "; around " + rounded(origin.x) + " " + rounded(origin.y) + " " + rounded(origin.z);
+        text.append("; around");
+        for (const double coordinate : {origin.x, origin.y, origin.z}) {
+            text.append(" ").append(rounded(coordinate));
+        }
     }
     if (const std::size_t count = scene.warnings.size(); count > 0) {
-        text += "; " + std::to_string(count) + (count == 1 ? " warning" : " warnings") + " (W)";
+        text.append("; ").append(std::to_string(count));
+        text.append(count == 1 ? " warning (W)" : " warnings (W)");
     }
     return text;
 }

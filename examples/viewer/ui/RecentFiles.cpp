@@ -38,7 +38,8 @@ void RecentFiles::add(const std::string& file, UpAxis up) {
         filesWithYUp.insert(file);
     }
     if (files.size() > kMost) {
-        remove(std::string(files.back()));
+        const std::string oldest = files.back();
+        remove(oldest);
     }
 }
 

@@ -34,7 +34,8 @@ TEST(WritePictures, EndsWithThreeAndNoPictureWhenTheWindowGetsNoContext) {
     options.out = file.string();
     CallTrace trace;
     trace.answer("wglCreateContext", 0);
-    EXPECT_EQ(qelview::writePictures(options, crossingLines()), qelview::ExitCode::NoContext);
+    qelview::Stopwatch watch;
+    EXPECT_EQ(qelview::writePictures(options, crossingLines(), watch), qelview::ExitCode::NoContext);
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 

@@ -35,7 +35,7 @@ TEST(Menu, ShowsTheKeyThatDoesTheSame) {
             ++withKey;
         }
     }
-    EXPECT_EQ(withKey, 8U + 7U + 1U);
+    EXPECT_EQ(withKey, 8U + 9U + 1U);
 }
 
 TEST(Menu, HasEveryCommandButTheEndOfSomethingUnderWay) {

@@ -122,7 +122,7 @@ TEST(MakeNormals, GivesTrianglesWithoutAnAreaTheNormalsAroundThem) {
     mesh.indices = {0, 1, 2, 0, 3, 1, 0, 1, 1};
     qelview::makeNormals(mesh);
     const qel::XPnt3f& between = mesh.normals[mesh.indices[6]];
-    EXPECT_NEAR(between.x, std::sqrt(0.5), 1e-6);
+    EXPECT_NEAR(between.x, -std::sqrt(0.5), 1e-6);
     EXPECT_NEAR(between.z, -std::sqrt(0.5), 1e-6);
 }
 

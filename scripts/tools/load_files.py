@@ -1,10 +1,8 @@
-"""load_files.py FOLDER: makes the files that scripts/bench --load opens, unless they are there: hills of a million triangles in three
-formats, ten million coloured points, and a million points as text. The same bytes everywhere."""
+"""The files that scripts/bench --load opens: hills of a million triangles in three formats, ten million coloured points, and a million
+points as text. The same bytes everywhere."""
 
 import math
-import pathlib
 import struct
-import sys
 
 COLUMNS, ROWS = 1000, 500
 POINTS_OF_THE_CLOUD, POINTS_OF_THE_TEXT = 10_000_000, 1_000_000
@@ -75,20 +73,22 @@ def text(stream):
         stream.write(b"%.2f %.2f %.5f\n" % (x + 100.0, y + 100.0, height(x, y)))
 
 
-FILES = {"hills.obj": obj, "hills.ply": ply, "hills.stl": stl, "cloud.ply": cloud, "points.xyz": text}
+# Name -> what it is, and what writes it.
+FILES = {
+    "hills.obj": ("1,000,000 triangles, OBJ", obj),
+    "hills.ply": ("the same, binary PLY", ply),
+    "hills.stl": ("the same, binary STL", stl),
+    "cloud.ply": ("10,000,000 coloured points, binary PLY", cloud),
+    "points.xyz": ("1,000,000 points, XYZ", text),
+}
 
 
-def main():
-    folder = pathlib.Path(sys.argv[1])
+def make(folder):
+    """Writes those that are not there."""
     folder.mkdir(parents=True, exist_ok=True)
-    for name, write in FILES.items():
-        if (folder / name).exists():
-            continue
-        part = folder / (name + ".part")
-        with part.open("wb", buffering=1 << 20) as stream:
-            write(stream)
-        part.rename(folder / name)
-
-
-if __name__ == "__main__":
-    sys.exit(main())
+    for name, (_, write) in FILES.items():
+        if not (folder / name).exists():
+            part = folder / f"{name}.part"
+            with part.open("wb", buffering=1 << 20) as stream:
+                write(stream)
+            part.rename(folder / name)

@@ -1,0 +1,93 @@
+"""bench --load [--page]: measures how long the viewer takes from the command to the finished picture of files made by code, and how much
+memory, next to f3d where that is installed. Prints a table and keeps it in out/bench/load.json; with --page puts the kept one into
+docs/performance.md."""
+
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from tools import load_files, tree  # noqa: E402
+
+FOLDER = tree.ROOT / "out/bench/load"
+RESULTS = tree.ROOT / "out/bench/load.json"
+BEGIN, END = "<!-- load: begin -->", "<!-- load: end -->"
+RUNS = 3
+PARTS = ("read", "normals", "middle", "prepared", "picture")
+
+
+def run(command):
+    """(seconds, peak in MB, what it printed) of a program, or None if it fails."""
+    begin = time.monotonic()
+    process = subprocess.Popen([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+    printed = process.stderr.read().decode(errors="replace")
+    _, status, usage = os.wait4(process.pid, 0)
+    return None if status else (time.monotonic() - begin, usage.ru_maxrss / 1024, printed)
+
+
+def best(command, picture):
+    """The quickest of several runs, which must leave a picture; None if the program cannot do it."""
+    runs = []
+    for _ in range(RUNS):
+        picture.unlink(missing_ok=True)
+        found = run(command)
+        if found is None or not picture.exists():
+            return None
+        runs.append(found)
+    return min(runs)
+
+
+def viewer(file, picture):
+    command = ["wine", tree.BINARIES / "qelview.exe", "--times", "--out", tree.windows_path(picture)]
+    return best(command + ([tree.windows_path(file)] if file else []), picture)
+
+
+def measure():
+    """Runs on a screen."""
+    picture = FOLDER / "picture.png"
+    empty = viewer(None, picture)
+    rows = []
+    for name, (title, _) in load_files.FILES.items():
+        file = FOLDER / name
+        seconds, megabytes, printed = viewer(file, picture)
+        parts = {part: float(value) for part, value in re.findall(r"qelview: (\w+) +([\d.]+) s", printed)}
+        other = best(["f3d", file, "--output", picture, "--resolution", "1280,800"], picture) if shutil.which("f3d") else None
+        rows.append({"title": title, "size": file.stat().st_size, "seconds": seconds, "peak": megabytes, "parts": parts, "f3d": other and other[:2]})
+    RESULTS.write_text(json.dumps({"empty": empty[0], "files": rows}, indent=2) + "\n")
+
+
+def table(results):
+    def row(each):
+        other = [f"{each['f3d'][0]:.2f}", f"{each['f3d'][1]:.0f}"] if each["f3d"] else ["-", "-"]
+        size = f"{each['title']} ({each['size'] / 1e6:.0f} MB)"
+        parts = (f"{each['parts'][part]:.2f}" for part in PARTS)
+        return [size, f"{each['seconds']:.2f}", f"{each['peak']:.0f}", *other, *parts]
+
+    lines = [["file", "qelview, s", "peak, MB", "f3d, s", "peak, MB", *PARTS], ["---", *["--:"] * (len(PARTS) + 4)], *map(row, results["files"])]
+    return "\n".join(f"| {' | '.join(line)} |" for line in lines) + f"\n\nThe sample scene, which reads no file, takes {results['empty']:.2f} s.\n"
+
+
+def main(arguments):
+    if "--measure" in arguments:
+        measure()
+        return 0
+    if "--page" not in arguments:
+        tree.build("windows", "qelview")
+        load_files.make(FOLDER)
+        subprocess.run(["scripts/with-screen", sys.executable, __file__, "--measure"], cwd=tree.ROOT, check=True)
+    text = table(json.loads(RESULTS.read_text()))
+    if "--page" in arguments:
+        page = tree.ROOT / "docs/performance.md"
+        before, rest = page.read_text().split(BEGIN)
+        page.write_text(f"{before}{BEGIN}\n\n{text}\n{END}{rest.split(END)[1]}")
+    print(text)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
