@@ -10,7 +10,7 @@ setupWinePrefix() {
     rm -rf "$work"
     mkdir -p "$work/product"
     runLogged "Making the Wine prefix" "$qelLogs/wineprefix.log" -- \
-        env WINEPREFIX="$work/product" WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="$WINEDLLOVERRIDES" "$qelRoot/scripts/with-screen" \
+        env QEL_SCREENS_PREFIX="$work/product" "$qelRoot/scripts/with-screen" \
         timeout -k 5 300 sh -c "wineboot -i && $noDebugger && wineserver -w"
     [ -e "$work/product/system.reg" ] || die "Wine left no prefix; see $qelLogs/wineprefix.log."
     moveIntoCache "$work" "$winePrefixHome"

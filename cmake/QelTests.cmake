@@ -1,0 +1,110 @@
+# What ctest runs: a group of test cases, or a check, is one entry. What a group found lands in build/results as NAME.json, where
+# scripts/sum-results counts it. The labels are native, windows and check; `ctest -C Long` also knows the label long, whose groups do at
+# full length what the others repeat a few times.
+
+set(QEL_RESULTS "${PROJECT_SOURCE_DIR}/build/results")
+file(MAKE_DIRECTORY "${QEL_RESULTS}")
+
+# qel_test_group(NAME [LONG] [SERIAL] [COST SECONDS] [LEFT_OUT SUITES] [ENVIRONMENT NAME=VALUE...]): cases of qel_tests, those of
+# GTEST_FILTER if that is set. COST is about how long they take, so that the longest begin first.
+function(qel_test_group name)
+    cmake_parse_arguments(PARSE_ARGV 1 group "LONG;SERIAL" "COST;LEFT_OUT" "ENVIRONMENT")
+    set(title ${name})
+    set(label native)
+    if(WIN32)
+        set(label windows)
+    endif()
+    set(most_seconds 900)
+    set(environment GTEST_COLOR=no "GTEST_OUTPUT=json:${QEL_RESULTS}/${name}.json" ${group_ENVIRONMENT})
+    set(configurations)
+    if(group_LONG)
+        set(title long.${name})
+        set(label long)
+        set(most_seconds 5400)
+        list(APPEND environment QEL_LONG_TESTS=1)
+        set(configurations CONFIGURATIONS Long)
+    endif()
+    set(command $<TARGET_FILE:qel_tests>)
+    if(WIN32 AND CMAKE_CROSSCOMPILING)
+        # Ended from within when it hangs, so that its screen ends as well.
+        set(command "${PROJECT_SOURCE_DIR}/scripts/with-screen" timeout -k 20 ${most_seconds} wine ${command})
+        math(EXPR most_seconds "${most_seconds} + 60")
+    endif()
+    add_test(NAME ${title} COMMAND ${command} WORKING_DIRECTORY "${QEL_RESULTS}" ${configurations})
+    set_tests_properties(${title} PROPERTIES LABELS ${label} TIMEOUT ${most_seconds} ENVIRONMENT "${environment}")
+    if(group_SERIAL)
+        set_tests_properties(${title} PROPERTIES RUN_SERIAL ON)
+    endif()
+    if(group_COST)
+        set_tests_properties(${title} PROPERTIES COST ${group_COST})
+    endif()
+    if(group_LEFT_OUT)
+        set_tests_properties(${title} PROPERTIES ENVIRONMENT_MODIFICATION "GTEST_FILTER=string_append:-${group_LEFT_OUT}")
+    endif()
+endfunction()
+
+# Native: under the sanitizers, with a search for leaks.
+function(qel_native_groups)
+    set(sanitizers
+        ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1:check_initialization_order=1
+        UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+        LSAN_OPTIONS=print_suppressions=0)
+    qel_test_group(native COST 30 ENVIRONMENT ${sanitizers})
+    qel_test_group(native LONG ENVIRONMENT ${sanitizers})
+endfunction()
+
+# Windows: in two halves, each on a screen of its own; what measures a speed alone; and, with each block of memory before a page without
+# access, what gives the module the most memory to handle. That leaves out what makes such blocks itself, what counts the blocks of the
+# ordinary heap, and speeds.
+function(qel_windows_groups)
+    set(speeds "*Speed*")
+    set(not_guarded "GuardedHeap*:MemoryCensus.*:*MemoryFlat*:*BlockOfTheModulesOwn*:LoadStorm.*:${speeds}")
+    set(guarded QEL_GUARDED_SUITE=1)
+    foreach(half 1 2)
+        math(EXPR index "${half} - 1")
+        qel_test_group(windows.${half} COST 60 LEFT_OUT ${speeds} ENVIRONMENT GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=${index})
+    endforeach()
+    qel_test_group(windows.speed SERIAL ENVIRONMENT "GTEST_FILTER=${speeds}")
+    qel_test_group(guarded COST 50 ENVIRONMENT ${guarded} "GTEST_FILTER=GuardedSuite*:Cache*:Display*:Symbol*-${not_guarded}")
+    qel_test_group(windows LONG)
+    qel_test_group(guarded LONG LEFT_OUT ${not_guarded} ENVIRONMENT ${guarded})
+endfunction()
+
+# qel_check(NAME COMMAND...): a program that prints "ok SENTENCE" or "not ok SENTENCE" for each thing that it looks at.
+function(qel_check name)
+    cmake_parse_arguments(PARSE_ARGV 1 check "" "LABEL;CONFIGURATION" "COMMAND")
+    set(configurations)
+    if(check_CONFIGURATION)
+        set(configurations CONFIGURATIONS ${check_CONFIGURATION})
+    endif()
+    if(NOT check_LABEL)
+        set(check_LABEL check)
+    endif()
+    add_test(NAME check.${name} COMMAND ${check_COMMAND} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" ${configurations})
+    set_tests_properties(check.${name} PROPERTIES LABELS ${check_LABEL} TIMEOUT 5400)
+endfunction()
+
+# What scripts/check judges. What looks at Windows programs needs the Windows build as well. Analyses by name take minutes:
+# `ctest -C Whole` runs that of all sources.
+function(qel_checks)
+    set(check "${PROJECT_SOURCE_DIR}/scripts/check")
+    execute_process(COMMAND "${check}" --list OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${check}")
+    string(REGEX MATCHALL "[^\n]+" names "${listed}")
+    list(FILTER names EXCLUDE REGEX "^tidy-")
+    foreach(name IN LISTS names)
+        qel_check(${name} COMMAND "${check}" ${name})
+    endforeach()
+    qel_check(tidy-whole CONFIGURATION Whole COMMAND "${check}" tidy-whole)
+    qel_check(fuzz LABEL long CONFIGURATION Long COMMAND "${PROJECT_SOURCE_DIR}/scripts/fuzz" 60)
+    qel_check(coverage LABEL coverage CONFIGURATION Coverage COMMAND "${PROJECT_SOURCE_DIR}/scripts/coverage")
+endfunction()
+
+if(WIN32)
+    qel_windows_groups()
+elseif(NOT QEL_COVERAGE)
+    qel_native_groups()
+    qel_checks()
+    # Where the Windows build is, its groups are run with these.
+    set_property(DIRECTORY "${PROJECT_SOURCE_DIR}" APPEND PROPERTY TEST_INCLUDE_FILES "${CMAKE_CURRENT_LIST_DIR}/WindowsBuildTests.cmake")
+endif()
