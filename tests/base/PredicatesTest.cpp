@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <Eigen/Dense>
 #include <limits>
 #include <random>
+
+#include "EigenOracle.h"
 
 namespace qel::test {
 namespace {
@@ -13,10 +14,6 @@ constexpr double kTolerance = 0.000001;
 const XPnt3d kA(0.0, 0.0, 5.0);
 const XPnt3d kB(10.0, 0.0, 5.0);
 const XPnt3d kC(0.0, 10.0, 5.0);
-
-Eigen::Vector3d asEigen(const XPnt3d& point) {
-    return {point.x, point.y, point.z};
-}
 
 struct SideCase {
     const char* name;
@@ -85,10 +82,7 @@ TEST(IsPntInFront, AgreesWithThePlaneOfAnotherLibrary) {
         const XPnt3d b = anyPoint();
         const XPnt3d c = anyPoint();
         const XPnt3d point = anyPoint();
-        // The other library's plane through three points faces the other way, so
-        // its normal is given.
-        const Eigen::Vector3d normal = (asEigen(b) - asEigen(a)).cross(asEigen(c) - asEigen(a)).normalized();
-        const double height = Eigen::Hyperplane<double, 3>(normal, asEigen(a)).signedDistance(asEigen(point));
+        const double height = heightAbove(a, b, c, point);
         if (std::abs(height) > 1e-3) {
             ASSERT_EQ(isPntInFront(a, b, c, point, kTolerance), height > 0.0 ? 1 : 0);
             ++compared;
@@ -128,7 +122,7 @@ TEST(Intersect, LeavesTheResultAloneWhereThereIsNone) {
     for (const auto& miss : misses) {
         XPnt3d hit(7.0, 8.0, 9.0);
         EXPECT_FALSE(intersect(miss.a, miss.b, miss.c, miss.from, miss.to, hit)) << miss.name;
-        EXPECT_EQ(asEigen(hit), Eigen::Vector3d(7.0, 8.0, 9.0)) << miss.name;
+        EXPECT_EQ(dist(hit, {7.0, 8.0, 9.0}), 0.0) << miss.name;
     }
 }
 
@@ -137,7 +131,7 @@ TEST(Intersect, WorksWithVeryLargeAndVerySmallFigures) {
         XPnt3d hit;
         ASSERT_TRUE(intersect(kA * size, kB * size, kC * size, XPnt3d(size, size, 0.0),
                               XPnt3d(2.0 * size, 2.0 * size, 10.0 * size), hit));
-        EXPECT_LE((asEigen(hit) - Eigen::Vector3d(1.5, 1.5, 5.0) * size).norm(), 1e-12 * size);
+        EXPECT_LE(dist(hit, XPnt3d(1.5, 1.5, 5.0) * size), 1e-12 * size);
     }
 }
 
@@ -151,13 +145,12 @@ TEST(Intersect, AgreesWithAnotherLibrary) {
         const XPnt3d c = anyPoint();
         const XPnt3d from = anyPoint();
         const XPnt3d to = anyPoint();
-        const auto plane = Eigen::Hyperplane<double, 3>::Through(asEigen(a), asEigen(b), asEigen(c));
-        const auto line = Eigen::ParametrizedLine<double, 3>::Through(asEigen(from), asEigen(to));
-        const Eigen::Vector3d expected = line.intersectionPoint(plane);
+        const XPnt3d expected = meetingPoint(a, b, c, from, to);
         XPnt3d hit;
         ASSERT_TRUE(intersect(a, b, c, from, to, hit));
         // Nearly parallel pairs meet far away, where both libraries round.
-        ASSERT_LE((asEigen(hit) - expected).norm(), 1e-9 * (1.0 + expected.squaredNorm()));
+        const double distance = expected.norm();
+        ASSERT_LE(dist(hit, expected), 1e-9 * (1.0 + distance * distance));
     }
 }
 

@@ -6,10 +6,6 @@ namespace qel::test {
 
 namespace {
 
-using Eigen::Matrix3d;
-using Eigen::Vector2d;
-using Eigen::Vector3d;
-
 /// The inset of the tripod from the right and the upper edge, in pixels.
 constexpr double kInset = 40.0;
 const double kTangent = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
@@ -19,28 +15,28 @@ class Axes : public OverlayTest {
     /// Place and size of the tripod: where it stands, how long its lines are, and how long the axes of the
     /// model.
     struct Tripod {
-        Vector3d anchor;
+        glm::dvec3 anchor;
         double length;
         double reach;
     };
 
     Tripod expected() const {
         const EyeOracle oracle(*camera);
-        const Vector2d corner(400.0 - kInset, 300.0 - kInset);
+        const glm::dvec2 corner(400.0 - kInset, 300.0 - kInset);
         if (camera->isOrtho()) {
             // Half of the depth range: in the middle between the clipping planes.
             const double z = -0.5 * (camera->getNearPlane() + camera->getFarPlane());
-            const Vector3d middle = oracle.eye + oracle.inModel({0.0, 0.0, z});
+            const glm::dvec3 middle = oracle.eye + oracle.inModel({0.0, 0.0, z});
             const double right = 200.0 * oracle.unitsPerPixel(z);
             return {oracle.pointUnder(corner, middle), right * 0.05, right};
         }
-        const Vector3d anchor = oracle.pointUnder(corner, toEigen(camera->getTarget()));
-        const double reach = (anchor - oracle.eye).norm() * kTangent;
+        const glm::dvec3 anchor = oracle.pointUnder(corner, asGlm(camera->getTarget()));
+        const double reach = glm::length(anchor - oracle.eye) * kTangent;
         return {anchor, reach * 0.04, reach};
     }
 
     Calls before(const Tripod& tripod) const {
-        const Vector3d& at = tripod.anchor;
+        const glm::dvec3& at = tripod.anchor;
         // Window depth is given in single precision, and a step of it is long far away.
         const double tolerance = tripod.reach * 2e-3;
         return {call("glIsEnabled", GL_LIGHTING),
@@ -50,8 +46,7 @@ class Axes : public OverlayTest {
                 call("glGetFloatv", GL_CURRENT_COLOR, out),
                 colorOf({1.0F, 1.0F, 1.0F}),
                 call("glLineWidth", 2),
-                call("glTranslated", about(at.x(), tolerance), about(at.y(), tolerance),
-                     about(at.z(), tolerance))};
+                call("glTranslated", about(at.x, tolerance), about(at.y, tolerance), about(at.z, tolerance))};
     }
 
     static Calls after() {
@@ -76,9 +71,9 @@ class Axes : public OverlayTest {
     }
 
     /// The tip of an axis of the tripod in pixels: 0 is x.
-    Vector2d tip(int axis, double share = 1.0) const {
+    glm::dvec2 tip(int axis, double share = 1.0) const {
         const Tripod tripod = expected();
-        return EyeOracle(*camera).pixel(tripod.anchor + Vector3d::Unit(axis) * tripod.length * share);
+        return EyeOracle(*camera).pixel(tripod.anchor + glm::dmat3(1.0)[axis] * tripod.length * share);
     }
 };
 
@@ -92,8 +87,8 @@ TEST_F(Axes, AreATripodNearTheCornerWithItsLetters) {
         const CallTrace trace;
         EXPECT_EQ(camera->drawAxes(), 0);
         Calls all = before(tripod);
-        const Matrix3d tips = Matrix3d::Identity() * tripod.length;
-        append(all, directions(Vector3d::Zero(), tips, tripod.length * 1e-3));
+        const glm::dmat3 tips = glm::dmat3(tripod.length);
+        append(all, directions(glm::dvec3(0.0), tips, tripod.length * 1e-3));
         append(all, letters(tips, tripod.length * 1e-3));
         append(all, viewLoaded());
         all.push_back(call("glEnable", GL_DEPTH_TEST));
@@ -115,7 +110,7 @@ TEST_F(Axes, AreFollowedByTheAxesOfTheModelOnDemand) {
         camera->drawAxes();
         Calls all = viewLoaded();
         append(all, {call("glEnable", GL_DEPTH_TEST), call("glLineWidth", 1)});
-        append(all, directions(Vector3d::Zero(), Matrix3d::Identity() * tripod.reach, tripod.reach * 1e-3));
+        append(all, directions(glm::dvec3(0.0), glm::dmat3(tripod.reach), tripod.reach * 1e-3));
         append(all, after());
         Calls end = drawn(trace);
         end.erase(end.begin(), end.end() - static_cast<std::ptrdiff_t>(all.size()));
@@ -180,7 +175,7 @@ TEST_F(Axes, ShowEachDirectionInItsColourWithItsLetter) {
                 EXPECT_TRUE(isLit(frame, tip(axis, share), color)) << axis << " at " << share;
             }
             // The block that stands for its letter, of which a later one may cover a part.
-            EXPECT_TRUE(isLit(frame, tip(axis) + Vector2d(3.0, 4.0), color, 3)) << axis;
+            EXPECT_TRUE(isLit(frame, tip(axis) + glm::dvec2(3.0, 4.0), color, 3)) << axis;
         }
         // Nothing anywhere else, in particular not at the origin of the model.
         const auto bounds = frame.boundsOtherThan(kBlack);
@@ -197,8 +192,8 @@ TEST_F(Axes, AreOfTheSameSizeInPixelsFromAnyDistance) {
     std::vector<PixelArea> areas;
     for (const double distance : {20.0, 100.0, 600.0}) {
         surface.clear();
-        const Vector3d back = Vector3d(3.0, -2.0, 2.5).normalized();
-        camera->setCamera(fromEigen(back * distance), {}, {0.0, 0.0, 1.0});
+        const glm::dvec3 back = glm::normalize(glm::dvec3(3.0, -2.0, 2.5));
+        camera->setCamera(asPoint(back * distance), {}, {0.0, 0.0, 1.0});
         const CallTrace trace;
         camera->drawAxes();
         areas.push_back(Picture::ofFrame().boundsOtherThan(kBlack).value_or(PixelArea{}));
@@ -226,12 +221,12 @@ TEST_F(Axes, OfTheModelAreHiddenByTheSceneAndTheTripodIsNot) {
         glColor3f(1.0F, 1.0F, 1.0F);
         glBegin(GL_QUADS);
         for (const auto& [x, y] : {std::pair{-99.0, -99.0}, {99.0, -99.0}, {99.0, 99.0}, {-99.0, 99.0}}) {
-            const Vector3d corner = oracle.eye + oracle.inModel({x, y, z});
-            glVertex3d(corner.x(), corner.y(), corner.z());
+            const glm::dvec3 corner = oracle.eye + oracle.inModel({x, y, z});
+            glVertex3d(corner.x, corner.y, corner.z);
         }
         glEnd();
     };
-    const Vector2d onAxis = oracle.pixel({5.0, 0.0, 0.0});
+    const glm::dvec2 onAxis = oracle.pixel({5.0, 0.0, 0.0});
     drawWall(-300.0);
     camera->drawAxes();
     const Picture behind = look("axes-before-scene");

@@ -25,7 +25,7 @@ constexpr int kCamerasOfASize = 40;
 struct RandomView {
     std::string name;
     double size;
-    Eigen::Vector3d center;
+    glm::dvec3 center;
 };
 
 class DragProperties : public ::testing::TestWithParam<bool> {
@@ -34,9 +34,9 @@ class DragProperties : public ::testing::TestWithParam<bool> {
         return std::uniform_real_distribution<double>(lower, upper)(random);
     }
 
-    Eigen::Vector3d direction() {
+    glm::dvec3 direction() {
         std::normal_distribution<double> number;
-        return Eigen::Vector3d(number(random), number(random), number(random)).normalized();
+        return glm::normalize(glm::dvec3(number(random), number(random), number(random)));
     }
 
     /// A camera that looks at a model from somewhere. One in three models lies around a coordinate of a
@@ -46,26 +46,26 @@ class DragProperties : public ::testing::TestWithParam<bool> {
     RandomView place(const Size& size, int round, bool upIsPerpendicular) {
         const bool farOut = round % 3 == 0;
         const double model = farOut ? std::pow(10.0, between(2.5, 4.6)) : std::pow(10.0, between(-1.0, 5.0));
-        Eigen::Vector3d middle = direction() * model * between(0.0, 3.0);
+        glm::dvec3 middle = direction() * model * between(0.0, 3.0);
         if (farOut) {
-            middle = Eigen::Vector3d(1e6, -1e6, 1e6) + direction() * 1e5;
+            middle = glm::dvec3(1e6, -1e6, 1e6) + direction() * 1e5;
         }
         const double half = model * 0.5 / std::sqrt(3.0);
         camera->onResize(size.width, size.height);
         camera->setPerspective();
-        camera->setExtent({middle.x() - half, middle.x() + half, middle.y() - half, middle.y() + half,
-                           middle.z() - half, middle.z() + half},
+        camera->setExtent({middle.x - half, middle.x + half, middle.y - half, middle.y + half,
+                           middle.z - half, middle.z + half},
                           false);
-        const Eigen::Vector3d back = direction();
+        const glm::dvec3 back = direction();
         const double away = model * between(1.2, 4.0);
-        const Eigen::Vector3d target = middle + direction() * model * 0.1;
-        const Eigen::Vector3d eye = target + back * away;
-        Eigen::Vector3d up = back.cross(direction()).normalized();
+        const glm::dvec3 target = middle + direction() * model * 0.1;
+        const glm::dvec3 eye = target + back * away;
+        glm::dvec3 up = glm::normalize(glm::cross(back, direction()));
         if (!upIsPerpendicular) {
             up = (up + back * between(-0.8, 0.8)) * between(0.2, 5.0);
         }
-        camera->setCamera(fromEigen(eye), fromEigen(target), fromEigen(up));
-        const Eigen::Vector3d center = middle + direction() * model * 0.2;
+        camera->setCamera(asPoint(eye), asPoint(target), asPoint(up));
+        const glm::dvec3 center = middle + direction() * model * 0.2;
         // A frame without anything drawn: the depth is that of the extent.
         camera->refreshDepth();
         if (GetParam()) {
@@ -73,7 +73,7 @@ class DragProperties : public ::testing::TestWithParam<bool> {
             camera->setOrtho();
             camera->refreshDepth();
         }
-        camera->setRotationCenter(center.x(), center.y(), center.z());
+        camera->setRotationCenter(center.x, center.y, center.z);
         return {std::to_string(size.width) + " x " + std::to_string(size.height) + ", camera " +
                     std::to_string(round),
                 model, center};
@@ -81,7 +81,7 @@ class DragProperties : public ::testing::TestWithParam<bool> {
 
     /// Radius of the sphere in pixels.
     double radiusPx(const RandomView& view) {
-        const XPnt3d image = camera->projectPnt(fromEigen(view.center));
+        const XPnt3d image = camera->projectPnt(asPoint(view.center));
         double beside[3] = {};
         camera->mapToSphere(image.x + 0.5, image.y, beside);
         return 0.5 / beside[0];
@@ -99,21 +99,21 @@ TEST_P(DragProperties, TheFrontOfTheModelFollowsARotation) {
             SCOPED_TRACE(view.name);
             const EyeOracle before(*camera);
             const double radius = radiusPx(view);
-            const double modelRadius = radius * before.unitsPerPixel(before.inEye(view.center).z());
-            const Eigen::Vector3d front =
-                view.center + before.inModel(Eigen::Vector3d::UnitZ()) * modelRadius * 0.3;
-            const Eigen::Vector2d from = before.pixel(view.center);
+            const double modelRadius = radius * before.unitsPerPixel(before.inEye(view.center).z);
+            const glm::dvec3 front =
+                view.center + before.inModel(glm::dvec3(0.0, 0.0, 1.0)) * modelRadius * 0.3;
+            const glm::dvec2 from = before.pixel(view.center);
             const double angle = between(0.0, 2.0 * 3.14159);
-            for (const Eigen::Vector2d& way : {Eigen::Vector2d(1.0, 0.0), Eigen::Vector2d(0.0, 1.0),
-                                               Eigen::Vector2d(std::cos(angle), std::sin(angle))}) {
-                camera->onButtonDown(2, from.x(), from.y());
-                camera->onMouseMove(from.x() + way.x() * radius * 0.1, from.y() + way.y() * radius * 0.1);
-                const Eigen::Vector2d moved = EyeOracle(*camera).pixel(front) - before.pixel(front);
+            for (const glm::dvec2& way :
+                 {glm::dvec2(1.0, 0.0), glm::dvec2(0.0, 1.0), glm::dvec2(std::cos(angle), std::sin(angle))}) {
+                camera->onButtonDown(2, from.x, from.y);
+                camera->onMouseMove(from.x + way.x * radius * 0.1, from.y + way.y * radius * 0.1);
+                const glm::dvec2 moved = EyeOracle(*camera).pixel(front) - before.pixel(front);
                 // Twice the sine of the angle on the sphere, times the share of the radius; a perspective
                 // looks at it from nearer.
-                EXPECT_GT(moved.dot(way), radius * 0.05);
-                EXPECT_LT(moved.dot(way), radius * 0.12);
-                camera->onMouseMove(from.x(), from.y());
+                EXPECT_GT(glm::dot(moved, way), radius * 0.05);
+                EXPECT_LT(glm::dot(moved, way), radius * 0.12);
+                camera->onMouseMove(from.x, from.y);
                 camera->onButtonUp();
             }
         }
@@ -126,31 +126,29 @@ TEST_P(DragProperties, TheModelTurnsByTwiceTheAngleOnTheSphere) {
             const RandomView view = place(size, round, false);
             SCOPED_TRACE(view.name);
             const EyeOracle before(*camera);
-            const Eigen::Vector2d middle = before.pixel(view.center);
+            const glm::dvec2 middle = before.pixel(view.center);
             // The outline ends at half the view or at half the model's diagonal.
-            const double units = before.unitsPerPixel(before.inEye(view.center).z());
+            const double units = before.unitsPerPixel(before.inEye(view.center).z);
             const double radius = std::min(before.width * 0.5, view.size * 0.5 / units);
-            const auto onSphere = [&](const Eigen::Vector2d& at) {
-                const Eigen::Vector2d inside = (at - middle) / radius;
-                const double depth = std::sqrt(std::max(0.0, 1.0 - inside.squaredNorm()));
-                return before.inModel(Eigen::Vector3d(inside.x(), inside.y(), depth).normalized());
+            const auto onSphere = [&](const glm::dvec2& at) {
+                const glm::dvec2 inside = (at - middle) / radius;
+                const double depth = std::sqrt(std::max(0.0, 1.0 - glm::dot(inside, inside)));
+                return before.inModel(glm::normalize(glm::dvec3(inside.x, inside.y, depth)));
             };
-            const Eigen::Vector2d from =
-                middle + Eigen::Vector2d(between(-1.4, 1.4), between(-1.4, 1.4)) * radius;
-            const Eigen::Vector2d to =
-                middle + Eigen::Vector2d(between(-1.4, 1.4), between(-1.4, 1.4)) * radius;
-            const Eigen::Vector3d axis = onSphere(from).cross(onSphere(to));
+            const glm::dvec2 from = middle + glm::dvec2(between(-1.4, 1.4), between(-1.4, 1.4)) * radius;
+            const glm::dvec2 to = middle + glm::dvec2(between(-1.4, 1.4), between(-1.4, 1.4)) * radius;
+            const glm::dvec3 axis = glm::cross(onSphere(from), onSphere(to));
             const ModelTurn turn{view.center, axis,
-                                 2.0 * std::atan2(axis.norm(), onSphere(from).dot(onSphere(to)))};
-            const XPnt3d expectedEye = fromEigen(turn.place(before.eye));
-            const XPnt3d expectedTarget = fromEigen(turn.place(toEigen(camera->getTarget())));
-            const XPnt3d expectedUp = fromEigen(turn.direction(toEigen(camera->getUp()).normalized()));
-            const double reach = dist(camera->getEye(), fromEigen(view.center));
-            camera->onButtonDown(2, from.x(), from.y());
-            camera->onMouseMove(to.x(), to.y());
+                                 2.0 * std::atan2(glm::length(axis), glm::dot(onSphere(from), onSphere(to)))};
+            const XPnt3d expectedEye = asPoint(turn.place(before.eye));
+            const XPnt3d expectedTarget = asPoint(turn.place(asGlm(camera->getTarget())));
+            const XPnt3d expectedUp = asPoint(turn.direction(glm::normalize(asGlm(camera->getUp()))));
+            const double reach = dist(camera->getEye(), asPoint(view.center));
+            camera->onButtonDown(2, from.x, from.y);
+            camera->onMouseMove(to.x, to.y);
             camera->onButtonUp();
             // OpenGL's single precision moves the image of the centre, and with it both ends of the drag.
-            const double stepOfAFloat = std::max(before.eye.norm(), reach) * 1.2e-7 / (units * radius);
+            const double stepOfAFloat = std::max(glm::length(before.eye), reach) * 1.2e-7 / (units * radius);
             const double tolerance = 2e-5 + 20.0 * stepOfAFloat;
             EXPECT_TRUE(isNear(camera->getEye(), expectedEye, reach * tolerance));
             EXPECT_TRUE(isNear(camera->getTarget(), expectedTarget, reach * tolerance));
@@ -168,13 +166,13 @@ TEST_P(DragProperties, PanningKeepsTheGrabbedPointUnderTheCursor) {
             const EyeOracle before(*camera);
             std::uniform_int_distribution<std::int32_t> x(0, static_cast<std::int32_t>(size.width) - 1);
             std::uniform_int_distribution<std::int32_t> y(0, static_cast<std::int32_t>(size.height) - 1);
-            Eigen::Vector2i cursor(x(random), y(random));
-            const Eigen::Vector3d grabbed = before.pointUnder(cursor.cast<double>(), view.center);
-            camera->onButtonDown(1, cursor.x(), cursor.y());
+            glm::ivec2 cursor(x(random), y(random));
+            const glm::dvec3 grabbed = before.pointUnder(glm::dvec2(cursor), view.center);
+            camera->onButtonDown(1, cursor.x, cursor.y);
             for (int move = 0; move < 5; ++move) {
                 cursor = {x(random), y(random)};
-                camera->onMouseMove(cursor.x(), cursor.y());
-                const double off = (EyeOracle(*camera).pixel(grabbed) - cursor.cast<double>()).norm();
+                camera->onMouseMove(cursor.x, cursor.y);
+                const double off = glm::length(EyeOracle(*camera).pixel(grabbed) - glm::dvec2(cursor));
                 EXPECT_LT(off, 1.0) << "move " << move;
                 worst = std::max(worst, off);
             }
@@ -204,7 +202,7 @@ TEST_P(DragProperties, BackAtThePressTheCameraIsThatOfThePress) {
                 const double lastBits = (view.size + before.eye.norm()) * 1e-15;
                 const double stepOfAFloat = before.eye.norm() * 1.2e-7;
                 const double ofAPixel =
-                    0.01 * oracle.unitsPerPixel(oracle.inEye(view.center).z()) + 10.0 * stepOfAFloat;
+                    0.01 * oracle.unitsPerPixel(oracle.inEye(view.center).z) + 10.0 * stepOfAFloat;
                 const double tolerance = button == 2 ? lastBits : ofAPixel;
                 EXPECT_TRUE(isNear(camera->getEye(), before.eye, tolerance)) << button;
                 EXPECT_TRUE(isNear(camera->getTarget(), before.target, tolerance)) << button;
@@ -245,15 +243,15 @@ TEST_P(DragPropertiesOfAZoom, KeepsThePointUnderTheCursor) {
             const EyeOracle before(*camera);
             std::uniform_int_distribution<std::int32_t> x(0, static_cast<std::int32_t>(size.width) - 1);
             std::uniform_int_distribution<std::int32_t> y(0, static_cast<std::int32_t>(size.height) - 1);
-            const Eigen::Vector2i cursor(x(random), y(random));
-            const Eigen::Vector3d seen = before.pointUnder(cursor.cast<double>(), view.center);
-            camera->onButtonDown(3, cursor.x(), cursor.y());
-            double height = cursor.y();
+            const glm::ivec2 cursor(x(random), y(random));
+            const glm::dvec3 seen = before.pointUnder(glm::dvec2(cursor), view.center);
+            camera->onButtonDown(3, cursor.x, cursor.y);
+            double height = cursor.y;
             for (const double way : {40.0, 25.0, -70.0, 60.0}) {
                 height += way;
                 camera->onMouseMove(static_cast<double>(x(random)), height);
-                ASSERT_LT(EyeOracle(*camera).inEye(seen).z(), 0.0);
-                EXPECT_LT((EyeOracle(*camera).pixel(seen) - cursor.cast<double>()).norm(), 1.0) << way;
+                ASSERT_LT(EyeOracle(*camera).inEye(seen).z, 0.0);
+                EXPECT_LT(glm::length(EyeOracle(*camera).pixel(seen) - glm::dvec2(cursor)), 1.0) << way;
             }
             camera->onButtonUp();
         }
@@ -274,24 +272,23 @@ TEST_P(DragPropertiesOfAZoom, KeepsThePickedPointOfADrawnSceneUnderTheCursor) {
         glEnable(GL_DEPTH_TEST);
         glBegin(GL_TRIANGLES);
         for (const auto& [x, y, z] : {std::tuple{-1.0, -1.0, 0.2}, {1.0, -1.0, -0.2}, {0.0, 1.5, 0.1}}) {
-            const Eigen::Vector3d corner = view.center + before.inModel({x, y, z}) * view.size * 0.4;
-            glVertex3d(corner.x(), corner.y(), corner.z());
+            const glm::dvec3 corner = view.center + before.inModel({x, y, z}) * view.size * 0.4;
+            glVertex3d(corner.x, corner.y, corner.z);
         }
         glEnd();
         camera->refreshDepth();
-        const Eigen::Vector2d middle = before.pixel(view.center);
-        const std::int32_t x = static_cast<std::int32_t>(middle.x());
-        const std::int32_t y = static_cast<std::int32_t>(middle.y());
+        const glm::dvec2 middle = before.pixel(view.center);
+        const std::int32_t x = static_cast<std::int32_t>(middle.x);
+        const std::int32_t y = static_cast<std::int32_t>(middle.y);
         const XPnt3d picked = camera->getModelPntAt(x, y);
-        if (x < 0 || y < 0 || middle.x() >= size.width || middle.y() >= size.height) {
+        if (x < 0 || y < 0 || middle.x >= size.width || middle.y >= size.height) {
             continue;
         }
         ++tried;
         ASSERT_TRUE(picked.isValid());
         for (const float factor : {0.08F, 0.3F, -0.2F}) {
             camera->zoomAt(factor, x, y);
-            EXPECT_LT((EyeOracle(*camera).pixel(toEigen(picked)) - Eigen::Vector2d(x, y)).norm(), 1.0)
-                << factor;
+            EXPECT_LT(glm::length(EyeOracle(*camera).pixel(asGlm(picked)) - glm::dvec2(x, y)), 1.0) << factor;
         }
     }
     EXPECT_GT(tried, 25);

@@ -27,10 +27,6 @@ inline double diagonalOf(const Enve3d& box) {
     return glm::length(glm::dvec3(box.xmax - box.xmin, box.ymax - box.ymin, box.zmax - box.zmin));
 }
 
-inline XPnt3d asPoint(const glm::dvec3& v) {
-    return {v.x, v.y, v.z};
-}
-
 inline Enve3d invalidBox() {
     Enve3d box;
     box.setInvalid();

@@ -7,10 +7,6 @@ namespace qel::test {
 
 namespace {
 
-using Eigen::Matrix3d;
-using Eigen::Vector2d;
-using Eigen::Vector3d;
-
 const double kTangent = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
@@ -21,22 +17,23 @@ class FrameIndicator : public OverlayTest {
 
     double reach() const {
         const EyeOracle oracle(*camera);
-        return camera->isOrtho() ? 200.0 * oracle.unitsPerPixel(-1.0) : (at - oracle.eye).norm() * kTangent;
+        return camera->isOrtho() ? 200.0 * oracle.unitsPerPixel(-1.0)
+                                 : glm::length(at - oracle.eye) * kTangent;
     }
 
     double length(double size) const { return camera->isOrtho() ? reach() * 0.05 : reach() * 0.0025 * size; }
 
     /// The tips of a frame whose first two directions are given.
-    Matrix3d tips(const Vector3d& x, const Vector3d& y, double size) const {
-        Matrix3d all;
-        all.col(0) = at + x.normalized() * length(size);
-        all.col(1) = at + y.normalized() * length(size);
-        all.col(2) = at + x.cross(y).normalized() * length(size);
+    glm::dmat3 tips(const glm::dvec3& x, const glm::dvec3& y, double size) const {
+        glm::dmat3 all;
+        all[0] = at + glm::normalize(x) * length(size);
+        all[1] = at + glm::normalize(y) * length(size);
+        all[2] = at + glm::normalize(glm::cross(x, y)) * length(size);
         return all;
     }
 
-    std::int32_t draw(const Vector3d& x, const Vector3d& y, float size, bool depthTest) const {
-        return camera->drawFrame(at.x(), at.y(), at.z(), fromEigen(x), fromEigen(y), size, depthTest);
+    std::int32_t draw(const glm::dvec3& x, const glm::dvec3& y, float size, bool depthTest) const {
+        return camera->drawFrame(at.x, at.y, at.z, asPoint(x), asPoint(y), size, depthTest);
     }
 
     static Calls begin(bool depthTest) {
@@ -63,12 +60,12 @@ class FrameIndicator : public OverlayTest {
         return all;
     }
 
-    Vector3d at{4.0, -3.0, 5.0};
+    glm::dvec3 at{4.0, -3.0, 5.0};
 };
 
 TEST_F(FrameIndicator, IsThreeLinesInModelCoordinatesWithTheirLetters) {
-    const Vector3d x(2.0, 1.0, 0.0);
-    const Vector3d y(-3.0, 5.0, 1.0);
+    const glm::dvec3 x(2.0, 1.0, 0.0);
+    const glm::dvec3 y(-3.0, 5.0, 1.0);
     for (const bool ortho : {false, true}) {
         for (const bool depthTest : {kOver, kTested}) {
             SCOPED_TRACE(std::string(ortho ? "orthographic" : "perspective") +
@@ -77,7 +74,7 @@ TEST_F(FrameIndicator, IsThreeLinesInModelCoordinatesWithTheirLetters) {
                 becomeOrthographic();
             }
             const double tolerance = reach() * 1e-6;
-            const Matrix3d ends = tips(x, y, 30.0);
+            const glm::dmat3 ends = tips(x, y, 30.0);
             const CallTrace trace;
             EXPECT_EQ(draw(x, y, 30.0F, depthTest), 0);
             Calls all = begin(depthTest);
@@ -101,10 +98,10 @@ TEST_F(FrameIndicator, IsFollowedByTheAxesOfTheModelOnDemand) {
         }
         const double expected = reach();
         const CallTrace trace;
-        draw(Vector3d::UnitX(), Vector3d::UnitY(), 30.0F, kTested);
+        draw(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), 30.0F, kTested);
         Calls all = viewLoaded();
         all.push_back(call("glLineWidth", 1));
-        append(all, directions(Vector3d::Zero(), Matrix3d::Identity() * expected, expected * 1e-6));
+        append(all, directions(glm::dvec3(0.0), glm::dmat3(expected), expected * 1e-6));
         append(all, end());
         Calls last = drawn(trace);
         last.erase(last.begin(), last.end() - static_cast<std::ptrdiff_t>(all.size()));
@@ -117,9 +114,9 @@ TEST_F(FrameIndicator, CountsItsSizeInPartsOfTheViewsHeight) {
     camera->setCamera({4.0, -3.0, 105.0}, {4.0, -3.0, 5.0}, {0.0, 1.0, 0.0});
     settle();
     const CallTrace trace;
-    draw(Vector3d::UnitX(), Vector3d::UnitY(), 400.0F, kOver);
+    draw(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), 400.0F, kOver);
     const double half = 100.0 * kTangent;
-    EXPECT_TRUE(callMatches(trace.calls("glVertex3d")[5], vertex(at + Vector3d(half, 0.0, 0.0), 1e-9)));
+    EXPECT_TRUE(callMatches(trace.calls("glVertex3d")[5], vertex(at + glm::dvec3(half, 0.0, 0.0), 1e-9)));
 }
 
 TEST_F(FrameIndicator, HasTheSameSizeInAnOrthographicViewWhateverIsAsked) {
@@ -127,7 +124,7 @@ TEST_F(FrameIndicator, HasTheSameSizeInAnOrthographicViewWhateverIsAsked) {
     Calls first;
     for (const float size : {30.0F, 1.0F, 4000.0F, -5.0F}) {
         const CallTrace trace;
-        draw(Vector3d::UnitX(), Vector3d::UnitY(), size, kOver);
+        draw(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), size, kOver);
         if (first.empty()) {
             first = drawn(trace);
         }
@@ -141,8 +138,8 @@ TEST_F(FrameIndicator, HasNoThirdDirectionForParallelOnes) {
     const Calls vertices = trace.calls("glVertex3d");
     const double reached = length(30.0);
     EXPECT_EQ(vertices[0], vertices[1]);
-    EXPECT_TRUE(callMatches(vertices[3], vertex(at - Vector3d(reached, 0.0, 0.0), 1e-6)));
-    EXPECT_TRUE(callMatches(vertices[5], vertex(at + Vector3d(reached, 0.0, 0.0), 1e-6)));
+    EXPECT_TRUE(callMatches(vertices[3], vertex(at - glm::dvec3(reached, 0.0, 0.0), 1e-6)));
+    EXPECT_TRUE(callMatches(vertices[5], vertex(at + glm::dvec3(reached, 0.0, 0.0), 1e-6)));
     EXPECT_EQ(trace.calls("glRasterPos3f")[0], call("glRasterPos3f", 4, -3, 5));
     EXPECT_EQ(display->written, (std::vector<std::string>{"Z", "Y", "X"}));
 }
@@ -165,7 +162,7 @@ TEST_F(FrameIndicator, LeavesTheViewAndOnlyItsLineWidth) {
                 camera->setOverlayOption(option);
                 (hostsTest ? glEnable : glDisable)(GL_DEPTH_TEST);
                 const StateSnapshot before = StateSnapshot::take();
-                draw(Vector3d::UnitX(), Vector3d::UnitY(), 30.0F, depthTest);
+                draw(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), 30.0F, depthTest);
                 EXPECT_TRUE(
                     changesOnly(before, StateSnapshot::take(), {"GL_LINE_WIDTH", "GL_CURRENT_RASTER_*"}));
             }
@@ -176,9 +173,9 @@ TEST_F(FrameIndicator, LeavesTheViewAndOnlyItsLineWidth) {
 TEST_F(FrameIndicator, IsSeenThroughTheSceneOnlyWithoutTheDepthTest) {
     glDisable(GL_TEXTURE_2D);
     glDisable(GL_LIGHTING);
-    at = Vector3d::Zero();
+    at = glm::dvec3(0.0);
     const EyeOracle oracle(*camera);
-    const Matrix3d ends = tips(Vector3d::UnitX(), Vector3d::UnitY(), 100.0);
+    const glm::dmat3 ends = tips(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), 100.0);
     const Rgba colors[] = {kRed, kGreen, kBlue};
     struct Case {
         const char* name;
@@ -195,16 +192,16 @@ TEST_F(FrameIndicator, IsSeenThroughTheSceneOnlyWithoutTheDepthTest) {
         glColor3f(1.0F, 1.0F, 1.0F);
         glBegin(GL_QUADS);
         for (const auto& [x, y] : {std::pair{-99.0, -99.0}, {99.0, -99.0}, {99.0, 99.0}, {-99.0, 99.0}}) {
-            const Vector3d corner = oracle.eye + oracle.inModel({x, y, kind.wall});
-            glVertex3d(corner.x(), corner.y(), corner.z());
+            const glm::dvec3 corner = oracle.eye + oracle.inModel({x, y, kind.wall});
+            glVertex3d(corner.x, corner.y, corner.z);
         }
         glEnd();
-        draw(Vector3d::UnitX(), Vector3d::UnitY(), 100.0F, kind.depthTest);
+        draw(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), 100.0F, kind.depthTest);
         const Picture frame = look(kind.name);
         for (int axis = 0; axis < 3; ++axis) {
             const Rgba& color = colors[axis];
-            EXPECT_EQ(isLit(frame, oracle.pixel(ends.col(axis) * 0.5), color), kind.seen) << axis;
-            EXPECT_EQ(isLit(frame, oracle.pixel(ends.col(axis)) + Vector2d(3.0, 4.0), color, 0), kind.seen)
+            EXPECT_EQ(isLit(frame, oracle.pixel(ends[axis] * 0.5), color), kind.seen) << axis;
+            EXPECT_EQ(isLit(frame, oracle.pixel(ends[axis]) + glm::dvec2(3.0, 4.0), color, 0), kind.seen)
                 << axis;
         }
         EXPECT_EQ(frame.countOtherThan(kWhite) == 0, !kind.seen);

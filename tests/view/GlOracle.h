@@ -28,6 +28,10 @@ inline glm::dvec3 asGlm(const XPnt3d& point) {
     return {point.x, point.y, point.z};
 }
 
+inline XPnt3d asPoint(const glm::dvec3& point) {
+    return {point.x, point.y, point.z};
+}
+
 inline ::testing::AssertionResult isCloseTo(const XPnt3d& actual, const XPnt3d& expected, double tolerance) {
     if (glm::distance(asGlm(actual), asGlm(expected)) <= tolerance) {
         return ::testing::AssertionSuccess();

@@ -7,8 +7,6 @@ namespace qel::test {
 
 namespace {
 
-using Eigen::Vector3d;
-
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct LabelCase {
@@ -45,9 +43,9 @@ TEST_F(Labels, AreWrittenInPixelsBesideTheirPoint) {
             becomeOrthographic();
         }
         const XPnt3d pixel = camera->project(5.0, 6.0, 7.0);
-        const Eigen::Vector2d seen = EyeOracle(*camera).pixel({5.0, 6.0, 7.0});
-        EXPECT_NEAR(pixel.x, seen.x(), 1e-2);
-        EXPECT_NEAR(pixel.y, seen.y(), 1e-2);
+        const glm::dvec2 seen = EyeOracle(*camera).pixel({5.0, 6.0, 7.0});
+        EXPECT_NEAR(pixel.x, seen.x, 1e-2);
+        EXPECT_NEAR(pixel.y, seen.y, 1e-2);
         const CallTrace trace;
         EXPECT_EQ(camera->drawLabel(5.0, 6.0, 7.0, 3.25, -4.5, "P%d: %s %.1f%%", 17, "peak", 12.5), 0);
         EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), labelled(pixel, 3.25, -4.5, "P17: peak 12.5%")));
@@ -116,10 +114,10 @@ TEST_F(Labels, BeginAtThePixelOfTheirPoint) {
     glColor3f(1.0F, 1.0F, 1.0F);
     for (const auto& [dx, dy] : {std::pair{0.0, 0.0}, {12.0, -7.0}}) {
         surface.clear();
-        const Eigen::Vector2d pixel = EyeOracle(*camera).pixel({5.0, 6.0, 7.0});
+        const glm::dvec2 pixel = EyeOracle(*camera).pixel({5.0, 6.0, 7.0});
         EXPECT_EQ(camera->drawLabel(5.0, 6.0, 7.0, dx, dy, "ab"), 0);
         const Picture frame = look("label");
-        const PixelArea expected{static_cast<int>(pixel.x() + dx), static_cast<int>(pixel.y() + dy),
+        const PixelArea expected{static_cast<int>(pixel.x + dx), static_cast<int>(pixel.y + dy),
                                  WritingDisplay::kStep + WritingDisplay::kWidth, WritingDisplay::kHeight};
         EXPECT_EQ(frame.boundsOf(kWhite), expected);
     }
@@ -134,8 +132,8 @@ TEST_F(Labels, AreWrittenOverTheScene) {
     const EyeOracle oracle(*camera);
     glBegin(GL_QUADS);
     for (const auto& [x, y] : {std::pair{-30.0, -30.0}, {30.0, -30.0}, {30.0, 30.0}, {-30.0, 30.0}}) {
-        const Vector3d corner = oracle.eye + oracle.inModel({x, y, -50.0});
-        glVertex3d(corner.x(), corner.y(), corner.z());
+        const glm::dvec3 corner = oracle.eye + oracle.inModel({x, y, -50.0});
+        glVertex3d(corner.x, corner.y, corner.z);
     }
     glEnd();
     glColor3f(1.0F, 1.0F, 1.0F);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <Eigen/Dense>
 #include <cstdint>
 #include <cstring>
 #include <initializer_list>
@@ -66,15 +65,16 @@ matrix<T> anyMatrix(std::int32_t rows, std::int32_t columns, unsigned seed) {
     return anyMatrix<T>(rows, columns, random);
 }
 
+/// The elements row after row, in double precision.
 template <class T>
-Eigen::MatrixXd asEigen(const matrix<T>& m) {
-    Eigen::MatrixXd result(m.rowCount(), m.columnCount());
+std::vector<double> rowsOf(const matrix<T>& m) {
+    std::vector<double> rows;
     for (std::int32_t row = 0; row < m.rowCount(); ++row) {
         for (std::int32_t column = 0; column < m.columnCount(); ++column) {
-            result(row, column) = static_cast<double>(m.element(row, column));
+            rows.push_back(static_cast<double>(m.element(row, column)));
         }
     }
-    return result;
+    return rows;
 }
 
 /// The message that is thrown; empty if none is.

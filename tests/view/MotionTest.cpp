@@ -115,12 +115,11 @@ TEST_F(Motion, TheThirdGoesTowardsTheCentreInPartsOfTheModel) {
 TEST_F(Motion, TheFourthAndFifthTurnAboutTheCentre) {
     const double u = 30.0 / radiusPx();
     const double v = -20.0 / radiusPx();
-    const Eigen::Vector3d to(u, v, std::sqrt(1.0 - u * u - v * v));
-    const ModelTurn turn{Eigen::Vector3d::Zero(), Eigen::Vector3d::UnitZ().cross(to),
-                         2.0 * std::acos(to.z())};
+    const glm::dvec3 to(u, v, std::sqrt(1.0 - u * u - v * v));
+    const ModelTurn turn{glm::dvec3(0.0), glm::cross(glm::dvec3(0.0, 0.0, 1.0), to), 2.0 * std::acos(to.z)};
     EXPECT_EQ(apply({0.0, 0.0, 0.0, 30.0, -20.0, 0.0}), 1);
-    EXPECT_TRUE(isNear(camera->getEye(), fromEigen(turn.place({0.0, 0.0, 100.0})), 1e-3));
-    EXPECT_TRUE(isNear(camera->getUp(), fromEigen(turn.direction({0.0, 1.0, 0.0})), 1e-5));
+    EXPECT_TRUE(isNear(camera->getEye(), asPoint(turn.place({0.0, 0.0, 100.0})), 1e-3));
+    EXPECT_TRUE(isNear(camera->getUp(), asPoint(turn.direction({0.0, 1.0, 0.0})), 1e-5));
 }
 
 TEST_F(Motion, TheSixthRollsAboutTheLineOfSight) {

@@ -114,35 +114,33 @@ class OverlayTest : public ::testing::Test {
         return call("glColor3f", color.r, color.g, color.b);
     }
 
-    static std::string vertex(const Eigen::Vector3d& at, double tolerance) {
-        return call("glVertex3d", about(at.x(), tolerance), about(at.y(), tolerance),
-                    about(at.z(), tolerance));
+    static std::string vertex(const glm::dvec3& at, double tolerance) {
+        return call("glVertex3d", about(at.x, tolerance), about(at.y, tolerance), about(at.z, tolerance));
     }
 
-    static std::string raster(const Eigen::Vector3d& at, double tolerance) {
-        return call("glRasterPos3f", about(at.x(), tolerance), about(at.y(), tolerance),
-                    about(at.z(), tolerance));
+    static std::string raster(const glm::dvec3& at, double tolerance) {
+        return call("glRasterPos3f", about(at.x, tolerance), about(at.y, tolerance), about(at.z, tolerance));
     }
 
     /// The three lines of a frame: z blue, y green, x red.
-    static Calls directions(const Eigen::Vector3d& from, const Eigen::Matrix3d& tips, double tolerance) {
+    static Calls directions(const glm::dvec3& from, const glm::dmat3& tips, double tolerance) {
         return {call("glBegin", GL_LINES),
                 colorOf({0.0F, 0.0F, 1.0F}),
                 vertex(from, tolerance),
-                vertex(tips.col(2), tolerance),
+                vertex(tips[2], tolerance),
                 colorOf({0.0F, 1.0F, 0.0F}),
                 vertex(from, tolerance),
-                vertex(tips.col(1), tolerance),
+                vertex(tips[1], tolerance),
                 colorOf({1.0F, 0.0F, 0.0F}),
                 vertex(from, tolerance),
-                vertex(tips.col(0), tolerance),
+                vertex(tips[0], tolerance),
                 call("glEnd")};
     }
 
-    static Calls letters(const Eigen::Matrix3d& tips, double tolerance) {
-        return {colorOf({0.0F, 0.0F, 255.0F}), raster(tips.col(2), tolerance), call("printText", "Z"),
-                colorOf({0.0F, 255.0F, 0.0F}), raster(tips.col(1), tolerance), call("printText", "Y"),
-                colorOf({255.0F, 0.0F, 0.0F}), raster(tips.col(0), tolerance), call("printText", "X")};
+    static Calls letters(const glm::dmat3& tips, double tolerance) {
+        return {colorOf({0.0F, 0.0F, 255.0F}), raster(tips[2], tolerance), call("printText", "Z"),
+                colorOf({0.0F, 255.0F, 0.0F}), raster(tips[1], tolerance), call("printText", "Y"),
+                colorOf({255.0F, 0.0F, 0.0F}), raster(tips[0], tolerance), call("printText", "X")};
     }
 
     /// Keeps the picture for somebody who wants to look, where QEL_PICTURES_OUT names a folder.
@@ -155,11 +153,11 @@ class OverlayTest : public ::testing::Test {
     }
 
     /// True if a pixel within `reach` of the place is of the colour.
-    static bool isLit(const Picture& frame, const Eigen::Vector2d& at, const Rgba& color, int reach = 1) {
+    static bool isLit(const Picture& frame, const glm::dvec2& at, const Rgba& color, int reach = 1) {
         for (int dx = -reach; dx <= reach; ++dx) {
             for (int dy = -reach; dy <= reach; ++dy) {
-                const int x = static_cast<int>(std::floor(at.x())) + dx;
-                const int y = static_cast<int>(std::floor(at.y())) + dy;
+                const int x = static_cast<int>(std::floor(at.x)) + dx;
+                const int y = static_cast<int>(std::floor(at.y)) + dy;
                 if (x >= 0 && y >= 0 && x < frame.width() && y < frame.height() &&
                     difference(frame.at(x, y), color) <= 2) {
                     return true;

@@ -11,13 +11,12 @@ constexpr int kSegments = 80;
 /// A step of the rings, as the single-precision number it is.
 constexpr double kStep = 0.07853981852531433;
 
-using Eigen::Vector3d;
-using Segments = std::vector<std::pair<Vector3d, Vector3d>>;
+using Segments = std::vector<std::pair<glm::dvec3, glm::dvec3>>;
 
-bool isFarFrom(const Eigen::Vector2d& at, const Eigen::Vector2d& from, const Eigen::Vector2d& to) {
-    const Eigen::Vector2d along = to - from;
-    const double share = std::clamp((at - from).dot(along) / along.squaredNorm(), 0.0, 1.0);
-    return (from + share * along - at).norm() > 3.0;
+bool isFarFrom(const glm::dvec2& at, const glm::dvec2& from, const glm::dvec2& to) {
+    const glm::dvec2 along = to - from;
+    const double share = std::clamp(glm::dot(at - from, along) / glm::dot(along, along), 0.0, 1.0);
+    return glm::length(from + share * along - at) > 3.0;
 }
 
 /// The rings of a drag, worked out from where the camera and the mouse are.
@@ -27,40 +26,42 @@ class Rings : public OverlayTest {
 
     void drag(double x, double y) {
         radiusPx = [&] {
-            const XPnt3d middle = camera->projectPnt(fromEigen(center));
+            const XPnt3d middle = camera->projectPnt(asPoint(center));
             double beside[3] = {};
             camera->mapToSphere(middle.x + 0.5, middle.y, beside);
             return 0.5 / beside[0];
         }();
-        camera->onButtonDown(2, press.x(), press.y());
+        camera->onButtonDown(2, press.x, press.y);
         camera->onMouseMove(x, y);
         settle();
         const EyeOracle oracle(*camera);
-        radius = radiusPx * oracle.unitsPerPixel(oracle.inEye(center).z());
+        radius = radiusPx * oracle.unitsPerPixel(oracle.inEye(center).z);
         start = oracle.inModel(onSphere(press));
         current = oracle.inModel(onSphere({x, y}));
-        towardsEye = toEigen(camera->getEye()) - toEigen(camera->getTarget());
+        towardsEye = asGlm(camera->getEye()) - asGlm(camera->getTarget());
     }
 
-    Vector3d onSphere(const Eigen::Vector2d& at) const {
-        const Eigen::Vector2d off = (at - EyeOracle(*camera).pixel(center)) / radiusPx;
-        return off.norm() >= 1.0 ? Vector3d(off.x() / off.norm(), off.y() / off.norm(), 0.0)
-                                 : Vector3d(off.x(), off.y(), std::sqrt(1.0 - off.squaredNorm()));
+    glm::dvec3 onSphere(const glm::dvec2& at) const {
+        const glm::dvec2 off = (at - EyeOracle(*camera).pixel(center)) / radiusPx;
+        return glm::length(off) >= 1.0 ? glm::dvec3(off.x / glm::length(off), off.y / glm::length(off), 0.0)
+                                       : glm::dvec3(off.x, off.y, std::sqrt(1.0 - glm::dot(off, off)));
     }
 
     Segments facing() const {
-        const Vector3d up = toEigen(camera->getUp());
-        return ring(towardsEye.cross(up).normalized(), up);
+        const glm::dvec3 up = asGlm(camera->getUp());
+        return ring(glm::normalize(glm::cross(towardsEye, up)), up);
     }
 
     /// All segments of the great circle through both points, beginning at the first one, away from the
     /// second.
-    Segments turning() const { return ring(start, -(current - start * start.dot(current)).normalized()); }
+    Segments turning() const {
+        return ring(start, -glm::normalize(current - start * glm::dot(start, current)));
+    }
 
-    Segments ring(const Vector3d& first, const Vector3d& second) const {
+    Segments ring(const glm::dvec3& first, const glm::dvec3& second) const {
         Segments all;
         for (int i = 0; i < kSegments; ++i) {
-            const auto at = [&](int step) -> Vector3d {
+            const auto at = [&](int step) -> glm::dvec3 {
                 return center + radius * (first * std::cos(step * kStep) + second * std::sin(step * kStep));
             };
             all.emplace_back(at(i), at(i + 1));
@@ -70,8 +71,8 @@ class Rings : public OverlayTest {
 
     /// Segment `i` of 80, counted from 0, is drawn: it begins on the viewer's side, or is one of every two.
     bool isDrawn(const Segments& all, int i) const {
-        const Vector3d from = all[static_cast<std::size_t>(i)].first - center;
-        const double side = from.dot(towardsEye) / (radius * towardsEye.norm());
+        const glm::dvec3 from = all[static_cast<std::size_t>(i)].first - center;
+        const double side = glm::dot(from, towardsEye) / (radius * glm::length(towardsEye));
         // None so near the edge that rounding could decide.
         EXPECT_GT(std::fabs(side), 1e-4);
         return side > 0.0 || i % 2 == 1;
@@ -88,7 +89,7 @@ class Rings : public OverlayTest {
             }
         }
         const auto& gap = circle[static_cast<std::size_t>(i)];
-        const Eigen::Vector2d at = (oracle.pixel(gap.first) + oracle.pixel(gap.second)) * 0.5;
+        const glm::dvec2 at = (oracle.pixel(gap.first) + oracle.pixel(gap.second)) * 0.5;
         return std::all_of(drawn.begin(), drawn.end(), [&](const auto& segment) {
             return isFarFrom(at, oracle.pixel(segment.first), oracle.pixel(segment.second));
         });
@@ -114,13 +115,13 @@ class Rings : public OverlayTest {
         return all;
     }
 
-    Vector3d center{0.0, 0.0, 0.0};
-    Eigen::Vector2d press;
+    glm::dvec3 center{0.0, 0.0, 0.0};
+    glm::dvec2 press;
     double radiusPx = 0.0;
     double radius = 0.0;
-    Vector3d start;
-    Vector3d current;
-    Vector3d towardsEye;
+    glm::dvec3 start;
+    glm::dvec3 current;
+    glm::dvec3 towardsEye;
 };
 
 TEST_F(Rings, AreDrawnOnlyWhileTheModelIsBeingRotated) {
@@ -151,7 +152,7 @@ TEST_F(Rings, AreACircleThatFacesTheViewerTheCircleOfTheDragAndTwoRadii) {
         Calls expected{call("glIsEnabled", GL_LIGHTING), call("glDisable", GL_LIGHTING)};
         append(expected, expectedRings());
         append(expected, {call("glLineWidth", 1), call("glBegin", GL_LINES)});
-        for (const Vector3d& end : {start, current}) {
+        for (const glm::dvec3& end : {start, current}) {
             append(expected, {colorOf({1.0F, 1.0F, 1.0F}), vertex(center, 0.0),
                               vertex(center + radius * end, tolerance())});
         }
@@ -163,8 +164,8 @@ TEST_F(Rings, AreACircleThatFacesTheViewerTheCircleOfTheDragAndTwoRadii) {
 TEST_F(Rings, LieAboutTheRotationCentre) {
     center = {1234.0, -567.0, 89.0};
     camera->setExtent({1214.0, 1254.0, -587.0, -547.0, 69.0, 109.0}, false);
-    camera->setRotationCenter(center.x(), center.y(), center.z());
-    camera->setCamera({1300.0, -600.0, 150.0}, fromEigen(center), {0.0, 0.0, 1.0});
+    camera->setRotationCenter(center.x, center.y, center.z);
+    camera->setCamera({1300.0, -600.0, 150.0}, asPoint(center), {0.0, 0.0, 1.0});
     camera->updateSphereRadius();
     drag(260.0, 150.0);
     const CallTrace trace;
@@ -200,7 +201,7 @@ TEST_F(Rings, FacingCircleIsClosed) {
     const CallTrace trace;
     camera->drawTrackBall();
     const Calls vertices = trace.calls("glVertex3d");
-    const Vector3d first = facing().front().first;
+    const glm::dvec3 first = facing().front().first;
     EXPECT_TRUE(callMatches(vertices[0], vertex(first, tolerance())));
     EXPECT_TRUE(callMatches(vertices[2 * kSegments - 1], vertex(first, tolerance())));
     for (std::size_t i = 2; i < 2 * kSegments; i += 2) {
@@ -209,7 +210,7 @@ TEST_F(Rings, FacingCircleIsClosed) {
 }
 
 TEST_F(Rings, KeepTheFacingCircleAndTheRadiiBeforeTheMouseHasMoved) {
-    drag(press.x(), press.y());
+    drag(press.x, press.y);
     const CallTrace trace;
     camera->drawTrackBall();
     const Calls vertices = trace.calls("glVertex3d");
@@ -223,10 +224,9 @@ TEST_F(Rings, KeepTheFacingCircleAndTheRadiiBeforeTheMouseHasMoved) {
     EXPECT_EQ(trace.count("glBegin"), 3U);
     // The drag's circle has no second direction: what is drawn of it lies on the line of the radius.
     for (std::size_t i = 2 * kSegments; i < count - 4; ++i) {
-        Vector3d at;
-        ASSERT_EQ(std::sscanf(vertices[i].c_str(), "glVertex3d(%lf, %lf, %lf)", &at.x(), &at.y(), &at.z()),
-                  3);
-        EXPECT_LT(at.cross(start).norm(), tolerance()) << vertices[i];
+        glm::dvec3 at;
+        ASSERT_EQ(std::sscanf(vertices[i].c_str(), "glVertex3d(%lf, %lf, %lf)", &at.x, &at.y, &at.z), 3);
+        EXPECT_LT(glm::length(glm::cross(at, start)), tolerance()) << vertices[i];
     }
 }
 
@@ -253,13 +253,13 @@ TEST_F(Rings, LookSolidInFrontAndDashedBehind) {
         camera->drawTrackBall();
         const Picture frame = look(ortho ? "rings-orthographic" : "rings-perspective");
         const EyeOracle oracle(*camera);
-        const auto middleOf = [&](const std::pair<Vector3d, Vector3d>& segment) {
-            return Eigen::Vector2d((oracle.pixel(segment.first) + oracle.pixel(segment.second)) * 0.5);
+        const auto middleOf = [&](const std::pair<glm::dvec3, glm::dvec3>& segment) {
+            return (oracle.pixel(segment.first) + oracle.pixel(segment.second)) * 0.5;
         };
         for (const auto& segment : facing()) {
             EXPECT_TRUE(isLit(frame, middleOf(segment), kWhite));
         }
-        for (const Vector3d& end : {start, current}) {
+        for (const glm::dvec3& end : {start, current}) {
             EXPECT_TRUE(isLit(frame, oracle.pixel(center + radius * end * 0.5), kWhite));
         }
         const Segments circle = turning();
@@ -268,10 +268,10 @@ TEST_F(Rings, LookSolidInFrontAndDashedBehind) {
         int solid = 0;
         for (int i = 0; i < kSegments; ++i) {
             const auto& segment = circle[static_cast<std::size_t>(i)];
-            const Eigen::Vector2d at = middleOf(segment);
+            const glm::dvec2 at = middleOf(segment);
             if (isDrawn(circle, i)) {
                 EXPECT_TRUE(isLit(frame, at, kWhite)) << i;
-                const bool isFront = (segment.first - center).dot(towardsEye) > 0.0;
+                const bool isFront = glm::dot(segment.first - center, towardsEye) > 0.0;
                 solid += isFront ? 1 : 0;
                 dashes += isFront ? 0 : 1;
             } else if (isAlone(circle, i, oracle)) {

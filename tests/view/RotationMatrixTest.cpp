@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <Eigen/Geometry>
 #include <cmath>
 #include <random>
 #include <vector>
@@ -8,6 +7,7 @@
 #include "MatrixHelp.h"
 #include "QelMatrix.h"
 #include "QelRotation.h"
+#include "base/EigenOracle.h"
 
 namespace qel::test {
 namespace {
@@ -92,10 +92,10 @@ TEST(RotationFromQuaternion, AgreesWithAnotherLibraryWhateverTheLength) {
         const float y = component(random);
         const float z = component(random);
         const float w = component(random);
-        const Eigen::Quaternionf same(w, x, y, z);
-        const Eigen::Matrix3d expected = same.cast<double>().normalized().toRotationMatrix();
-        // The whole is transposed: its rows turn row vectors.
-        ASSERT_LE((asEigen(ofQuat(x, y, z, w)).transpose() - expected).cwiseAbs().maxCoeff(), 1e-6);
+        // Its rows turn row vectors, so it is the turn the other way.
+        const Rows expected = turnOf(static_cast<double>(w), static_cast<double>(-x), static_cast<double>(-y),
+                                     static_cast<double>(-z));
+        ASSERT_LE(largestDifference(rowsOf(ofQuat(x, y, z, w)), expected), 1e-6);
     }
 }
 

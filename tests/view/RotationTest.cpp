@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <Eigen/Geometry>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -187,7 +186,7 @@ TEST_F(Rotation, TheCentreCanBePickedInTheDrawnScene) {
     }
     glEnd();
     const Placement before(*camera);
-    const XPnt3d expected = fromEigen(EyeOracle(*camera).pointUnder({120.0, 90.0}, {0.0, 0.0, 12.0}));
+    const XPnt3d expected = asPoint(EyeOracle(*camera).pointUnder({120.0, 90.0}, {0.0, 0.0, 12.0}));
     EXPECT_EQ(camera->setRotationCenterAt(120, 90), 1);
     EXPECT_EQ(Placement(*camera), before);
     // 24 bits of depth over a far distance of 1400 units; see the clipping planes of the extent.
@@ -210,19 +209,19 @@ TEST_F(Rotation, ADragTurnsTheModelByTwiceTheAngleOnTheSphere) {
         const double y1 = 150.0 + radius * share(random);
         place({0.0, 0.0, 100.0}, {}, {0.0, 1.0, 0.0});
         const auto onSphere = [&](double x, double y) {
-            Eigen::Vector3d v((x - image.x) / radius, (y - image.y) / radius, 0.0);
-            v.z() = v.norm() < 1.0 ? std::sqrt(1.0 - v.squaredNorm()) : 0.0;
-            return oracle.inModel(v.normalized());
+            glm::dvec3 v((x - image.x) / radius, (y - image.y) / radius, 0.0);
+            v.z = glm::length(v) < 1.0 ? std::sqrt(1.0 - glm::dot(v, v)) : 0.0;
+            return oracle.inModel(glm::normalize(v));
         };
-        const Eigen::Vector3d from = onSphere(x0, y0);
-        const Eigen::Vector3d to = onSphere(x1, y1);
-        const ModelTurn turn{Eigen::Vector3d::Zero(), from.cross(to),
-                             2.0 * std::atan2(from.cross(to).norm(), from.dot(to))};
+        const glm::dvec3 from = onSphere(x0, y0);
+        const glm::dvec3 to = onSphere(x1, y1);
+        const ModelTurn turn{glm::dvec3(0.0), glm::cross(from, to),
+                             2.0 * std::atan2(glm::length(glm::cross(from, to)), glm::dot(from, to))};
         EXPECT_EQ(camera->onButtonDown(2, x0, y0), 1);
         EXPECT_EQ(camera->onMouseMove(x1, y1), 1);
         EXPECT_EQ(camera->onButtonUp(), 1);
-        EXPECT_TRUE(isNear(camera->getEye(), fromEigen(turn.place({0.0, 0.0, 100.0})), 100.0 * kSphere));
-        EXPECT_TRUE(isNear(camera->getUp(), fromEigen(turn.direction({0.0, 1.0, 0.0})), kSphere));
+        EXPECT_TRUE(isNear(camera->getEye(), asPoint(turn.place({0.0, 0.0, 100.0})), 100.0 * kSphere));
+        EXPECT_TRUE(isNear(camera->getUp(), asPoint(turn.direction({0.0, 1.0, 0.0})), kSphere));
         EXPECT_TRUE(isNear(camera->getTarget(), {}, kSphere));
     }
 }
