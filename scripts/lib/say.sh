@@ -7,6 +7,9 @@ die() {
     exit 1
 }
 
+# sayUsage SCRIPT: the comment at its head.
+sayUsage() { sed -n '2,/^set /{/^# shellcheck/d;s/^# \{0,1\}//p}' "$1"; }
+
 isTerminal() { [ -t 1 ] && [ -z "${CI:-}" ]; }
 
 # Ends the group of the command that is running when the script itself is interrupted. Background commands of a script ignore
@@ -22,7 +25,8 @@ trap 'stopRunning; exit 143' TERM
 
 # runLogged TITLE LOG [-p PATTERN TOTAL] -- COMMAND...
 # Runs COMMAND with its output in LOG. Shows every so often how far it is: the number of lines of LOG that match PATTERN, of about
-# TOTAL, or else the seconds gone. TOTAL may be "told" for a command that tells it in LOG itself, as test programs and ninja do. On failure shows the end of LOG and returns the command's exit code.
+# TOTAL, or else the seconds gone. TOTAL may be "told" for a command that tells it in LOG itself, as ninja does. On failure shows the end
+# of LOG and returns the command's exit code.
 runLogged() {
     local title=$1 log=$2 pattern='' total=0
     shift 2
@@ -61,7 +65,7 @@ showProgress() {
     shown=$((seconds / every))
     text="   $title: $seconds s"
     if [ "$total" = told ]; then
-        total=$(sed -n -e 's/^\[=*\] Running \([0-9]*\) test.*/\1/p' -e 's|^\[[0-9]*/\([0-9]*\)\].*|\1|p' "$log" | tail -n 1)
+        total=$(sed -n 's|^\[[0-9]*/\([0-9]*\)\].*|\1|p' "$log" | tail -n 1)
     fi
     if [ -n "$pattern" ]; then text="$text, $(grep -c -E "$pattern" "$log" || true) of about ${total:-?}"; fi
     if isTerminal; then printf '\r\033[K%s' "$text"; else printf '%s\n' "$text"; fi

@@ -1,6 +1,10 @@
 # Debian packages: the list stands in scripts/packages.
 
-neededPackages() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$qelRoot/scripts/packages"; }
+neededPackages() {
+    local last='$'
+    if [ "$wanted" = --for-viewer ]; then last='/^# Only the tests/'; fi
+    sed -n "1,${last}p" "$qelRoot/scripts/packages" | sed -e 's/#.*//' -e '/^[[:space:]]*$/d'
+}
 
 # The needed packages that are not installed, one a line.
 missingPackages() {
