@@ -47,7 +47,7 @@ class TrackBallViewport : public ::testing::TestWithParam<ViewportCase> {
     }
 
     /// Where the viewport puts a pixel of the view.
-    static Eigen::Vector2d windowOf(double x, double y) {
+    static glm::dvec2 windowOf(double x, double y) {
         const ViewportCase& shown = GetParam();
         return {shown.x + x * shown.width / kWidth, shown.y + y * shown.height / kHeight};
     }
@@ -72,9 +72,9 @@ class TrackBallViewport : public ::testing::TestWithParam<ViewportCase> {
     }
 
     /// The first numbers of the last call of a function.
-    static Eigen::Vector3d numbersOf(const CallTrace& trace, const char* name) {
+    static glm::dvec3 numbersOf(const CallTrace& trace, const char* name) {
         const std::string last = trace.callsOf(name).back();
-        Eigen::Vector3d numbers;
+        glm::dvec3 numbers;
         EXPECT_EQ(std::sscanf(last.c_str() + last.find('('), "(%lf, %lf, %lf", &numbers[0], &numbers[1],
                               &numbers[2]),
                   3);
@@ -97,10 +97,10 @@ class TrackBallViewport : public ::testing::TestWithParam<ViewportCase> {
 TEST_P(TrackBallViewport, LabelsBeginAtTheProjectedPixelOfTheirPoint) {
     const XPnt3d point = pointUnder(110.0, 80.0);
     showThroughViewport();
-    const Eigen::Vector2d expected = windowOf(110.0, 80.0);
+    const glm::dvec2 expected = windowOf(110.0, 80.0);
     const XPnt3d pixel = camera->projectPnt(point);
-    ASSERT_NEAR(pixel.x, expected.x(), 1e-2);
-    ASSERT_NEAR(pixel.y, expected.y(), 1e-2);
+    ASSERT_NEAR(pixel.x, expected.x, 1e-2);
+    ASSERT_NEAR(pixel.y, expected.y, 1e-2);
     for (const auto& [dx, dy] : {std::pair{0.25, 0.25}, {12.25, -7.75}}) {
         surface.clear();
         showThroughViewport();
@@ -119,11 +119,11 @@ TEST_P(TrackBallViewport, TheTripodStandsWhereItStandsInTheWholeView) {
             camera->drawAxes();
             return numbersOf(trace, "glTranslated");
         });
-        EXPECT_LT((whole - shown).norm(), 1e-4);
-        const XPnt3d anchor = camera->project(shown.x(), shown.y(), shown.z());
-        const Eigen::Vector2d expected = windowOf(kWidth - 40.0, kHeight - 40.0);
-        EXPECT_NEAR(anchor.x, expected.x(), 1e-2);
-        EXPECT_NEAR(anchor.y, expected.y(), 1e-2);
+        EXPECT_LT(glm::distance(whole, shown), 1e-4);
+        const XPnt3d anchor = camera->project(shown.x, shown.y, shown.z);
+        const glm::dvec2 expected = windowOf(kWidth - 40.0, kHeight - 40.0);
+        EXPECT_NEAR(anchor.x, expected.x, 1e-2);
+        EXPECT_NEAR(anchor.y, expected.y, 1e-2);
     }
 }
 
@@ -162,15 +162,15 @@ TEST_P(TrackBallViewport, TheOrthographicBoxIsBuiltFromTheMiddleOfTheView) {
         camera->setOrtho();
         return numbersOf(trace, "glOrtho");
     });
-    EXPECT_LT((whole - shown).norm(), 1e-3 * whole.norm());
+    EXPECT_LT(glm::distance(whole, shown), 1e-3 * glm::length(whole));
 }
 
 TEST_P(TrackBallViewport, TheTrackballSphereAndItsDragsFollowTheMouseInTheViewport) {
-    const auto dragged = [&](std::int32_t button, const Eigen::Vector2d& from, const Eigen::Vector2d& to) {
+    const auto dragged = [&](std::int32_t button, const glm::dvec2& from, const glm::dvec2& to) {
         camera->setCamera({60.0, -50.0, 70.0}, {2.0, 1.0, -1.0}, {0.0, 0.0, 1.0});
         camera->updateSphereRadius();
-        camera->onButtonDown(button, from.x(), from.y());
-        camera->onMouseMove(to.x(), to.y());
+        camera->onButtonDown(button, from.x, from.y);
+        camera->onMouseMove(to.x, to.y);
         camera->onButtonUp();
         return Placement(*camera);
     };
@@ -214,8 +214,9 @@ TEST_P(TrackBallViewport, TheSphereKeepsItsSizeInTheModel) {
         camera->onButtonUp();
         return numbersOf(trace, "glVertex3d");
     });
-    const Eigen::Vector3d center(1.0, -2.0, 3.0);
-    EXPECT_NEAR((shown - center).norm(), (whole - center).norm(), 1e-3 * (whole - center).norm());
+    const glm::dvec3 center(1.0, -2.0, 3.0);
+    const double radius = glm::distance(whole, center);
+    EXPECT_NEAR(glm::distance(shown, center), radius, 1e-3 * radius);
 }
 
 INSTANTIATE_TEST_SUITE_P(, TrackBallViewport, ::testing::ValuesIn(kViewports),
