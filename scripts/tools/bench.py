@@ -1,6 +1,6 @@
-"""bench [--compare OLD.json | --page | --verify | --load] [OPTION...] [FILTER...]: measures what each call of the module takes, alone and compared
-with the same calls of OpenGL, GLU, WGL and GDI by hand, for the operations whose names contain a FILTER or for all. Prints a table; writes
-out/bench/bench.json and charts next to it. Exit code 1 if something is slower than it may be.
+"""bench [--compare OLD.json | --page | --verify | --load] [OPTION...] [FILTER...]: measures what each call of the module takes, alone and
+compared with the same calls of OpenGL, GLU, WGL and GDI by hand, for the operations whose names contain a FILTER or for all. Prints a
+table; writes out/bench/bench.json and charts next to it. Exit code 1 if something is slower than it may be.
   --quick             a few seconds for each operation at most
   --own, --pairs      only the module's own cost, or only the comparison
   --seconds N         at most so many seconds for each comparison

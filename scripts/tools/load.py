@@ -57,7 +57,8 @@ def measure():
         seconds, megabytes, printed = viewer(file, picture)
         parts = {part: float(value) for part, value in re.findall(r"qelview: (\w+) +([\d.]+) s", printed)}
         other = best(["f3d", file, "--output", picture, "--resolution", "1280,800"], picture) if shutil.which("f3d") else None
-        rows.append({"title": title, "size": file.stat().st_size, "seconds": seconds, "peak": megabytes, "parts": parts, "f3d": other and other[:2]})
+        row = {"title": title, "size": file.stat().st_size, "seconds": seconds, "peak": megabytes, "parts": parts}
+        rows.append({**row, "f3d": other and other[:2]})
     RESULTS.write_text(json.dumps({"empty": empty[0], "files": rows}, indent=2) + "\n")
 
 
@@ -68,8 +69,10 @@ def table(results):
         parts = (f"{each['parts'][part]:.2f}" for part in PARTS)
         return [size, f"{each['seconds']:.2f}", f"{each['peak']:.0f}", *other, *parts]
 
-    lines = [["file", "qelview, s", "peak, MB", "f3d, s", "peak, MB", *PARTS], ["---", *["--:"] * (len(PARTS) + 4)], *map(row, results["files"])]
-    return "\n".join(f"| {' | '.join(line)} |" for line in lines) + f"\n\nThe sample scene, which reads no file, takes {results['empty']:.2f} s.\n"
+    head = ["file", "qelview, s", "peak, MB", "f3d, s", "peak, MB", *PARTS]
+    lines = [head, ["---", *["--:"] * (len(head) - 1)], *map(row, results["files"])]
+    text = "\n".join(f"| {' | '.join(line)} |" for line in lines)
+    return f"{text}\n\nThe sample scene, which reads no file, takes {results['empty']:.2f} s.\n"
 
 
 def main(arguments):
