@@ -19,10 +19,31 @@ HFONT createFont() {
                        CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, face.c_str());
 }
 
+/// Some drivers refuse an empty bitmap, with an error that the host has no part in. An error that waited for
+/// the host from before is the one that OpenGL kept: it is raised again.
+void dropRefusal() {
+    switch (glGetError()) {
+        case GL_INVALID_ENUM:
+            glEnable(GL_NONE);
+            break;
+        case GL_INVALID_VALUE:
+            glLineWidth(-1.0F);
+            break;
+        case GL_INVALID_OPERATION:
+        case GL_STACK_OVERFLOW:
+        case GL_STACK_UNDERFLOW:
+            glEnd();
+            break;
+        default:
+            break;
+    }
+}
+
 /// Some drivers refuse the empty bitmap that the system compiles for a character without ink, and words run
 /// together. One that points somewhere is accepted by all.
 void recordSpace(HDC deviceContext, GLuint list) {
     constexpr GLubyte kNoInk[] = {0};
+    dropRefusal();
     INT advance = 0;
     GetCharWidth32W(deviceContext, kFirstCharacter, kFirstCharacter, &advance);
     glNewList(list, GL_COMPILE);

@@ -2,6 +2,7 @@
 
 #include "DisplayFixtureWindows.h"
 #include "kit/GlSurface.h"
+#include "kit/StateSnapshot.h"
 
 namespace qel::test {
 namespace {
@@ -99,15 +100,27 @@ TEST(BitmapFont, OfALentContextGoesWithADisplayThatHasAWindowSince) {
     EXPECT_FALSE(glIsList(kListBase));
 }
 
+/// An error that waits for a host, and a way to raise it.
+struct Waiting {
+    GLenum error;
+    void (*raise)();
+};
+
 TEST(BitmapFont, IsBuiltWithoutTakingTheErrorThatWaitsForTheHost) {
     const GlSurface surface;
-    for (const GLenum error : {GLenum{GL_INVALID_ENUM}, GLenum{GL_INVALID_VALUE}}) {
-        error == GL_INVALID_ENUM ? glEnable(GL_LINE) : glLineWidth(-1.0F);
+    const Waiting errors[] = {{GL_INVALID_ENUM, [] { glBegin(GL_ALL_ATTRIB_BITS); }},
+                              {GL_INVALID_VALUE, [] { glPointSize(0.0F); }},
+                              {GL_INVALID_OPERATION, [] { glEnd(); }}};
+    for (const Waiting& waiting : errors) {
         const HeldDisplay display;
-        const CallTrace trace;
         attachTo(display, surface);
-        EXPECT_EQ(trace.count("glGetError"), 0U);
-        EXPECT_EQ(pendingError(), error);
+        const StateSnapshot prepared = StateSnapshot::take();
+        const HeldDisplay other;
+        waiting.raise();
+        attachTo(other, surface);
+        EXPECT_EQ(pendingError(), waiting.error);
+        EXPECT_EQ(pendingError(), static_cast<GLenum>(GL_NO_ERROR));
+        EXPECT_TRUE(changesOnly(prepared, StateSnapshot::take()));
     }
 }
 

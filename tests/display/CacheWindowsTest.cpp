@@ -18,7 +18,8 @@ TEST_F(Cache, KeepsTheFrameDrawsTheOverlaysSwapsAndRefreshesTheDepth) {
     append(expected, depthRefreshed(kWidth, kHeight));
     // The scene was drawn without texturing.
     append(expected, {call("glDisable", GL_TEXTURE_2D)});
-    EXPECT_TRUE(callsMatch(withoutQuestions(trace.calls("gl", "wgl", "SwapBuffers")), expected));
+    EXPECT_TRUE(
+        callsMatch(withoutQuestions(trace.calls("gl", "wgl", "SwapBuffers")), withoutQuestions(expected)));
 }
 
 TEST_F(Cache, DrawsTheOverlaysAfterTheReadingAndBeforeTheSwap) {

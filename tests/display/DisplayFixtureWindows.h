@@ -106,6 +106,7 @@ inline Calls fontBuilt(HDC dc) {
         call("CreateFontW", -18, 0, 0, 0, 100, 0, 0, 0, 0, 4, 0, 4, 0, "Segoe UI"),
         call("SelectObject", dc, any),
         call("wglUseFontBitmapsW", dc, kFirstCharacter, kFontLists, any),
+        call("glGetError"),
         call("GetCharWidth32W", dc, kFirstCharacter, kFirstCharacter, out),
         call("glNewList", any, GL_COMPILE),
         call("glBitmap", 0, 0, 0, 0, any, 0, any),

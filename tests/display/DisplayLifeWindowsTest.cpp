@@ -36,9 +36,9 @@ TEST(DisplayLife, EndsWithItsListsItsControllerAndItsContext) {
 
         Calls expected = currentAsked();
         append(expected,
-               {call("wglMakeCurrent", dcOf(window), context), call("glDeleteLists", kListBase, kFontLists),
-                call("wglMakeCurrent", dcOf(window), nullptr), call("wglDeleteContext", context),
-                call("ReleaseDC", hwndOf(window), dcOf(window))});
+               {call("wglMakeCurrent", widened(window.dc()), context),
+                call("glDeleteLists", kListBase, kFontLists), call("wglMakeCurrent", dcOf(window), nullptr),
+                call("wglDeleteContext", context), call("ReleaseDC", hwndOf(window), dcOf(window))});
         append(expected, holdersGone());
         EXPECT_TRUE(callsMatch(trace.calls(), expected));
         EXPECT_EQ(currentContext(), nullptr);
@@ -159,7 +159,7 @@ TEST_F(TwoDisplays, DeleteOnlyTheirOwnLists) {
     first.release();
     const Calls calls = trace.calls("glDeleteLists", "wglMakeCurrent");
     ASSERT_GE(calls.size(), 2U);
-    EXPECT_TRUE(callMatches(calls[0], call("wglMakeCurrent", dcOf(firstWindow), any)));
+    EXPECT_TRUE(callMatches(calls[0], call("wglMakeCurrent", widened(firstWindow.dc()), any)));
     EXPECT_TRUE(callMatches(calls[1], call("glDeleteLists", any, kFontLists)));
     EXPECT_EQ(trace.count("glDeleteLists"), 1U);
 }
