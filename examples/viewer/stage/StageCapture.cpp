@@ -22,7 +22,7 @@ CaptureEnd endOf(const std::filesystem::path& file, std::uint32_t width, std::ui
     if (!std::filesystem::exists(file, error) || std::filesystem::is_directory(file, error)) {
         return CaptureEnd::NotWritten;
     }
-    return endOf(file, width, height);
+    return isWholeBitmap(file, width, height) ? CaptureEnd::Whole : CaptureEnd::NotWhole;
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ CaptureEnd Stage::capture(const std::filesystem::path& file) {
     std::swap(shown, notes);
     partsPerDrawn = parts;
     display->saveBitmap();
-    return isWholeBitmap(file, width, height) ? CaptureEnd::Whole : CaptureEnd::NotWhole;
+    return endOf(file, width, height);
 }
 
 }  // namespace qelview
