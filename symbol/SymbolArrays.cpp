@@ -42,22 +42,35 @@ constexpr std::uint32_t kByteColor = GL_BYTE;
 
 /// Puts an error of the host's back that had to be read. The rarer ones cannot be raised without a change.
 void raiseAgain(GLenum error) {
-    constexpr GLenum kNoType = 0;
+    constexpr GLenum kNoParameter = 0;
+    constexpr GLint kNoAlignment = 3;
     if (error == GL_INVALID_ENUM) {
-        glVertexPointer(3, kNoType, 0, nullptr);
+        glPixelStorei(kNoParameter, 0);
     } else if (error == GL_INVALID_VALUE) {
-        glVertexPointer(3, GL_FLOAT, -1, nullptr);
+        glPixelStorei(GL_PACK_ALIGNMENT, kNoAlignment);
     } else if (error == GL_INVALID_OPERATION) {
         glEnd();
     }
 }
 
 /// Asks OpenGL by setting the pointer. A refused one would leave the memory of an earlier call, which may be
-/// gone, to be drawn from.
+/// gone, to be drawn from. Some drivers set what they refuse, so the pointer of before is set again.
 bool openGlTakes(const Layout& vertices) {
+    GLint size = 0;
+    GLint type = 0;
+    GLint stride = 0;
+    void* pointer = nullptr;
     const GLenum errorOfTheHost = glGetError();
+    glGetIntegerv(GL_VERTEX_ARRAY_SIZE, &size);
+    glGetIntegerv(GL_VERTEX_ARRAY_TYPE, &type);
+    glGetIntegerv(GL_VERTEX_ARRAY_STRIDE, &stride);
+    glGetPointerv(GL_VERTEX_ARRAY_POINTER, &pointer);
     glVertexPointer(3, vertices.type, vertices.stride, vertices.data);
     const bool taken = glGetError() == GL_NO_ERROR;
+    if (!taken) {
+        glVertexPointer(size, static_cast<GLenum>(type), stride, pointer);
+        static_cast<void>(glGetError());
+    }
     raiseAgain(errorOfTheHost);
     return taken;
 }
