@@ -41,12 +41,13 @@ file(CONFIGURE OUTPUT "${generated}/qconfig.h" CONTENT [[
 #define QT_LARGEFILE_SUPPORT 64
 #define QT_COMPILER_SUPPORTS_SSE2 1
 @config@]] @ONLY)
-file(WRITE "${generated}/qtcore-config.h" "")
-file(WRITE "${generated}/private/qconfig_p.h" "")
-file(WRITE "${generated}/private/qtcore-config_p.h" "")
-file(WRITE "${generated}/qtcore_tracepoints_p.h" "#include <private/qtrace_p.h>\n")
+file(CONFIGURE OUTPUT "${generated}/qtcore-config.h" CONTENT "")
+file(CONFIGURE OUTPUT "${generated}/private/qconfig_p.h" CONTENT "")
+file(CONFIGURE OUTPUT "${generated}/private/qtcore-config_p.h" CONTENT "")
+file(CONFIGURE OUTPUT "${generated}/QtCoreDepends" CONTENT "")
+file(CONFIGURE OUTPUT "${generated}/qtcore_tracepoints_p.h" CONTENT "#include <private/qtrace_p.h>\n")
 # Where a Qt that is installed would look for its parts; a host has this one beside itself.
-file(WRITE "${generated}/qconfig.cpp" [[
+file(CONFIGURE OUTPUT "${generated}/qconfig.cpp" CONTENT [[
 #define QT_CONFIGURE_CROSSBUILD 0
 #define QT_CONFIGURE_PREFIX_PATH "/qt5core"
 #define QT_CONFIGURE_SETTINGS_PATH "etc/xdg"
