@@ -43,6 +43,12 @@ class Links(unittest.TestCase):
     def test_a_symbol_of_a_floor_above_is_found(self):
         self.assertEqual(self.found("high/A.cpp: f T 0 0", "low/B.cpp: f U         "), ["low/B.cpp needs f of high/"])
 
+    def test_a_host_takes_what_the_module_exports_but_keeps_to_its_own_floors(self):
+        rules = {"module": (), "examples/low": (), "examples/high": ("examples/low",)}
+        lines = ("module/M.cpp: m T 0 0", "examples/high/A.cpp: f T 0 0", "examples/low/B.cpp: m U 0 0", "examples/low/B.cpp: f U 0 0")
+        found = list(sources.links_up(*sources.read_symbols("\n".join(lines)), rules))
+        self.assertEqual(found, ["examples/low/B.cpp needs f of examples/high/"])
+
     def test_an_imported_symbol_counts_like_any(self):
         self.assertEqual(self.found("high/A.cpp: f T 0 0", "low/B.cpp: __imp_f U         "), ["low/B.cpp needs f of high/"])
 
