@@ -168,7 +168,7 @@ def check_package():
             return
         check_files(prefix)
         kept = [path for path in sorted(prefix.rglob("*")) if path.is_file() and DOCUMENTS not in path.as_posix()]
-        parts = [part for path in kept for part in (path.relative_to(prefix), path)]
+        parts = [part for path in kept for part in (str(path.relative_to(prefix)), path)]
         for number, (sentence, judge) in enumerate(RUNS):
             work = pathlib.Path(folder, str(number))
             work.mkdir()
