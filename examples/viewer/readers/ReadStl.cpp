@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "AllCores.h"
 #include "ByteOrder.h"
 #include "Numbering.h"
 #include "ReadError.h"
@@ -53,24 +54,24 @@ qel::QelColor3f colorOf(std::uint16_t bits) {
     return {share(10), share(5), share(0)};
 }
 
+/// Gives the corners of binary triangles their vertices: places and colours that differ. Looking up what is
+/// known already takes longest, so that each core looks up its own share of the places.
 class BinaryStlReading {
   public:
     BinaryStlReading(std::string_view bytesOfFile, const ProgressStretch& progressOfFile)
         : bytes(bytesOfFile),
           progress(progressOfFile),
           triangles(promisedTriangles(bytes)),
-          // Closed surfaces have twice as many triangles as vertices.
-          vertices(triangles / 2 + 2) {}
+          // As many as there are cores, if it is worth while.
+          pieces(piecesOf(triangles)),
+          shares(pieces.size()) {}
 
     Scene run() {
         if (triangles == 0) {
             refuse("header", "there is no triangle");
         }
-        mesh.indices.reserve(triangles * 3);
-        for (std::uint64_t triangle = 0; triangle < triangles; ++triangle) {
-            progress.reportPiece(triangle, triangles);
-            readTriangle(triangle);
-        }
+        mesh.indices.resize(triangles * 3);
+        onAllCores(pieces, [this](std::size_t share) { numberCorners(share); });
         giveVertices();
         Scene scene;
         scene.meshes.push_back(std::move(mesh));
@@ -82,47 +83,82 @@ class BinaryStlReading {
     }
 
   private:
-    void readTriangle(std::uint64_t triangle) {
-        const char* const record = bytes.data() + kHeaderSize + kRecordSize * triangle;
-        const auto bits = readScalar<std::uint16_t>(record + kColorOffset, ByteOrder::Little);
-        const std::uint16_t color = (bits & kHasColor) != 0 ? bits : 0;
-        hasColors = hasColors || color != 0;
-        for (std::size_t corner = 0; corner < 3; ++corner) {
-            std::array<std::uint32_t, 4> key{0, 0, 0, color};
-            for (std::size_t axis = 0; axis < 3; ++axis) {
-                const auto value = readScalar<float>(
-                    record + kNormalSize + (3 * corner + axis) * sizeof(float), ByteOrder::Little);
-                if (!(std::abs(value) <= static_cast<float>(kLargestCoordinate))) {
-                    refuse("triangle " + std::to_string(triangle + 1),
-                           "a coordinate " + faultOfCoordinate(static_cast<double>(value)));
-                }
-                // Adding 0 makes -0 a 0.
-                key.at(axis) = std::bit_cast<std::uint32_t>(value + 0.0F);
+    using Key = std::array<std::uint32_t, 4>;
+
+    /// The vertices of one core.
+    struct Share {
+        Numbering<std::uint32_t, 4> vertices{0};
+        bool hasColors = false;
+    };
+
+    /// Of all triangles, the corners whose places belong to a share. Until all are known, an index is the
+    /// number within the share, times the number of shares, plus the share.
+    void numberCorners(std::size_t number) {
+        // Closed surfaces have twice as many triangles as vertices.
+        Share share{Numbering<std::uint32_t, 4>(triangles / 2 / shares.size() + 2)};
+        for (std::uint64_t triangle = 0; triangle < triangles; ++triangle) {
+            if (number == 0) {
+                progress.reportPiece(triangle, triangles);
             }
-            mesh.indices.push_back(vertices.numberOf(key));
+            const char* const record = bytes.data() + kHeaderSize + kRecordSize * triangle;
+            const auto bits = readScalar<std::uint16_t>(record + kColorOffset, ByteOrder::Little);
+            const std::uint16_t color = (bits & kHasColor) != 0 ? bits : 0;
+            share.hasColors = share.hasColors || color != 0;
+            for (std::size_t corner = 0; corner < 3; ++corner) {
+                const Key key = keyOf(record + kNormalSize + 3 * corner * sizeof(float), color, triangle);
+                // Bits that neighbours differ in.
+                const std::uint32_t mixed = (key[0] ^ key[1] * 31U ^ key[2] * 97U) * 0x9E3779B1U;
+                if ((mixed >> 16U) % shares.size() == number) {
+                    mesh.indices[3 * triangle + corner] =
+                        static_cast<std::uint32_t>(share.vertices.numberOf(key) * shares.size() + number);
+                }
+            }
         }
+        shares[number] = std::move(share);
+    }
+
+    static Key keyOf(const char* place, std::uint16_t color, std::uint64_t triangle) {
+        Key key{0, 0, 0, color};
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            const auto value = readScalar<float>(place + axis * sizeof(float), ByteOrder::Little);
+            if (!(std::abs(value) <= static_cast<float>(kLargestCoordinate))) {
+                refuse("triangle " + std::to_string(triangle + 1),
+                       "a coordinate " + faultOfCoordinate(static_cast<double>(value)));
+            }
+            // Adding 0 makes -0 a 0.
+            key.at(axis) = std::bit_cast<std::uint32_t>(value + 0.0F);
+        }
+        return key;
     }
 
     void giveVertices() {
-        const auto number = [](std::uint32_t word) {
+        const auto coordinate = [](std::uint32_t word) {
             return static_cast<double>(std::bit_cast<float>(word));
         };
-        mesh.positions.reserve(vertices.known().size());
-        for (const auto& [x, y, z, color] : vertices.known()) {
-            mesh.positions.emplace_back(number(x), number(y), number(z));
-            if (hasColors) {
-                mesh.colors.push_back(colorOf(static_cast<std::uint16_t>(color)));
+        const bool hasColors =
+            std::any_of(shares.begin(), shares.end(), [](const Share& share) { return share.hasColors; });
+        std::vector<std::uint32_t> firsts;
+        for (const Share& share : shares) {
+            firsts.push_back(static_cast<std::uint32_t>(mesh.positions.size()));
+            for (const auto& [x, y, z, color] : share.vertices.known()) {
+                mesh.positions.emplace_back(coordinate(x), coordinate(y), coordinate(z));
+                if (hasColors) {
+                    mesh.colors.push_back(colorOf(static_cast<std::uint16_t>(color)));
+                }
             }
         }
+        const auto count = static_cast<std::uint32_t>(shares.size());
+        forEachOnAllCores(mesh.indices.size(), [&](std::size_t i) {
+            mesh.indices[i] = firsts[mesh.indices[i] % count] + mesh.indices[i] / count;
+        });
     }
 
     std::string_view bytes;
     ProgressStretch progress;
     std::uint64_t triangles;
-    /// Places and colours.
-    Numbering<std::uint32_t, 4> vertices;
+    std::vector<Piece> pieces;
+    std::vector<Share> shares;
     TriangleMesh mesh;
-    bool hasColors = false;
 };
 
 /// Follows the keywords of the text in their order.
