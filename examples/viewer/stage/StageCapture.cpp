@@ -1,5 +1,6 @@
 #include <QString>
 #include <cstdint>
+#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -18,8 +19,8 @@ bool removeOldPicture(const std::filesystem::path& file) {
 }
 
 CaptureEnd endOf(const std::filesystem::path& file, std::uint32_t width, std::uint32_t height) {
-    std::error_code error;
-    if (!std::filesystem::exists(file, error) || std::filesystem::is_directory(file, error)) {
+    // Opened rather than asked for: a folder is no file, and a device is one.
+    if (!std::ifstream(file, std::ios::binary).is_open()) {
         return CaptureEnd::NotWritten;
     }
     return isWholeBitmap(file, width, height) ? CaptureEnd::Whole : CaptureEnd::NotWhole;
