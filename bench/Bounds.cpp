@@ -16,6 +16,7 @@ Bound boundOf(Kind kind) {
         case Kind::Marker:
             return {1.10, 150.0};
         case Kind::Ball:
+        case Kind::CameraLoad:
         case Kind::FrameOfPolylines:
         case Kind::Projection:
         case Kind::Gdi:
@@ -24,6 +25,8 @@ Bound boundOf(Kind kind) {
         case Kind::FrameBracket:
         case Kind::Capture:
             return {1.05, 0.0};
+        case Kind::PlanarLoad:
+            return {0.0, 100.0};
         case Kind::Drag:
             return {0.0, 3000.0};
         case Kind::Text:

@@ -14,6 +14,8 @@ enum class Kind : std::uint8_t {
     Marker,
     Text,
     FrameBracket,
+    CameraLoad,
+    PlanarLoad,
     Capture,
     Projection,
     Drag,

@@ -173,7 +173,7 @@ void restoreCacheByHand(const FrameScene& scene) {
 }
 
 template <class Module, class Bare>
-void addBracket(Operations& all, const char* name, Module module, Bare bare) {
+void addBracket(Operations& all, const char* name, Module module, Bare bare, Kind kind = Kind::FrameBracket) {
     const auto prepare = [module, bare](Size size) {
         const auto scene = std::make_shared<FrameScene>(size);
         Forms forms;
@@ -182,7 +182,7 @@ void addBracket(Operations& all, const char* name, Module module, Bare bare) {
         forms.settle = Rig::finish;
         return forms;
     };
-    all.push_back({name, "call", Kind::FrameBracket, prepare});
+    all.push_back({name, "call", kind, prepare});
 }
 
 }  // namespace
@@ -193,7 +193,7 @@ void addFrameBenches(Operations& all) {
         [](FrameScene& scene) { beginFrameByHand(scene.view); });
     addBracket(
         all, "updateView", [](IQelDisplay& display) { display.updateView(); },
-        [](FrameScene& scene) { loadCamera(scene.view); });
+        [](FrameScene& scene) { loadCamera(scene.view); }, Kind::CameraLoad);
     addBracket(
         all, "beginDraw and endDraw",
         [](IQelDisplay& display) {

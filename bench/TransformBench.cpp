@@ -70,7 +70,8 @@ void deviceToWorldByHand(PlanarScene& scene, int x, int y) {
     scene.sum += point.x + 10.0 + static_cast<double>(depth);
 }
 
-void addPlanar(Operations& all, const char* name, void (*module)(PlanarScene&), void (*bare)(PlanarScene&)) {
+void addPlanar(Operations& all, const char* name, Kind kind, void (*module)(PlanarScene&),
+               void (*bare)(PlanarScene&)) {
     const auto prepare = [module, bare](Size) {
         const auto scene = std::make_shared<PlanarScene>();
         Forms forms;
@@ -78,23 +79,25 @@ void addPlanar(Operations& all, const char* name, void (*module)(PlanarScene&), 
         forms.bare = repeated([scene, bare] { bare(*scene); });
         return forms;
     };
-    all.push_back({name, "call", Kind::Projection, prepare});
+    all.push_back({name, "call", kind, prepare});
 }
 
 }  // namespace
 
 void addTransformBenches(Operations& all) {
     addPlanar(
-        all, "planar view: applyProjection", [](PlanarScene& scene) { scene.transform->applyProjection(); },
+        all, "planar view: applyProjection", Kind::PlanarLoad,
+        [](PlanarScene& scene) { scene.transform->applyProjection(); },
         [](PlanarScene&) { projectionByHand(); });
     addPlanar(
-        all, "planar view: resizeViewport", [](PlanarScene& scene) { scene.transform->resizeViewport(); },
+        all, "planar view: resizeViewport", Kind::PlanarLoad,
+        [](PlanarScene& scene) { scene.transform->resizeViewport(); },
         [](PlanarScene&) {
             glViewport(0, 0, kWidth, kHeight);
             projectionByHand();
         });
     addPlanar(
-        all, "planar view: worldToDevice",
+        all, "planar view: worldToDevice", Kind::Projection,
         [](PlanarScene& scene) {
             std::int32_t x = 0;
             std::int32_t y = 0;
@@ -105,7 +108,7 @@ void addTransformBenches(Operations& all) {
             worldToDeviceByHand(scene, {12.0, 23.0, 1.0});
         });
     addPlanar(
-        all, "planar view: deviceToWorld",
+        all, "planar view: deviceToWorld", Kind::Projection,
         [](PlanarScene& scene) {
             XPnt3d point;
             scene.transform->deviceToWorld(200, 300, point);
