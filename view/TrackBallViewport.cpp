@@ -51,7 +51,8 @@ qel::XPnt3d CQelTrackBall::unProjectOfView(double x, double y, double depth) {
 }
 
 qel::Enve2d CQelTrackBall::viewInWindow() {
-    const Place low = inWindow(0.0, 0.0);
-    const Place high = inWindow(static_cast<double>(viewWidth), static_cast<double>(viewHeight));
-    return {low.x, low.y, high.x, high.y};
+    updateGlMatrices();
+    const auto& [x, y, width, height] = held.viewport;
+    return {static_cast<double>(x), static_cast<double>(y), static_cast<double>(x) + width,
+            static_cast<double>(y) + height};
 }
