@@ -83,8 +83,9 @@ std::vector<std::filesystem::path> modelsIn(const std::filesystem::path& folder)
 }
 
 std::string bytesOf(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    std::string bytes(std::filesystem::file_size(file), '\0');
+    std::ifstream(file, std::ios::binary).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
 }
 
 /// Opens `tries` spoiled copies of the files; the number of a try is its seed.
