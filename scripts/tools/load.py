@@ -2,6 +2,7 @@
 memory, next to f3d where that is installed. Prints a table and keeps it in out/bench/load.json; with --page puts the kept one into
 docs/performance.md."""
 
+import datetime
 import json
 import os
 import pathlib
@@ -68,7 +69,8 @@ def measure_files():
         other = best(["f3d", file, "--output", picture, "--resolution", "1280,800"], picture) if shutil.which("f3d") else None
         row = {"title": title, "size": file.stat().st_size, "seconds": seconds, "peak": megabytes, "parts": parts}
         rows.append({**row, "f3d": other and other[:2]})
-    RESULTS.write_text(json.dumps({"empty": empty[0], "files": rows}, indent=2) + "\n")
+    by = {"date": datetime.date.today().isoformat(), "cores": os.cpu_count(), "load": round(os.getloadavg()[0], 1)}
+    RESULTS.write_text(json.dumps({**by, "empty": empty[0], "files": rows}, indent=2) + "\n")
 
 
 def table(results):
@@ -81,7 +83,8 @@ def table(results):
     head = ["file", "qelview, s", "peak, MB", "f3d, s", "peak, MB", *PARTS]
     lines = [head, ["---", *["--:"] * (len(head) - 1)], *map(row, results["files"])]
     text = "\n".join(f"| {' | '.join(line)} |" for line in lines)
-    return f"{text}\n\nThe sample scene, which reads no file, takes {results['empty']:.2f} s.\n"
+    by = f"Measured on {results['date']}, {results['cores']} cores, load {results['load']}."
+    return f"{text}\n\nThe sample scene, which reads no file, takes {results['empty']:.2f} s. {by}\n"
 
 
 def main(arguments):
