@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+
 #include "QelGl.h"
 
 /// State of OpenGL that a host may have set: none of it is OpenGL's own, nor what a display sets.
