@@ -47,7 +47,7 @@ void addDrag(Operations& all, const char* name, std::int32_t button) {
 void addFit(Operations& all, const char* name, bool precise) {
     const auto prepare = [precise](Size) {
         const auto rig = std::make_shared<const Rig>(kViewWidth, kViewHeight);
-        const Enve3d box(-0.5, 0.5, -0.4, 0.4, -0.3, 0.3);
+        const Enve3d box{-0.5, 0.5, -0.4, 0.4, -0.3, 0.3};
         Forms forms;
         forms.module = repeated([rig, box, precise] { rig->camera().zoomToExtent(box, precise); });
         return forms;

@@ -79,7 +79,7 @@ class PolygonCutter::Work {
     /// Its presence alone makes the library give triangles one by one instead of fans and strips.
     static void takeEdgeFlag(GLboolean /*isEdge*/, void* /*user*/) {}
     static void takeError(GLenum /*code*/, void* user) { static_cast<Work*>(user)->hasFailed = true; }
-    static void combine(GLdouble* place, void** neighbours, GLfloat* weights, void** made, void* user) {
+    static void combine(GLdouble* place, void** neighbours, const GLfloat* weights, void** made, void* user) {
         auto* const self = static_cast<Work*>(user);
         Crossing crossing{{place[0], place[1], place[2]}};
         for (std::size_t i = 0; i < crossing.points.size(); ++i) {

@@ -102,7 +102,8 @@ class BinaryBody final : public PlyBody {
         for (const PlyProperty& property : element.properties) {
             size += sizeOf(property.countType.value_or(property.type));
         }
-        return (body.size() - used) / size;
+        // Elements without properties take no bytes, and nothing is made of them.
+        return size == 0 ? 0 : (body.size() - used) / size;
     }
 
   private:

@@ -132,7 +132,8 @@ void PlyVertices::setColors(std::size_t channel, double whole, std::size_t first
         if (haveFaces) {
             mesh.colors[first + i].*kShares.at(channel) = shown;
         } else {
-            colorsOfPoints[first + i].*kBytes.at(channel) = static_cast<std::uint8_t>(shown * 255.0F + 0.5F);
+            colorsOfPoints[first + i].*kBytes.at(channel) =
+                static_cast<std::uint8_t>(std::lround(shown * 255.0F));
         }
     }
 }

@@ -28,8 +28,8 @@ struct PlyMeaning {
 /// The vertices of a PLY file, value by value or column by column.
 class PlyVertices {
   public:
-    /// @param haveFaces vertices of faces keep normals and shares of colours, others bytes of colours alone.
-    PlyVertices(const PlyElement& element, bool haveFaces);
+    /// @param areOfFaces vertices of faces keep normals and shares of colours, others bytes of colours alone.
+    PlyVertices(const PlyElement& element, bool areOfFaces);
 
     void reserve(std::size_t count);
     /// New ones begin with values of 0.
