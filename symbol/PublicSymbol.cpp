@@ -15,7 +15,7 @@ namespace qel {
 namespace {
 
 // Hosts start threads whenever they like, and each start and end renews the symbol: the slot is locked for the
-// few instructions in which a reader copies the pointer and adds its reference. Whoever waits sleeps in the
+// few instructions in which a reader copies the pointer and adds its reference. A waiting thread sleeps in the
 // system, so that a holder of lower priority gets to run: a renewal waits with the loader's lock held.
 #if defined(_WIN32)
 class SlotLock {
