@@ -1,7 +1,7 @@
 #include "EigenOracle.h"
 
-#include <Eigen/Dense>
 #include <Eigen/Geometry>
+#include <Eigen/LU>
 #include <cmath>
 
 namespace qel::test {
@@ -25,7 +25,8 @@ Eigen::Vector3d asVector(const XPnt3d& point) {
 
 Rows productOf(const Rows& a, std::int32_t rowsOfA, const Rows& b) {
     const auto first = asMatrix(a, rowsOfA);
-    return asRows(Matrix(first * asMatrix(b, first.cols())));
+    // Without the blocks that make large products fast, which take longest to compile.
+    return asRows(Matrix(first.lazyProduct(asMatrix(b, first.cols()))));
 }
 
 Rows inverseOf(const Rows& matrix) {
