@@ -11,7 +11,7 @@
 namespace qel::test {
 namespace {
 
-class PixelPackScopes : public ::testing::Test {
+class PixelPackScopeTest : public ::testing::Test {
   protected:
     static Calls questions() {
         Calls all;
@@ -27,13 +27,13 @@ class PixelPackScopes : public ::testing::Test {
     GlSurface surface{15, 8};
 };
 
-TEST_F(PixelPackScopes, OnlyAskAHostThatHasSetNothing) {
+TEST_F(PixelPackScopeTest, OnlyAskAHostThatHasSetNothing) {
     const CallTrace trace;
     { const PixelPackScope packing; }
     EXPECT_TRUE(callsMatch(trace.glCalls(), questions()));
 }
 
-TEST_F(PixelPackScopes, SetAsideWhatTheHostHasSetAndPutItBack) {
+TEST_F(PixelPackScopeTest, SetAsideWhatTheHostHasSetAndPutItBack) {
     const struct {
         GLenum name;
         GLint ofHost;
@@ -53,7 +53,7 @@ TEST_F(PixelPackScopes, SetAsideWhatTheHostHasSetAndPutItBack) {
     }
 }
 
-TEST_F(PixelPackScopes, LetRowsOfFloatsLieOneBehindTheOther) {
+TEST_F(PixelPackScopeTest, LetRowsOfFloatsLieOneBehindTheOther) {
     glClearDepth(0.25);
     glClear(GL_DEPTH_BUFFER_BIT);
     glPixelStorei(GL_PACK_SWAP_BYTES, GL_TRUE);
@@ -72,7 +72,7 @@ TEST_F(PixelPackScopes, LetRowsOfFloatsLieOneBehindTheOther) {
     }
 }
 
-TEST_F(PixelPackScopes, LeaveAFullStackOfClientAttributesAsItIs) {
+TEST_F(PixelPackScopeTest, LeaveAFullStackOfClientAttributesAsItIs) {
     const auto value = [](GLenum name) {
         GLint found = 0;
         glGetIntegerv(name, &found);

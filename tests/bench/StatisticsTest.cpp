@@ -10,7 +10,7 @@
 namespace qel::bench {
 namespace {
 
-TEST(MedianOf, IsTheMiddleValueOrTheMeanOfTheTwoInTheMiddle) {
+TEST(StatisticsMedianOf, IsTheMiddleValueOrTheMeanOfTheTwoInTheMiddle) {
     EXPECT_EQ(medianOf({7.0}), 7.0);
     EXPECT_EQ(medianOf({9.0, 1.0, 5.0}), 5.0);
     EXPECT_EQ(medianOf({4.0, 1.0, 100.0, 2.0}), 3.0);
@@ -23,21 +23,21 @@ struct RankCase {
     std::size_t firstRank;
 };
 
-TEST(RanksOutside, AreThoseOfTheSignTest) {
+TEST(StatisticsRanksOutside, AreThoseOfTheSignTest) {
     constexpr RankCase kCases[] = {{6, 1}, {8, 1}, {9, 2}, {12, 3}, {20, 6}, {25, 8}, {50, 18}, {100, 40}};
     for (const RankCase& sample : kCases) {
         EXPECT_EQ(ranksOutside(sample.size) + 1, sample.firstRank) << sample.size << " values";
     }
 }
 
-TEST(MedianInterval, OfFewValuesIsAllOfThem) {
+TEST(StatisticsMedianInterval, OfFewValuesIsAllOfThem) {
     const MedianInterval interval = medianInterval({3.0, 1.0, 2.0, 10.0, 4.0});
     EXPECT_EQ(interval.median, 3.0);
     EXPECT_EQ(interval.low, 1.0);
     EXPECT_EQ(interval.high, 10.0);
 }
 
-TEST(MedianInterval, DoesNotMindWildValuesAtTheEnds) {
+TEST(StatisticsMedianInterval, DoesNotMindWildValuesAtTheEnds) {
     std::vector<double> values(101);
     std::iota(values.begin(), values.end(), 0.0);
     const MedianInterval tame = medianInterval(values);
@@ -50,7 +50,7 @@ TEST(MedianInterval, DoesNotMindWildValuesAtTheEnds) {
     EXPECT_LT(tame.width(), 25.0);
 }
 
-TEST(MedianInterval, HoldsTheTrueMedianInAtLeastNineteenOfTwentySamples) {
+TEST(StatisticsMedianInterval, HoldsTheTrueMedianInAtLeastNineteenOfTwentySamples) {
     std::mt19937 random(5);
     // Skewed as times are: most are short, some are long. The true median of the distribution is ln 2.
     std::exponential_distribution<double> times(1.0);

@@ -42,7 +42,7 @@ TEST(VerdictOf, OrdersFromGoodToBadSoThatTheWorstOfSeveralIsTheLargest) {
     EXPECT_LT(Verdict::Unclear, Verdict::TooSlow);
 }
 
-TEST(BoundOf, IsAMarginOfATenthAtMostForWhateverIsHeldAgainstBareCalls) {
+TEST(VerdictBoundOf, IsAMarginOfATenthAtMostForWhateverIsHeldAgainstBareCalls) {
     for (const Kind kind : {Kind::Mesh, Kind::Cloud, Kind::Polyline, Kind::Polygon, Kind::Ball, Kind::Marker,
                             Kind::FrameBracket, Kind::Capture, Kind::Projection}) {
         EXPECT_GT(boundOf(kind).ratio, 1.0) << static_cast<int>(kind);

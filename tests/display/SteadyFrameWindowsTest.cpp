@@ -162,7 +162,7 @@ TEST_F(SteadyFrame, TakesMemoryForANewSizeOnly) {
     EXPECT_GE(heap.servedBlocks() - before, 3U);
 }
 
-TEST(AttachedDisplay, HoldsItsCopiesOfTheFrameAndLittleElse) {
+TEST(SteadyFrameAttachedDisplay, HoldsItsCopiesOfTheFrameAndLittleElse) {
     constexpr std::size_t kBytesAPixel = 24;
     constexpr std::size_t kLittle = std::size_t{64} * 1024;
     const TestWindow window(640, 480);

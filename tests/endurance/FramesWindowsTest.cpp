@@ -8,11 +8,11 @@ namespace qel::test {
 namespace {
 
 /// A display in a small window and what a host draws in it.
-class DrawnFrames : public ::testing::Test {
+class Frames : public ::testing::Test {
   protected:
     static constexpr int kSide = 16;
 
-    DrawnFrames() {
+    Frames() {
         display.attach(window);
         display->getTrackBall()->setExtent({-10.0, 10.0, -10.0, 10.0, -10.0, 10.0}, true);
     }
@@ -48,7 +48,7 @@ class DrawnFrames : public ::testing::Test {
     const ref_ptr<HostCurve> curve{new HostCurve({{-10.0, -10.0, 0.0}, {10.0, 5.0, 3.0}, {0.0, 10.0, -3.0}})};
 };
 
-TEST_F(DrawnFrames, LeaveHandlesAndMemoryFlatAndThePictureAsItWas) {
+TEST_F(Frames, LeaveHandlesAndMemoryFlatAndThePictureAsItWas) {
     const int frames = shortOrLong(2'000, 1'000'000);
     // The camera turns a little further in each round of seven frames: pictures are compared from the front.
     const auto frontView = [this] {

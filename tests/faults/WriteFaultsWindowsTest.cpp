@@ -16,9 +16,9 @@ struct ShortWrite {
     std::uint64_t bytesInTheFile;
 };
 
-class ShortWrites : public Capture, public ::testing::WithParamInterface<ShortWrite> {};
+class WriteFaults : public Capture, public ::testing::WithParamInterface<ShortWrite> {};
 
-TEST_P(ShortWrites, LeaveAFileWithoutThoseBytesAndADisplayThatWritesTheNextOne) {
+TEST_P(WriteFaults, LeaveAFileWithoutThoseBytesAndADisplayThatWritesTheNextOne) {
     const Census before = censusAfterFirstUse();
     const Picture picture = windowFrame();
     ASSERT_EQ(begin(kColumns, kRows), 0);
@@ -45,7 +45,7 @@ TEST_P(ShortWrites, LeaveAFileWithoutThoseBytesAndADisplayThatWritesTheNextOne) 
     EXPECT_EQ(file.size(), kBitmapHeader + kPixelBytes);
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, ShortWrites,
+INSTANTIATE_TEST_SUITE_P(Of, WriteFaults,
                          ::testing::Values(ShortWrite{"TheFileHeaderThatFails", 1, FALSE, 40 + kPixelBytes},
                                            ShortWrite{"TheBitmapHeaderThatFails", 2, FALSE, 14 + kPixelBytes},
                                            ShortWrite{"ThePixelsThatFail", 3, FALSE, kBitmapHeader},

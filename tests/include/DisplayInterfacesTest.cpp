@@ -7,12 +7,12 @@ namespace qel::test {
 namespace {
 
 template <class Display>
-class DisplayInterface : public ::testing::Test {};
+class DisplayInterfaces : public ::testing::Test {};
 
 using Displays = ::testing::Types<HostDisplay, HostDisplay2D>;
-TYPED_TEST_SUITE(DisplayInterface, Displays);
+TYPED_TEST_SUITE(DisplayInterfaces, Displays);
 
-TYPED_TEST(DisplayInterface, OffersNoNumberedCachesByDefault) {
+TYPED_TEST(DisplayInterfaces, OffersNoNumberedCachesByDefault) {
     const ref_ptr<TypeParam> display(new TypeParam());
     EXPECT_EQ(display->getActiveCache(), 0);
     for (const std::int32_t cache : {0, 1, -1, INT32_MAX}) {
@@ -23,7 +23,7 @@ TYPED_TEST(DisplayInterface, OffersNoNumberedCachesByDefault) {
     EXPECT_EQ(display->UpdateWindow(), 0);
 }
 
-TYPED_TEST(DisplayInterface, CopiesNoReferences) {
+TYPED_TEST(DisplayInterfaces, CopiesNoReferences) {
     const ref_ptr<TypeParam> original(new TypeParam());
     const ref_ptr<TypeParam> again = original;
     const ref_ptr<TypeParam> copy(new TypeParam(*original));
@@ -33,7 +33,7 @@ TYPED_TEST(DisplayInterface, CopiesNoReferences) {
     EXPECT_EQ(original->referenceCount(), 2);
 }
 
-TYPED_TEST(DisplayInterface, GoesWithItsLastReferenceUnderEitherName) {
+TYPED_TEST(DisplayInterfaces, GoesWithItsLastReferenceUnderEitherName) {
     static bool gone = false;
     class Watched : public TypeParam {
       protected:

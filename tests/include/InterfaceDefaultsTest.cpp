@@ -60,19 +60,19 @@ class HostGl : public IQelGL {
     std::int32_t lightModelfv(std::uint32_t, const float*) override { return 0; }
 };
 
-TEST(Lights, AreEightAtMost) {
+TEST(InterfaceDefaultsLights, AreEightAtMost) {
     const ref_ptr<HostLights> lights(new HostLights());
     EXPECT_EQ(lights->getNumMaxLight(), 8);
 }
 
 template <class Implementation>
-class CopiedInterface : public ::testing::Test {};
+class InterfaceDefaultsCopied : public ::testing::Test {};
 
 using Implementations = ::testing::Types<HostLights, HostLight, HostEvent, HostCancelTail, HostGl,
                                          CQelCancelTail, CQelSimpSymbol, CQelTransform2d>;
-TYPED_TEST_SUITE(CopiedInterface, Implementations);
+TYPED_TEST_SUITE(InterfaceDefaultsCopied, Implementations);
 
-TYPED_TEST(CopiedInterface, StartsWithoutReferences) {
+TYPED_TEST(InterfaceDefaultsCopied, StartsWithoutReferences) {
     const ref_ptr<TypeParam> original(new TypeParam());
     const ref_ptr<TypeParam> again = original;
     auto* const copy = new TypeParam(*original);
@@ -86,7 +86,7 @@ TYPED_TEST(CopiedInterface, StartsWithoutReferences) {
 // Only its last reference deletes an object.
 static_assert(!std::is_destructible_v<CQelCancelTail>);
 
-TEST(CancelTail, MayAlwaysBeCutShort) {
+TEST(InterfaceDefaultsCancelTail, MayAlwaysBeCutShort) {
     const ref_ptr<CQelCancelTail> tail(new CQelCancelTail());
     EXPECT_EQ(tail->startTick, nullptr);
     EXPECT_TRUE(tail->checkCancel()) << "without a start";
@@ -96,7 +96,7 @@ TEST(CancelTail, MayAlwaysBeCutShort) {
     }
 }
 
-TEST(CancelTail, IsAskedThroughItsInterface) {
+TEST(InterfaceDefaultsCancelTail, IsAskedThroughItsInterface) {
     const ref_ptr<ICancelTail> own(new CQelCancelTail());
     EXPECT_TRUE(own->checkCancel());
     const ref_ptr<ICancelTail> ofTheHost(new HostCancelTail());
@@ -104,7 +104,7 @@ TEST(CancelTail, IsAskedThroughItsInterface) {
 }
 
 #ifdef _WIN32
-TEST(CancelTail, ReadsTheSystemsTickCount) {
+TEST(InterfaceDefaultsCancelTail, ReadsTheSystemsTickCount) {
     const ref_ptr<CQelCancelTail> tail(new CQelCancelTail());
     const CallTrace trace;
     tail->checkCancel();

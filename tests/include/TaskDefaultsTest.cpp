@@ -22,12 +22,12 @@ class HostTask : public ITask {
     std::int32_t reservedSlot23() override { return 23; }
 };
 
-TEST(Task, WorksInNoViewAtFirst) {
+TEST(TaskDefaults, WorksInNoViewAtFirst) {
     const ref_ptr<HostTask> task(new HostTask());
     EXPECT_EQ(task->getActiveViewID(), -1);
 }
 
-TEST(Task, KeepsTheNumberOfItsView) {
+TEST(TaskDefaults, KeepsTheNumberOfItsView) {
     const ref_ptr<HostTask> task(new HostTask());
     for (const std::int32_t view : {7, 0, INT32_MAX, INT32_MIN}) {
         EXPECT_EQ(task->setActiveViewID(view), 0);
@@ -35,7 +35,7 @@ TEST(Task, KeepsTheNumberOfItsView) {
     }
 }
 
-TEST(Task, CarriesItsViewIntoACopy) {
+TEST(TaskDefaults, CarriesItsViewIntoACopy) {
     const ref_ptr<HostTask> task(new HostTask());
     task->setActiveViewID(7);
     const ref_ptr<HostTask> copy(new HostTask(*task));
@@ -45,7 +45,7 @@ TEST(Task, CarriesItsViewIntoACopy) {
     EXPECT_EQ(assigned->getActiveViewID(), 7);
 }
 
-TEST(Task, LeavesEachMessageUnhandled) {
+TEST(TaskDefaults, LeavesEachMessageUnhandled) {
     const ref_ptr<HostTask> task(new HostTask());
     const struct {
         const char* name;
@@ -74,14 +74,14 @@ TEST(Task, LeavesEachMessageUnhandled) {
     EXPECT_EQ(kNotHandled, -99999);
 }
 
-TEST(Task, LeavesTheNameToItsCaller) {
+TEST(TaskDefaults, LeavesTheNameToItsCaller) {
     const ref_ptr<HostTask> task(new HostTask());
     const QString name("measure");
     task->setName(name);
     EXPECT_TRUE(name == QString("measure"));
 }
 
-TEST(Task, CopiesNoReferences) {
+TEST(TaskDefaults, CopiesNoReferences) {
     const ref_ptr<HostTask> task(new HostTask());
     const ref_ptr<HostTask> again = task;
     ASSERT_EQ(task->referenceCount(), 2);

@@ -58,7 +58,7 @@ struct MatchCase {
     bool matches;
 };
 
-TEST(CallMatches, TakesPlaceholdersForWhatTheySay) {
+TEST(CallTextMatching, TakesPlaceholdersForWhatTheySay) {
     const MatchCase cases[] = {
         {"same", call("f", 1, 2), call("f", 1, 2), true},
         {"other argument", call("f", 1, 2), call("f", 1, 3), false},
@@ -86,7 +86,7 @@ TEST(CallMatches, TakesPlaceholdersForWhatTheySay) {
     }
 }
 
-TEST(CallsMatch, TellsTheFirstDifferenceAndBothLists) {
+TEST(CallTextInOrder, TellsTheFirstDifferenceAndBothLists) {
     const Calls actual = {call("f", 1), call("g", 2), call("h", 3)};
     EXPECT_TRUE(callsMatch(actual, {call("f", 1), call("g", any), call("h", 3)}));
     const ::testing::AssertionResult differs = callsMatch(actual, {call("f", 1), call("g", 5), call("h", 3)});
@@ -97,7 +97,7 @@ TEST(CallsMatch, TellsTheFirstDifferenceAndBothLists) {
     EXPECT_NE(message.find("    h(3)"), std::string::npos) << message;
 }
 
-TEST(CallsMatch, RefusesAListThatIsLongerOrShorter) {
+TEST(CallTextInOrder, RefusesAListThatIsLongerOrShorter) {
     const Calls one = {call("f")};
     const Calls two = {call("f"), call("g")};
     EXPECT_FALSE(callsMatch(one, two));
@@ -105,7 +105,7 @@ TEST(CallsMatch, RefusesAListThatIsLongerOrShorter) {
     EXPECT_TRUE(callsMatch({}, {}));
 }
 
-TEST(CallsContain, AsksForTheOrderButNotForWhatStandsBetween) {
+TEST(CallTextContaining, AsksForTheOrderButNotForWhatStandsBetween) {
     const Calls actual = {call("f"), call("x"), call("g", 1), call("h")};
     EXPECT_TRUE(callsContain(actual, {call("f"), call("g", any)}));
     EXPECT_FALSE(callsContain(actual, {call("g", any), call("f")}));

@@ -195,7 +195,7 @@ TEST(CallTraceUnderWindows, SeesTheDifferenceBetweenAWrittenAndAReadRectangle) {
     EXPECT_TRUE(callsMatch(trace.callsOf("GetClientRect"), {call("GetClientRect", handle, out)}));
 }
 
-TEST(TestWindow, HasTheClientSizeItWasGiven) {
+TEST(CallTraceTestWindow, HasTheClientSizeItWasGiven) {
     TestWindow window(123, 45);
     EXPECT_EQ(window.width(), 123);
     EXPECT_EQ(window.height(), 45);
@@ -204,7 +204,7 @@ TEST(TestWindow, HasTheClientSizeItWasGiven) {
     EXPECT_EQ(window.height(), 70);
 }
 
-TEST(TestWindow, IsHiddenUnlessShown) {
+TEST(CallTraceTestWindow, IsHiddenUnlessShown) {
     TestWindow window;
     HWND const handle = reinterpret_cast<HWND>(window.hwnd());
     EXPECT_EQ(IsWindowVisible(handle), FALSE);
@@ -214,7 +214,7 @@ TEST(TestWindow, IsHiddenUnlessShown) {
     EXPECT_EQ(IsWindowVisible(handle), FALSE);
 }
 
-TEST(TestWindow, KeepsOneDeviceContext) {
+TEST(CallTraceTestWindow, KeepsOneDeviceContext) {
     const TestWindow window;
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(GetDC(reinterpret_cast<HWND>(window.hwnd()))), window.dc());
 }

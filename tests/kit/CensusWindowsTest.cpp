@@ -90,7 +90,7 @@ TEST(Census, PrintsWhatItCounted) {
     EXPECT_EQ(text.str(), "1 GDI handles, 2 USER handles, 3 OpenGL contexts, 4 device contexts of windows");
 }
 
-TEST(MemoryCensus, CountsCommittedPages) {
+TEST(CensusOfMemory, CountsCommittedPages) {
     constexpr std::size_t kBytes = 1 << 20;
     const MemoryCensus before = MemoryCensus::now();
     void* const pages = VirtualAlloc(nullptr, kBytes, MEM_RESERVE, PAGE_READWRITE);
@@ -101,7 +101,7 @@ TEST(MemoryCensus, CountsCommittedPages) {
     EXPECT_LT(MemoryCensus::now().committedBytes, before.committedBytes + kBytes);
 }
 
-TEST(MemoryCensus, CountsHeapBlocks) {
+TEST(CensusOfMemory, CountsHeapBlocks) {
     const MemoryCensus before = MemoryCensus::now();
     auto bytes = std::make_unique<char[]>(1000);
     auto more = std::make_unique<char[]>(500000);

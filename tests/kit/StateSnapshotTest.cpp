@@ -110,7 +110,7 @@ TEST(StateSnapshot, HoldsTheValues) {
     EXPECT_EQ(snapshot.at("GL_LIGHT1 GL_AMBIENT"), (StateSnapshot::Values{0.25, 0.5, 0.75, 1}));
 }
 
-TEST(ChangesOnly, AllowsWhatIsNamed) {
+TEST(StateSnapshotChanges, AllowsWhatIsNamed) {
     const GlSurface surface(16, 16);
     const StateSnapshot before = StateSnapshot::take();
     glLineWidth(2);
@@ -121,7 +121,7 @@ TEST(ChangesOnly, AllowsWhatIsNamed) {
     EXPECT_TRUE(changesOnly(before, before));
 }
 
-TEST(ChangesOnly, TellsWhatElseChanged) {
+TEST(StateSnapshotChanges, TellsWhatElseChanged) {
     const GlSurface surface(16, 16);
     const StateSnapshot before = StateSnapshot::take();
     glLineWidth(2);
@@ -133,7 +133,7 @@ TEST(ChangesOnly, TellsWhatElseChanged) {
     EXPECT_FALSE(changesOnly(before, after));
 }
 
-TEST(ChangesOnly, RefusesANameThatIsNoState) {
+TEST(StateSnapshotChanges, RefusesANameThatIsNoState) {
     const GlSurface surface(16, 16);
     const StateSnapshot before = StateSnapshot::take();
     EXPECT_FALSE(changesOnly(before, before, {"GL_LINE_WIDHT"}));

@@ -6,7 +6,7 @@
 namespace qel::test {
 namespace {
 
-TEST(NewSymbol, IsHeldByNobody) {
+TEST(FactoriesNewSymbol, IsHeldByNobody) {
     IQelSymbol* const symbol = newQelSymbol();
     ASSERT_NE(symbol, nullptr);
     EXPECT_EQ(symbol->referenceCount(), 0);
@@ -14,14 +14,14 @@ TEST(NewSymbol, IsHeldByNobody) {
     EXPECT_EQ(symbol->referenceCount(), 1);
 }
 
-TEST(NewSymbol, IsAnotherOneEachTime) {
+TEST(FactoriesNewSymbol, IsAnotherOneEachTime) {
     const ref_ptr<IQelSymbol> one(newQelSymbol());
     const ref_ptr<IQelSymbol> other(newQelSymbol());
     EXPECT_NE(one.get(), other.get());
 }
 
 #ifdef _WIN32
-TEST(NewDisplay, IsHeldByItsCaller) {
+TEST(FactoriesNewDisplay, IsHeldByItsCaller) {
     IQelDisplay* const display = newScreenDisplay();
     ASSERT_NE(display, nullptr);
     EXPECT_EQ(display->referenceCount(), 1);
@@ -32,7 +32,7 @@ TEST(NewDisplay, IsHeldByItsCaller) {
     flat->Release();
 }
 
-TEST(NewDisplay, IsAScreenDisplayByItsInterface) {
+TEST(FactoriesNewDisplay, IsAScreenDisplayByItsInterface) {
     IQelDisplay* const display = newScreenDisplay();
     EXPECT_NE(dynamic_cast<IQelScrDisplay*>(display), nullptr);
     display->Release();

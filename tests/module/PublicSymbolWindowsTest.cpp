@@ -91,7 +91,7 @@ TEST(PublicSymbolOfTheLibrary, IsWaitedForInTheSystem) {
 }
 
 /// The trace is made on the ending thread, so that it sees what the library calls when that thread has ended.
-TEST(LoadEntry, AsksForThePathOfTheProgramWhenAThreadEnds) {
+TEST(PublicSymbolAtLoad, AsksForThePathOfTheProgramWhenAThreadEnds) {
     std::unique_ptr<CallTrace> trace;
     std::thread([&trace] { trace = std::make_unique<CallTrace>(); }).join();
     const Calls calls = trace->calls("GetModuleFileNameW", "_beginthread", "_endthread", "Sleep", "exit");
@@ -99,7 +99,7 @@ TEST(LoadEntry, AsksForThePathOfTheProgramWhenAThreadEnds) {
     EXPECT_TRUE(callsMatch(calls, {call("GetModuleFileNameW", nullptr, any, MAX_PATH)}));
 }
 
-TEST(LoadEntry, SaysThatThePathCannotBeHadAndLeavesTheSymbol) {
+TEST(PublicSymbolAtLoad, SaysThatThePathCannotBeHadAndLeavesTheSymbol) {
     const ref_ptr<IQelSymbol> before = getPubSymbol();
     ref_ptr<IQelSymbol> during;
     const std::vector<Import> imports = importsOf(GetModuleHandleW(L"QelDisplay64t.dll"));
@@ -118,7 +118,7 @@ TEST(LoadEntry, SaysThatThePathCannotBeHadAndLeavesTheSymbol) {
     EXPECT_EQ(getPubSymbol().get(), before.get());
 }
 
-TEST(Exports, AreFoundUnderTheirPlainNames) {
+TEST(PublicSymbolExports, AreFoundUnderTheirPlainNames) {
     HMODULE const library = GetModuleHandleW(L"QelDisplay64t.dll");
     ASSERT_NE(library, nullptr);
     const struct {

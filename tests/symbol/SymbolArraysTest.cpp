@@ -12,7 +12,7 @@ using Indices = ref_ptr<VectorArray<ArrayIndex>>;
 using ByteColors = ref_ptr<VectorArray<ArrayColor3b>>;
 using FloatColors = ref_ptr<VectorArray<ArrayColor4f>>;
 
-class SymbolPointArrays : public SymbolTest {
+class SymbolArrays : public SymbolTest {
   protected:
     /// What surrounds every array of points.
     Calls inPointStyle(const Calls& drawn) const {
@@ -49,7 +49,7 @@ class SymbolPointArrays : public SymbolTest {
     const QelColor3f color{1.0F, 0.5F, 0.0F};
 };
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsDrawsPlainMemory) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsDrawsPlainMemory) {
     const double vertices[] = {1.0, 2.0, 3.0, 0.0, 4.0, 5.0, 6.0, 0.0};
     const void* const memory = vertices;
     const CallTrace trace;
@@ -62,7 +62,7 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsDrawsPlainMemory) {
                                          call("glDisableClientState", GL_VERTEX_ARRAY)})));
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesIndicesAndSignedByteColours) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsTakesIndicesAndSignedByteColours) {
     const float vertices[] = {1.0F, 2.0F, 3.0F, 4.0F, 5.0F, 6.0F};
     const void* const memory = vertices;
     const Indices indices = indicesOf(3, 2);
@@ -79,7 +79,7 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesIndicesAndSignedByteColours)
     EXPECT_TRUE(callsMatch(trace.glCalls(), inPointStyle(drawn)));
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsGivesItsArraysBackOnEveryPath) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsGivesItsArraysBackOnEveryPath) {
     const float vertices[] = {1.0F, 2.0F, 3.0F};
     const Indices indices = indicesOf(1);
     const Indices noIndex = indicesOf(0);
@@ -99,7 +99,7 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsGivesItsArraysBackOnEveryPath) {
     EXPECT_EQ(colors->referenceCount(), 1);
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsReadsNoMemoryThatIsNotThere) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsReadsNoMemoryThatIsNotThere) {
     const float vertices[] = {1.0F, 2.0F, 3.0F};
     const ref_ptr<IQelArray<ArrayIndex>> hollowIndices(new HollowArray<ArrayIndex>(3));
     const ref_ptr<IQelArray<ArrayIndex>> negativeIndices(countingBackwards<ArrayIndex>(-3));
@@ -136,7 +136,7 @@ bool openGlTakes(const VertexLayout& layout, const void* memory) {
     return glGetError() == GL_NO_ERROR;
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesALayoutIfAndOnlyIfOpenGlDoes) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsTakesALayoutIfAndOnlyIfOpenGlDoes) {
     const double memory[4] = {};
     for (const VertexLayout& layout : kUncommonLayouts) {
         const bool isTaken = openGlTakes(layout, memory);
@@ -149,7 +149,7 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesALayoutIfAndOnlyIfOpenGlDoes
     }
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsChangesNothingWhenOpenGlRefusesTheLayout) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsChangesNothingWhenOpenGlRefusesTheLayout) {
     const float vertices[] = {1.0F, 2.0F, 3.0F};
     const StateSnapshot before = StateSnapshot::take();
     EXPECT_EQ(symbol->drawVertexArrayPoints(GL_UNSIGNED_BYTE, 12, vertices, 1, {}, {}, 2.5F, color), -1);
@@ -157,7 +157,7 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsChangesNothingWhenOpenGlRefusesTh
     EXPECT_TRUE(changesOnly(before, StateSnapshot::take()));
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsLeavesAnErrorOfTheHostPending) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsLeavesAnErrorOfTheHostPending) {
     const float vertices[] = {1.0F, 2.0F, 3.0F};
     const struct {
         GLenum error;
@@ -177,7 +177,7 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsLeavesAnErrorOfTheHostPending) {
     }
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsDrawsHalfFloats) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsDrawsHalfFloats) {
     // 0.5, -0.5 and 0 as half floats: right of the middle and below it.
     const std::uint16_t vertices[] = {0x3800, 0xB800, 0};
     if (!openGlTakes({kHalfFloat, 6}, vertices)) {
@@ -190,7 +190,7 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsDrawsHalfFloats) {
     EXPECT_EQ(pixel[0], 255);
 }
 
-TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesEveryTypeOfCoordinate) {
+TEST_F(SymbolArrays, DrawVertexArrayPointsTakesEveryTypeOfCoordinate) {
     const double memory[6] = {};
     for (const GLenum type : std::initializer_list<GLenum>{GL_SHORT, GL_INT, GL_FLOAT, GL_DOUBLE}) {
         const CallTrace trace;
@@ -200,14 +200,14 @@ TEST_F(SymbolPointArrays, DrawVertexArrayPointsTakesEveryTypeOfCoordinate) {
     }
 }
 
-TEST_F(SymbolPointArrays, DrawPointCloudDrawsAllVerticesInOneColour) {
+TEST_F(SymbolArrays, DrawPointCloudDrawsAllVerticesInOneColour) {
     const auto vertices = arrayOf<ArrayVertex>(4);
     const CallTrace trace;
     EXPECT_EQ(symbol->drawPointCloud(vertices, {}, {}, 2.5F, color), 0);
     EXPECT_TRUE(callsMatch(trace.glCalls(), inPointStyle(cloudCalls(memoryOf(vertices), {}, drawAll(4)))));
 }
 
-TEST_F(SymbolPointArrays, DrawPointCloudTakesIndicesAndSignedByteColours) {
+TEST_F(SymbolArrays, DrawPointCloudTakesIndicesAndSignedByteColours) {
     const auto vertices = arrayOf<ArrayVertex>(4);
     const Indices indices = indicesOf(2, 4);
     const ByteColors colors = arrayOf<ArrayColor3b>(4);
@@ -218,7 +218,7 @@ TEST_F(SymbolPointArrays, DrawPointCloudTakesIndicesAndSignedByteColours) {
                                                  drawSome(indices)))));
 }
 
-TEST_F(SymbolPointArrays, DrawPointCloudFTakesIndicesAndFloatColours) {
+TEST_F(SymbolArrays, DrawPointCloudFTakesIndicesAndFloatColours) {
     const auto vertices = arrayOf<ArrayVertex>(4);
     const Indices indices = indicesOf(2, 4);
     const FloatColors colors = arrayOf<ArrayColor4f>(4);
@@ -230,7 +230,7 @@ TEST_F(SymbolPointArrays, DrawPointCloudFTakesIndicesAndFloatColours) {
                                            drawSome(indices)))));
 }
 
-TEST_F(SymbolPointArrays, DrawPointCloudFDrawsAllVerticesInOneColour) {
+TEST_F(SymbolArrays, DrawPointCloudFDrawsAllVerticesInOneColour) {
     const auto vertices = arrayOf<ArrayVertex>(4);
     const CallTrace trace;
     EXPECT_EQ(symbol->drawPointCloudF(vertices, {}, {}, 2.5F, color), 0);
@@ -273,7 +273,7 @@ void expectGivenBack(const ref_ptr<IQelArray<Element>>& array, const char* name)
     }
 }
 
-TEST_F(SymbolPointArrays, CloudsThatBreakARuleAreRefusedAndGivenBack) {
+TEST_F(SymbolArrays, CloudsThatBreakARuleAreRefusedAndGivenBack) {
     for (const RefusedCloud& cloud : refusedClouds()) {
         const CallTrace trace;
         EXPECT_EQ(static_cast<std::uint32_t>(
@@ -292,7 +292,7 @@ TEST_F(SymbolPointArrays, CloudsThatBreakARuleAreRefusedAndGivenBack) {
     }
 }
 
-TEST_F(SymbolPointArrays, CloudsThatAreDrawnAreGivenBack) {
+TEST_F(SymbolArrays, CloudsThatAreDrawnAreGivenBack) {
     const auto vertices = arrayOf<ArrayVertex>(4);
     const Indices indices = indicesOf(2, 4);
     const ByteColors byteColors = arrayOf<ArrayColor3b>(4);

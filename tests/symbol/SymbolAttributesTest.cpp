@@ -26,7 +26,7 @@ std::array<int, 4> bytes(const QelColor4b& color) {
     return {color.r, color.g, color.b, color.a};
 }
 
-TEST(NewSymbol, CarriesNoReferenceUntilItsFirstHolderTakesOne) {
+TEST(SymbolAttributesWhenNew, CarriesNoReferenceUntilItsFirstHolderTakesOne) {
     IQelSymbol* const fresh = newQelSymbol();
     ASSERT_NE(fresh, nullptr);
     EXPECT_EQ(fresh->referenceCount(), 0);
@@ -34,7 +34,7 @@ TEST(NewSymbol, CarriesNoReferenceUntilItsFirstHolderTakesOne) {
     EXPECT_EQ(fresh->referenceCount(), 1);
 }
 
-TEST(NewSymbol, IsAnotherOneEachTime) {
+TEST(SymbolAttributesWhenNew, IsAnotherOneEachTime) {
     const ref_ptr<IQelSymbol> first(newQelSymbol());
     const ref_ptr<IQelSymbol> second(newQelSymbol());
     EXPECT_NE(first.get(), second.get());
@@ -92,9 +92,9 @@ struct ReservedSlot {
     std::int32_t (*ask)(CQelSimpSymbol&);
 };
 
-class SymbolReservedSlots : public ::testing::TestWithParam<ReservedSlot> {};
+class SymbolAttributesReservedSlots : public ::testing::TestWithParam<ReservedSlot> {};
 
-TEST_P(SymbolReservedSlots, AnswerNotImplementedAndChangeNothing) {
+TEST_P(SymbolAttributesReservedSlots, AnswerNotImplementedAndChangeNothing) {
     const ref_ptr<IQelSymbol> symbol(newQelSymbol());
     symbol->setName(QLatin1String("kept"));
     symbol->setLineWidth(2.0F);
@@ -117,7 +117,7 @@ TEST_P(SymbolReservedSlots, AnswerNotImplementedAndChangeNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , SymbolReservedSlots,
+    , SymbolAttributesReservedSlots,
     ::testing::Values(ReservedSlot{"Slot3", [](CQelSimpSymbol& s) { return s.reservedSlot3(); }},
                       ReservedSlot{"Slot4", [](CQelSimpSymbol& s) { return s.reservedSlot4(); }},
                       ReservedSlot{"Slot7", [](CQelSimpSymbol& s) { return s.reservedSlot7(); }},

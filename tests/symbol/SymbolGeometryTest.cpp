@@ -70,28 +70,28 @@ class SymbolGeometry : public SymbolTest {
     const QelColor3b own = kSymbolColor.toColor3b();
 };
 
-class SymbolUnknownKinds : public SymbolGeometry, public ::testing::WithParamInterface<std::int32_t> {};
+class SymbolGeometryUnknownKinds : public SymbolGeometry, public ::testing::WithParamInterface<std::int32_t> {};
 
-TEST_P(SymbolUnknownKinds, DrawNothingAndAnswer0) {
+TEST_P(SymbolGeometryUnknownKinds, DrawNothingAndAnswer0) {
     const ref_ptr<BareGeometry> geometry(new BareGeometry(GetParam()));
     EXPECT_TRUE(callsMatch(drawGeometry(geometry.get()), {}));
     EXPECT_TRUE(callsMatch(drawGeometryWith(geometry.get()), savedAround({})));
     EXPECT_EQ(geometry->referenceCount(), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(, SymbolUnknownKinds,
+INSTANTIATE_TEST_SUITE_P(, SymbolGeometryUnknownKinds,
                          ::testing::Values(INT32_MIN, -1, 0, 4, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19,
                                            21, 22, 23, 25, 1000, INT32_MAX));
 
-class SymbolBrokenPromises : public SymbolGeometry, public ::testing::WithParamInterface<GeometryKind> {};
+class SymbolGeometryBrokenPromises : public SymbolGeometry, public ::testing::WithParamInterface<GeometryKind> {};
 
-TEST_P(SymbolBrokenPromises, DrawNothingForAKindWhoseInterfaceIsMissing) {
+TEST_P(SymbolGeometryBrokenPromises, DrawNothingForAKindWhoseInterfaceIsMissing) {
     const ref_ptr<BareGeometry> geometry(new BareGeometry(static_cast<std::int32_t>(GetParam())));
     EXPECT_TRUE(callsMatch(drawGeometry(geometry.get()), {}));
     EXPECT_TRUE(callsMatch(drawGeometryWith(geometry.get()), savedAround({})));
 }
 
-INSTANTIATE_TEST_SUITE_P(, SymbolBrokenPromises,
+INSTANTIATE_TEST_SUITE_P(, SymbolGeometryBrokenPromises,
                          ::testing::Values(GeometryKind::Point, GeometryKind::Polyline, GeometryKind::Polygon,
                                            GeometryKind::Ring, GeometryKind::Curve, GeometryKind::LineSegment,
                                            GeometryKind::OtherCurve, GeometryKind::Ball));

@@ -35,13 +35,13 @@ TEST_P(SymbolMarkers, DrawTheirVerticesWithinTheGuardsOfTheirStyle) {
 INSTANTIATE_TEST_SUITE_P(, SymbolMarkers, ::testing::ValuesIn(markerCases()),
                          [](const auto& tested) { return tested.param.name; });
 
-class SymbolMarker : public SymbolTest {
+class SymbolMarkersAlone : public SymbolTest {
   protected:
     const QelColor3f red{1.0F, 0.0F, 0.0F};
     const QelColor3f blue{0.0F, 0.0F, 1.0F};
 };
 
-TEST_F(SymbolMarker, DrawFilledRect2dDrawsTheOutlineThenTheFillEachInItsColour) {
+TEST_F(SymbolMarkersAlone, DrawFilledRect2dDrawsTheOutlineThenTheFillEachInItsColour) {
     const CallTrace trace;
 
     EXPECT_EQ(symbol->drawFilledRect2d(kRect, 2.5F, red, blue, false, true), 0);
@@ -59,7 +59,7 @@ TEST_F(SymbolMarker, DrawFilledRect2dDrawsTheOutlineThenTheFillEachInItsColour) 
     EXPECT_TRUE(callsMatch(trace.glCalls(), expected));
 }
 
-TEST_F(SymbolMarker, DrawCircleEmitsTwentyTwoVerticesAllAtZeroHeight) {
+TEST_F(SymbolMarkersAlone, DrawCircleEmitsTwentyTwoVerticesAllAtZeroHeight) {
     const CallTrace trace;
 
     symbol->drawCircle({3.0, 4.0, 99.0}, 5.0, 1.0F, red, false, false);
@@ -76,7 +76,7 @@ TEST_F(SymbolMarker, DrawCircleEmitsTwentyTwoVerticesAllAtZeroHeight) {
                                                   about(4.0 + 5.0 * 0.9998586, 1e-5), 0)));
 }
 
-TEST_F(SymbolMarker, DrawRect2dEmitsFiveVerticesTheFirstOneAgainAtTheEnd) {
+TEST_F(SymbolMarkersAlone, DrawRect2dEmitsFiveVerticesTheFirstOneAgainAtTheEnd) {
     const CallTrace trace;
 
     symbol->drawRect2d(kRect, 1.0, red, false, false);
@@ -87,7 +87,7 @@ TEST_F(SymbolMarker, DrawRect2dEmitsFiveVerticesTheFirstOneAgainAtTheEnd) {
     EXPECT_EQ(vertices.front(), call("glVertex3d", 1, 2, 0));
 }
 
-TEST_F(SymbolMarker, DrawBoxEmitsTwoLoopsOfFiveAndFourOfTwo) {
+TEST_F(SymbolMarkersAlone, DrawBoxEmitsTwoLoopsOfFiveAndFourOfTwo) {
     const CallTrace trace;
 
     symbol->drawBox(kBox, 1.0, red, false, false);
@@ -103,7 +103,7 @@ TEST_F(SymbolMarker, DrawBoxEmitsTwoLoopsOfFiveAndFourOfTwo) {
     EXPECT_EQ(sizes, (std::vector<int>{5, 5, 2, 2, 2, 2}));
 }
 
-TEST_F(SymbolMarker, DrawSegmentFrameOfASegmentWithoutDirectionShrinksToItsEnds) {
+TEST_F(SymbolMarkersAlone, DrawSegmentFrameOfASegmentWithoutDirectionShrinksToItsEnds) {
     for (const XPnt3d& to : {kFrom, XPnt3d(kFrom.x, kFrom.y, 50.0)}) {
         const CallTrace trace;
 
@@ -114,7 +114,7 @@ TEST_F(SymbolMarker, DrawSegmentFrameOfASegmentWithoutDirectionShrinksToItsEnds)
     }
 }
 
-TEST_F(SymbolMarker, DrawSegmentFrameHasOneSizeWhateverTheThirdArgument) {
+TEST_F(SymbolMarkersAlone, DrawSegmentFrameHasOneSizeWhateverTheThirdArgument) {
     const auto drawn = [&](double unused) {
         const CallTrace trace;
         symbol->drawSegmentFrame(kFrom, kTo, unused, 1.0F, red, false, false);
@@ -124,7 +124,7 @@ TEST_F(SymbolMarker, DrawSegmentFrameHasOneSizeWhateverTheThirdArgument) {
     EXPECT_TRUE(callsMatch(drawn(1000.0), drawn(0.0)));
 }
 
-TEST_F(SymbolMarker, DoubleWidthsAndSizesReachOpenGlAsTheNearestFloat) {
+TEST_F(SymbolMarkersAlone, DoubleWidthsAndSizesReachOpenGlAsTheNearestFloat) {
     const double wide = 2.1;  // between two floats
     const XPnt3d point;
     const float floats[] = {0.0F, 0.0F, 0.0F};
@@ -140,7 +140,7 @@ TEST_F(SymbolMarker, DoubleWidthsAndSizesReachOpenGlAsTheNearestFloat) {
                             call("glPointSize", 4), call("glPointSize", 2.1F), call("glPointSize", 4)}));
 }
 
-TEST_F(SymbolMarker, DrawPointsFWithoutPointsIsAnEmptyPair) {
+TEST_F(SymbolMarkersAlone, DrawPointsFWithoutPointsIsAnEmptyPair) {
     const Calls nothing{call("glBegin", GL_POINTS), call("glEnd")};
     MarkerStyle style;
     style.parameter = GL_POINT_SIZE;
@@ -152,7 +152,7 @@ TEST_F(SymbolMarker, DrawPointsFWithoutPointsIsAnEmptyPair) {
     }
 }
 
-TEST_F(SymbolMarker, DrawPointsWithoutPointsIsAnEmptyPair) {
+TEST_F(SymbolMarkersAlone, DrawPointsWithoutPointsIsAnEmptyPair) {
     const Calls nothing{call("glBegin", GL_POINTS), call("glEnd")};
     MarkerStyle style;
     style.parameter = GL_POINT_SIZE;
@@ -163,14 +163,14 @@ TEST_F(SymbolMarker, DrawPointsWithoutPointsIsAnEmptyPair) {
     }
 }
 
-TEST_F(SymbolMarker, PointsWithoutMemoryDrawNothing) {
+TEST_F(SymbolMarkersAlone, PointsWithoutMemoryDrawNothing) {
     const CallTrace trace;
     EXPECT_EQ(symbol->drawPoints(nullptr, 3, 2.0, red, false, false), 0);
     EXPECT_EQ(symbol->drawPointsF(nullptr, 3, 2.0, red, false, false), 0);
     EXPECT_TRUE(callsMatch(trace.glCalls(), {}));
 }
 
-TEST_F(SymbolMarker, DrawPointsFSkipsNullPointers) {
+TEST_F(SymbolMarkersAlone, DrawPointsFSkipsNullPointers) {
     const float first[] = {1.0F, 2.0F, 3.0F};
     const float last[] = {4.0F, 5.0F, 6.0F};
     const float* const pointers[] = {nullptr, first, nullptr, last};
@@ -183,7 +183,7 @@ TEST_F(SymbolMarker, DrawPointsFSkipsNullPointers) {
                             call("glVertex3f", 4, 5, 6), call("glEnd")}));
 }
 
-TEST_F(SymbolMarker, DrawStippledPolylineLeavesLineStippleAsTheCallerHadIt) {
+TEST_F(SymbolMarkersAlone, DrawStippledPolylineLeavesLineStippleAsTheCallerHadIt) {
     for (const bool enabled : {true, false}) {
         (enabled ? glEnable : glDisable)(GL_LINE_STIPPLE);
         const CallTrace trace;
@@ -198,7 +198,7 @@ TEST_F(SymbolMarker, DrawStippledPolylineLeavesLineStippleAsTheCallerHadIt) {
     }
 }
 
-TEST_F(SymbolMarker, StippledLinesOfAnEmptyArrayAreAnEmptyPair) {
+TEST_F(SymbolMarkersAlone, StippledLinesOfAnEmptyArrayAreAnEmptyPair) {
     const ref_ptr<IQelArray<XPnt3d>> empty(new VectorArray<XPnt3d>());
     const CallTrace trace;
     EXPECT_EQ(symbol->drawStippledPolyline(empty, 2.5, {1.0F, 0.5F, 0.0F}, false, true, 0x00FF), 0);
@@ -206,7 +206,7 @@ TEST_F(SymbolMarker, StippledLinesOfAnEmptyArrayAreAnEmptyPair) {
     EXPECT_TRUE(callsMatch(trace.glCalls(), inStyle(MarkerStyle(), host, nothing)));
 }
 
-TEST_F(SymbolMarker, StippledLinesWithoutAnArrayOrItsMemoryDrawNothing) {
+TEST_F(SymbolMarkersAlone, StippledLinesWithoutAnArrayOrItsMemoryDrawNothing) {
     const ref_ptr<IQelArray<XPnt3d>> hollow(new HollowArray<XPnt3d>(3));
     const CallTrace trace;
     EXPECT_EQ(symbol->drawStippledPolyline({}, 1.0, red, false, false, 0x00FF), 0);
@@ -216,7 +216,7 @@ TEST_F(SymbolMarker, StippledLinesWithoutAnArrayOrItsMemoryDrawNothing) {
     EXPECT_TRUE(callsMatch(trace.glCalls(), {}));
 }
 
-TEST_F(SymbolMarker, StippledLinesGiveTheirArrayBack) {
+TEST_F(SymbolMarkersAlone, StippledLinesGiveTheirArrayBack) {
     const ref_ptr<IQelArray<XPnt3d>> array = threePoints();
     const ref_ptr<IQelArray<XPnt3d>> hollow(new HollowArray<XPnt3d>(3));
     symbol->drawStippledPolyline(array, 1.0, red, false, false, 0x00FF);
@@ -226,7 +226,7 @@ TEST_F(SymbolMarker, StippledLinesGiveTheirArrayBack) {
     EXPECT_EQ(hollow->referenceCount(), 1);
 }
 
-TEST_F(SymbolMarker, DrawTriangleOutlineDrawsThreeEdgesWithoutGuards) {
+TEST_F(SymbolMarkersAlone, DrawTriangleOutlineDrawsThreeEdgesWithoutGuards) {
     const XPnt3d corners[] = {{1.0, 2.0, 3.0}, {4.0, 5.0, 6.0}, {7.0, 8.0, 10.0}};
     const TrianglePoints triangle{&corners[0], &corners[1], &corners[2]};
     const CallTrace trace;
@@ -237,7 +237,7 @@ TEST_F(SymbolMarker, DrawTriangleOutlineDrawsThreeEdgesWithoutGuards) {
                                                                  corners[2], corners[2], corners[0]})));
 }
 
-TEST_F(SymbolMarker, DrawTriangleOutlineRefusesARecordOrACornerThatIsMissing) {
+TEST_F(SymbolMarkersAlone, DrawTriangleOutlineRefusesARecordOrACornerThatIsMissing) {
     const XPnt3d corner(1.0, 2.0, 3.0);
     const TrianglePoints withoutFirst{nullptr, &corner, &corner};
     const TrianglePoints withoutSecond{&corner, nullptr, &corner};

@@ -26,9 +26,9 @@ class SymbolState : public SymbolTest {
     SymbolState() { setHostState(); }
 };
 
-class SymbolMarkersState : public SymbolState, public ::testing::WithParamInterface<MarkerCase> {};
+class SymbolStateOfMarkers : public SymbolState, public ::testing::WithParamInterface<MarkerCase> {};
 
-TEST_P(SymbolMarkersState, IsTheHostsAgainAfterwards) {
+TEST_P(SymbolStateOfMarkers, IsTheHostsAgainAfterwards) {
     for (const bool switches : {false, true}) {
         setHostState();
         MarkerStyle style;
@@ -43,7 +43,7 @@ TEST_P(SymbolMarkersState, IsTheHostsAgainAfterwards) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, SymbolMarkersState, ::testing::ValuesIn(markerCases()),
+INSTANTIATE_TEST_SUITE_P(, SymbolStateOfMarkers, ::testing::ValuesIn(markerCases()),
                          [](const auto& tested) { return tested.param.name; });
 
 TEST_F(SymbolState, IsTheHostsAgainAfterMarkersWithStylesOfTheirOwn) {
@@ -102,23 +102,23 @@ std::vector<GeometryCase> geometryCases() {
     };
 }
 
-class SymbolGeometriesState : public SymbolState, public ::testing::WithParamInterface<GeometryCase> {};
+class SymbolStateOfGeometries : public SymbolState, public ::testing::WithParamInterface<GeometryCase> {};
 
-TEST_P(SymbolGeometriesState, ChangesAfterDrawGeometryOnlyInStyleAndArrays) {
+TEST_P(SymbolStateOfGeometries, ChangesAfterDrawGeometryOnlyInStyleAndArrays) {
     const ref_ptr<IQelGeometry> geometry = GetParam().make();
     const StateSnapshot before = StateSnapshot::take();
     symbol->drawGeometry(geometry.get());
     EXPECT_TRUE(changesOnly(before, StateSnapshot::take(), GetParam().leftByDrawGeometry));
 }
 
-TEST_P(SymbolGeometriesState, KeepsColourAndWidthAfterDrawGeometryWith) {
+TEST_P(SymbolStateOfGeometries, KeepsColourAndWidthAfterDrawGeometryWith) {
     const ref_ptr<IQelGeometry> geometry = GetParam().make();
     const StateSnapshot before = StateSnapshot::take();
     symbol->drawGeometryWith(geometry.get(), 5.5, {255, 0, 127});
     EXPECT_TRUE(changesOnly(before, StateSnapshot::take(), GetParam().leftByDrawGeometryWith));
 }
 
-INSTANTIATE_TEST_SUITE_P(, SymbolGeometriesState, ::testing::ValuesIn(geometryCases()),
+INSTANTIATE_TEST_SUITE_P(, SymbolStateOfGeometries, ::testing::ValuesIn(geometryCases()),
                          [](const auto& tested) { return tested.param.name; });
 
 /// Draws a segment with the same symbol while it is drawn itself.

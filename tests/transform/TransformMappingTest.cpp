@@ -19,7 +19,7 @@ constexpr int kHeight = 100;
 constexpr double kMatrixPrecision = static_cast<double>(std::numeric_limits<float>::epsilon());
 constexpr Enve3d kWindow{0.0, kWidth, 0.0, kHeight, 0.0, 0.0};
 
-class PlanarMapping : public ::testing::Test {
+class TransformMapping : public ::testing::Test {
   protected:
     GlSurface surface{kWidth, kHeight};
     ref_ptr<CQelTransform2d> transform{new CQelTransform2d()};
@@ -32,7 +32,7 @@ class PlanarMapping : public ::testing::Test {
     }
 };
 
-TEST_F(PlanarMapping, LoadsAProjectionThatReachesAboveAndBelowTheExtent) {
+TEST_F(TransformMapping, LoadsAProjectionThatReachesAboveAndBelowTheExtent) {
     transform->setViewExtent({-5.0, 15.0, 2.0, 12.0, -1.0, 4.0});
     CallTrace trace;
     EXPECT_TRUE(transform->applyProjection());
@@ -41,7 +41,7 @@ TEST_F(PlanarMapping, LoadsAProjectionThatReachesAboveAndBelowTheExtent) {
                                            call("glMatrixMode", GL_MODELVIEW), call("glLoadIdentity")}));
 }
 
-TEST_F(PlanarMapping, PutsHigherThingsBehindLowerOnesForTheDepthTest) {
+TEST_F(TransformMapping, PutsHigherThingsBehindLowerOnesForTheDepthTest) {
     show(kWindow, kWindow);
     const auto depthOfHeight = [](double height) {
         glClear(GL_DEPTH_BUFFER_BIT);
@@ -63,7 +63,7 @@ TEST_F(PlanarMapping, PutsHigherThingsBehindLowerOnesForTheDepthTest) {
     EXPECT_EQ(depthOfHeight(3100.0), 1.0F) << "beyond the far plane nothing is drawn";
 }
 
-TEST_F(PlanarMapping, SetsTheViewportThenTheProjection) {
+TEST_F(TransformMapping, SetsTheViewportThenTheProjection) {
     transform->setViewExtent({0.0, 1.0, 0.0, 1.0, 0.0, 0.0});
     transform->setDeviceExtent({10.0, 110.9, 20.0, 70.9, 0.0, 0.0});
     CallTrace trace;
@@ -73,7 +73,7 @@ TEST_F(PlanarMapping, SetsTheViewportThenTheProjection) {
     EXPECT_EQ(trace.calls()[1], call("glMatrixMode", GL_PROJECTION));
 }
 
-TEST_F(PlanarMapping, LeavesTheProjectionAloneWhilePickingDepth) {
+TEST_F(TransformMapping, LeavesTheProjectionAloneWhilePickingDepth) {
     transform->setDepthPicking(true);
     transform->setDeviceExtent(kWindow);
     CallTrace trace;
@@ -81,7 +81,7 @@ TEST_F(PlanarMapping, LeavesTheProjectionAloneWhilePickingDepth) {
     EXPECT_TRUE(callsMatch(trace.calls(), {call("glViewport", 0, 0, kWidth, kHeight)}));
 }
 
-TEST_F(PlanarMapping, WidensAnExtentToTheShapeOfTheWindowAroundItsCentre) {
+TEST_F(TransformMapping, WidensAnExtentToTheShapeOfTheWindowAroundItsCentre) {
     Enve3d fitted;
     EXPECT_TRUE(transform->fitExtentToDevice({0, 200, 0, 100}, {0.0, 10.0, 0.0, 10.0, 3.0, 4.0}, fitted));
     EXPECT_DOUBLE_EQ(fitted.xmin, -5.0);
@@ -92,7 +92,7 @@ TEST_F(PlanarMapping, WidensAnExtentToTheShapeOfTheWindowAroundItsCentre) {
     EXPECT_EQ(fitted.zmax, 4.0);
 }
 
-TEST_F(PlanarMapping, WidensThePendingExtentOnce) {
+TEST_F(TransformMapping, WidensThePendingExtentOnce) {
     transform->setViewExtent({0.0, 10.0, 0.0, 10.0, 0.0, 0.0});
     transform->setDeviceExtent(kWindow);
     transform->setFitPending(true);
@@ -103,7 +103,7 @@ TEST_F(PlanarMapping, WidensThePendingExtentOnce) {
     EXPECT_EQ(transform->getViewExtent().xmin, 0.0);
 }
 
-TEST_F(PlanarMapping, CountsRowsFromTheBottomOneWayAndFromTheTopTheOther) {
+TEST_F(TransformMapping, CountsRowsFromTheBottomOneWayAndFromTheTopTheOther) {
     show({0.0, 20.0, 0.0, 10.0, 0.0, 0.0}, {0.0, 20.0, 0.0, 10.0, 0.0, 0.0});
     std::int32_t x = 0;
     std::int32_t y = 0;
@@ -116,7 +116,7 @@ TEST_F(PlanarMapping, CountsRowsFromTheBottomOneWayAndFromTheTopTheOther) {
     EXPECT_NEAR(point.y, 2.0, 10.0 * kMatrixPrecision);
 }
 
-TEST_F(PlanarMapping, GivesThePointOfTheNearPlaneWhateverIsDrawn) {
+TEST_F(TransformMapping, GivesThePointOfTheNearPlaneWhateverIsDrawn) {
     show({0.0, 20.0, 0.0, 10.0, 0.0, 8.0}, {0.0, 20.0, 0.0, 10.0, 0.0, 8.0});
     glEnable(GL_DEPTH_TEST);
     glRectd(0.0, 0.0, 20.0, 10.0);
@@ -129,7 +129,7 @@ TEST_F(PlanarMapping, GivesThePointOfTheNearPlaneWhateverIsDrawn) {
     EXPECT_NEAR(point.z, 0.0, 6008.0 / (1 << 24) * 2.0) << "two steps of a 24-bit depth buffer";
 }
 
-TEST_F(PlanarMapping, IgnoresNullResults) {
+TEST_F(TransformMapping, IgnoresNullResults) {
     std::int32_t x = 7;
     CallTrace trace;
     EXPECT_EQ(transform->worldToDevice({1.0, 1.0, 0.0}, &x, nullptr), 0);
@@ -138,7 +138,7 @@ TEST_F(PlanarMapping, IgnoresNullResults) {
     EXPECT_TRUE(trace.calls().empty());
 }
 
-TEST_F(PlanarMapping, GivesTheLowestIntegerForPointsThatHaveNoPixel) {
+TEST_F(TransformMapping, GivesTheLowestIntegerForPointsThatHaveNoPixel) {
     show({0.0, 20.0, 0.0, 10.0, 0.0, 0.0}, {0.0, 20.0, 0.0, 10.0, 0.0, 0.0});
     std::int32_t x = 0;
     std::int32_t y = 0;
@@ -154,9 +154,9 @@ struct Place {
     double size;
 };
 
-class PlanarRoundTrip : public PlanarMapping, public ::testing::WithParamInterface<Place> {};
+class TransformMappingRoundTrip : public TransformMapping, public ::testing::WithParamInterface<Place> {};
 
-TEST_P(PlanarRoundTrip, ComesBackToTheSamePixel) {
+TEST_P(TransformMappingRoundTrip, ComesBackToTheSamePixel) {
     const auto [name, left, bottom, size] = GetParam();
     std::mt19937 random(20261121);
     std::uniform_real_distribution<double> share(0.1, 1.0);
@@ -181,7 +181,7 @@ TEST_P(PlanarRoundTrip, ComesBackToTheSamePixel) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, PlanarRoundTrip,
+INSTANTIATE_TEST_SUITE_P(Places, TransformMappingRoundTrip,
                          ::testing::Values(Place{"AtTheOrigin", 0.0, 0.0, 100.0},
                                            Place{"InUtm", 500000.0, 4649776.0, 0.05},
                                            Place{"InWebMercator", -20037508.0, 18440002.0, 0.01},

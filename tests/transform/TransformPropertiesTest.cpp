@@ -34,7 +34,7 @@ struct View {
     }
 };
 
-TEST(PlanarCalls, OfAProjectionReadTheMatricesAndSubtractTheOrigin) {
+TEST(TransformPropertiesOfCalls, OfAProjectionReadTheMatricesAndSubtractTheOrigin) {
     const View view(40, 20, {1e6, 1e6 + 40, 2e6, 2e6 + 20, 5, 9}, {1e6, 1e6 + 40, 2e6, 2e6 + 20, 5, 9});
     const CallTrace trace;
     std::int32_t x = 0;
@@ -49,7 +49,7 @@ TEST(PlanarCalls, OfAProjectionReadTheMatricesAndSubtractTheOrigin) {
     EXPECT_EQ(y, 4);
 }
 
-TEST(PlanarCalls, OfAPixelReadTheDepthAlwaysAndFlipTheRow) {
+TEST(TransformPropertiesOfCalls, OfAPixelReadTheDepthAlwaysAndFlipTheRow) {
     const View view(40, 20, deviceOf(40, 20), deviceOf(40, 20));
     for (const bool picking : {false, true}) {
         view.surface.depth(0, 0);
@@ -69,7 +69,7 @@ TEST(PlanarCalls, OfAPixelReadTheDepthAlwaysAndFlipTheRow) {
     }
 }
 
-TEST(PlanarFit, KeepsTheCentreHoldsTheExtentAndHasTheShapeOfAnyWindow) {
+TEST(TransformPropertiesOfFit, KeepsTheCentreHoldsTheExtentAndHasTheShapeOfAnyWindow) {
     const Transform transform = new CQelTransform2d();
     std::mt19937 random(4711);
     std::uniform_real_distribution<double> share(0.001, 1.0);
@@ -94,7 +94,7 @@ TEST(PlanarFit, KeepsTheCentreHoldsTheExtentAndHasTheShapeOfAnyWindow) {
     }
 }
 
-TEST(PlanarFit, MayWriteIntoItsSource) {
+TEST(TransformPropertiesOfFit, MayWriteIntoItsSource) {
     const Transform transform = new CQelTransform2d();
     Enve3d extent{0, 10, 0, 10, 3, 4};
     transform->fitExtentToDevice({0, 200, 0, 100}, extent, extent);
@@ -102,7 +102,7 @@ TEST(PlanarFit, MayWriteIntoItsSource) {
     EXPECT_DOUBLE_EQ(extent.HightY(), 10.0);
 }
 
-TEST(PlanarFit, ToAWindowWithoutASizeIsInfiniteOrNoNumber) {
+TEST(TransformPropertiesOfFit, ToAWindowWithoutASizeIsInfiniteOrNoNumber) {
     const Transform transform = new CQelTransform2d();
     const Enve3d source{0, 10, 0, 20, 3, 4};
     const double infinity = std::numeric_limits<double>::infinity();
@@ -122,7 +122,7 @@ TEST(PlanarFit, ToAWindowWithoutASizeIsInfiniteOrNoNumber) {
     EXPECT_EQ(fitted.zmax, 4.0);
 }
 
-TEST(PlanarFit, IsDoneOnceWhateverTheWindow) {
+TEST(TransformPropertiesOfFit, IsDoneOnceWhateverTheWindow) {
     const View view(40, 20, deviceOf(40, 20), deviceOf(40, 20));
     view.transform->setDeviceExtent({});
     view.transform->setFitPending(true);
@@ -142,7 +142,7 @@ TEST(PlanarFit, IsDoneOnceWhateverTheWindow) {
     EXPECT_EQ(y, 4);
 }
 
-TEST(PlanarFit, OfAWildDeviceRectangleUsesTheOneConversionToIntegers) {
+TEST(TransformPropertiesOfFit, OfAWildDeviceRectangleUsesTheOneConversionToIntegers) {
     const View view(40, 20, deviceOf(40, 20), deviceOf(40, 20));
     view.transform->setDeviceExtent({0, 1e300, 0, kNaN, 0, 0});
     const CallTrace trace;
@@ -158,10 +158,10 @@ struct Shape {
     int height;
 };
 
-class PlanarShapes : public ::testing::TestWithParam<Shape> {};
+class TransformPropertiesOfShapes : public ::testing::TestWithParam<Shape> {};
 
 /// On the pixel whose middle the point is; with depth picking, on what was drawn there.
-TEST_P(PlanarShapes, BringEveryPixelBackWithAndWithoutDepthPicking) {
+TEST_P(TransformPropertiesOfShapes, BringEveryPixelBackWithAndWithoutDepthPicking) {
     const auto [width, height] = GetParam();
     constexpr double kLeft = 4.2e5;
     constexpr double kBottom = 5.6e6;
@@ -198,7 +198,7 @@ TEST_P(PlanarShapes, BringEveryPixelBackWithAndWithoutDepthPicking) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, PlanarShapes,
+INSTANTIATE_TEST_SUITE_P(Of, TransformPropertiesOfShapes,
                          ::testing::Values(Shape{1, 1}, Shape{1, 97}, Shape{97, 1}, Shape{640, 3},
                                            Shape{3, 480}, Shape{33, 33}, Shape{317, 211}),
                          [](const auto& tested) {
@@ -207,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(Of, PlanarShapes,
                          });
 
 /// What the local origin is for: in single precision the points of such a model would be metres apart.
-TEST(PlanarDetail, OfHalfAMillimetreIsSeenFarFromTheOrigin) {
+TEST(TransformPropertiesOfDetail, OfHalfAMillimetreIsSeenFarFromTheOrigin) {
     constexpr double kPixel = 0.0005;
     for (const double far : {1e6, 1e7, -2.003e7, 1e8}) {
         SCOPED_TRACE(far);

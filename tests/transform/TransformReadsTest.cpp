@@ -13,9 +13,9 @@ namespace qel::test {
 namespace {
 
 /// A planar view with a rectangle drawn over all of it, at a known depth.
-class PlanarReading : public ::testing::Test {
+class TransformReads : public ::testing::Test {
   protected:
-    PlanarReading() {
+    TransformReads() {
         transform->setDeviceExtent({0.0, 200.0, 0.0, 100.0, 0.0, 0.0});
         transform->setViewExtent({0.0, 20.0, 0.0, 10.0, 0.0, 0.0});
         transform->resizeViewport();
@@ -40,7 +40,7 @@ class PlanarReading : public ::testing::Test {
     ref_ptr<CQelTransform2d> transform{new CQelTransform2d()};
 };
 
-TEST_F(PlanarReading, TakesNoNoticeOfTheLayoutThatTheHostReadsWith) {
+TEST_F(TransformReads, TakesNoNoticeOfTheLayoutThatTheHostReadsWith) {
     constexpr GLenum kLayouts[] = {GL_PACK_SKIP_PIXELS, GL_PACK_SKIP_ROWS, GL_PACK_ROW_LENGTH};
     for (const GLenum layout : kLayouts) {
         glPixelStorei(layout, 3);
@@ -52,7 +52,7 @@ TEST_F(PlanarReading, TakesNoNoticeOfTheLayoutThatTheHostReadsWith) {
     EXPECT_EQ(skipped, 3);
 }
 
-TEST_F(PlanarReading, AsksNoDriverForPixelsThatNoWindowHas) {
+TEST_F(TransformReads, AsksNoDriverForPixelsThatNoWindowHas) {
     constexpr std::int32_t kFar[] = {std::numeric_limits<std::int32_t>::max(),
                                      std::numeric_limits<std::int32_t>::min(), 1 << 25};
     for (const std::int32_t far : kFar) {
@@ -64,7 +64,7 @@ TEST_F(PlanarReading, AsksNoDriverForPixelsThatNoWindowHas) {
     }
 }
 
-TEST_F(PlanarReading, FindsBackgroundBeyondAnyBuffer) {
+TEST_F(TransformReads, FindsBackgroundBeyondAnyBuffer) {
     constexpr double kFarPlane = 3000.0;
     ASSERT_NEAR(heightAt(100, 50), kHeightDrawn, kStep);
     EXPECT_NEAR(heightAt(1 << 25, 50), kFarPlane, kStep);

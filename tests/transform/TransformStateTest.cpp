@@ -23,7 +23,7 @@ void expectEqual(const Enve3d& actual, const Enve3d& expected) {
     EXPECT_EQ(actual.zmax, expected.zmax);
 }
 
-TEST(PlanarTransform, SaysWhatItIs) {
+TEST(TransformState, SaysWhatItIs) {
     const Transform transform = newTransform();
     EXPECT_EQ(static_cast<std::uint32_t>(transform->getKind()), 0xFFFFFFFFU);
     EXPECT_EQ(transform->isPlanar(), 1);
@@ -33,7 +33,7 @@ TEST(PlanarTransform, SaysWhatItIs) {
     EXPECT_EQ(transform->reservedSlot29(), 0);
 }
 
-TEST(PlanarTransform, KeepsNoAnchorPoint) {
+TEST(TransformState, KeepsNoAnchorPoint) {
     const Transform transform = newTransform();
     EXPECT_FALSE(transform->setAnchorPoint({1.0, 2.0, 3.0}));
     const XPnt3d anchor = transform->getAnchorPoint();
@@ -42,7 +42,7 @@ TEST(PlanarTransform, KeepsNoAnchorPoint) {
     EXPECT_EQ(anchor.z, 0.0);
 }
 
-TEST(PlanarTransform, TakesTheMinimumCornerOfTheModelAsItsOrigin) {
+TEST(TransformState, TakesTheMinimumCornerOfTheModelAsItsOrigin) {
     const Transform transform = newTransform();
     const Enve3d model{10.0, 20.0, 100.0, 200.0, 5.0, 6.0};
     EXPECT_EQ(transform->setModelExtent(model), 0);
@@ -53,21 +53,21 @@ TEST(PlanarTransform, TakesTheMinimumCornerOfTheModelAsItsOrigin) {
     expectEqual(transform->getModelExtent(), model);
 }
 
-TEST(PlanarTransform, GivesBackTheViewExtentInOrder) {
+TEST(TransformState, GivesBackTheViewExtentInOrder) {
     const Transform transform = newTransform();
     transform->setModelExtent({10.0, 20.0, 100.0, 200.0, 5.0, 6.0});
     EXPECT_EQ(transform->setViewExtent({18.0, 12.0, 180.0, 120.0, 6.0, 5.0}), 0);
     expectEqual(transform->getViewExtent(), {12.0, 18.0, 120.0, 180.0, 5.0, 6.0});
 }
 
-TEST(PlanarTransform, MovesAnEarlierViewExtentWithTheOrigin) {
+TEST(TransformState, MovesAnEarlierViewExtentWithTheOrigin) {
     const Transform transform = newTransform();
     transform->setViewExtent({1.0, 2.0, 3.0, 4.0, 5.0, 6.0});
     transform->setModelExtent({10.0, 20.0, 100.0, 200.0, 1000.0, 2000.0});
     expectEqual(transform->getViewExtent(), {11.0, 12.0, 103.0, 104.0, 1005.0, 1006.0});
 }
 
-TEST(PlanarTransform, KeepsFlatModelsFlat) {
+TEST(TransformState, KeepsFlatModelsFlat) {
     const Transform transform = newTransform();
     const Enve3d flat{10.0, 20.0, 100.0, 200.0, 2147483647.0, -2147483647.0};
     transform->setModelExtent(flat);
@@ -75,14 +75,14 @@ TEST(PlanarTransform, KeepsFlatModelsFlat) {
     expectEqual(transform->getModelExtent(), flat);
 }
 
-TEST(PlanarTransform, StoresTheDeviceRectangleAsGiven) {
+TEST(TransformState, StoresTheDeviceRectangleAsGiven) {
     const Transform transform = newTransform();
     const Enve3d upsideDown{5.0, 1.0, 9.0, 2.0, 0.0, 0.0};
     EXPECT_EQ(transform->setDeviceExtent(upsideDown), 0);
     expectEqual(transform->getDeviceExtent(), upsideDown);
 }
 
-TEST(PlanarTransform, KeepsTheHostsNumbers) {
+TEST(TransformState, KeepsTheHostsNumbers) {
     const Transform transform = newTransform();
     EXPECT_EQ(transform->getModeValue(), 0);
     EXPECT_EQ(transform->getParamA(), 0.0);
@@ -98,14 +98,14 @@ TEST(PlanarTransform, KeepsTheHostsNumbers) {
     EXPECT_EQ(transform->getParamD(), 4.5);
 }
 
-TEST(PlanarTransform, AnswersFalseWhenDepthPickingIsSet) {
+TEST(TransformState, AnswersFalseWhenDepthPickingIsSet) {
     const Transform transform = newTransform();
     EXPECT_FALSE(transform->getDepthPicking());
     EXPECT_FALSE(transform->setDepthPicking(true));
     EXPECT_TRUE(transform->getDepthPicking());
 }
 
-TEST(PlanarTransform, CopiesEverythingButTheReferences) {
+TEST(TransformState, CopiesEverythingButTheReferences) {
     const Transform original = newTransform();
     original->setModelExtent({10.0, 20.0, 100.0, 200.0, 5.0, 6.0});
     original->setParamC(8.0);
@@ -115,7 +115,7 @@ TEST(PlanarTransform, CopiesEverythingButTheReferences) {
     EXPECT_EQ(copy->referenceCount(), 1);
 }
 
-TEST(PlanarTransform, IsSupported) {
+TEST(TransformState, IsSupported) {
     CQelTranform answer;
     EXPECT_EQ(answer.isSupported(), 1);
     CQelTranform copy(answer);

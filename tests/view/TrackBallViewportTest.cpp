@@ -222,7 +222,7 @@ TEST_P(TrackBallViewport, TheSphereKeepsItsSizeInTheModel) {
 INSTANTIATE_TEST_SUITE_P(, TrackBallViewport, ::testing::ValuesIn(kViewports),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(TrackBallWithoutAViewport, AnswersAndStaysFinite) {
+TEST(TrackBallViewportMissing, AnswersAndStaysFinite) {
     const GlSurface surface(64, 64);
     const ref_ptr<CQelTrackBall> camera(new CQelTrackBall);
     camera->onResize(64, 64);

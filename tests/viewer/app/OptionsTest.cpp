@@ -24,7 +24,7 @@ Ending endingOf(const std::vector<std::string>& arguments) {
     return std::get<Ending>(parsed);
 }
 
-TEST(ParseOptions, ShowsTheSampleSceneInAWindowByDefault) {
+TEST(Options, ShowsTheSampleSceneInAWindowByDefault) {
     const Options options = optionsOf({});
     EXPECT_TRUE(options.files.empty());
     EXPECT_EQ(options.width, 1280);
@@ -34,7 +34,7 @@ TEST(ParseOptions, ShowsTheSampleSceneInAWindowByDefault) {
     EXPECT_FALSE(options.writesPictures());
 }
 
-TEST(ParseOptions, TakesFilesAndOptionsInAnyOrder) {
+TEST(Options, TakesFilesAndOptionsInAnyOrder) {
     const Options options =
         optionsOf({"a.obj", "--size", "640x480", "b.ply", "--view", "3", "--ortho", "--out", "c.png"});
     EXPECT_EQ(options.files, (std::vector<std::string>{"a.obj", "b.ply"}));
@@ -46,17 +46,17 @@ TEST(ParseOptions, TakesFilesAndOptionsInAnyOrder) {
     EXPECT_TRUE(options.writesPictures());
 }
 
-TEST(ParseOptions, TakesAPathThatBeginsWithASlashForAFile) {
+TEST(Options, TakesAPathThatBeginsWithASlashForAFile) {
     EXPECT_EQ(optionsOf({"/models/a.obj"}).files, (std::vector<std::string>{"/models/a.obj"}));
 }
 
-TEST(ParseOptions, TakesAPrefixForPicturesOfAllViews) {
+TEST(Options, TakesAPrefixForPicturesOfAllViews) {
     const Options options = optionsOf({"--views-out", "out/view"});
     EXPECT_EQ(options.viewsOut, "out/view");
     EXPECT_TRUE(options.writesPictures());
 }
 
-TEST(ParseOptions, TakesFilesOfCapturesScriptsRecordingsAndTours) {
+TEST(Options, TakesFilesOfCapturesScriptsRecordingsAndTours) {
     const Options capture = optionsOf({"--capture", "a.bmp"});
     EXPECT_EQ(capture.capture, "a.bmp");
     EXPECT_TRUE(capture.writesPictures());
@@ -78,9 +78,9 @@ struct WrongLine {
     const char* mentioned;
 };
 
-class ParseWrongOptions : public testing::TestWithParam<WrongLine> {};
+class OptionsWrong : public testing::TestWithParam<WrongLine> {};
 
-TEST_P(ParseWrongOptions, EndsInOneLineAndExitCodeOne) {
+TEST_P(OptionsWrong, EndsInOneLineAndExitCodeOne) {
     const Ending ending = endingOf(GetParam().arguments);
     EXPECT_EQ(ending.code, ExitCode::Usage);
     EXPECT_NE(ending.text.find(GetParam().mentioned), std::string::npos) << ending.text;
@@ -103,10 +103,10 @@ const std::vector<WrongLine> kWrongLines{
     {"UpWithoutAnAxis", {"--up", "x"}, "--up"},
     {"ScriptAndTour", {"--script", "a", "--tour", "b"}, "--tour"},
 };
-INSTANTIATE_TEST_SUITE_P(Lines, ParseWrongOptions, testing::ValuesIn(kWrongLines),
+INSTANTIATE_TEST_SUITE_P(Lines, OptionsWrong, testing::ValuesIn(kWrongLines),
                          [](const auto& each) { return each.param.name; });
 
-TEST(ParseOptions, ExplainsItself) {
+TEST(Options, ExplainsItself) {
     const Ending help = endingOf({"--help"});
     EXPECT_EQ(help.code, ExitCode::Success);
     for (const char* word :
@@ -119,7 +119,7 @@ TEST(ParseOptions, ExplainsItself) {
     EXPECT_EQ(version.text.rfind("qelview ", 0), 0U);
 }
 
-TEST(ParseOptions, TakesTheAxisThatPointsUp) {
+TEST(Options, TakesTheAxisThatPointsUp) {
     EXPECT_FALSE(optionsOf({"a.obj"}).up.has_value());
     EXPECT_EQ(optionsOf({"--up", "y", "a.obj"}).up, qelview::UpAxis::Y);
     EXPECT_EQ(optionsOf({"--up", "z", "a.obj"}).up, qelview::UpAxis::Z);

@@ -232,9 +232,9 @@ struct Writing {
     std::set<std::string> files;
 };
 
-class WritingViewers : public testing::TestWithParam<Writing> {};
+class QelViewWriting : public testing::TestWithParam<Writing> {};
 
-TEST_P(WritingViewers, WriteTheFilesTheyWereToldToAndNoOther) {
+TEST_P(QelViewWriting, WriteTheFilesTheyWereToldToAndNoOther) {
     const std::filesystem::path folder = temporary("empty");
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
@@ -249,7 +249,7 @@ TEST_P(WritingViewers, WriteTheFilesTheyWereToldToAndNoOther) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Runs, WritingViewers,
+    Runs, QelViewWriting,
     testing::Values(Writing{"Nothing", L"--version", {}},
                     Writing{"Picture", L"--size 64x64 --out a.png", {"a.png"}},
                     Writing{"Capture", L"--size 64x64 --capture a.bmp", {"a.bmp"}},
@@ -301,9 +301,9 @@ struct FailingScript {
     const char* mentioned;
 };
 
-class FailingScripts : public testing::TestWithParam<FailingScript> {};
+class QelViewFailingScripts : public testing::TestWithParam<FailingScript> {};
 
-TEST_P(FailingScripts, EndWithTheirLineAndReason) {
+TEST_P(QelViewFailingScripts, EndWithTheirLineAndReason) {
     const qel::test::TemporaryFile script("failing.txt", GetParam().script);
     const Ended ended = runViewer(L"--size 64x64 --script " + quoted(script.path()));
     EXPECT_EQ(ended.code, GetParam().code);
@@ -311,7 +311,7 @@ TEST_P(FailingScripts, EndWithTheirLineAndReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Scripts, FailingScripts,
+    Scripts, QelViewFailingScripts,
     testing::Values(FailingScript{"WrongLine", "key F\nkey F1\n", 1, "line 2: 'F1' is not a letter"},
                     FailingScript{"PictureNotWritten", "picture absent-folder/a.png\n", 1, "line 1: "},
                     FailingScript{"RecordingRefused", "\nmotion absent.txt\n", 1, "line 2: "},

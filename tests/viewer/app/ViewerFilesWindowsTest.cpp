@@ -109,7 +109,7 @@ TEST_F(ViewerFiles, StaysResponsiveDuringALongLoadAndKeepsTheSceneWhenItIsCancel
     expectTheOldScene(before);
 }
 
-TEST(FilesOfAnswer, ReadsOneNameOrAFolderWithItsNames) {
+TEST(ViewerFilesOfAnswer, ReadsOneNameOrAFolderWithItsNames) {
     using Files = std::vector<std::string>;
     using namespace std::string_literals;
     EXPECT_EQ(qelview::filesOfAnswer(L"C:\\a b.obj\0\0"s), (Files{"C:\\a b.obj"}));
@@ -119,7 +119,7 @@ TEST(FilesOfAnswer, ReadsOneNameOrAFolderWithItsNames) {
     EXPECT_TRUE(qelview::filesOfAnswer(L"\0\0"s).empty());
 }
 
-TEST(DroppedFiles, CarryTheirNamesUnchanged) {
+TEST(ViewerFilesDropped, CarryTheirNamesUnchanged) {
     const std::vector<std::string> files{"C:\\one.obj", "D:\\caf\xC3\xA9 two.ply"};
     HDROP const drop = qelview::makeDrop(files);
     ASSERT_NE(drop, nullptr);

@@ -107,7 +107,7 @@ TEST_F(ViewerKeys, EndsOneThingAfterTheOtherWithEscape) {
     EXPECT_TRUE(viewer->hasEnded());
 }
 
-class ZoomRectangle : public ViewerKeys, public testing::WithParamInterface<bool> {
+class ViewerKeysZoomRectangle : public ViewerKeys, public testing::WithParamInterface<bool> {
   protected:
     void SetUp() override {
         ViewerKeys::SetUp();
@@ -117,7 +117,7 @@ class ZoomRectangle : public ViewerKeys, public testing::WithParamInterface<bool
     }
 };
 
-TEST_P(ZoomRectangle, FillsTheViewWithWhatItShowed) {
+TEST_P(ViewerKeysZoomRectangle, FillsTheViewWithWhatItShowed) {
     // From the upper left to the lower right, a quarter of the view wide.
     const qel::XPnt3d middle = stage().pointAt({170, 90});
     const qel::XPnt3d beside = stage().pointAt({180, 90});
@@ -135,7 +135,7 @@ TEST_P(ZoomRectangle, FillsTheViewWithWhatItShowed) {
     EXPECT_EQ(camera().getDragButton(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Projections, ZoomRectangle, testing::Bool(), [](const auto& each) {
+INSTANTIATE_TEST_SUITE_P(Projections, ViewerKeysZoomRectangle, testing::Bool(), [](const auto& each) {
     return std::string(each.param ? "Orthographic" : "Perspective");
 });
 
@@ -161,7 +161,7 @@ TEST_F(ViewerKeys, TakesATinyRectangleForASlipOfTheHand) {
     EXPECT_EQ(camera().getDragButton(), 0);
 }
 
-class ViewerCaptures : public ViewerKeys {
+class ViewerKeysCaptures : public ViewerKeys {
   protected:
     void SetUp() override {
         std::filesystem::remove_all(folder);
@@ -180,7 +180,7 @@ class ViewerCaptures : public ViewerKeys {
     std::filesystem::path before;
 };
 
-TEST_F(ViewerCaptures, GetANameOfTheirOwn) {
+TEST_F(ViewerKeysCaptures, GetANameOfTheirOwn) {
     play("key C\nkey 0\nkey C");
     EXPECT_EQ(stage().annotations().notice, "Captured qelview-002.bmp");
     const auto first = qelview::readBitmap("qelview-001.bmp");
@@ -191,7 +191,7 @@ TEST_F(ViewerCaptures, GetANameOfTheirOwn) {
     EXPECT_NE(first->rgb, second->rgb);
 }
 
-TEST_F(ViewerCaptures, ShowTheMarkButNeitherHelpNorNoticeNorStrip) {
+TEST_F(ViewerKeysCaptures, ShowTheMarkButNeitherHelpNorNoticeNorStrip) {
     play("capture plain.bmp\nkey H\nmove 170 150\ncapture helped.bmp");
     const auto plain = qelview::readBitmap("plain.bmp");
     const auto helped = qelview::readBitmap("helped.bmp");
@@ -203,7 +203,7 @@ TEST_F(ViewerCaptures, ShowTheMarkButNeitherHelpNorNoticeNorStrip) {
     EXPECT_GT(qel::test::pictureOf(*marked).countOf(kSignalColour, 2), 60U);
 }
 
-TEST_F(ViewerCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
+TEST_F(ViewerKeysCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
     play("size 323 200\ncapture odd.bmp");
     const auto odd = qelview::readBitmap("odd.bmp");
     ASSERT_TRUE(odd.has_value());
@@ -211,7 +211,7 @@ TEST_F(ViewerCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
     EXPECT_EQ(odd->height, 200);
 }
 
-TEST_F(ViewerCaptures, AreReportedWhenTheyCannotBeWritten) {
+TEST_F(ViewerKeysCaptures, AreReportedWhenTheyCannotBeWritten) {
     const qel::test::Picture drawnBefore = picture();
     EXPECT_FALSE(viewer->capture("absent/a.bmp"));
     EXPECT_EQ(stage().annotations().notice,
@@ -223,7 +223,7 @@ TEST_F(ViewerCaptures, AreReportedWhenTheyCannotBeWritten) {
     EXPECT_TRUE(std::filesystem::exists("qelview-001.bmp"));
 }
 
-TEST_F(ViewerCaptures, DoNotTakeWhatStandsUnderTheirNameForThePicture) {
+TEST_F(ViewerKeysCaptures, DoNotTakeWhatStandsUnderTheirNameForThePicture) {
     ASSERT_TRUE(viewer->capture("locked.bmp"));
     HANDLE const locked = CreateFileW(L"locked.bmp", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(locked, INVALID_HANDLE_VALUE);
@@ -238,9 +238,9 @@ TEST_F(ViewerCaptures, DoNotTakeWhatStandsUnderTheirNameForThePicture) {
 }
 
 /// Which of the three writes of a capture fail: 0 all, 3 the pixels.
-class ViewerCapturesOnAFullDisk : public ViewerCaptures, public testing::WithParamInterface<int> {};
+class ViewerKeysCapturesOnAFullDisk : public ViewerKeysCaptures, public testing::WithParamInterface<int> {};
 
-TEST_P(ViewerCapturesOnAFullDisk, AreReportedAsIncomplete) {
+TEST_P(ViewerKeysCapturesOnAFullDisk, AreReportedAsIncomplete) {
     {
         qel::test::CallTrace trace;
         trace.answer("WriteFile", 0, GetParam());
@@ -253,7 +253,7 @@ TEST_P(ViewerCapturesOnAFullDisk, AreReportedAsIncomplete) {
     EXPECT_EQ(stage().annotations().notice, "Captured full.bmp");
     EXPECT_TRUE(qelview::readBitmap("full.bmp").has_value());
 }
-INSTANTIATE_TEST_SUITE_P(Writes, ViewerCapturesOnAFullDisk, testing::Values(0, 3));
+INSTANTIATE_TEST_SUITE_P(Writes, ViewerKeysCapturesOnAFullDisk, testing::Values(0, 3));
 
 TEST_F(ViewerKeys, FollowsTheSizeOfTheWindow) {
     play("size 200 150");

@@ -158,7 +158,7 @@ TEST_F(ViewerMenu, KeepsRecentFilesWhereItsSurroundingsSay) {
     EXPECT_EQ(kept.front(), file.path().string() + "|y");
 }
 
-TEST(RecentStore, KeepsNamesOfAnyLanguageInItsKey) {
+TEST(ViewerMenuRecentStore, KeepsNamesOfAnyLanguageInItsKey) {
     constexpr const wchar_t* kKey = L"Software\\QelDisplay64t\\qelview-test";
     RegDeleteKeyW(HKEY_CURRENT_USER, kKey);
     EXPECT_EQ(qelview::readRecentFiles(kKey), Names{});

@@ -20,7 +20,7 @@ qelview::Surroundings slowFrames(double milliseconds) {
     return around;
 }
 
-class ViewerThinning : public OpenViewer {
+class ViewerMotionThinning : public OpenViewer {
   protected:
     void SetUp() override {}
     /// How many corners of triangles are drawn by what a script leads to.
@@ -38,7 +38,7 @@ class ViewerThinning : public OpenViewer {
     }
 };
 
-TEST_F(ViewerThinning, ThinsASceneThatIsTooSlowWhileTheCameraMovesAndDrawsAllAtRest) {
+TEST_F(ViewerMotionThinning, ThinsASceneThatIsTooSlowWhileTheCameraMovesAndDrawsAllAtRest) {
     open(qelview::makeSampleScene(), slowFrames(120.0));
     const long full = cornersOf("key 6");
     const long moving = cornersOf("wheel 1 160 120");
@@ -52,20 +52,20 @@ TEST_F(ViewerThinning, ThinsASceneThatIsTooSlowWhileTheCameraMovesAndDrawsAllAtR
     EXPECT_EQ(cornersIn(trace), full);
 }
 
-TEST_F(ViewerThinning, DrawsAllAsSoonAsADragEnds) {
+TEST_F(ViewerMotionThinning, DrawsAllAsSoonAsADragEnds) {
     open(qelview::makeSampleScene(), slowFrames(120.0));
     const long full = cornersOf("key 6");
     EXPECT_LT(cornersOf("down left 160 120\nmove 165 120"), full / 2);
     EXPECT_EQ(cornersOf("up left 165 120"), full);
 }
 
-TEST_F(ViewerThinning, LeavesAFastSceneWhole) {
+TEST_F(ViewerMotionThinning, LeavesAFastSceneWhole) {
     open(qelview::makeSampleScene(), slowFrames(20.0));
     const long full = cornersOf("key 6");
     EXPECT_EQ(cornersOf("down left 160 120\nmove 165 120"), full);
 }
 
-TEST_F(ViewerThinning, TellsTheTimeOfTheLastFrame) {
+TEST_F(ViewerMotionThinning, TellsTheTimeOfTheLastFrame) {
     open(qelview::makeSampleScene(), slowFrames(20.0));
     const qel::test::Picture before = picture();
     EXPECT_EQ(stage().annotations().frameMilliseconds, 20.0);
@@ -76,7 +76,7 @@ TEST_F(ViewerThinning, TellsTheTimeOfTheLastFrame) {
     EXPECT_EQ(after.countOf(qel::test::kSignalColour, 2), before.countOf(qel::test::kSignalColour, 2));
 }
 
-TEST_F(ViewerThinning, ShowsAllInPicturesEvenWhileTheCameraMoves) {
+TEST_F(ViewerMotionThinning, ShowsAllInPicturesEvenWhileTheCameraMoves) {
     open(qelview::makeSampleScene(), slowFrames(120.0));
     play("wheel 1 160 120");
     stage().annotations().frameMilliseconds.reset();
@@ -87,9 +87,9 @@ TEST_F(ViewerThinning, ShowsAllInPicturesEvenWhileTheCameraMoves) {
     EXPECT_EQ(picture(), moving);
 }
 
-class ViewerReplay : public OpenViewer {};
+class ViewerMotionReplay : public OpenViewer {};
 
-TEST_F(ViewerReplay, MovesTheCameraOneStepEachTimeTheTimerFires) {
+TEST_F(ViewerMotionReplay, MovesTheCameraOneStepEachTimeTheTimerFires) {
     const std::vector<qelview::MotionStep> steps{{0, 0, 0, 10, 0, 0}, {0, 0, 5, 0, 0, 0}};
     // What the camera itself makes of the steps.
     camera().applyMotion(steps[0].data());
@@ -111,14 +111,14 @@ TEST_F(ViewerReplay, MovesTheCameraOneStepEachTimeTheTimerFires) {
     EXPECT_EQ(cameraNow(), last);
 }
 
-TEST_F(ViewerReplay, EndsWhenAKeyTakesTheControls) {
+TEST_F(ViewerMotionReplay, EndsWhenAKeyTakesTheControls) {
     viewer->replay(std::vector<qelview::MotionStep>(10, {0, 0, 0, 10, 0, 0}));
     send(WM_TIMER, qelview::ViewerWindow::kReplayTimer, 0);
     play("key F");
     EXPECT_FALSE(viewer->isReplaying());
 }
 
-TEST_F(ViewerReplay, EndsWhenTheMouseTakesTheControls) {
+TEST_F(ViewerMotionReplay, EndsWhenTheMouseTakesTheControls) {
     viewer->replay(std::vector<qelview::MotionStep>(10, {0, 0, 0, 10, 0, 0}));
     play("down left 100 100");
     EXPECT_FALSE(viewer->isReplaying());
@@ -151,9 +151,9 @@ std::string restlessMouse() {
     return script;
 }
 
-class ViewerSession : public OpenViewer {};
+class ViewerMotionSession : public OpenViewer {};
 
-TEST_F(ViewerSession, EndsWithTheSameCameraAndPictureEveryTime) {
+TEST_F(ViewerMotionSession, EndsWithTheSameCameraAndPictureEveryTime) {
     const std::string script = restlessMouse();
     play(script);
     const std::string camera = cameraNow();

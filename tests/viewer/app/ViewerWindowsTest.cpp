@@ -28,7 +28,7 @@ qelview::Scene crossingLines() {
     return scene;
 }
 
-TEST(WritePictures, EndsWithThreeAndNoPictureWhenTheWindowGetsNoContext) {
+TEST(ViewerWritePictures, EndsWithThreeAndNoPictureWhenTheWindowGetsNoContext) {
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "qelview-test-context.png";
     qelview::Options options;
     options.out = file.string();
@@ -39,7 +39,7 @@ TEST(WritePictures, EndsWithThreeAndNoPictureWhenTheWindowGetsNoContext) {
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
-class StageOnAWindow : public testing::Test {
+class ViewerStage : public testing::Test {
   protected:
     void SetUp() override {
         window = qelview::createHiddenWindow({320, 200});
@@ -57,7 +57,7 @@ class StageOnAWindow : public testing::Test {
     std::unique_ptr<Stage> stage;
 };
 
-TEST_F(StageOnAWindow, FitsTheSceneIntoEachStandardView) {
+TEST_F(ViewerStage, FitsTheSceneIntoEachStandardView) {
     for (unsigned view = 0; view < 8; ++view) {
         stage->setView(view);
         for (const qel::XPnt3d& end : crossingLines().outline()) {
@@ -70,7 +70,7 @@ TEST_F(StageOnAWindow, FitsTheSceneIntoEachStandardView) {
     }
 }
 
-TEST_F(StageOnAWindow, ReturnsToTheFittedDistanceAfterAZoom) {
+TEST_F(ViewerStage, ReturnsToTheFittedDistanceAfterAZoom) {
     stage->setView(0);
     stage->show();
     const double fitted = distanceToScene();
@@ -80,7 +80,7 @@ TEST_F(StageOnAWindow, ReturnsToTheFittedDistanceAfterAZoom) {
     EXPECT_NEAR(distanceToScene(), fitted, 1e-9 * fitted);
 }
 
-TEST_F(StageOnAWindow, KeepsTheSizeOfTheSceneWhenTheProjectionChanges) {
+TEST_F(ViewerStage, KeepsTheSizeOfTheSceneWhenTheProjectionChanges) {
     stage->setView(0);
     stage->show();
     const double before = stage->camera().project(10, 0, 0).x - stage->camera().project(-10, 0, 0).x;
@@ -92,7 +92,7 @@ TEST_F(StageOnAWindow, KeepsTheSizeOfTheSceneWhenTheProjectionChanges) {
     EXPECT_FALSE(stage->camera().isOrtho());
 }
 
-TEST_F(StageOnAWindow, FitsTheSceneIntoOrthographicViewsToo) {
+TEST_F(ViewerStage, FitsTheSceneIntoOrthographicViewsToo) {
     qelview::Scene deep = crossingLines();
     // Its far end is small in perspective.
     deep.segments.push_back({{0, 0, -40}, {12, 7, -40}, {{0, 0, 255}, 1.0F}});
@@ -108,7 +108,7 @@ TEST_F(StageOnAWindow, FitsTheSceneIntoOrthographicViewsToo) {
     }
 }
 
-TEST_F(StageOnAWindow, GivesThePixelsThatItDrew) {
+TEST_F(ViewerStage, GivesThePixelsThatItDrew) {
     stage->setView(0);
     const qelview::PixelImage image = stage->picture();
     ASSERT_EQ(image.width, 320);
@@ -128,7 +128,7 @@ TEST_F(StageOnAWindow, GivesThePixelsThatItDrew) {
     EXPECT_NEAR(countOf(0, 255), 125, 3);
 }
 
-TEST_F(StageOnAWindow, WritesItsTextsAtTheEdges) {
+TEST_F(ViewerStage, WritesItsTextsAtTheEdges) {
     stage->setView(0);
     const qelview::PixelImage image = stage->picture();
     int bright = 0;
@@ -140,7 +140,7 @@ TEST_F(StageOnAWindow, WritesItsTextsAtTheEdges) {
     EXPECT_GT(bright, 50);
 }
 
-TEST_F(StageOnAWindow, MovesToAnotherWindowWithItsCamera) {
+TEST_F(ViewerStage, MovesToAnotherWindowWithItsCamera) {
     for (const bool isOrthographic : {false, true}) {
         stage->setView(3);
         if (isOrthographic) {
@@ -159,7 +159,7 @@ TEST_F(StageOnAWindow, MovesToAnotherWindowWithItsCamera) {
     }
 }
 
-TEST_F(StageOnAWindow, ShowsAnotherScene) {
+TEST_F(ViewerStage, ShowsAnotherScene) {
     stage->setView(0);
     const qelview::PixelImage before = stage->picture();
     qelview::Scene other = crossingLines();
@@ -173,7 +173,7 @@ TEST_F(StageOnAWindow, ShowsAnotherScene) {
 }
 
 /// The finished program in its own window.
-class RunningViewer : public testing::Test {
+class ViewerRunning : public testing::Test {
   protected:
     void SetUp() override {
         wchar_t name[MAX_PATH] = L"";
@@ -210,7 +210,7 @@ class RunningViewer : public testing::Test {
     HWND window = nullptr;
 };
 
-TEST_F(RunningViewer, HasTheWantedSizeAndEndsOnEscape) {
+TEST_F(ViewerRunning, HasTheWantedSizeAndEndsOnEscape) {
     const qelview::ClientSize size = qelview::clientSizeOf(window);
     EXPECT_EQ(size.width, 400);
     EXPECT_EQ(size.height, 300);
@@ -221,7 +221,7 @@ TEST_F(RunningViewer, HasTheWantedSizeAndEndsOnEscape) {
     EXPECT_EQ(exitCode(), 0U);
 }
 
-TEST_F(RunningViewer, LivesThroughEveryKeyTheMouseAndANewSize) {
+TEST_F(ViewerRunning, LivesThroughEveryKeyTheMouseAndANewSize) {
     for (const char key : std::string("01234567O6FOXAASHHZZ")) {
         press(static_cast<WPARAM>(key));
         UpdateWindow(window);

@@ -160,7 +160,7 @@ void expectKind(const qel::ref_ptr<Geometry>& geometry, qel::GeometryKind kind) 
     EXPECT_EQ(geometry->referenceCount(), 1);
 }
 
-TEST(HostGeometry, SaysItsKind) {
+TEST(HostSceneGeometry, SaysItsKind) {
     using qel::GeometryKind;
     expectKind<qelview::HostCurve>(new qelview::HostCurve({}), GeometryKind::Curve);
     expectKind<qelview::HostRing>(new qelview::HostRing({}), GeometryKind::Ring);
@@ -171,7 +171,7 @@ TEST(HostGeometry, SaysItsKind) {
     expectKind<qelview::HostSegment>(new qelview::HostSegment({}, {}), GeometryKind::LineSegment);
 }
 
-TEST(HostGeometry, AnswersNothingForPartsItDoesNotHave) {
+TEST(HostSceneGeometry, AnswersNothingForPartsItDoesNotHave) {
     const qel::ref_ptr<qelview::HostPolyline> polyline = new qelview::HostPolyline({{{1, 2, 3}}});
     EXPECT_EQ(polyline->partCount(), 1);
     EXPECT_NE(polyline->part(0), nullptr);

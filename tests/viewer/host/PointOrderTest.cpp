@@ -23,18 +23,18 @@ Order orderOf(const qelview::Points& points, const PixelView& view, const qelvie
     return order;
 }
 
-TEST(OrderVisiblePoints, BeginsWithTheFarthest) {
+TEST(PointOrder, BeginsWithTheFarthest) {
     EXPECT_EQ(orderOf({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}}, flatView()), (Order{1, 3, 0, 2}));
 }
 
-TEST(OrderVisiblePoints, TakesEachNthPointAlone) {
+TEST(PointOrder, TakesEachNthPointAlone) {
     Order order;
     orderVisiblePoints({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}, {0, 0, -0.5}}, flatView(), {}, 2,
                        order);
     EXPECT_EQ(order, (Order{0, 4, 2}));
 }
 
-TEST(VisiblePointAt, FindsTheNearestToTheEyeWithinReach) {
+TEST(PointOrderVisiblePointAt, FindsTheNearestToTheEyeWithinReach) {
     const qelview::Points points{{0, 0, 0.5}, {0, 0, -0.5}, {0.5, 0, -0.9}, {0, 0, 0}};
     Order order;
     orderVisiblePoints(points, flatView(), {}, 1, order);
@@ -46,12 +46,12 @@ TEST(VisiblePointAt, FindsTheNearestToTheEyeWithinReach) {
     EXPECT_EQ(qelview::visiblePointAt(points, {}, flatView(), 2.0, 1.0, 0.4), std::nullopt);
 }
 
-TEST(OrderVisiblePoints, LeavesOutWhatLiesOutsideTheView) {
+TEST(PointOrder, LeavesOutWhatLiesOutsideTheView) {
     EXPECT_EQ(orderOf({{1.1, 0, 0}, {0, -1.1, 0}, {0, 0, 1.1}, {0, 0, -1.1}, {1, 1, 1}}, flatView()),
               (Order{4}));
 }
 
-TEST(OrderVisiblePoints, LeavesOutWhatSurfacesHide) {
+TEST(PointOrder, LeavesOutWhatSurfacesHide) {
     // Depth 0.5 is z = 0; the surface covers the pixel at the lower left alone.
     qelview::DepthImage depths(8, 1.0F);
     depths[0] = 0.5F;
@@ -62,14 +62,14 @@ TEST(OrderVisiblePoints, LeavesOutWhatSurfacesHide) {
         (Order{3, 4, 2, 1}));
 }
 
-TEST(OrderVisiblePoints, LeavesOutWhatLiesBehindTheEye) {
+TEST(PointOrder, LeavesOutWhatLiesBehindTheEye) {
     PixelView view = flatView();
     // w = -z, as in a perspective.
     view.projection = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, -1.5, -1, 0, 0, -2.5, 0};
     EXPECT_EQ(orderOf({{0, 0, -3}, {0, 0, 3}, {0, 0, -4}}, view), (Order{2, 0}));
 }
 
-TEST(OrderVisiblePoints, AppliesTheCameraBeforeTheProjection) {
+TEST(PointOrder, AppliesTheCameraBeforeTheProjection) {
     PixelView view = flatView();
     view.modelview[14] = -0.5;
     view.projection[10] = 2.0;
@@ -77,7 +77,7 @@ TEST(OrderVisiblePoints, AppliesTheCameraBeforeTheProjection) {
     EXPECT_EQ(orderOf({{0, 0, 0.9}, {0, 0, 0.6}, {0, 0, 1.1}}, view), (Order{0, 1}));
 }
 
-TEST(OrderVisiblePoints, KeepsPointsOfOneDepthInTheirOrder) {
+TEST(PointOrder, KeepsPointsOfOneDepthInTheirOrder) {
     EXPECT_EQ(orderOf({{0.1, 0, 0}, {0.2, 0, 0}, {0.3, 0, 0}}, flatView()), (Order{0, 1, 2}));
     EXPECT_TRUE(orderOf({}, flatView()).empty());
 }

@@ -27,12 +27,12 @@ Indices countingDown(std::size_t count) {
     return indices;
 }
 
-TEST(ThinnedTriangles, KeepsAllWhereEachPartIsDrawn) {
+TEST(ThinningTriangles, KeepsAllWhereEachPartIsDrawn) {
     const Indices all = countingDown(kCorners * 2 + 3);
     EXPECT_EQ(thinnedTriangles(all, all.size(), 1), all);
 }
 
-TEST(ThinnedTriangles, KeepsEachThirdPartAndTheShortLastOne) {
+TEST(ThinningTriangles, KeepsEachThirdPartAndTheShortLastOne) {
     const Indices all = countingDown(kCorners * 3 + 6);
     const Indices kept = thinnedTriangles(all, all.size(), 3);
     ASSERT_EQ(kept.size(), kCorners + 6);
@@ -42,7 +42,7 @@ TEST(ThinnedTriangles, KeepsEachThirdPartAndTheShortLastOne) {
     EXPECT_EQ(kept.back(), all.back());
 }
 
-TEST(ThinnedTriangles, CountsThePositionsOfAMeshWithoutIndices) {
+TEST(ThinningTriangles, CountsThePositionsOfAMeshWithoutIndices) {
     const Indices kept = thinnedTriangles({}, kCorners * 2 + 4, 2);
     ASSERT_EQ(kept.size(), kCorners + 3);
     EXPECT_EQ(kept[kCorners - 1], kCorners - 1);
@@ -50,7 +50,7 @@ TEST(ThinnedTriangles, CountsThePositionsOfAMeshWithoutIndices) {
     EXPECT_TRUE(thinnedTriangles({}, 2, 1).empty());
 }
 
-class ThinnedScene : public testing::Test {
+class ThinningScene : public testing::Test {
   protected:
     static qelview::PixelView view() {
         constexpr std::array<double, 16> kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
@@ -77,7 +77,7 @@ std::vector<std::string> beginnings(const Calls& calls) {
     return texts;
 }
 
-TEST_F(ThinnedScene, DrawsPartsOfMeshesAndAllOfThemAgainAfterwards) {
+TEST_F(ThinningScene, DrawsPartsOfMeshesAndAllOfThemAgainAfterwards) {
     qelview::Scene source;
     qelview::TriangleMesh mesh;
     mesh.positions.assign(3, qel::XPnt3d(0.0, 0.0, 0.0));
@@ -94,7 +94,7 @@ TEST_F(ThinnedScene, DrawsPartsOfMeshesAndAllOfThemAgainAfterwards) {
     EXPECT_EQ(beginnings(drawn("glDrawElements", 1)), full);
 }
 
-TEST_F(ThinnedScene, DrawsEachNthPointOfClouds) {
+TEST_F(ThinningScene, DrawsEachNthPointOfClouds) {
     qelview::Scene source;
     qelview::PointCloud cloud;
     for (int i = 0; i < 10; ++i) {

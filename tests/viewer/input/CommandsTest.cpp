@@ -10,7 +10,7 @@ using qelview::Command;
 using qelview::commandOf;
 using qelview::keyOf;
 
-TEST(CommandOf, GivesEachDigitItsViewOnBothKeyboards) {
+TEST(Commands, GivesEachDigitItsViewOnBothKeyboards) {
     constexpr unsigned kFirstPadKey = 0x60;
     for (unsigned view = 0; view < 8; ++view) {
         for (const unsigned key : {'0' + view, kFirstPadKey + view}) {
@@ -22,7 +22,7 @@ TEST(CommandOf, GivesEachDigitItsViewOnBothKeyboards) {
     EXPECT_EQ(commandOf(kFirstPadKey + 8, false).command, Command::Nothing);
 }
 
-TEST(CommandOf, KnowsEachLetterOfTheHelp) {
+TEST(Commands, KnowsEachLetterOfTheHelp) {
     std::set<Command> commands;
     for (const qelview::HelpLine& line : qelview::kHelpLines) {
         const unsigned key = keyOf(std::string(line.input));
@@ -34,14 +34,14 @@ TEST(CommandOf, KnowsEachLetterOfTheHelp) {
     EXPECT_EQ(commands.size(), 10U);
 }
 
-TEST(CommandOf, OpensFilesWithControlAndOAlone) {
+TEST(Commands, OpensFilesWithControlAndOAlone) {
     EXPECT_EQ(commandOf('O', true).command, Command::Open);
     EXPECT_EQ(commandOf('O', false).command, Command::SwitchProjection);
     EXPECT_EQ(commandOf('C', true).command, Command::Nothing);
     EXPECT_EQ(commandOf('0', true).command, Command::Nothing);
 }
 
-TEST(KeyOf, ReadsNamesInEitherCase) {
+TEST(CommandsKeyOf, ReadsNamesInEitherCase) {
     EXPECT_EQ(keyOf("f"), static_cast<unsigned>('F'));
     EXPECT_EQ(keyOf("7"), static_cast<unsigned>('7'));
     EXPECT_EQ(keyOf("esc"), 0x1BU);

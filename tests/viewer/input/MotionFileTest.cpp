@@ -11,7 +11,7 @@ namespace {
 using qelview::MotionStep;
 using qelview::parseMotion;
 
-TEST(ParseMotion, ReadsSixNumbersALineAndRepeatsThem) {
+TEST(MotionFile, ReadsSixNumbersALineAndRepeatsThem) {
     const std::vector<MotionStep> steps = parseMotion("# pan\n1 2 3 4 5 6\n\n-1000 0.5 0 0 0 1e3 3\n");
     ASSERT_EQ(steps.size(), 4U);
     EXPECT_EQ(steps[0], (MotionStep{1, 2, 3, 4, 5, 6}));
@@ -19,7 +19,7 @@ TEST(ParseMotion, ReadsSixNumbersALineAndRepeatsThem) {
     EXPECT_EQ(steps[3], steps[1]);
 }
 
-TEST(ParseMotion, RefusesMoreThanNineHours) {
+TEST(MotionFile, RefusesMoreThanNineHours) {
     std::string hours;
     for (int line = 0; line < 100; ++line) {
         hours += "1 0 0 0 0 0 10000\n";
@@ -36,16 +36,16 @@ struct WrongMotion {
     const char* mentioned;
 };
 
-class ParseWrongMotions : public testing::TestWithParam<WrongMotion> {};
+class MotionFileWrong : public testing::TestWithParam<WrongMotion> {};
 
-TEST_P(ParseWrongMotions, NamesTheLineAndTheReason) {
+TEST_P(MotionFileWrong, NamesTheLineAndTheReason) {
     const std::string refusal = qel::test::refusalOf([] { return parseMotion(GetParam().line); });
     EXPECT_EQ(refusal.rfind("line 1: ", 0), 0U) << refusal;
     EXPECT_NE(refusal.find(GetParam().mentioned), std::string::npos) << refusal;
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, ParseWrongMotions,
+    Lines, MotionFileWrong,
     testing::Values(WrongMotion{"FiveNumbers", "1 2 3 4 5", "six numbers"},
                     WrongMotion{"EightNumbers", "1 2 3 4 5 6 7 8", "six numbers"},
                     WrongMotion{"AWord", "1 2 left 4 5 6", "'left' is not a number"},

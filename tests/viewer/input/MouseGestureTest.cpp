@@ -16,9 +16,9 @@ struct Press {
     DragTool tool;
 };
 
-class GestureOfAButton : public testing::TestWithParam<Press> {};
+class MouseGestureOfAButton : public testing::TestWithParam<Press> {};
 
-TEST_P(GestureOfAButton, DrivesItsTool) {
+TEST_P(MouseGestureOfAButton, DrivesItsTool) {
     const Press& press = GetParam();
     MouseGesture gesture;
     EXPECT_TRUE(gesture.press(press.button, press.withShift, press.drawsRectangle, {10, 10}));
@@ -30,7 +30,7 @@ TEST_P(GestureOfAButton, DrivesItsTool) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Buttons, GestureOfAButton,
+    Buttons, MouseGestureOfAButton,
     testing::Values(Press{"Left", MouseButton::Left, false, false, DragTool::Rotate},
                     Press{"ShiftLeft", MouseButton::Left, true, false, DragTool::Pan},
                     Press{"Middle", MouseButton::Middle, false, false, DragTool::Pan},

@@ -17,7 +17,7 @@ ScriptStep onlyStep(const std::string& line) {
     return steps.empty() ? ScriptStep() : steps.front();
 }
 
-TEST(ParseScript, ReadsPlacesAndSizes) {
+TEST(Script, ReadsPlacesAndSizes) {
     EXPECT_EQ(onlyStep("size 640 480").action, ScriptAction::Size);
     const ScriptStep move = onlyStep("move -12 +34");
     EXPECT_EQ(move.action, ScriptAction::Move);
@@ -26,7 +26,7 @@ TEST(ParseScript, ReadsPlacesAndSizes) {
     EXPECT_EQ(onlyStep("double 1 2").action, ScriptAction::Double);
 }
 
-TEST(ParseScript, ReadsButtonsWithAndWithoutShift) {
+TEST(Script, ReadsButtonsWithAndWithoutShift) {
     const ScriptStep down = onlyStep("down middle 5 6 shift");
     EXPECT_EQ(down.action, ScriptAction::Down);
     EXPECT_EQ(down.button, MouseButton::Middle);
@@ -39,7 +39,7 @@ TEST(ParseScript, ReadsButtonsWithAndWithoutShift) {
     EXPECT_FALSE(up.withShift);
 }
 
-TEST(ParseScript, ReadsWheelsAndKeys) {
+TEST(Script, ReadsWheelsAndKeys) {
     const ScriptStep wheel = onlyStep("wheel -3 10 20");
     EXPECT_EQ(wheel.action, ScriptAction::Wheel);
     EXPECT_EQ(wheel.notches, -3);
@@ -56,15 +56,15 @@ struct FileLine {
     const char* file;
 };
 
-class ParseFileLines : public testing::TestWithParam<FileLine> {};
+class ScriptFileLines : public testing::TestWithParam<FileLine> {};
 
-TEST_P(ParseFileLines, TakesTheRestOfTheLineForTheName) {
+TEST_P(ScriptFileLines, TakesTheRestOfTheLineForTheName) {
     const ScriptStep step = onlyStep(GetParam().line);
     EXPECT_EQ(step.action, GetParam().action);
     EXPECT_EQ(step.file, GetParam().file);
 }
 
-INSTANTIATE_TEST_SUITE_P(Lines, ParseFileLines,
+INSTANTIATE_TEST_SUITE_P(Lines, ScriptFileLines,
                          testing::Values(FileLine{"Drop", "drop a b.obj", ScriptAction::Drop, "a b.obj"},
                                          FileLine{"Motion", "motion m.txt", ScriptAction::Motion, "m.txt"},
                                          FileLine{"Picture", "  picture  c:\\out\\p 1.png  ",
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(Lines, ParseFileLines,
                                                   "v.bmp"}),
                          [](const auto& each) { return each.param.name; });
 
-TEST(ParseScript, LeavesOutEmptyLinesAndRemarksButCountsThem) {
+TEST(Script, LeavesOutEmptyLinesAndRemarksButCountsThem) {
     const std::vector<ScriptStep> steps = parseScript("# a remark\n\n  \nkey F\n#\nkey O");
     ASSERT_EQ(steps.size(), 2U);
     EXPECT_EQ(steps[0].line, 4U);
@@ -87,9 +87,9 @@ struct WrongScriptLine {
     const char* mentioned;
 };
 
-class ParseWrongScripts : public testing::TestWithParam<WrongScriptLine> {};
+class ScriptWrong : public testing::TestWithParam<WrongScriptLine> {};
 
-TEST_P(ParseWrongScripts, NamesTheLineAndTheReason) {
+TEST_P(ScriptWrong, NamesTheLineAndTheReason) {
     const std::string refusal =
         qel::test::refusalOf([] { return parseScript(std::string("key F\n") + GetParam().line); });
     EXPECT_EQ(refusal.rfind("line 2: ", 0), 0U) << refusal;
@@ -97,7 +97,7 @@ TEST_P(ParseWrongScripts, NamesTheLineAndTheReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, ParseWrongScripts,
+    Lines, ScriptWrong,
     testing::Values(WrongScriptLine{"UnknownAction", "jump 1 2", "'jump' is no action"},
                     WrongScriptLine{"ActionInCapitals", "MOVE 1 2", "'MOVE' is no action"},
                     WrongScriptLine{"MoveWithoutY", "move 1", "move X Y"},
@@ -117,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongScriptLine{"NoFile", "picture", "picture FILE.png"}),
     [](const auto& each) { return each.param.name; });
 
-TEST(ParseScript, RefusesWhatIsNoText) {
+TEST(Script, RefusesWhatIsNoText) {
     EXPECT_NE(qel::test::refusalOf([] { return parseScript("\xFF\xFEk"); }), "");
 }
 

@@ -40,14 +40,14 @@ Line2d square(double left, double bottom, double side) {
             {left, bottom}};
 }
 
-TEST(MapClip, KeepsLinesInsideAsTheyAre) {
+TEST(MapFrameClip, KeepsLinesInsideAsTheyAre) {
     const Line2d inside{{1, 1}, {9, 9}, {0, 10}};
     const auto parts = qelview::clipLine(inside, kUnit);
     ASSERT_EQ(parts.size(), 1U);
     EXPECT_EQ(parts[0].size(), 3U);
 }
 
-TEST(MapClip, CutsALineIntoItsVisibleParts) {
+TEST(MapFrameClip, CutsALineIntoItsVisibleParts) {
     const auto parts = qelview::clipLine({{-5, 5}, {5, 5}, {5, 20}, {8, 20}, {8, 2}, {7, 2}}, kUnit);
     ASSERT_EQ(parts.size(), 2U);
     ASSERT_EQ(parts[0].size(), 3U);
@@ -59,14 +59,14 @@ TEST(MapClip, CutsALineIntoItsVisibleParts) {
     EXPECT_EQ(parts[1][2].x, 7.0);
 }
 
-TEST(MapClip, DropsWhatOnlyPassesACorner) {
+TEST(MapFrameClip, DropsWhatOnlyPassesACorner) {
     EXPECT_TRUE(qelview::clipLine({{-3, 8}, {3, 14}}, kUnit).empty());
     EXPECT_TRUE(qelview::clipLine({{-3, -8}, {-3, 14}}, kUnit).empty());
     EXPECT_TRUE(qelview::clipLine({{3, 3}}, kUnit).size() <= 1);
     EXPECT_TRUE(qelview::clipLine({}, kUnit).empty());
 }
 
-TEST(MapClip, KeepsDetailOfLinesWhoseEndsAreFarAway) {
+TEST(MapFrameClip, KeepsDetailOfLinesWhoseEndsAreFarAway) {
     // A steep line through the middle of a window of a millimetre at 2e7.
     const qel::Enve2d window(2e7, 2e7, 2e7 + 1e-3, 2e7 + 1e-3);
     const auto parts = qelview::clipLine({{2e7 - 1e7, 2e7 - 1e7}, {2e7 + 1e7, 2e7 + 1e7}}, window);
@@ -75,7 +75,7 @@ TEST(MapClip, KeepsDetailOfLinesWhoseEndsAreFarAway) {
     EXPECT_NEAR(parts[0].back().y - 2e7, 1e-3, 2e-8);
 }
 
-TEST(MapClip, CutsRingsAlongTheEdge) {
+TEST(MapFrameClip, CutsRingsAlongTheEdge) {
     EXPECT_NEAR(areaOf(qelview::trianglesOf({qelview::clipRing(square(-5, -5, 10), kUnit)})), 25.0, 1e-9);
     EXPECT_NEAR(areaOf(qelview::trianglesOf({qelview::clipRing(square(-5, -5, 100), kUnit)})), 100.0, 1e-9);
     EXPECT_TRUE(qelview::clipRing(square(20, 20, 5), kUnit).empty());
@@ -84,7 +84,7 @@ TEST(MapClip, CutsRingsAlongTheEdge) {
         1e-9);
 }
 
-TEST(MapTriangles, LeaveHolesOpenAndCountCrossingsOnce) {
+TEST(MapFrameTriangles, LeaveHolesOpenAndCountCrossingsOnce) {
     EXPECT_NEAR(areaOf(qelview::trianglesOf({square(0, 0, 4), square(1, 1, 2)})), 12.0, 1e-9);
     // An island in the lake of an island.
     EXPECT_NEAR(areaOf(qelview::trianglesOf({square(0, 0, 8), square(1, 1, 6), square(2, 2, 4)})),
@@ -112,7 +112,7 @@ bool isInside(const Rings2d& rings, double x, double y) {
     return inside;
 }
 
-TEST(MapClip, KeepsInsideAndOutsideOfRandomRings) {
+TEST(MapFrameClip, KeepsInsideAndOutsideOfRandomRings) {
     std::mt19937 random(3);
     std::uniform_real_distribution<double> place(-10.0, 20.0);
     std::uniform_real_distribution<double> within(0.001, 9.999);
@@ -143,7 +143,7 @@ qelview::Scene sceneOf(const Rings2d& rings, const qel::XPnt3d& origin) {
     return scene;
 }
 
-TEST(MapData, GivesTheCoordinatesOfTheFilesBack) {
+TEST(MapFrameData, GivesTheCoordinatesOfTheFilesBack) {
     qelview::Scene scene = sceneOf({square(0, 0, 4)}, {1000, 2000, 0});
     scene.labels.push_back({{1, 1, 0}, "here"});
     const qelview::MapData map = qelview::mapOf(scene);
@@ -190,7 +190,7 @@ TEST(MapFrame, ShowsNoNameOverAnother) {
     EXPECT_EQ(frame.names[1].at.y, 80.0);
 }
 
-TEST(MapRelief, GivesPolygonsASurface) {
+TEST(MapFrameRelief, GivesPolygonsASurface) {
     const qelview::Scene relief = qelview::reliefOf(sceneOf({square(0, 0, 4), square(1, 1, 2)}, {}));
     ASSERT_EQ(relief.meshes.size(), 1U);
     ASSERT_EQ(relief.meshes[0].positions.size() % 3, 0U);
@@ -203,7 +203,7 @@ TEST(MapRelief, GivesPolygonsASurface) {
     EXPECT_EQ(relief.polygons.size(), 1U);
 }
 
-TEST(TextRoom, IsTakenByTheFirstWhoComes) {
+TEST(MapFrameTextRoom, IsTakenByTheFirstWhoComes) {
     qelview::TextRoom room;
     EXPECT_TRUE(room.take(100, 100, "First"));
     EXPECT_FALSE(room.take(110, 105, "Second"));
@@ -213,7 +213,7 @@ TEST(TextRoom, IsTakenByTheFirstWhoComes) {
     EXPECT_TRUE(room.take(40, 100, "")) << "what was refused takes no room";
 }
 
-TEST(SampleMap, HasIslandsLakesLinesAndNamedTowns) {
+TEST(MapFrameSampleMap, HasIslandsLakesLinesAndNamedTowns) {
     const qelview::Scene scene = qelview::makeSampleMap();
     ASSERT_EQ(scene.polygons.size(), 1U);
     EXPECT_GT(scene.polygons[0].rings.size(), 8U);

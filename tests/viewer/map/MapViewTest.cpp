@@ -114,7 +114,7 @@ struct Rounded {
     double atMost;
 };
 
-TEST(RoundNumbers, AreOneTwoAndFiveTimesPowersOfTen) {
+TEST(MapViewRoundNumbers, AreOneTwoAndFiveTimesPowersOfTen) {
     const Rounded cases[] = {{1, 1, 1},       {1.1, 2, 1},          {2, 2, 2},         {3, 5, 2},
                              {7, 10, 5},      {0.1, 0.1, 0.1},      {0.3, 0.5, 0.2},   {99, 100, 50},
                              {100, 100, 100}, {1.5e-7, 2e-7, 1e-7}, {4e12, 5e12, 2e12}};
@@ -125,7 +125,7 @@ TEST(RoundNumbers, AreOneTwoAndFiveTimesPowersOfTen) {
     }
 }
 
-TEST(RoundNumbers, AreWrittenWithTheDecimalsOfTheirStep) {
+TEST(MapViewRoundNumbers, AreWrittenWithTheDecimalsOfTheirStep) {
     EXPECT_EQ(qelview::withStep(1234.5678, 1.0), "1235");
     EXPECT_EQ(qelview::withStep(1234.5678, 0.1), "1234.6");
     EXPECT_EQ(qelview::withStep(1234.5678, 0.02), "1234.57");
@@ -133,7 +133,7 @@ TEST(RoundNumbers, AreWrittenWithTheDecimalsOfTheirStep) {
     EXPECT_EQ(qelview::withStep(1e300, 1e-300).size(), 317U);
 }
 
-TEST(MapTexts, GiveABarOfARoundLength) {
+TEST(MapViewTexts, GiveABarOfARoundLength) {
     const MapView view = viewOf(400, 300, {0, 0, 40, 30});
     const qelview::ScaleBar bar = qelview::scaleBarOf(view, false);
     EXPECT_EQ(bar.units, 10.0);
@@ -147,7 +147,7 @@ TEST(MapTexts, GiveABarOfARoundLength) {
     EXPECT_LT(wide.textLeft + 8.5 * static_cast<double>(wide.text.size()), 400.0);
 }
 
-TEST(MapTexts, GiveCoordinatesAsExactAsAPixel) {
+TEST(MapViewTexts, GiveCoordinatesAsExactAsAPixel) {
     const MapView view = viewOf(400, 300, {0, 0, 40, 30});
     EXPECT_EQ(qelview::textOf({12.3456, -7.891}, view, false), "x 12.3   y -7.9");
     EXPECT_EQ(qelview::textOf({-12.3456, 7.891}, view, true), "7.9 deg N   12.3 deg W");

@@ -18,7 +18,7 @@ namespace {
 
 using qelview::MapWindow;
 
-class OpenMap : public testing::Test {
+class MapWindow : public testing::Test {
   protected:
     void SetUp() override { ASSERT_TRUE(window.open({500, 400}, true)); }
 
@@ -44,7 +44,7 @@ class OpenMap : public testing::Test {
     MapWindow window{qelview::makeSampleMap()};
 };
 
-TEST_F(OpenMap, ShowsAPaneForEachOfThreeKeys) {
+TEST_F(MapWindow, ShowsAPaneForEachOfThreeKeys) {
     EXPECT_EQ(window.chosen(), MapWindow::Pane::Gdi);
     EXPECT_GT(pixelsOf(qelview::kLand), 5000U);
     key('2');
@@ -61,7 +61,7 @@ TEST_F(OpenMap, ShowsAPaneForEachOfThreeKeys) {
     EXPECT_EQ(window.chosen(), MapWindow::Pane::Gdi);
 }
 
-TEST_F(OpenMap, MovesWithTheMouseThatDragsIt) {
+TEST_F(MapWindow, MovesWithTheMouseThatDragsIt) {
     const qel::XPnt2d grabbed = window.view().worldAt(100, 120);
     send(WM_MOUSEMOVE, 0, 90, 90);
     EXPECT_NEAR(window.view().pixelOf(grabbed).x, 100, 1e-6) << "no button is down";
@@ -75,7 +75,7 @@ TEST_F(OpenMap, MovesWithTheMouseThatDragsIt) {
     EXPECT_NEAR(window.view().pixelOf(grabbed).x, 160, 1e-6) << "the button is up again";
 }
 
-TEST_F(OpenMap, LetsGoWhenSomethingElseTakesTheMouse) {
+TEST_F(MapWindow, LetsGoWhenSomethingElseTakesTheMouse) {
     const qel::XPnt2d grabbed = window.view().worldAt(100, 120);
     send(WM_LBUTTONDOWN, MK_LBUTTON, 100, 120);
     send(WM_MOUSEMOVE, MK_LBUTTON, 130, 100);
@@ -84,7 +84,7 @@ TEST_F(OpenMap, LetsGoWhenSomethingElseTakesTheMouse) {
     EXPECT_NEAR(window.view().pixelOf(grabbed).x, 130, 1e-6);
 }
 
-TEST_F(OpenMap, ZoomsAtTheCursorAndFitsAgain) {
+TEST_F(MapWindow, ZoomsAtTheCursorAndFitsAgain) {
     const double fitted = window.view().unitsPerPixel();
     const qel::XPnt2d under = window.view().worldAt(400, 300);
     wheel(2, 400, 300);
@@ -97,7 +97,7 @@ TEST_F(OpenMap, ZoomsAtTheCursorAndFitsAgain) {
     EXPECT_NEAR(window.view().unitsPerPixel(), fitted, 1e-12 * fitted);
 }
 
-TEST_F(OpenMap, SharesItsViewBetweenBothPlanePanes) {
+TEST_F(MapWindow, SharesItsViewBetweenBothPlanePanes) {
     wheel(3, 100, 100);
     const double zoomed = window.view().unitsPerPixel();
     const std::size_t byGdi = pixelsOf(qelview::kLand);
@@ -106,7 +106,7 @@ TEST_F(OpenMap, SharesItsViewBetweenBothPlanePanes) {
     EXPECT_NEAR(static_cast<double>(pixelsOf(qelview::kLand)), static_cast<double>(byGdi), 0.02 * 500 * 400);
 }
 
-TEST_F(OpenMap, TurnsTheReliefAndLeavesTheMapAlone) {
+TEST_F(MapWindow, TurnsTheReliefAndLeavesTheMapAlone) {
     key('3');
     const double units = window.view().unitsPerPixel();
     const std::size_t before = pixelsOf({27, 32, 40});
@@ -118,7 +118,7 @@ TEST_F(OpenMap, TurnsTheReliefAndLeavesTheMapAlone) {
     EXPECT_EQ(window.view().unitsPerPixel(), units);
 }
 
-TEST_F(OpenMap, FollowsTheSizeOfItsWindow) {
+TEST_F(MapWindow, FollowsTheSizeOfItsWindow) {
     SetWindowPos(window.handle(), nullptr, 0, 0, 333, 222, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     EXPECT_EQ(window.view().width(), 333);
     EXPECT_EQ(window.view().height(), 222);
@@ -135,7 +135,7 @@ TEST_F(OpenMap, FollowsTheSizeOfItsWindow) {
     EXPECT_EQ(window.picture().width, 1);
 }
 
-TEST(RunMap, WritesAPictureOfEachPane) {
+TEST(MapWindowRun, WritesAPictureOfEachPane) {
     const std::filesystem::path prefix = std::filesystem::temp_directory_path() / "qelview-test-map";
     qelview::Options options;
     options.width = 320;
@@ -153,7 +153,7 @@ TEST(RunMap, WritesAPictureOfEachPane) {
     }
 }
 
-TEST(RunMap, WritesTheOpenGlPaneToASingleFile) {
+TEST(MapWindowRun, WritesTheOpenGlPaneToASingleFile) {
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "qelview-test-map.png";
     qelview::Options options;
     options.width = 320;
@@ -167,13 +167,13 @@ TEST(RunMap, WritesTheOpenGlPaneToASingleFile) {
     EXPECT_GT(picture.countOf({land.red, land.green, land.blue, 255}), 5000U);
 }
 
-TEST(RunMap, EndsWithOneWhereNoPictureCanBeWritten) {
+TEST(MapWindowRun, EndsWithOneWhereNoPictureCanBeWritten) {
     qelview::Options options;
     options.mapOut = "absent-folder/map";
     EXPECT_EQ(qelview::runMap(options, qelview::makeSampleMap()), qelview::ExitCode::Usage);
 }
 
-TEST(RunMap, EndsWithThreeWithoutOpenGl) {
+TEST(MapWindowRun, EndsWithThreeWithoutOpenGl) {
     qelview::Options options;
     options.mapOut = "never";
     qel::test::CallTrace trace;
@@ -181,7 +181,7 @@ TEST(RunMap, EndsWithThreeWithoutOpenGl) {
     EXPECT_EQ(qelview::runMap(options, qelview::makeSampleMap()), qelview::ExitCode::NoContext);
 }
 
-TEST(MapOptions, AreAFlagAndAPrefix) {
+TEST(MapWindowOptions, AreAFlagAndAPrefix) {
     const auto optionsOf = [](std::vector<std::string> arguments) {
         return std::get<qelview::Options>(qelview::parseOptions(std::move(arguments)));
     };

@@ -52,9 +52,9 @@ struct Shape {
     double area;
 };
 
-class FaceOf : public testing::TestWithParam<Shape> {};
+class MeshFacesFaceOf : public testing::TestWithParam<Shape> {};
 
-TEST_P(FaceOf, IsFilledOnceAndLooksItsOwnWay) {
+TEST_P(MeshFacesFaceOf, IsFilledOnceAndLooksItsOwnWay) {
     const TriangleMesh mesh = meshOf(GetParam().outline);
     EXPECT_EQ(mesh.indices.size(), 3 * GetParam().triangles);
     EXPECT_NEAR(areaAlong(mesh, {0, 0, 1}), GetParam().area, 1e-9);
@@ -86,7 +86,7 @@ const std::vector<Shape> kShapes{
     {"NothingAtAll", {{1, 1, 1}, {1, 1, 1}, {1, 1, 1}, {1, 1, 1}}, 0, 0.0},
     {"ALine", {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}}, 0, 0.0},
 };
-INSTANTIATE_TEST_SUITE_P(Shapes, FaceOf, testing::ValuesIn(kShapes),
+INSTANTIATE_TEST_SUITE_P(Shapes, MeshFacesFaceOf, testing::ValuesIn(kShapes),
                          [](const auto& each) { return each.param.name; });
 
 TEST(MeshFaces, FillAFaceThatCrossesItselfWithVerticesMore) {

@@ -24,7 +24,7 @@ TriangleMesh cube() {
     return mesh;
 }
 
-TEST(MakeNormals, KeepsTheEdgesOfACubeSharp) {
+TEST(MeshNormals, KeepsTheEdgesOfACubeSharp) {
     TriangleMesh mesh = cube();
     qelview::makeNormals(mesh);
     EXPECT_EQ(mesh.positions.size(), 24U);
@@ -38,13 +38,13 @@ TEST(MakeNormals, KeepsTheEdgesOfACubeSharp) {
     EXPECT_EQ(bottom.z, -1.0F);
 }
 
-TEST(MakeNormals, SmoothsEverythingBelowTheCreaseAngle) {
+TEST(MeshNormals, SmoothsEverythingBelowTheCreaseAngle) {
     TriangleMesh mesh = cube();
     qelview::makeNormals(mesh, 100.0);
     EXPECT_EQ(mesh.positions.size(), 8U);
 }
 
-TEST(MakeNormals, SmoothsAcrossVerticesThatShareOnlyTheirPlace) {
+TEST(MeshNormals, SmoothsAcrossVerticesThatShareOnlyTheirPlace) {
     TriangleMesh roof;
     // Two faces that meet in the line x = 0 at 20 degrees, without a shared vertex.
     const double drop = std::tan(10.0 * std::acos(-1.0) / 180.0);
@@ -58,14 +58,14 @@ TEST(MakeNormals, SmoothsAcrossVerticesThatShareOnlyTheirPlace) {
     EXPECT_NEAR(first.z, 1.0F, 1e-6F);
 }
 
-TEST(MakeNormals, CountsLargeTrianglesMore) {
+TEST(MeshNormals, CountsLargeTrianglesMore) {
     TriangleMesh roof;
     roof.positions = {{0, 0, 0}, {0, 1, 0}, {-1, 0, -0.2}, {0, 1, 0}, {0, 0, 0}, {9, 0, -1.8}};
     qelview::makeNormals(roof);
     EXPECT_GT(roof.normals[roof.indices[0]].x, 0.1F);
 }
 
-TEST(MakeNormals, GivesTrianglesWithoutAnAreaSomeUnitNormal) {
+TEST(MeshNormals, GivesTrianglesWithoutAnAreaSomeUnitNormal) {
     TriangleMesh mesh;
     mesh.positions = {{1, 1, 1}, {1, 1, 1}, {1, 1, 1}};
     qelview::makeNormals(mesh);
@@ -74,7 +74,7 @@ TEST(MakeNormals, GivesTrianglesWithoutAnAreaSomeUnitNormal) {
     }
 }
 
-TEST(MakeNormals, CarriesColoursOverToSplitVertices) {
+TEST(MeshNormals, CarriesColoursOverToSplitVertices) {
     TriangleMesh mesh = cube();
     for (const qel::XPnt3d& position : mesh.positions) {
         mesh.colors.emplace_back(static_cast<float>(position.x), static_cast<float>(position.y),
@@ -88,7 +88,7 @@ TEST(MakeNormals, CarriesColoursOverToSplitVertices) {
     }
 }
 
-TEST(MakeNormals, StaysQuickAroundAVertexOfManyTriangles) {
+TEST(MeshNormals, StaysQuickAroundAVertexOfManyTriangles) {
     TriangleMesh fan;
     constexpr std::uint32_t kBlades = 100000;
     fan.positions.emplace_back(0.0, 0.0, 1.0);
@@ -105,7 +105,7 @@ TEST(MakeNormals, StaysQuickAroundAVertexOfManyTriangles) {
     EXPECT_NEAR(tip.z, 1.0F, 1e-3F);
 }
 
-TEST(MakeNormals, KeepsVerticesInTheirPlacesAndCopiesBehindThem) {
+TEST(MeshNormals, KeepsVerticesInTheirPlacesAndCopiesBehindThem) {
     TriangleMesh mesh = cube();
     const qelview::Points corners = mesh.positions;
     qelview::makeNormals(mesh);
@@ -115,7 +115,7 @@ TEST(MakeNormals, KeepsVerticesInTheirPlacesAndCopiesBehindThem) {
     }
 }
 
-TEST(MakeNormals, GivesTrianglesWithoutAnAreaTheNormalsAroundThem) {
+TEST(MeshNormals, GivesTrianglesWithoutAnAreaTheNormalsAroundThem) {
     TriangleMesh mesh;
     mesh.positions = {{0, 0, 0}, {0, 1, 0}, {1, 0, 0}, {0, 0, 1}};
     // A wall, a floor, and nothing in the edge between them.
@@ -144,7 +144,7 @@ TriangleMesh hills(std::uint32_t side) {
     return mesh;
 }
 
-TEST(MakeNormals, FollowsTheSlopeOfALargeSurface) {
+TEST(MeshNormals, FollowsTheSlopeOfALargeSurface) {
     constexpr std::uint32_t kSide = 200;
     TriangleMesh mesh = hills(kSide);
     qelview::makeNormals(mesh);
@@ -160,7 +160,7 @@ TEST(MakeNormals, FollowsTheSlopeOfALargeSurface) {
     }
 }
 
-TEST(MakeNormals, KeepsEdgesSharpInEachPieceOfALargeMesh) {
+TEST(MeshNormals, KeepsEdgesSharpInEachPieceOfALargeMesh) {
     TriangleMesh mesh;
     constexpr std::uint32_t kCubes = 6000;
     for (std::uint32_t i = 0; i < kCubes; ++i) {
@@ -185,7 +185,7 @@ TEST(MakeNormals, KeepsEdgesSharpInEachPieceOfALargeMesh) {
     }
 }
 
-TEST(UnitNormal, HasTheLengthOfOneWhateverTheLength) {
+TEST(MeshNormalsUnitNormal, HasTheLengthOfOneWhateverTheLength) {
     for (const double length : {1e-299, 1e-3, 5.0, 1e150}) {
         const qel::XPnt3f normal = qelview::unitNormal({0.0, 0.6 * length, 0.8 * length});
         EXPECT_NEAR(normal.y, 0.6F, 1e-6F) << length;
@@ -193,7 +193,7 @@ TEST(UnitNormal, HasTheLengthOfOneWhateverTheLength) {
     }
 }
 
-TEST(UnitNormal, IsAlongZWhereThereIsNone) {
+TEST(MeshNormalsUnitNormal, IsAlongZWhereThereIsNone) {
     for (const double part :
          {0.0, 1e-310, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
         const qel::XPnt3f normal = qelview::unitNormal({part, 0.0, 0.0});

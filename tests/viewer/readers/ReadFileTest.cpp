@@ -63,9 +63,9 @@ const std::vector<BadFile> kBadFiles{
     {"vertex_count_low.ply", "line 15: 3 values where the header promises 2"},
 };
 
-class ReadBadFile : public testing::TestWithParam<BadFile> {};
+class ReadFileBad : public testing::TestWithParam<BadFile> {};
 
-TEST_P(ReadBadFile, EndsInOneLineOrInItsSoundPart) {
+TEST_P(ReadFileBad, EndsInOneLineOrInItsSoundPart) {
     QEL_SKIP_WITHOUT_VIEWER_DATA();
     const std::filesystem::path file = viewerData() / "bad" / GetParam().name;
     qelview::Scene scene;
@@ -84,7 +84,7 @@ TEST_P(ReadBadFile, EndsInOneLineOrInItsSoundPart) {
     EXPECT_EQ(refusal.find_first_of("\r\n"), std::string::npos);
     EXPECT_TRUE(scene.isEmpty());
 }
-INSTANTIATE_TEST_SUITE_P(Files, ReadBadFile, testing::ValuesIn(kBadFiles), [](const auto& each) {
+INSTANTIATE_TEST_SUITE_P(Files, ReadFileBad, testing::ValuesIn(kBadFiles), [](const auto& each) {
     std::string name = each.param.name;
     for (char& character : name) {
         character = character == '.' ? '_' : character;
@@ -287,7 +287,7 @@ TEST(ReadFile, KeepsMillimetresOfMeshesFarFromTheOrigin) {
     EXPECT_NEAR(points[2].y - points[0].y, 0.001, 1e-9);
 }
 
-TEST(LoadScene, TakesTheGivenAxisWhereTheFormatDoesNotSay) {
+TEST(ReadFileLoadScene, TakesTheGivenAxisWhereTheFormatDoesNotSay) {
     const TemporaryFile points("points.xyz", "1 2 3\n4 5 6\n");
     const TemporaryFile triangle("up.gltf", gltf("C"));
     qelview::Progress progress;

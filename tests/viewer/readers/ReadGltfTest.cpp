@@ -242,9 +242,9 @@ struct WrongValue {
     const char* refusal;
 };
 
-class WrongGltf : public testing::TestWithParam<WrongValue> {};
+class ReadGltfWrong : public testing::TestWithParam<WrongValue> {};
 
-TEST_P(WrongGltf, IsRefusedAtItsPlace) {
+TEST_P(ReadGltfWrong, IsRefusedAtItsPlace) {
     EXPECT_EQ(refusal(squareWith(GetParam().pointer, GetParam().value).dump()), GetParam().refusal);
 }
 
@@ -307,7 +307,7 @@ const std::vector<WrongValue> kWrong{
     {"OtherMachine", "/buffers/0/uri", "//host/a.bin",
      "buffer 0: '//host/a.bin' is not a file beside this one"},
 };
-INSTANTIATE_TEST_SUITE_P(In, WrongGltf, testing::ValuesIn(kWrong),
+INSTANTIATE_TEST_SUITE_P(In, ReadGltfWrong, testing::ValuesIn(kWrong),
                          [](const auto& each) { return each.param.name; });
 
 TEST(ReadGltf, RefusesAttributesOfAnotherLength) {

@@ -27,15 +27,15 @@ struct FileCase {
     const char* expected;
 };
 
-class MeshFile : public testing::TestWithParam<FileCase> {};
+class ReadMesh : public testing::TestWithParam<FileCase> {};
 
-TEST_P(MeshFile, SaysWhatIsWrongAndWhere) {
+TEST_P(ReadMesh, SaysWhatIsWrongAndWhere) {
     EXPECT_EQ(refusal(GetParam().reader, GetParam().content), GetParam().expected);
 }
 
-class TolerableFile : public testing::TestWithParam<FileCase> {};
+class ReadMeshTolerable : public testing::TestWithParam<FileCase> {};
 
-TEST_P(TolerableFile, IsShownWithAWarning) {
+TEST_P(ReadMeshTolerable, IsShownWithAWarning) {
     const qelview::Scene scene = sceneOf(GetParam().reader, GetParam().content);
     ASSERT_EQ(scene.warnings.size(), 1U);
     EXPECT_EQ(scene.warnings[0], GetParam().expected);
@@ -140,7 +140,7 @@ const std::vector<FileCase> kCases{
      "line 6: a face of 3 corners that names 2"},
     {"OffNothing", kOff, "OFF\n0 0 0\n", "line 2: there are no vertices"},
 };
-INSTANTIATE_TEST_SUITE_P(Of, MeshFile, testing::ValuesIn(kCases),
+INSTANTIATE_TEST_SUITE_P(Of, ReadMesh, testing::ValuesIn(kCases),
                          [](const auto& each) { return each.param.name; });
 
 const std::vector<FileCase> kTolerable{
@@ -184,7 +184,7 @@ const std::vector<FileCase> kTolerable{
     {"OffShortFace", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n2 0 1\n",
      "line 6: a face of fewer than 3 vertices is left out"},
 };
-INSTANTIATE_TEST_SUITE_P(Of, TolerableFile, testing::ValuesIn(kTolerable),
+INSTANTIATE_TEST_SUITE_P(Of, ReadMeshTolerable, testing::ValuesIn(kTolerable),
                          [](const auto& each) { return each.param.name; });
 
 }  // namespace

@@ -62,9 +62,9 @@ const std::vector<Model> kModels{
      boxBetween({271423.777, 3289429.72, 514.044959}, {276318.006, 3289511.69, 553.142118})},
 };
 
-class ReadModel : public testing::TestWithParam<Model> {};
+class ReadModelsEach : public testing::TestWithParam<Model> {};
 
-TEST_P(ReadModel, GivesItsCountsAndItsBox) {
+TEST_P(ReadModelsEach, GivesItsCountsAndItsBox) {
     QEL_SKIP_WITHOUT_VIEWER_DATA();
     const qelview::Scene scene = readWhole(viewerData() / GetParam().file);
     EXPECT_EQ(scene.triangleCount(), GetParam().triangles);
@@ -81,7 +81,7 @@ TEST_P(ReadModel, GivesItsCountsAndItsBox) {
     EXPECT_NEAR(box.zmax, expected.zmax, tolerance);
 }
 
-TEST_P(ReadModel, GivesWholeMeshesWithUnitNormals) {
+TEST_P(ReadModelsEach, GivesWholeMeshesWithUnitNormals) {
     QEL_SKIP_WITHOUT_VIEWER_DATA();
     for (const qelview::TriangleMesh& mesh : readWhole(viewerData() / GetParam().file).meshes) {
         ASSERT_EQ(mesh.normals.size(), mesh.positions.size());
@@ -93,7 +93,7 @@ TEST_P(ReadModel, GivesWholeMeshesWithUnitNormals) {
         EXPECT_TRUE(std::all_of(mesh.normals.begin(), mesh.normals.end(), isUnit));
     }
 }
-INSTANTIATE_TEST_SUITE_P(Models, ReadModel, testing::ValuesIn(kModels),
+INSTANTIATE_TEST_SUITE_P(Models, ReadModelsEach, testing::ValuesIn(kModels),
                          [](const auto& each) { return each.param.name; });
 
 double areaOf(const qelview::TriangleMesh& mesh) {

@@ -85,7 +85,7 @@ TEST(SampleScene, IsTheSameEachTime) {
     EXPECT_EQ(one.clouds[0].positions.back().x, other.clouds[0].positions.back().x);
 }
 
-TEST(ContourLines, CloseAroundAHill) {
+TEST(SampleSceneContourLines, CloseAroundAHill) {
     qelview::HeightGrid cone;
     cone.columns = 21;
     for (int row = -10; row <= 10; ++row) {
@@ -102,7 +102,7 @@ TEST(ContourLines, CloseAroundAHill) {
     }
 }
 
-TEST(ContourLines, EndAtTheEdgeOfTheGrid) {
+TEST(SampleSceneContourLines, EndAtTheEdgeOfTheGrid) {
     const qelview::HeightGrid slope{{{0, 0, 0}, {1, 0, 1}, {0, 1, 0}, {1, 1, 1}, {0, 2, 0}, {1, 2, 1}}, 2};
     const auto lines = qelview::contourLines(slope, 0.25);
     ASSERT_EQ(lines.size(), 1U);

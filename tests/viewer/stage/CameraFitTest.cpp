@@ -48,9 +48,9 @@ struct FitCase {
     double aspect;
 };
 
-class PlaceToSee : public testing::TestWithParam<FitCase> {};
+class CameraFitPlaceToSee : public testing::TestWithParam<FitCase> {};
 
-TEST_P(PlaceToSee, ShowsEveryPointAsLargeAsTheMarginsAllow) {
+TEST_P(CameraFitPlaceToSee, ShowsEveryPointAsLargeAsTheMarginsAllow) {
     const auto corners = boxCorners(24.0, 18.0, 6.0);
     const FitCase& fit = GetParam();
     const CameraPlace place = qelview::placeToSee(corners, {fit.eye, {0, 0, 0}, fit.up}, kFovY, fit.aspect);
@@ -73,7 +73,7 @@ TEST_P(PlaceToSee, ShowsEveryPointAsLargeAsTheMarginsAllow) {
     EXPECT_TRUE(fillsWidth || fillsHeight);
 }
 
-TEST_P(PlaceToSee, KeepsTheDirectionOfTheCamera) {
+TEST_P(CameraFitPlaceToSee, KeepsTheDirectionOfTheCamera) {
     const FitCase& fit = GetParam();
     const CameraPlace place =
         qelview::placeToSee(boxCorners(1.0, 2.0, 3.0), {fit.eye, {0, 0, 0}, fit.up}, kFovY, fit.aspect);
@@ -91,10 +91,10 @@ const std::vector<FitCase> kFits{
     {"Front", {0, -100, 0}, {0, 0, 1}, 1.6},
     {"Corner", {100, 100, 100}, {-1, -1, 2}, 1.6},
 };
-INSTANTIATE_TEST_SUITE_P(Views, PlaceToSee, testing::ValuesIn(kFits),
+INSTANTIATE_TEST_SUITE_P(Views, CameraFitPlaceToSee, testing::ValuesIn(kFits),
                          [](const auto& each) { return each.param.name; });
 
-TEST(PlaceToSeeOf, ASinglePointStandsOffIt) {
+TEST(CameraFitPlaceToSeeOf, ASinglePointStandsOffIt) {
     const CameraPlace place =
         qelview::placeToSee({{5, 6, 7}}, {{0, 0, 100}, {0, 0, 0}, {0, 1, 0}}, kFovY, 1.0);
     EXPECT_EQ(place.eye.x, 5.0);
@@ -102,14 +102,14 @@ TEST(PlaceToSeeOf, ASinglePointStandsOffIt) {
     EXPECT_LT(place.target.z, place.eye.z);
 }
 
-TEST(ShareOfUsableView, IsOneAtTheMarginsAndMoreBeyond) {
+TEST(CameraFitUsableShare, IsOneAtTheMarginsAndMoreBeyond) {
     EXPECT_NEAR(qelview::shareOfUsableView({{97.0, 25.0, 0.5}}, 100.0, 50.0), 1.0, 1e-12);
     EXPECT_NEAR(qelview::shareOfUsableView({{50.0, 46.5, 0.5}, {40.0, 25.0, 0.5}}, 100.0, 50.0), 1.0, 1e-12);
     EXPECT_GT(qelview::shareOfUsableView({{50.0, -1.0, 0.5}}, 100.0, 50.0), 1.2);
     EXPECT_EQ(qelview::shareOfUsableView({{50.0, 25.0, 0.5}}, 100.0, 50.0), 0.0);
 }
 
-TEST(ClippingAround, EnclosesTheBoxAndStaysInFrontOfTheEye) {
+TEST(CameraFitClippingAround, EnclosesTheBoxAndStaysInFrontOfTheEye) {
     qel::Enve3d box;
     box.setInvalid();
     box.SetBox({-3, -4, 0});

@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(SummaryOf, CountsWithGroupedDigits) {
+TEST(SceneTextsSummary, CountsWithGroupedDigits) {
     qelview::Scene scene;
     EXPECT_EQ(qelview::summaryOf(scene), "");
     qelview::PointCloud cloud;
@@ -18,14 +18,14 @@ TEST(SummaryOf, CountsWithGroupedDigits) {
     EXPECT_EQ(qelview::summaryOf(scene), "1,234,567 points, 100 line vertices");
 }
 
-TEST(SummaryOf, TellsTheOriginOfAMovedScene) {
+TEST(SceneTextsSummary, TellsTheOriginOfAMovedScene) {
     qelview::Scene scene;
     scene.points.push_back({{0, 0, 0}});
     scene.origin = qel::XPnt3d(635000.4, -1234.6, 0.2);
     EXPECT_EQ(qelview::summaryOf(scene), "1 points; around 635,000 -1,235 0");
 }
 
-TEST(SummaryOf, CountsWarnings) {
+TEST(SceneTextsSummary, CountsWarnings) {
     qelview::Scene scene;
     scene.points.push_back({{0, 0, 0}});
     scene.warnings.emplace_back("odd");
@@ -34,7 +34,7 @@ TEST(SummaryOf, CountsWarnings) {
     EXPECT_EQ(qelview::summaryOf(scene), "1 points; 2 warnings (W)");
 }
 
-TEST(WritePng, WritesTheLowestRowLast) {
+TEST(SceneTextsWritePng, WritesTheLowestRowLast) {
     const qelview::PixelImage image{2, 2, {255, 0, 0, 0, 255, 0, 0, 0, 255, 255, 255, 255}};
     const qel::test::TemporaryFile file("rows.png", "");
     ASSERT_TRUE(qelview::writePng(file.path(), image));
@@ -45,7 +45,7 @@ TEST(WritePng, WritesTheLowestRowLast) {
     EXPECT_EQ(picture.at(1, 1), (qel::test::Rgba{255, 255, 255, 255}));
 }
 
-TEST(WritePng, RefusesAnImageWithoutItsPixels) {
+TEST(SceneTextsWritePng, RefusesAnImageWithoutItsPixels) {
     EXPECT_FALSE(qelview::writePng("never.png", {2, 2, {1, 2, 3}}));
     EXPECT_FALSE(qelview::writePng("never.png", {0, 0, {}}));
     EXPECT_FALSE(qelview::writePng("absent-folder/never.png", {1, 1, {1, 2, 3}}));

@@ -18,7 +18,7 @@
 
 namespace {
 
-TEST(CoordinateText, AddsTheOriginAndKeepsTheDigitsThatMatter) {
+TEST(ViewerTextsCoordinates, AddsTheOriginAndKeepsTheDigitsThatMatter) {
     const qel::XPnt3d point(1.25, -2.0, 0.0);
     const qel::XPnt3d origin(500000.0, 4000000.0, 100.0);
     EXPECT_EQ(qelview::coordinateText(point, origin, 100.0), "x 500001.25  y 3999998.00  z 100.00");
@@ -27,13 +27,13 @@ TEST(CoordinateText, AddsTheOriginAndKeepsTheDigitsThatMatter) {
     EXPECT_EQ(qelview::coordinateText({1, 2, 3}, {}, 0.0), "x 1  y 2  z 3");
 }
 
-TEST(CameraText, TellsAnyTwoNumbersApart) {
+TEST(ViewerTextsCamera, TellsAnyTwoNumbersApart) {
     const double next = 0.1 + 0.2;
     const std::string text = qelview::cameraText({next, 0.3, -1e-300}, {1, 2, 3}, {0, 0, 1});
     EXPECT_EQ(text, "eye 0.30000000000000004 0.3 -1e-300\ntarget 1 2 3\nup 0 0 1\n");
 }
 
-class FreeCaptureName : public testing::Test {
+class ViewerTextsFreeCaptureName : public testing::Test {
   protected:
     void SetUp() override {
         std::filesystem::remove_all(folder);
@@ -45,7 +45,7 @@ class FreeCaptureName : public testing::Test {
     std::filesystem::path folder = std::filesystem::temp_directory_path() / "qelview-test-captures";
 };
 
-TEST_F(FreeCaptureName, IsTheFirstThatNoFileHas) {
+TEST_F(ViewerTextsFreeCaptureName, IsTheFirstThatNoFileHas) {
     EXPECT_EQ(qelview::freeCaptureName(folder).filename(), "qelview-001.bmp");
     take("qelview-001.bmp");
     take("qelview-003.bmp");
@@ -68,7 +68,7 @@ std::string bitmapOf(std::uint8_t width, std::uint8_t height, const std::string&
     return header + rows;
 }
 
-TEST(ReadBitmap, TurnsColoursRoundAndSkipsThePadding) {
+TEST(ViewerTextsReadBitmap, TurnsColoursRoundAndSkipsThePadding) {
     // Two rows of one pixel: four bytes the first, two of the second with its padding cut.
     const qel::test::TemporaryFile file("odd.bmp",
                                         bitmapOf(1, 2, std::string("\x01\x02\x03\x00\x04\x05", 6)));
@@ -79,7 +79,7 @@ TEST(ReadBitmap, TurnsColoursRoundAndSkipsThePadding) {
     EXPECT_EQ(image->rgb, (std::vector<std::uint8_t>{3, 2, 1, 0, 5, 4}));
 }
 
-TEST(ReadBitmap, RefusesOtherFiles) {
+TEST(ViewerTextsReadBitmap, RefusesOtherFiles) {
     std::string deep = bitmapOf(1, 1, "abc");
     deep[28] = 32;
     std::string endless = bitmapOf(1, 1, "abc");
@@ -92,7 +92,7 @@ TEST(ReadBitmap, RefusesOtherFiles) {
     EXPECT_FALSE(qelview::readBitmap("absent.bmp").has_value());
 }
 
-TEST(TileSheet, FillsPlacesFromTheUpperLeft) {
+TEST(ViewerTextsTileSheet, FillsPlacesFromTheUpperLeft) {
     qelview::TileSheet sheet(2, 2, 1, 1);
     for (const std::uint8_t shade : std::vector<std::uint8_t>{10, 20, 30, 40, 50}) {
         sheet.add({1, 1, {shade, shade, shade}});
@@ -108,14 +108,14 @@ TEST(TileSheet, FillsPlacesFromTheUpperLeft) {
     EXPECT_EQ(shadeAt(9, 4), 40);
 }
 
-TEST(TileSheet, CutsWhatIsLargerThanATile) {
+TEST(ViewerTextsTileSheet, CutsWhatIsLargerThanATile) {
     qelview::TileSheet sheet(1, 1, 1, 1);
     sheet.add({2, 2, std::vector<std::uint8_t>(12, 7)});
     const std::vector<std::uint8_t>& rgb = sheet.image().rgb;
     EXPECT_EQ(std::count(rgb.begin(), rgb.end(), 7), 3);
 }
 
-TEST(LoadTask, EndsWorkThatIsCancelled) {
+TEST(ViewerTextsLoadTask, EndsWorkThatIsCancelled) {
     qelview::LoadTask task([](qelview::Progress& progress, qelview::Stopwatch&) -> qelview::Scene {
         for (;;) {
             progress.report(0.5);

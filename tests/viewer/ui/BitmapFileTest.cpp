@@ -42,13 +42,13 @@ struct BitmapCase {
     bool isWhole;
 };
 
-class Bitmaps : public testing::TestWithParam<BitmapCase> {};
+class BitmapFileForms : public testing::TestWithParam<BitmapCase> {};
 
-TEST_P(Bitmaps, AreWholeWithTheirHeaderAndTheirLength) {
+TEST_P(BitmapFileForms, AreWholeWithTheirHeaderAndTheirLength) {
     EXPECT_EQ(isWhole(GetParam().bytes), GetParam().isWhole);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, Bitmaps,
+INSTANTIATE_TEST_SUITE_P(Files, BitmapFileForms,
                          testing::Values(BitmapCase{"Whole", bitmap(), true}, BitmapCase{"Empty", "", false},
                                          BitmapCase{"HeaderOnly", bitmap().substr(0, 54), false},
                                          BitmapCase{"CutByAByte", bitmap().substr(0, bitmap().size() - 1),
@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(Files, Bitmaps,
                                          BitmapCase{"OtherBeginOfPixels", changed(10, 0), false}),
                          [](const auto& each) { return each.param.name; });
 
-TEST(Bitmap, IsNotWholeWithoutAFile) {
+TEST(BitmapFile, IsNotWholeWithoutAFile) {
     EXPECT_FALSE(qelview::isWholeBitmap("absent.bmp", kWidth, kHeight));
 }
 
