@@ -11,6 +11,7 @@
 #include "CurrentContext.h"
 #include "IQelScrDisplay.h"
 #include "QelColor.h"
+#include "QelHandle.h"
 #include "QelRefPtr.h"
 #include "ScreenCapture.h"
 #include "XPnt3d.h"
@@ -76,7 +77,7 @@ class CQelScreenDisplay : public IQelScrDisplay {
   private:
     /// The context of the window, or the lent one.
     [[nodiscard]] ContextBinding binding() const noexcept {
-        return {qel::toHandle<HDC>(deviceContext), renderContext};
+        return {qel::handleFromNumber<HDC>(deviceContext), renderContext};
     }
     void setInitialState();
     void returnToCapture();

@@ -8,7 +8,7 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     }
     windowHandle = window;
     stereo = stereoBuffers;
-    const HWND hwnd = qel::toHandle<HWND>(window);
+    const HWND hwnd = qel::handleFromNumber<HWND>(window);
     RECT client{};
     GetClientRect(hwnd, &client);
     qel::Enve3d area;
@@ -25,7 +25,7 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     windowFont = BitmapFont();
     const bool created = windowContext.createForWindow(
         qel::truncateToInt(area.Width()), qel::truncateToInt(area.HightY()), false, hwnd, stereoBuffers);
-    deviceContext = qel::fromHandle(windowContext.deviceContext());
+    deviceContext = qel::handleNumber(windowContext.deviceContext());
     renderContext = windowContext.renderContext();
     trackBall->setDisplay(this);
     // Without a context of its own another view's is current, which is left alone.
@@ -41,7 +41,7 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
         return 0;
     }
     deviceContext = dc;
-    renderContext = qel::toHandle<HGLRC>(rc);
+    renderContext = qel::handleFromNumber<HGLRC>(rc);
     stereo = false;
     trackBall->setDisplay(this);
     lentFont.follow(binding());

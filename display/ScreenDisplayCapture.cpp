@@ -56,7 +56,7 @@ std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t 
     GlStateCopy stateOfWindow;
     stateOfWindow.take();
     viewIsCaptures = true;
-    if (!capture.begin(qel::toHandle<HDC>(deviceContext), width, height, fileName)) {
+    if (!capture.begin(qel::handleFromNumber<HDC>(deviceContext), width, height, fileName)) {
         viewIsCaptures = false;
         makeCurrent();
         return -1;

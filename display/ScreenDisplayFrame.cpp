@@ -32,7 +32,7 @@ std::int32_t CQelScreenDisplay::makeCurrent() {
 std::int32_t CQelScreenDisplay::swapBuffers() {
     // While a capture is drawn the window goes on showing its own frame.
     if (!capture.isDrawing()) {
-        SwapBuffers(qel::toHandle<HDC>(deviceContext));
+        SwapBuffers(qel::handleFromNumber<HDC>(deviceContext));
     }
     return 0;
 }

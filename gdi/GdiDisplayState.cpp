@@ -1,4 +1,5 @@
 #include "CGDIScrDisplay.h"
+#include "QelHandle.h"
 
 namespace {
 
@@ -19,12 +20,12 @@ CGDIScrDisplay::~CGDIScrDisplay() {
     selectBack(deviceContext, OBJ_BRUSH, brush, oldBrush);
     deleteTools();
     if (deviceContext != nullptr) {
-        ReleaseDC(qel::toHandle<HWND>(windowHandle), deviceContext);
+        ReleaseDC(qel::handleFromNumber<HWND>(windowHandle), deviceContext);
     }
 }
 
 std::int32_t CGDIScrDisplay::getDC() {
-    return qel::fromHandle(deviceContext);
+    return qel::handleNumber(deviceContext);
 }
 
 std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
@@ -40,7 +41,7 @@ std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
     if (deviceContext != nullptr) {
         DeleteDC(deviceContext);
     }
-    const HWND hwnd = qel::toHandle<HWND>(window);
+    const HWND hwnd = qel::handleFromNumber<HWND>(window);
     deviceContext = GetDC(hwnd);
     // The tools of the device context before were its own.
     oldPen = nullptr;

@@ -32,6 +32,7 @@
 #include "ITask.h"
 #include "QelArrayElements.h"
 #include "QelDisplayExport.h"
+#include "QelHandle.h"
 #include "QelMeshStyle.h"
 #include "QelRefPtr.h"
 #include "QelStatus.h"

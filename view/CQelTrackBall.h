@@ -171,14 +171,9 @@ class CQelTrackBall : public IQelTrackBall {
     };
     /// The drag that is under way, or the last one.
     struct Drag {
-        static constexpr std::int32_t kNoButton = 0;
-        static constexpr std::int32_t kPan = 1;
-        static constexpr std::int32_t kRotate = 2;
-        static constexpr std::int32_t kZoom = 3;
-
         Drag() { rotation.setIdentity(); }
 
-        std::int32_t button = kNoButton;
+        std::int32_t button = qel::DragNone;
         /// @{
         /// The camera at the press.
         qel::XPnt3d eye;

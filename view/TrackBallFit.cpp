@@ -38,11 +38,11 @@ StandardView standardView(std::uint32_t view) {
     if (view < std::size(kAxisViews)) {
         return kAxisViews[view];
     }
-    if (view == 6) {
+    if (view == qel::ViewIsometric) {
         const qel::XPnt3d eye(100.0, 100.0, 100.0);
         return {eye, isometricUp(eye, 1.0)};
     }
-    if (view == 7) {
+    if (view == qel::ViewIsometricBelow) {
         const qel::XPnt3d eye(-100.0, -100.0, -100.0);
         return {eye, isometricUp(eye, -1.0)};
     }

@@ -56,7 +56,7 @@ IQelDisplay* CQelTrackBall::getDisplay() {
 }
 
 std::int32_t CQelTrackBall::onButtonUp() {
-    drag.button = Drag::kNoButton;
+    drag.button = qel::DragNone;
     return 1;
 }
 
