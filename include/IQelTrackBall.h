@@ -58,26 +58,28 @@ enum StandardView : std::uint32_t {
 /// mouse drags into rotation, pan and zoom, fits the view to extents, and converts between model points and
 /// window positions.
 ///
-/// A display makes its own (`IQelDisplay::getTrackBall`) and reports the window size to it. Every change of
-/// the camera is loaded into OpenGL at once, in the context of the attached display; without a display, in
-/// the context that is current on the calling thread. All operations run on the thread that owns the window.
+/// A display has one (`IQelDisplay::getTrackBall`) and reports the window size to it.
 ///
-/// Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y up, depth from
-/// 0 (near) to 1 (far, background). A host flips the y of its mouse positions before it calls. While a
-/// capture or `setViewport` shows the view at another size, they count that viewport's pixels; labels, tripod
-/// and visibility tests follow it.
-///
-/// The overlays (`drawTrackBall`, `drawAxes`, `drawFrame`, `drawLabel`) draw at once. They need the display's
-/// context to be current, as it is in a draw bracket, and the camera loaded. They restore lighting, depth
-/// test, texturing and, except for the rings, the colour; tripod, frame and label change OpenGL's raster
-/// position and load the camera again.
-///
-/// Arguments that are not finite are refused: the operation returns its refusal value, or its ordinary result
-/// where it has none, and changes nothing.
+/// - Thread: every operation runs on the thread that owns the window and its context.
+/// - Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y up, depth
+///   from 0 (near) to 1 (far, background). A host flips the y of its mouse positions. While a capture or
+///   `setViewport` shows the view at another size, they count that viewport's pixels; labels, tripod and
+///   visibility tests follow it.
+/// - Context: an operation that changes the camera loads it into OpenGL at once, unless it says otherwise,
+///   and leaves the display's context current and GL_MODELVIEW selected; without a display it uses the
+///   current context. Operations that read the back buffer (`getModelPntAt`, `pickModelPnt`,
+///   `setRotationCenterAt`, `refreshDepth`), `setViewport` and the overlays act on the current context: call
+///   the display's `makeCurrent` first, as `beginDraw` does. Reading leaves GL_BACK selected for reading.
+/// - Overlays (`drawTrackBall`, `drawAxes`, `drawFrame`, `drawLabel`) draw at once and need the camera
+///   loaded. They restore lighting, depth test, texturing and, except for the rings, the colour; tripod,
+///   frame and label change OpenGL's raster position and load the camera again.
+/// - Arguments that are not finite are refused: the operation returns its refusal value, or its ordinary
+///   result where it has none, and changes nothing.
+/// - Results: 0 or 1 is success, whichever the operation names. OpenGL errors are not reported.
 class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
   public:
     /// @{
-    /// A copy is a new object: it starts without references.
+    /// A copy is a separate object and starts without references.
     IQelTrackBall();
     IQelTrackBall(const IQelTrackBall& other);
     IQelTrackBall& operator=(const IQelTrackBall& other);
@@ -108,7 +110,7 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Draws the axes tripod in the upper-right corner of the view, and long axes through the model's origin
     /// with `setOverlayOption`. Leaves the line width at 2, or at 1 with long axes. Returns 0.
     virtual std::int32_t drawAxes() = 0;
-    /// Draws a labelled local frame at a model point.
+    /// Draws a labelled coordinate frame at a model point.
     /// @param xDir, yDir its first two directions, of any length; the third is their vector product.
     /// @param size length of the axes in 1/400 of half the view's height at the point; not used in
     /// orthographic views.
@@ -125,14 +127,13 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
                                    ...) = 0;
     /// Always 0.
     virtual std::int32_t isBusy() = 0;
-    /// Reads the depth of the whole back buffer of the context that is current, and applies a pending switch
-    /// to orthographic. A display calls it at the end of each frame, after the buffer swap. Returns 1 if it
-    /// applied a switch, else 0.
+    /// Reads the depth of the whole back buffer and applies a pending switch to orthographic. A display calls
+    /// it at the end of each frame, after the buffer swap. Returns 1 if it applied a switch, else 0.
     virtual std::int32_t refreshDepth() = 0;
     /// Sets the point that drags rotate about, in model units; the camera does not move. Returns 1.
     virtual std::int32_t setRotationCenter(double x, double y, double z) = 0;
-    /// Sets the rotation centre to the model point under a window position. Reads the back buffer of the
-    /// current context, like `pickModelPnt`: call the display's `makeCurrent` first. Returns 1.
+    /// Sets the rotation centre to the model point under a window position, which it finds like
+    /// `pickModelPnt`. Returns 1.
     virtual std::int32_t setRotationCenterAt(std::int32_t x, std::int32_t y) = 0;
     /// An orthographic standard view of an extent: looking from `target` - `direction` along `direction`. The
     /// extent becomes the model's and its middle the rotation centre; the clipping distances stay. A view
@@ -161,8 +162,9 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t zoomToExtent(qel::Enve3d extent, bool precise) = 0;
     /// `zoomToExtent` of the model's extent.
     virtual std::int32_t zoomToModel(bool precise) = 0;
-    /// Sets the model's extent and from it the clipping distances (diagonal / 800 and diagonal x 20);
-    /// with `zoom` fits it too. Returns 1 if a missing z range was set to 0, 0 if not, -1 for an invalid extent.
+    /// Sets the model's extent and from it the clipping distances (diagonal / 800 and diagonal x 20); with
+    /// `zoom` fits it too, else loads nothing. Returns 1 if a missing z range was set to 0, 0 if not, -1 for
+    /// an extent that is not valid.
     virtual std::int32_t setExtent(qel::Enve3d extent, bool zoom) = 0;
     /// The model's extent; 10 to 100 in each direction at first.
     virtual qel::Enve3d getExtent() = 0;
@@ -181,7 +183,7 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setOverlayOption(bool show) = 0;
     virtual bool getOverlayOption() = 0;
     /// @}
-    /// Loads projection and camera into OpenGL; `IQelDisplay::updateView` does the same. Returns 1.
+    /// Loads projection and camera into OpenGL, as `IQelDisplay::updateView` does. Returns 1.
     virtual std::int32_t updateView() = 0;
     /// Vertical field of view in degrees; 27 at first.
     virtual double getFieldOfView() = 0;
@@ -189,8 +191,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Returns 0.
     virtual std::int32_t setFieldOfView(double degrees) = 0;
     /// @{
-    /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters return 0 and take
-    /// effect with the next `updateView`, in an orthographic view when its view volume is next computed.
+    /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters return 0 and
+    /// take effect with the next `updateView`, in an orthographic view when its view volume is next computed.
     /// Perspective needs 0 < near < far; this is not checked. `qel::fitClippingPlanes` (QelHostKit.h) sets
     /// both close around a model.
     virtual double getNearPlane() = 0;
@@ -212,7 +214,7 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Pixels that one model unit covers at the rotation centre; 0 while the view has no size.
     virtual float getPixelsPerUnit() = 0;
     /// Draws into a part of the window only, in pixels from its lower-left corner; size and aspect of the
-    /// view stay. The context must be current. The next `onResize` takes the whole window again. Returns 0.
+    /// view stay. The next `onResize` uses the whole window again. Returns 0.
     virtual std::int32_t setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
                                      std::int32_t height) = 0;
     /// OpenGL's current viewport (x, y, width, height); the array belongs to the camera and lives as long.
@@ -222,10 +224,10 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual const double* getModelviewMatrix() = 0;
     virtual const double* getProjectionMatrix() = 0;
     /// @}
-    /// The model point under a pixel, from the pixel's depth in the back buffer of the current context; as
-    /// precise as the depth buffer, see `setNearPlane`. Call it between drawing and the buffer swap, or after
-    /// it if the driver keeps the back buffer. `XPnt3d::invalid()` on the background, outside the view and
-    /// for positions that are not finite.
+    /// The model point under a pixel, from the pixel's depth in the back buffer; as precise as the depth
+    /// buffer, see `setNearPlane`. Call it between drawing and the buffer swap, or after it if the driver
+    /// keeps the back buffer. `XPnt3d::invalid()` on the background, outside the view and for positions that
+    /// are not finite.
     ///
     /// The host's `glPixelStore` settings do not matter. `GL_DEPTH_SCALE` and `GL_DEPTH_BIAS` act on every
     /// depth that is read: picks need them at 1 and 0.
@@ -235,9 +237,9 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual qel::XPnt3d unProject(double x, double y, double z) = 0;
     virtual qel::XPnt3d unProjectPnt(const qel::XPnt3d& windowPoint) = 0;
     /// @}
-    /// The model point under a pixel. On the background it takes the mean depth of what lies within 20 pixels,
-    /// or else that of the whole scene. Reads the back buffer like `getModelPntAt`. Never invalid: a position
-    /// that is not finite gives the target.
+    /// The model point under a pixel. On the background it takes the mean depth of what lies within 20
+    /// pixels, or else that of the whole scene. Reads the back buffer like `getModelPntAt`. Never invalid: a
+    /// position that is not finite gives the target.
     virtual qel::XPnt3d pickModelPnt(double x, double y) = 0;
     /// @{
     /// A model point to window coordinates and depth.
