@@ -6,7 +6,7 @@ import os
 import re
 import tempfile
 
-from tools import tree
+from tools import contracts, tree
 
 # Hosts are Windows programs: names that its header takes must not break them.
 INSTEAD_OF_HEADERS = '#include <windows.h>\n#include "QelDisplay64t.h"\n'
@@ -155,3 +155,4 @@ def check_docs():
     tree.report("the code in the documents compiles", uncompiled())
     tree.report("the documents name no file, link, command, test or name of the code that does not exist", untrue())
     tree.report("every public name is documented, and the reference is built without a warning", reference())
+    tree.report("every public operation says what it returns and what it leaves in OpenGL", contracts.incomplete())
