@@ -1,6 +1,6 @@
 #pragma once
 
-/// The one place where the module takes in the system's headers, without their macros `min` and `max`.
+/// The one place where the module includes the system's headers, without their macros `min` and `max`.
 
 #ifndef NOMINMAX
 #define NOMINMAX

@@ -13,16 +13,16 @@ class PixelPackScope {
   public:
     PixelPackScope() {
         for (Setting& setting : settings) {
-            glGetIntegerv(setting.name, &setting.ofHost);
-            if (setting.ofHost != setting.initial) {
+            glGetIntegerv(setting.name, &setting.hostValue);
+            if (setting.hostValue != setting.initial) {
                 glPixelStorei(setting.name, setting.initial);
             }
         }
     }
     ~PixelPackScope() {
         for (const Setting& setting : settings) {
-            if (setting.ofHost != setting.initial) {
-                glPixelStorei(setting.name, setting.ofHost);
+            if (setting.hostValue != setting.initial) {
+                glPixelStorei(setting.name, setting.hostValue);
             }
         }
     }
@@ -35,7 +35,7 @@ class PixelPackScope {
         GLenum name;
         /// OpenGL's default, with which rows of floats have no padding.
         GLint initial;
-        GLint ofHost = initial;
+        GLint hostValue = initial;
     };
 
     Setting settings[5] = {{GL_PACK_SWAP_BYTES, GL_FALSE},
