@@ -155,31 +155,30 @@ class HostSegment final : public IQelGeometry, public CQelLineSeg {
 /// Sets the clipping planes of a camera close around a box, as seen from the eye's current position. Call it
 /// in every frame before `updateView`, which loads them; `setExtent` replaces them.
 ///
-/// The distances of `IQelTrackBall::setExtent` span 1 to 16,000. With 16 bits of depth, which is what
-/// `IQelDisplay::attachWindow` asks for, surfaces then show through each other and picks are coarse; planes
-/// that fit make both as good as the depth buffer allows. What lies outside the planes is cut off: the box
-/// must hold everything that is drawn. Labels and markers may reach a quarter of its diagonal beyond. The
-/// tripod is drawn at the depth of the camera's target, so the planes enclose the target too, unless it is
-/// closer to the eye than 1/800 of the diagonal.
+/// `attachWindow` asks for 16 bits of depth. Spread over the distances that `setExtent` chooses (1 to 16,000)
+/// they let surfaces show through each other and make picks coarse; planes that fit make both as good as the
+/// depth buffer allows. What lies outside the planes is cut off, so the box must hold everything that is
+/// drawn; markers may reach a quarter of its diagonal beyond. The tripod is drawn at the depth of the
+/// camera's target, so the planes enclose the target as well, unless it is closer to the eye than 1/800 of
+/// the diagonal.
 ///
 /// An orthographic view takes the planes when its view volume is next computed.
-/// @param box in model units; one that is invalid or has no size changes nothing.
+/// @param box in model units; an invalid one changes nothing.
 inline void fitClippingPlanes(IQelTrackBall& camera, const Enve3d& box) {
     constexpr double kReachInDiagonals = 0.75;
     constexpr double kNearestInDiagonals = 0.00125;
     constexpr double kRoomAtTarget = 0.05;
-    const double diagonal = box.getDiagonal();
-    if (!box.isValid() || !(diagonal > 0.0)) {
-        return;
-    }
+    const double reach = kReachInDiagonals * box.getDiagonal();
     const XPnt3d eye = camera.getEye();
     const double middle = dist(eye, box.MidPoint());
     const double target = dist(eye, camera.getTarget());
     // In brackets, since <windows.h> may define macros of these names.
-    const double nearest = (std::min)(middle - kReachInDiagonals * diagonal, target * (1.0 - kRoomAtTarget));
-    const double farthest = (std::max)(middle + kReachInDiagonals * diagonal, target * (1.0 + kRoomAtTarget));
-    camera.setNearPlane((std::max)(nearest, kNearestInDiagonals * diagonal));
-    camera.setFarPlane(farthest);
+    const double nearest = (std::min)(middle - reach, target * (1.0 - kRoomAtTarget));
+    const double farthest = (std::max)(middle + reach, target * (1.0 + kRoomAtTarget));
+    if (box.isValid() && farthest > 0.0) {
+        camera.setNearPlane((std::max)(nearest, kNearestInDiagonals * box.getDiagonal()));
+        camera.setFarPlane(farthest);
+    }
 }
 
 }  // namespace qel
