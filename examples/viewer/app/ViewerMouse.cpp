@@ -9,22 +9,16 @@ namespace qelview {
 
 namespace {
 
-/// Drags as the camera numbers them.
-constexpr std::int32_t kNoDrag = 0;
-constexpr std::int32_t kPanDrag = 1;
-constexpr std::int32_t kRotateDrag = 2;
-constexpr std::int32_t kZoomDrag = 3;
-
-std::int32_t dragOf(DragTool tool) {
+qel::Drag dragOf(DragTool tool) {
     switch (tool) {
         case DragTool::Pan:
-            return kPanDrag;
+            return qel::DragPan;
         case DragTool::Rotate:
-            return kRotateDrag;
+            return qel::DragRotate;
         case DragTool::Zoom:
-            return kZoomDrag;
+            return qel::DragZoom;
         default:
-            return kNoDrag;
+            return qel::DragNone;
     }
 }
 

@@ -59,11 +59,8 @@ PixelImage imageOf(HDC dc, int width, int height) {
 }  // namespace
 
 GdiMapPane::GdiMapPane(HWND window) {
-    IQelScrDisplay2D* const made = newGDIScrDisplay();
-    display = made;
-    // The display came with a reference of its own; the pointer has taken its own by now.
-    made->Release();
-    display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)));
+    display = qel::adopt(newGDIScrDisplay());
+    display->attachWindow(qel::handleNumber(window));
     font = CreateFontW(-kTextHeightPx, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                        OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, kMapFont);
 }
@@ -73,7 +70,7 @@ GdiMapPane::~GdiMapPane() {
 }
 
 HDC GdiMapPane::deviceContext() {
-    return reinterpret_cast<HDC>(static_cast<std::intptr_t>(display->getDC()));
+    return qel::handleFromNumber<HDC>(display->getDC());
 }
 
 void GdiMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {

@@ -7,6 +7,7 @@
 #include "MapTriangles.h"
 #include "QelDisplay64t.h"
 #include "QelGl.h"
+#include "QelHostKit.h"
 #include "QelTmpGlStateCtrl.h"
 #include "SystemWindow.h"
 
@@ -37,11 +38,8 @@ void drawTriangles(IQelSymbol& symbol, const qel::ref_ptr<IQelArray<qel::ArrayVe
 }  // namespace
 
 std::unique_ptr<GlMapPane> GlMapPane::open(HWND window) {
-    IQelDisplay* const made = newScreenDisplay();
-    qel::ref_ptr<IQelDisplay> display = made;
-    // The display came with a reference of its own; the pointer has taken its own by now.
-    made->Release();
-    display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)), false);
+    qel::ref_ptr<IQelDisplay> display = qel::adopt(newScreenDisplay());
+    display->attachWindow(qel::handleNumber(window), false);
     display->makeCurrent();
     if (display->getDC() == 0 || wglGetCurrentContext() == nullptr) {
         return nullptr;
@@ -118,7 +116,7 @@ void GlMapPane::drawLines(const std::vector<Line2d>& lines, const MapColor& colo
                        [this](const qel::XPnt2d& point) { return local(point); });
     }
     symbol->setColor(color.forSymbol());
-    const qel::ref_ptr<IQelGeometry> all = new HostPolyline(parts);
+    const qel::ref_ptr<IQelGeometry> all = new qel::HostPolyline(parts);
     symbol->drawGeometry(all.get());
 }
 
@@ -140,7 +138,7 @@ void GlMapPane::fillAreas(const std::vector<Rings2d>& areas, const MapView& view
         return;
     }
     const qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices =
-        new HostArray<qel::ArrayVertex>(std::move(corners));
+        new qel::HostArray<qel::ArrayVertex>(std::move(corners));
     drawTriangles(*symbol, vertices, kLand);
     glPolygonStipple(hatchPattern(view.height()).data());
     const QelTmpGlStateCtrl hatched(GL_POLYGON_STIPPLE, true);

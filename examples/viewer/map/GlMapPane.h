@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "CQelTransform2d.h"
-#include "HostGeometry.h"
 #include "IQelDisplay.h"
 #include "IQelSymbol.h"
 #include "MapPane.h"

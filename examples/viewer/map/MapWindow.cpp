@@ -22,9 +22,10 @@ POINT pointOf(LPARAM position) {
     return {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
 }
 
-/// Buttons as the camera numbers its drags: the left one turns, the middle one pans, the right one zooms.
-int cameraButtonOf(UINT message) {
-    return message == WM_LBUTTONDOWN ? 2 : message == WM_MBUTTONDOWN ? 1 : 3;
+qel::Drag dragOf(UINT message) {
+    return message == WM_LBUTTONDOWN   ? qel::DragRotate
+           : message == WM_MBUTTONDOWN ? qel::DragPan
+                                       : qel::DragZoom;
 }
 
 }  // namespace
@@ -200,7 +201,7 @@ void MapWindow::press(UINT message, const POINT& place) {
     isDragging = true;
     mouse = place;
     if (current == Pane::Relief) {
-        relief->camera().onButtonDown(cameraButtonOf(message), place.x, mapView.height() - 1 - place.y);
+        relief->camera().onButtonDown(dragOf(message), place.x, mapView.height() - 1 - place.y);
     }
 }
 
