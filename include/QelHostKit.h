@@ -35,6 +35,7 @@ namespace qel {
 template <class Element>
 class HostArray final : public IQelArray<Element> {
   public:
+    /// Takes the elements over; they may be empty.
     explicit HostArray(std::vector<Element> content) : elements(std::move(content)) {}
     std::int32_t count() override { return static_cast<std::int32_t>(elements.size()); }
     const Element* data() override { return elements.empty() ? nullptr : elements.data(); }
@@ -49,6 +50,7 @@ class HostArray final : public IQelArray<Element> {
 /// The points of a curve.
 class HostPointArray final : public IQelPointArray {
   public:
+    /// Takes the points over, in model units.
     explicit HostPointArray(std::vector<XPnt3d> content) : positions(std::move(content)) {}
     std::int32_t count() override { return static_cast<std::int32_t>(positions.size()); }
     const XPnt3d* points() override { return positions.empty() ? nullptr : positions.data(); }
@@ -60,6 +62,7 @@ class HostPointArray final : public IQelPointArray {
 /// An open line: a curve of its own, a part of a polyline or a ring of a polygon.
 class HostCurve final : public IQelCurve {
   public:
+    /// Takes the points over, in model units.
     /// @param kindOfCurve `Curve` or `OtherCurve`.
     explicit HostCurve(std::vector<XPnt3d> points, GeometryKind kindOfCurve = GeometryKind::Curve)
         : array(new HostPointArray(std::move(points))), kind(kindOfCurve) {}
@@ -74,6 +77,7 @@ class HostCurve final : public IQelCurve {
 /// A closed line.
 class HostRing final : public IQelRing {
   public:
+    /// Takes the points over; the first one need not be repeated.
     explicit HostRing(std::vector<XPnt3d> points) : array(new HostPointArray(std::move(points))) {}
     std::int32_t geometryType() override { return static_cast<std::int32_t>(GeometryKind::Ring); }
     ref_ptr<IQelPointArray> pointArray() override { return array; }
@@ -85,14 +89,16 @@ class HostRing final : public IQelRing {
 /// The curves of a polyline or a polygon.
 class HostCurves {
   public:
+    /// Makes a curve of each line.
     explicit HostCurves(std::vector<std::vector<XPnt3d>> lines) {
         curves.reserve(lines.size());
         for (std::vector<XPnt3d>& line : lines) {
             curves.emplace_back(new HostCurve(std::move(line)));
         }
     }
+    /// Returns the number of curves.
     [[nodiscard]] std::int32_t count() const { return static_cast<std::int32_t>(curves.size()); }
-    /// Null for an index out of range.
+    /// A curve by index from 0; null for an index out of range. Adds no reference.
     [[nodiscard]] IQelCurve* at(std::int32_t index) const {
         return index >= 0 && index < count() ? curves[static_cast<std::size_t>(index)].get() : nullptr;
     }
@@ -104,6 +110,7 @@ class HostCurves {
 /// A line of one or more parts, each drawn open.
 class HostPolyline final : public IQelPolyline {
   public:
+    /// Makes a part of each line.
     explicit HostPolyline(std::vector<std::vector<XPnt3d>> lines) : parts(std::move(lines)) {}
     std::int32_t geometryType() override { return static_cast<std::int32_t>(GeometryKind::Polyline); }
     std::int32_t partCount() override { return parts.count(); }
@@ -116,6 +123,7 @@ class HostPolyline final : public IQelPolyline {
 /// The outline of an area. Each ring must repeat its first point at the end: rings are drawn open.
 class HostPolygon final : public IQelPolygon {
   public:
+    /// Makes a ring of each outline.
     explicit HostPolygon(std::vector<std::vector<XPnt3d>> outlines) : rings(std::move(outlines)) {}
     std::int32_t geometryType() override { return static_cast<std::int32_t>(GeometryKind::Polygon); }
     std::int32_t ringCount() override { return rings.count(); }
@@ -128,6 +136,7 @@ class HostPolygon final : public IQelPolygon {
 /// A wire sphere.
 class HostBall final : public IQelBall {
   public:
+    /// A sphere by its centre and its radius in model units.
     HostBall(const XPnt3d& middle, double reach) : place(middle), size(reach) {}
     std::int32_t geometryType() override { return static_cast<std::int32_t>(GeometryKind::Ball); }
     double radius() override { return size; }
@@ -141,6 +150,7 @@ class HostBall final : public IQelBall {
 /// A point.
 class HostPoint final : public IQelPoint {
   public:
+    /// A point at a place in model units.
     explicit HostPoint(const XPnt3d& place) { position = place; }
     std::int32_t geometryType() override { return static_cast<std::int32_t>(GeometryKind::Point); }
 };
@@ -148,6 +158,7 @@ class HostPoint final : public IQelPoint {
 /// A line between two points.
 class HostSegment final : public IQelGeometry, public CQelLineSeg {
   public:
+    /// A line between two places in model units.
     HostSegment(const XPnt3d& from, const XPnt3d& to) : CQelLineSeg(from, to) {}
     std::int32_t geometryType() override { return static_cast<std::int32_t>(GeometryKind::LineSegment); }
 };
