@@ -16,7 +16,7 @@ SETS_STATE = re.compile(
     r"|RasterPos\w+|Light\w*|Material\w+|BindTexture|ShadeModel|PolygonMode|ClearColor)\("
 )
 ON_RESULT = re.compile(r"\breturns?\b|\banswers?\b|^(True|False)\b", re.IGNORECASE)
-# What begins with a verb describes an act, and anything else the result itself: "The radius in model units."
+# A text that begins with a verb describes an act, any other the result itself: "The radius in model units."
 ACT = re.compile(r"(?!Always|Pixels|Radius|OpenGL)[A-Z][a-z]+s\b")
 ON_STATE = re.compile(r"\b(leaves?|restores?|puts? back|loads?|selects?|enables?|sets?|draws into)\b", re.IGNORECASE)
 
@@ -75,7 +75,7 @@ def gaps(found, setters):
 
 
 def read_operations(extra=""):
-    """The operations of the public headers, or of what further settings of Doxygen name."""
+    """The operations of the public headers, with additional settings for Doxygen."""
     with tempfile.TemporaryDirectory() as folder:
         settings = (tree.ROOT / "docs/Doxyfile").read_text()
         output = f"\nOUTPUT_DIRECTORY = {folder}\nGENERATE_HTML = NO\nGENERATE_XML = YES\nXML_PROGRAMLISTING = NO\n"
