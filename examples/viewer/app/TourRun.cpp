@@ -20,11 +20,11 @@ constexpr ClientSize kTile{480, 360};
 constexpr int kColumns = 4;
 constexpr int kRows = 4;
 
-/// Takes the pictures of a tour, one after the other.
+/// Draws the pictures of a tour, one after the other.
 class Tour {
   public:
-    /// @param fileOfTour the only file that a tour writes: its capture stands there too, until the sheet
-    /// does.
+    /// @param fileOfTour the only file that a tour writes: it holds the tour's capture until the sheet
+    /// replaces it.
     Tour(Stage& viewed, std::filesystem::path fileOfTour)
         : stage(viewed), file(std::move(fileOfTour)), sheet(kColumns, kRows, kTile.width, kTile.height) {}
 

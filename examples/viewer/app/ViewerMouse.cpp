@@ -22,7 +22,7 @@ qel::Drag dragOf(DragTool tool) {
     }
 }
 
-/// Smaller ones are slips of the hand.
+/// Smaller rectangles are accidental.
 constexpr int kSmallestRectangle = 4;
 
 }  // namespace
@@ -65,7 +65,7 @@ bool ViewerWindow::handleButton(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
     const PixelPlace place = placeOf(position);
-    // The picture that the user saw when he pressed is the one that the drag begins from.
+    // The drag starts from the picture that the user saw at the press.
     refresh();
     if (!gesture.press(button, (wParam & MK_SHIFT) != 0, choosesRectangle, place)) {
         return;
@@ -114,7 +114,7 @@ void ViewerWindow::release(MouseButton button) {
 }
 
 void ViewerWindow::loseMouse() {
-    // Giving the capture back leads here too, but then the gesture has ended.
+    // Releasing the capture sends this too, but the gesture has ended by then.
     if (gesture.isActive()) {
         gesture.cancel();
         stage->camera().onButtonUp();
@@ -134,14 +134,14 @@ void ViewerWindow::rotateAbout(LPARAM position) {
         return;
     }
     stage->rotateAbout(placeOf(position));
-    say("Rotates about the point here");
+    say("Rotation centre set");
 }
 
 void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     if (gesture.isActive()) {
         return;
     }
-    // The wheel alone gives its position on the screen.
+    // Only the wheel message has screen coordinates.
     POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     ScreenToClient(window.get(), &onScreen);
     refresh();
