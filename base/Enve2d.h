@@ -6,10 +6,9 @@
 
 namespace qel {
 
-/// An axis-aligned rectangle, with a validity state: it is valid while no lower bound is above its upper
-/// bound.
+/// An axis-aligned rectangle. It is valid while no lower bound exceeds its upper bound.
 ///
-/// The four bounds are held in the order lower x, upper x, lower y, upper y. A default envelope is all zeros.
+/// The bounds are stored in the order lower x, upper x, lower y, upper y. A default envelope is all zeros.
 struct QEL_BASE_API Enve2d {
     /// @{
     /// The bounds.
@@ -20,19 +19,19 @@ struct QEL_BASE_API Enve2d {
     /// @}
 
     constexpr Enve2d() noexcept = default;
-    /// Mind the order: both lower bounds first, then both upper bounds.
+    /// Takes both lower bounds first, then both upper bounds, unlike the order in memory.
     constexpr Enve2d(double lowerX, double lowerY, double upperX, double upperY) noexcept
         : xmin(lowerX), xmax(upperX), ymin(lowerY), ymax(upperY) {}
 
-    /// Empties the envelope: every lower bound becomes 2147483647.0, every upper bound -2147483647.0.
+    /// Empties the envelope: lower bounds become 2147483647.0, upper bounds -2147483647.0.
     void setInvalid() noexcept;
-    /// False while a lower bound is above its upper bound.
+    /// True if no lower bound exceeds its upper bound.
     [[nodiscard]] bool isValid() const noexcept { return xmin <= xmax && ymin <= ymax; }
 
     /// Grows the envelope to contain the point's x and y; an invalid envelope becomes the point itself. A
-    /// point that is invalid or not a number changes nothing.
+    /// point that is invalid or NaN changes nothing.
     void SetBox(const XPnt3d& point) noexcept;
-    /// True if the two rectangles share at least a point: touching counts. An invalid one meets nothing.
+    /// True if the two rectangles share at least one point; an invalid one shares none.
     [[nodiscard]] bool isIntersect(const Enve2d& other) const noexcept;
     /// Centre of the rectangle.
     [[nodiscard]] XPnt2d MidPoint() const noexcept { return {(xmin + xmax) * 0.5, (ymin + ymax) * 0.5}; }

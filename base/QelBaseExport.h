@@ -1,6 +1,6 @@
 #pragma once
 
-/// Marks what the two companion libraries export. A host sees the import side; a static build sees nothing.
+/// Marks what the two companion libraries export: a host imports it; a static build needs no mark.
 #if defined(_WIN32) && !defined(QEL_STATIC)
 #if defined(QEL_BUILDING_BASE)
 #define QEL_BASE_API __declspec(dllexport)

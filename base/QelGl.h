@@ -2,8 +2,8 @@
 
 /// The one place where OpenGL 1.x and GLU are included.
 ///
-/// On Windows their headers expect three macros of the system's own headers. They are lent here, so that the
-/// portable code needs no Windows header and a later one still defines them its own way.
+/// On Windows these headers expect three macros of the system headers. They are defined here and undefined
+/// again, so that portable code needs no Windows header, and one included later still defines its own.
 
 #if defined(_WIN32) && !defined(_WINDOWS_)
 #define QEL_GL_LENDS_MACROS

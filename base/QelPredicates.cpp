@@ -4,7 +4,7 @@ namespace qel {
 
 namespace {
 
-/// Sine of the angle between a line and a plane below which rounding decides where they meet.
+/// Sine of the angle between a line and a plane below which rounding decides where they intersect.
 constexpr double kParallelSine = 1e-12;
 
 }  // namespace

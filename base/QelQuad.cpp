@@ -32,7 +32,7 @@ QelMatrix4d QelQuad::toMatrix() {
 }
 
 std::int32_t QelQuad::toMatrix(QelMatrix4d& matrix) {
-    // Dividing by the squared length keeps the result a pure rotation when the quaternion is not of unit
+    // Dividing by the squared length keeps the result a pure rotation if the quaternion does not have unit
     // length.
     const double squared = w * w + x * x + y * y + z * z;
     const double s = squared > 0.0 ? 2.0 / squared : 0.0;

@@ -104,4 +104,15 @@ class ref_ptr {
     T* pointer = nullptr;
 };
 
+/// A pointer that takes over the reference that a factory's object carries, as in
+/// `qel::adopt(newScreenDisplay())`. Null gives an empty pointer.
+template <class T>
+[[nodiscard]] ref_ptr<T> adopt(T* object) noexcept {
+    ref_ptr<T> pointer(object);
+    if (object != nullptr) {
+        object->Release();
+    }
+    return pointer;
+}
+
 }  // namespace qel

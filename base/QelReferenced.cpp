@@ -4,7 +4,8 @@
 
 namespace qel {
 
-// The count is a plain integer in the header, so that hosts with any standard library see the same layout.
+// The count is a plain integer in the header, so that its layout does not depend on the host's standard
+// library.
 
 QelReferenced::~QelReferenced() = default;
 

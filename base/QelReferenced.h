@@ -6,30 +6,30 @@
 
 namespace qel {
 
-/// Base of every object that crosses the module's boundary: an intrusive reference count.
+/// Base class of every object that crosses the module's boundary: an intrusive reference count.
 ///
-/// A new object carries no reference; whoever keeps it takes one. `ref`/`unref` and `AddRef`/`Release` are
-/// two spellings of the same counter: smart pointers use the first pair, hand-overs between modules the
-/// second. The count is atomic, so references may be taken and given back on any thread; the object itself is
-/// only as thread-safe as its class says.
+/// A new object has no reference; each owner adds one. `ref`/`unref` and `AddRef`/`Release` act on the same
+/// count: smart pointers use the first pair, plain pointers between modules the second. The count is atomic,
+/// so references may be added and released on any thread; the object itself is only as thread-safe as its
+/// class says.
 class QEL_BASE_API QelReferenced {
   public:
     QelReferenced() noexcept = default;
-    /// A copy is a new object: it starts without references, whatever the original carries.
+    /// A copy is a separate object and starts without references.
     QelReferenced(const QelReferenced&) noexcept {}
-    /// Assignment copies no count: the references that others hold stay theirs.
+    /// Assignment keeps the count of the object assigned to.
     QelReferenced& operator=(const QelReferenced&) noexcept { return *this; }
 
     /// Adds one reference.
     void ref() const noexcept;
-    /// Gives one reference back; the last one deletes the object at once, on the calling thread.
+    /// Releases one reference. Releasing the last one destroys the object at once, on the calling thread.
     void unref() const noexcept;
-    /// Adds one reference on behalf of another module or of an owner that keeps a plain pointer.
+    /// Adds one reference, for another module or an owner that keeps a plain pointer.
     void AddRef() const noexcept { ref(); }
-    /// Gives back a reference taken with `AddRef`; the last one deletes the object at once.
+    /// Releases a reference added with `AddRef`, as `unref` does.
     void Release() const noexcept { unref(); }
 
-    /// The references held at this moment; for diagnostics, since another thread may change it meanwhile.
+    /// The current number of references, for diagnostics: another thread may change it at any time.
     [[nodiscard]] std::int32_t referenceCount() const noexcept;
 
   protected:

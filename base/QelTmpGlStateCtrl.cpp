@@ -33,7 +33,7 @@ QelTmpGlStateCtrl::QelTmpGlStateCtrl(std::uint32_t capability, bool enabled)
 
 QelTmpGlStateCtrl::QelTmpGlStateCtrl(std::uint32_t parameter, float value)
     : kind(Kind::Parameter), name(parameter) {
-    // OpenGL has parameters of sixteen floats and more: one that is not set is not read either.
+    // Some OpenGL parameters have sixteen floats or more: a parameter that is not set is not read either.
     if (isSize(parameter)) {
         glGetFloatv(parameter, saved);
         setParameter(parameter, value);

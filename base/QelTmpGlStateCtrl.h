@@ -5,16 +5,18 @@
 #include "QelBaseExport.h"
 #include "QelColor.h"
 
-/// A scoped guard of one piece of OpenGL state: it remembers the state, sets another, and puts back exactly
-/// what it saw when it goes. Guards nest when they are destroyed in the reverse order of their creation.
+/// A scoped guard of one piece of OpenGL state: the constructor saves and sets the state, the destructor
+/// restores exactly what was saved. Guards nest if they are destroyed in reverse order of construction.
 ///
-/// It acts on the context that is current on the calling thread; the same one must be current when it goes.
+/// - Context: it acts on the context that is current on the calling thread; the destructor needs the same
+///   one.
+/// - Errors: OpenGL errors are not reported.
 class QEL_GEOMETRY_API QelTmpGlStateCtrl {
   public:
-    /// Guards a capability (`glIsEnabled`) such as GL_LIGHTING and switches it on or off.
+    /// Guards a capability such as GL_LIGHTING and enables or disables it.
     QelTmpGlStateCtrl(std::uint32_t capability, bool enabled);
-    /// Guards GL_LINE_WIDTH or GL_POINT_SIZE and sets it, in pixels. OpenGL itself refuses a size that is not
-    /// positive; any other parameter is neither read nor set.
+    /// Guards GL_LINE_WIDTH or GL_POINT_SIZE and sets it, in pixels. OpenGL refuses a size that is not
+    /// positive; other parameters are ignored.
     QelTmpGlStateCtrl(std::uint32_t parameter, float value);
     /// Guards the current drawing colour, alpha included, and sets an opaque one.
     explicit QelTmpGlStateCtrl(qel::QelColor3f color);

@@ -24,7 +24,7 @@ XPnt3d& XPnt3d::normalize() noexcept {
     return *this;
 }
 
-// std::hypot neither overflows nor underflows on the way: a vector of 1e200 still has a length.
+// std::hypot does not overflow or underflow in between: a vector of length 1e200 keeps its length.
 double XPnt3d::norm() const noexcept {
     return std::hypot(x, y, z);
 }

@@ -19,11 +19,10 @@ struct PNT3D {
     /// @}
 };
 
-/// A point or vector of three doubles in model or window units, with a validity state.
+/// A point or vector of three doubles in model or window units, with a validity flag.
 ///
-/// Arrays of these points are drawn straight from memory, so the layout is fixed: x, y, z, then one 8-byte
-/// word that holds the validity (0 is valid). Copies keep the validity; arithmetic looks at the coordinates
-/// only.
+/// Arrays of these points are drawn straight from memory, so the layout is fixed: x, y, z, then an 8-byte
+/// validity word (0 is valid). Copies keep the validity; arithmetic ignores it.
 struct QEL_BASE_API XPnt3d {
     /// @{
     /// The coordinates.
@@ -36,13 +35,13 @@ struct QEL_BASE_API XPnt3d {
 
     /// The origin, valid.
     constexpr XPnt3d() noexcept = default;
-    /// @param flag 0 for a valid point; any other value marks the point as "no point".
+    /// Takes coordinates and a validity flag: 0 for a valid point, any other value for "no point".
     constexpr XPnt3d(double px, double py, double pz, short flag = 0) noexcept
         : x(px), y(py), z(pz), validity(flag) {}
     /// Widens a single-precision point; the result is valid.
     XPnt3d(const XPnt3f& point) noexcept;  // NOLINT(google-explicit-constructor)
 
-    /// Takes three coordinates over; the point becomes valid.
+    /// Copies three coordinates and makes the point valid.
     // A template, so that `point = {1, 2, 3}` is not ambiguous: the ordinary assignment of a point wins.
     template <class = void>
     XPnt3d& operator=(const PNT3D& point) noexcept {
@@ -59,12 +58,12 @@ struct QEL_BASE_API XPnt3d {
 
     /// The value that means "no point".
     [[nodiscard]] static constexpr XPnt3d invalid() noexcept { return {0.0, 0.0, 0.0, 1}; }
-    /// False for a point made by `invalid()` and for every copy of one.
+    /// True unless the point is `invalid()` or a copy of it.
     [[nodiscard]] constexpr bool isValid() const noexcept { return validity == 0; }
 
     /// The three coordinates as a plain structure.
     [[nodiscard]] constexpr PNT3D Copy() const noexcept { return {x, y, z}; }
-    /// The point seen from above: (x, y).
+    /// The point without its z.
     [[nodiscard]] XPnt2d to2d() const noexcept;
 
     /// Scales the vector to unit length in place and returns it. A zero vector stays zero.
@@ -75,7 +74,7 @@ struct QEL_BASE_API XPnt3d {
     [[nodiscard]] double norm_2d() const noexcept;
 
     /// @{
-    /// Changes the coordinates in place; the validity stays.
+    /// Changes the coordinates in place and keeps the validity.
     XPnt3d& operator+=(const XPnt3d& other) noexcept {
         x += other.x;
         y += other.y;
@@ -100,7 +99,7 @@ struct QEL_BASE_API XPnt3d {
 static_assert(sizeof(XPnt3d) == 32, "point arrays are handed to OpenGL with a stride of 32 bytes");
 
 /// @{
-/// Arithmetic by coordinates; the result is valid.
+/// Componentwise arithmetic; the result is valid.
 [[nodiscard]] constexpr XPnt3d operator+(const XPnt3d& a, const XPnt3d& b) noexcept {
     return {a.x + b.x, a.y + b.y, a.z + b.z};
 }
@@ -116,13 +115,13 @@ static_assert(sizeof(XPnt3d) == 32, "point arrays are handed to OpenGL with a st
 [[nodiscard]] constexpr double dot(const XPnt3d& a, const XPnt3d& b) noexcept {
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
-/// Euclidean distance of two points.
+/// Euclidean distance between two points.
 [[nodiscard]] QEL_BASE_API double dist(const XPnt3d& a, const XPnt3d& b) noexcept;
 /// Vector product a x b.
 [[nodiscard]] constexpr XPnt3d cross(const XPnt3d& a, const XPnt3d& b) noexcept {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
-/// Vector product of the two edges that leave the first point: (b - a) x (c - a).
+/// Vector product of the two edges from the first point: (b - a) x (c - a).
 [[nodiscard]] constexpr XPnt3d cross(const XPnt3d& a, const XPnt3d& b, const XPnt3d& c) noexcept {
     return cross(b - a, c - a);
 }

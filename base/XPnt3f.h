@@ -4,7 +4,7 @@
 
 namespace qel {
 
-/// A point or vector of three floats, for the places where single precision is wanted.
+/// A point or vector of three floats, where single precision is wanted.
 struct XPnt3f {
     /// @{
     /// The coordinates.
@@ -18,13 +18,13 @@ struct XPnt3f {
     constexpr XPnt3f() noexcept = default;
     constexpr XPnt3f(float px, float py, float pz) noexcept : x(px), y(py), z(pz) {}
     /// @}
-    /// Narrows each coordinate to the nearest float.
+    /// Rounds each coordinate to the nearest float.
     explicit constexpr XPnt3f(const XPnt3d& point) noexcept
         : x(static_cast<float>(point.x)), y(static_cast<float>(point.y)), z(static_cast<float>(point.z)) {}
 };
 
 /// @{
-/// Arithmetic by coordinates.
+/// Componentwise arithmetic.
 [[nodiscard]] constexpr XPnt3f operator+(const XPnt3f& a, const XPnt3f& b) noexcept {
     return {a.x + b.x, a.y + b.y, a.z + b.z};
 }

@@ -11,9 +11,6 @@ namespace {
 
 constexpr int kViewWidth = 800;
 constexpr int kViewHeight = 600;
-constexpr std::int32_t kPan = 1;
-constexpr std::int32_t kRotate = 2;
-constexpr std::int32_t kZoom = 3;
 /// Pixels from where the button went down; back there a rotation would have nothing to compute.
 constexpr std::int32_t kNearStep = 8;
 constexpr std::int32_t kFarStep = 16;
@@ -58,9 +55,9 @@ void addFit(Operations& all, const char* name, bool precise) {
 }  // namespace
 
 void addDragBenches(Operations& all) {
-    addDrag(all, "rotation drag step", kRotate);
-    addDrag(all, "pan drag step", kPan);
-    addDrag(all, "zoom drag step", kZoom);
+    addDrag(all, "rotation drag step", DragRotate);
+    addDrag(all, "pan drag step", DragPan);
+    addDrag(all, "zoom drag step", DragZoom);
     addFit(all, "zoomToExtent, quick", false);
     addFit(all, "zoomToExtent, precise", true);
 }

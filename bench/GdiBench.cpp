@@ -21,7 +21,7 @@ constexpr std::int32_t kPointsOfALine = 50;
 
 class GdiScene {
   public:
-    explicit GdiScene(std::int32_t lineCount) : display(newGDIScrDisplay()) {
+    explicit GdiScene(std::int32_t lineCount) : display(adopt(newGDIScrDisplay())) {
         display->attachWindow(static_cast<std::int32_t>(window.hwnd()));
         display->setViewExtent({-1.0, -1.0, 1.0, 1.0});
         extent = display->getViewExtent();
@@ -30,9 +30,6 @@ class GdiScene {
             lines.push_back(wave(i, lineCount, kPointsOfALine));
         }
     }
-    ~GdiScene() { display->Release(); }
-    GdiScene(const GdiScene&) = delete;
-    GdiScene& operator=(const GdiScene&) = delete;
 
     void drawByModule() const {
         display->beginDraw();
@@ -72,7 +69,7 @@ class GdiScene {
     }
 
     test::TestWindow window{kWidth, kHeight};
-    IQelScrDisplay2D* display;
+    ref_ptr<IQelScrDisplay2D> display;
     /// Keeps the compiler from leaving results out.
     volatile double probed = 0.1;
     volatile int kept = 0;

@@ -57,7 +57,7 @@ Forms formsOf(const SharedScene<Geometry>& scene, Bare bare) {
     return forms;
 }
 
-void drawStripByHand(LendingPoints& points) {
+void drawStripByHand(HostPointArray& points) {
     glColor3f(kRed, kGreen, kBlue);
     glLineWidth(1.0F);
     glEnableClientState(GL_VERTEX_ARRAY);
@@ -77,7 +77,7 @@ Forms lineForms(Size size) {
     return formsOf(scene, [](const Line& line) { drawStripByHand(line.lent()); });
 }
 
-void drawBallByHand(LendingBall& ball) {
+void drawBallByHand(HostBall& ball) {
     const XPnt3d center = ball.center();
     GLUquadric* const quadric = gluNewQuadric();
     glPushMatrix();
@@ -90,11 +90,11 @@ void drawBallByHand(LendingBall& ball) {
 }
 
 Forms ballForms(Size size) {
-    const auto scene = std::make_shared<GeometryScene<LendingBall>>();
+    const auto scene = std::make_shared<GeometryScene<HostBall>>();
     for (const XPnt3d& center : wave(0, 1, size == Size::Full ? kBalls : kFew)) {
-        scene->geometries.push_back(ref_ptr<LendingBall>(new LendingBall(center, kBallRadius)));
+        scene->geometries.push_back(ref_ptr<HostBall>(new HostBall(center, kBallRadius)));
     }
-    return formsOf(scene, [](LendingBall& ball) { drawBallByHand(ball); });
+    return formsOf(scene, [](HostBall& ball) { drawBallByHand(ball); });
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ double bytesOfADisplay() {
     const test::TestWindow window(kWidth, kHeight);
     const test::GuardedHeap counted;
     const std::size_t before = test::GuardedHeap::liveBytes();
-    IQelDisplay* const display = newScreenDisplay();
+    ref_ptr<IQelDisplay> display = adopt(newScreenDisplay());
     display->attachWindow(static_cast<std::int32_t>(window.hwnd()), false);
     display->setViewSize(kWidth, kHeight);
     display->beginFrame(0);
@@ -26,7 +26,7 @@ double bytesOfADisplay() {
     display->endDraw();
     display->finishFrame();
     const std::size_t after = test::GuardedHeap::liveBytes();
-    display->Release();
+    display.reset();
     return static_cast<double>(after - before);
 }
 

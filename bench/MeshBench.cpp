@@ -21,7 +21,7 @@ struct MeshScene {
           byteNormals(lend(data.byteNormals)),
           floatNormals(lend(data.floatNormals)),
           colors(lend(data.colors)),
-          indices(data.indices.empty() ? nullptr : new LendingArray<ArrayIndex>(data.indices)) {}
+          indices(data.indices.empty() ? nullptr : new HostArray<ArrayIndex>(data.indices)) {}
 
     Rig rig{kViewPx, kViewPx};
     MeshStyle style{true, true, 1.0F};

@@ -14,7 +14,7 @@ Enve3d modelExtent() {
 
 Rig::Rig(int widthPx, int heightPx)
     : frame(widthPx, heightPx),
-      shown(newScreenDisplay()),
+      shown(adopt(newScreenDisplay())),
       drawing(newQelSymbol()),
       pixelWidth(widthPx),
       pixelHeight(heightPx) {
@@ -22,16 +22,11 @@ Rig::Rig(int widthPx, int heightPx)
     shown->setViewSize(widthPx, heightPx);
     context = wglGetCurrentContext();
     if (context == nullptr) {
-        shown->Release();
         throw std::runtime_error("the window gives no OpenGL context");
     }
     camera().setExtent(modelExtent(), true);
     shown->beginFrame(0);
     glGetError();
-}
-
-Rig::~Rig() {
-    shown->Release();
 }
 
 void* Rig::dc() const {

@@ -13,7 +13,7 @@ namespace qel::bench {
 class Rig {
   public:
     Rig(int widthPx, int heightPx);
-    ~Rig();
+    ~Rig() = default;
     Rig(const Rig&) = delete;
     Rig& operator=(const Rig&) = delete;
 
@@ -32,7 +32,7 @@ class Rig {
 
   private:
     test::TestWindow frame;
-    IQelDisplay* shown;
+    ref_ptr<IQelDisplay> shown;
     ref_ptr<IQelSymbol> drawing;
     void* context = nullptr;
     int pixelWidth;

@@ -19,7 +19,7 @@ constexpr bool kNoStereo = false;
 
 void firstFrameByModule() {
     const test::TestWindow window(kWidth, kHeight);
-    IQelDisplay* const display = newScreenDisplay();
+    const ref_ptr<IQelDisplay> display = adopt(newScreenDisplay());
     display->attachWindow(static_cast<std::int32_t>(window.hwnd()), kNoStereo);
     display->setViewSize(kWidth, kHeight);
     display->beginFrame(0);
@@ -27,7 +27,6 @@ void firstFrameByModule() {
     display->updateView();
     display->endFrame();
     glFinish();
-    display->Release();
 }
 
 void firstFrameByHand(BareView& view) {

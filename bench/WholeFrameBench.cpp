@@ -153,7 +153,7 @@ struct LineScene : OrbitRig {
 
 void drawLinesByHand(const LineScene& scene) {
     for (const ref_ptr<LendingPolyline>& line : scene.lines) {
-        LendingPoints& points = line->lent();
+        HostPointArray& points = line->lent();
         glColor3f(250.0F / 255.0F, 250.0F / 255.0F, 254.0F / 255.0F);
         glLineWidth(1.0F);
         glEnableClientState(GL_VERTEX_ARRAY);

@@ -1,4 +1,4 @@
-# What every target of ours is compiled with: the target qel_options. Warnings stay off for other people's code.
+# The target qel_options: the compile options of all our targets. Third-party code is compiled without warnings.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -13,29 +13,29 @@ endif()
 
 option(QEL_COVERAGE "Count which lines and branches are reached; needs GCC" OFF)
 if(QEL_COVERAGE)
-    # Tests count from several threads; counts that lose each other become negative.
+    # Tests count from several threads; lost updates would make counts negative.
     add_compile_options(--coverage -fprofile-update=atomic)
     add_link_options(--coverage)
 endif()
 
 option(QEL_FUZZ "Build the programs that fuzz the viewer's readers, instead of the tests; needs clang" OFF)
 if(QEL_FUZZ)
-    # The same program wherever the project lies: what was found out about it stands for all clones.
+    # The program does not depend on where the project lies, so results about it hold for all clones.
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
         "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# Keeps compiled files across build trees and across clones of the project: paths below the sources count as relative.
+# Shares compiled files between build trees and clones of the project: paths below the sources count as relative.
 find_program(QEL_CCACHE ccache)
 if(QEL_CCACHE AND NOT CMAKE_HOST_WIN32)
     foreach(language C CXX)
-        # Precompiled headers are large, so their sums are kept; CMake writes what they include just before they are compiled.
+        # Precompiled headers are large, so their hashes are kept; CMake writes what they include just before they are compiled.
         set(CMAKE_${language}_COMPILER_LAUNCHER env "CCACHE_DIR=${QEL_CACHE_DIR}/ccache" "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}"
             CCACHE_NOHASHDIR=1 CCACHE_INODECACHE=1
             CCACHE_SLOPPINESS=pch_defines,time_macros,locale,include_file_mtime,include_file_ctime "${QEL_CCACHE}")
     endforeach()
-    # Shows ccache which precompiled header a source was compiled with.
+    # Tells ccache which precompiled header a source was compiled with.
     add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()
 
@@ -44,7 +44,7 @@ target_compile_features(qel_options INTERFACE cxx_std_20)
 if(MSVC)
     target_compile_options(qel_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus)
 elseif(NOT QEL_FUZZ)
-    # GCC's: clang, which builds for fuzzing alone, knows others.
+    # GCC's warnings; clang, which is only used for fuzzing, has others.
     target_compile_options(qel_options INTERFACE
         -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wuseless-cast
         -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wnull-dereference -Wduplicated-cond

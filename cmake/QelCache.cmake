@@ -1,4 +1,4 @@
-# Where scripts/setup keeps what is built once.
+# The folder where scripts/setup keeps what is built once.
 
 if(DEFINED ENV{QEL_CACHE_DIR})
     set(default_cache "$ENV{QEL_CACHE_DIR}")
@@ -9,7 +9,7 @@ else()
 endif()
 set(QEL_CACHE_DIR "${default_cache}" CACHE PATH "Folder of what scripts/setup builds once")
 
-# Sets QEL_QT_KEY and the like; a changed key configures anew.
+# Sets QEL_QT_KEY and the like; a changed key reconfigures.
 set(keys_file "${CMAKE_CURRENT_SOURCE_DIR}/scripts/cache-keys")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${keys_file}")
 file(STRINGS "${keys_file}" keys REGEX "^QEL_[A-Z]+_KEY=")

@@ -1,5 +1,5 @@
-# Every header compiles alone: the target all_verify_interface_header_sets compiles each one, the portable ones natively and the others
-# for Windows.
+# Checks that every header compiles alone: the target all_verify_interface_header_sets compiles portable headers natively and the others for
+# Windows.
 
 if(QEL_FUZZ OR QEL_COVERAGE OR MSVC OR NOT TARGET qel_kit)
     return()

@@ -1,9 +1,8 @@
-# Header-only libraries, each as a target of its own that shows nothing but its own folder: the system's include folder itself must
-# never reach the cross compiler.
+# Header-only libraries, each as a target with its own include folder: the system's include folder must never reach the cross compiler.
 
 set(QEL_HEADERS_DIR "/usr/include" CACHE PATH "Where header-only libraries are installed")
 
-# qel_header_library(NAME FOLDER): the target NAME gives #include <FOLDER/...>; no target when it is not installed.
+# qel_header_library(NAME FOLDER): creates the target NAME for #include <FOLDER/...>, unless it is not installed.
 function(qel_header_library name folder)
     if(NOT EXISTS "${QEL_HEADERS_DIR}/${folder}")
         return()

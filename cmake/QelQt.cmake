@@ -1,4 +1,4 @@
-# The target Qt5::Core: Qt 5 Core of the cache for the cross build, the installed one elsewhere.
+# The target Qt5::Core: Qt 5 Core from the cache for the cross build, the installed one otherwise.
 
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     set(qt_home "${QEL_CACHE_DIR}/${QEL_QT_KEY}")

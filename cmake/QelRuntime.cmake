@@ -1,4 +1,4 @@
-# QEL_RUNTIME_DLLS: the DLLs that the cross-built programs load, without their debug information, beside the programs.
+# QEL_RUNTIME_DLLS: the stripped DLLs that the cross-built programs load, next to the programs.
 
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     set(runtime_files "${QEL_CACHE_DIR}/${QEL_QT_KEY}/bin/Qt5Core.dll")
@@ -6,7 +6,7 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
         execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${name}"
             OUTPUT_VARIABLE found OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
         if(NOT IS_ABSOLUTE "${found}")
-            message(FATAL_ERROR "The compiler does not know where its ${name} is.")
+            message(FATAL_ERROR "The compiler cannot find its ${name}.")
         endif()
         list(APPEND runtime_files "${found}")
     endforeach()

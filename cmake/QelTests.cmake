@@ -1,12 +1,12 @@
-# What ctest runs: a group of test cases, or a check, is one entry. What a group found lands in build/results as NAME.json, where
-# scripts/sum-results counts it. The labels are native, windows and check; `ctest -C Long` also knows the label long, whose groups do at
-# full length what the others repeat a few times.
+# The entries of ctest: each is a group of test cases or a check. The results of a group are in build/results as NAME.json, where
+# scripts/sum-results counts them. The labels are native, windows and check; `ctest -C Long` adds the label long, whose groups run at full
+# length what the others repeat a few times.
 
 set(QEL_RESULTS "${PROJECT_SOURCE_DIR}/build/results")
 file(MAKE_DIRECTORY "${QEL_RESULTS}")
 
-# qel_test_group(NAME [LONG] [SERIAL] [COST SECONDS] [LEFT_OUT SUITES] [ENVIRONMENT NAME=VALUE...]): cases of qel_tests, those of
-# GTEST_FILTER if that is set. COST is about how long they take, so that the longest begin first.
+# qel_test_group(NAME [LONG] [SERIAL] [COST SECONDS] [LEFT_OUT SUITES] [ENVIRONMENT NAME=VALUE...]): cases of qel_tests, limited by
+# GTEST_FILTER if that is set. COST is their approximate time, so that the longest start first.
 function(qel_test_group name)
     cmake_parse_arguments(PARSE_ARGV 1 group "LONG;SERIAL" "COST;LEFT_OUT" "ENVIRONMENT")
     set(title ${name})
@@ -26,7 +26,7 @@ function(qel_test_group name)
     endif()
     set(command $<TARGET_FILE:qel_tests>)
     if(WIN32 AND CMAKE_CROSSCOMPILING)
-        # Ended from within when it hangs, so that its screen ends as well.
+        # Ends from within if it hangs, so that its screen ends too.
         set(command "${PROJECT_SOURCE_DIR}/scripts/with-screen" timeout -k 20 ${most_seconds} wine ${command})
         math(EXPR most_seconds "${most_seconds} + 60")
     endif()
@@ -43,7 +43,7 @@ function(qel_test_group name)
     endif()
 endfunction()
 
-# Native: under the sanitizers, with a search for leaks.
+# Native: under the sanitizers, with leak detection.
 function(qel_native_groups)
     set(sanitizers
         ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1:check_initialization_order=1
@@ -53,9 +53,8 @@ function(qel_native_groups)
     qel_test_group(native LONG ENVIRONMENT ${sanitizers})
 endfunction()
 
-# Windows: in two halves, each on a screen of its own; what measures a speed alone; and, with each block of memory before a page without
-# access, what gives the module the most memory to handle. That leaves out what makes such blocks itself, what counts the blocks of the
-# ordinary heap, and speeds.
+# Windows: two halves, each on its own screen; speed measurements alone; and the cases that use the most module memory with a guard page
+# behind each block. The last leave out cases that make such blocks themselves, count the blocks of the ordinary heap, or measure speed.
 function(qel_windows_groups)
     set(speeds "*Speed*")
     set(not_guarded "GuardedHeap*:CensusOfMemory.*:*MemoryFlat*:*BlockOfTheModulesOwn*:LoadStorm.*:${speeds}")
@@ -70,7 +69,7 @@ function(qel_windows_groups)
     qel_test_group(guarded LONG LEFT_OUT ${not_guarded} ENVIRONMENT ${guarded})
 endfunction()
 
-# qel_check(NAME COMMAND...): a program that prints "ok SENTENCE" or "not ok SENTENCE" for each thing that it looks at.
+# qel_check(NAME COMMAND...): a program that prints "ok SENTENCE" or "not ok SENTENCE" for each thing it checks.
 function(qel_check name)
     cmake_parse_arguments(PARSE_ARGV 1 check "" "LABEL;CONFIGURATION" "COMMAND")
     set(configurations)
@@ -84,8 +83,8 @@ function(qel_check name)
     set_tests_properties(check.${name} PROPERTIES LABELS ${check_LABEL} TIMEOUT 5400)
 endfunction()
 
-# What scripts/check judges. What looks at Windows programs needs the Windows build as well. Analyses by name take minutes:
-# `ctest -C Whole` runs that of all sources.
+# The checks of scripts/check. Those of Windows programs need the Windows build as well. The named analyses take minutes: `ctest -C Whole`
+# runs the one of all sources.
 function(qel_checks)
     set(check "${PROJECT_SOURCE_DIR}/scripts/check")
     execute_process(COMMAND "${check}" --list OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
@@ -105,6 +104,6 @@ if(WIN32)
 elseif(NOT QEL_COVERAGE)
     qel_native_groups()
     qel_checks()
-    # Where the Windows build is, its groups are run with these.
+    # If there is a Windows build, its groups run with these.
     set_property(DIRECTORY "${PROJECT_SOURCE_DIR}" APPEND PROPERTY TEST_INCLUDE_FILES "${CMAKE_CURRENT_LIST_DIR}/WindowsBuildTests.cmake")
 endif()

@@ -1,4 +1,4 @@
-# Every library and program tells its version in its file properties.
+# Writes the version into the file properties of every library and program.
 
 if(WIN32)
     enable_language(RC)
@@ -18,7 +18,7 @@ function(qel_version_resource target description)
     endif()
     set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc")
     configure_file("${PROJECT_SOURCE_DIR}/cmake/version.rc.in" "${resource}" @ONLY)
-    # By itself, since the resource compiler takes none of the compiler's options.
+    # A separate library, since the resource compiler accepts none of the compiler's options.
     add_library(${target}_version OBJECT "${resource}")
     target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_version>)
 endfunction()

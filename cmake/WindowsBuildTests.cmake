@@ -1,4 +1,4 @@
-# Read by ctest with the entries of the native build: adds those of the Windows build if there is one.
+# Read by ctest with the native build's entries: adds those of the Windows build if there is one.
 
 if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/../build/windows/CTestTestfile.cmake")
     subdirs("${CMAKE_CURRENT_LIST_DIR}/../build/windows")

@@ -19,9 +19,9 @@ HFONT createFont() {
                        CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, face.c_str());
 }
 
-/// Some drivers refuse an empty bitmap, with an error that the host has no part in. An error that waited for
-/// the host from before is the one that OpenGL kept: it is raised again.
-void dropRefusal() {
+/// Some drivers refuse an empty bitmap and leave an error that the host did not cause. If an error of the
+/// host was pending, OpenGL has kept that one: it is raised again.
+void clearOwnError() {
     switch (glGetError()) {
         case GL_INVALID_ENUM:
             glEnable(GL_NONE);
@@ -40,10 +40,10 @@ void dropRefusal() {
 }
 
 /// Some drivers refuse the empty bitmap that the system compiles for a character without ink, and words run
-/// together. One that points somewhere is accepted by all.
+/// together. All accept one with a pointer.
 void recordSpace(HDC deviceContext, GLuint list) {
     constexpr GLubyte kNoInk[] = {0};
-    dropRefusal();
+    clearOwnError();
     INT advance = 0;
     GetCharWidth32W(deviceContext, kFirstCharacter, kFirstCharacter, &advance);
     glNewList(list, GL_COMPILE);
@@ -51,7 +51,8 @@ void recordSpace(HDC deviceContext, GLuint list) {
     glEndList();
 }
 
-/// The glyphs of a font as lists. Without the font no list gets a glyph: the system would take its own font.
+/// Compiles the glyphs of a font as lists. Without a font it compiles none: the system would use its own
+/// font.
 void recordGlyphs(HDC deviceContext, HFONT font, GLuint listBase) {
     const HGDIOBJ previous = font != nullptr ? SelectObject(deviceContext, font) : nullptr;
     if (previous == nullptr) {

@@ -10,7 +10,7 @@ class BitmapFont {
   public:
     /// A font without lists: text is invisible.
     BitmapFont() = default;
-    /// Builds the lists in a context, which is current. A font or lists that cannot be had leave text
+    /// Builds the lists in a context, which must be current. If font or lists cannot be created, text stays
     /// invisible.
     explicit BitmapFont(const ContextBinding& current);
 
@@ -18,13 +18,14 @@ class BitmapFont {
     [[nodiscard]] bool isIn(HGLRC context) const noexcept { return listBase != 0 && context == home.rc; }
     /// Draws text at the current raster position of the current context, which must be that of the lists.
     void draw(const char* text) const;
-    /// Where the context was made current since: the device context it was built on may be gone.
+    /// Updates the device context that the lists' context is current on: the one it was built on may be gone.
     void follow(const ContextBinding& binding) noexcept;
-    /// Makes the context of the lists current and deletes them; nothing if they or their context are gone.
+    /// Makes the context of the lists current and deletes them; does nothing if they or their context are
+    /// gone.
     void destroy();
 
   private:
-    /// 0 is no list: OpenGL answers it when it has none to give.
+    /// 0 is no list: OpenGL returns it if it has none left.
     std::uint32_t listBase = 0;
     ContextBinding home;
 };

@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::int32_t kWidestView = 60;
 constexpr std::int32_t kNarrowestView = 2;
-/// Below this the view is narrow: stepping stops.
+/// A view below this is narrow and is not stepped further.
 constexpr std::int32_t kNarrowLimit = 20;
 constexpr std::int32_t kZoomStep = 2;
 constexpr double kZoomNear = 1.0;
@@ -36,7 +36,7 @@ std::int32_t steppedFieldOfView(std::int32_t step) {
         zoomStepped = true;
         value = zoomFieldOfView - kZoomStep;
     } else if (step == kReset) {
-        // A narrow view that was stepped to survives the first reset.
+        // A narrow view reached by stepping survives the first reset.
         value = narrowView && zoomStepped ? zoomFieldOfView : kWidestView;
         zoomStepped = false;
     }
@@ -58,7 +58,7 @@ bool CGL::createForWindow(std::int32_t newWidth, std::int32_t newHeight, bool fu
     width = newWidth;
     height = newHeight;
     hwnd = window;
-    // One or the other: a stereo context is single-buffered.
+    // Either one: a stereo context is single-buffered.
     const PIXELFORMATDESCRIPTOR format =
         describeFormat(PFD_DRAW_TO_WINDOW | (stereo ? PFD_STEREO : PFD_DOUBLEBUFFER), 16, 16);
     hdc = GetDC(hwnd);
@@ -130,8 +130,7 @@ void CGL::dropLeftovers() {
     forgetHandles();
 }
 
-// A handle that is given back may be somebody else's the next moment: the destructor must not make that one
-// current.
+// A released handle may be reused by someone else at once: the destructor must not make that one current.
 void CGL::forgetHandles() noexcept {
     hglrc = nullptr;
     hdc = nullptr;

@@ -13,35 +13,35 @@ class CGL {
     CGL() = default;
     CGL(const CGL&) = delete;
     CGL& operator=(const CGL&) = delete;
-    /// Makes the context current and nothing else: its owner calls `destroyContext` where it must.
+    /// Only makes the context current: the owner calls `destroyContext` where needed.
     virtual ~CGL();
 
-    /// A context on a window, current afterwards. Stereo contexts are single-buffered. False at the first
-    /// step that fails, without undoing the steps before; the next create or `dropLeftovers` gives back what
-    /// they took.
+    /// Creates a context on a window and makes it current. Stereo contexts are single-buffered. Returns false
+    /// at the first step that fails without undoing the steps before; the next create or `dropLeftovers`
+    /// releases what they took.
     bool createForWindow(std::int32_t newWidth, std::int32_t newHeight, bool fullScreen, HWND window,
                          bool stereo);
-    /// What is asked for on a memory device context: drawing to a bitmap of this colour depth.
+    /// The pixel format requested on a memory device context: drawing to a bitmap of this colour depth.
     [[nodiscard]] static PIXELFORMATDESCRIPTOR formatForDC(std::uint8_t colorBits);
-    /// A context on a memory device context that holds a section of this colour depth, current afterwards.
-    /// False if there is no pixel format for it.
+    /// Creates a context on a memory device context that holds a section of this colour depth, and makes it
+    /// current. Returns false if there is no pixel format for it.
     bool createForDC(HDC deviceContext, std::uint8_t colorBits = 24);
-    /// Deletes the context and releases the window's device context; nothing if there is none.
+    /// Deletes the context and releases the window's device context; does nothing if there is none.
     void destroyContext();
-    /// Gives back what a create that failed has taken; nothing after one that succeeded.
+    /// Releases what a failed create has taken; does nothing after a successful one.
     void dropLeftovers();
-    /// Switches the screen to a size; true on success.
+    /// Switches the screen to a size. Returns true on success.
     bool setFullScreen(std::int32_t newWidth, std::int32_t newHeight);
-    /// Smooth shading, nice perspective correction, back faces to cull, generated and normalised normals;
-    /// true.
+    /// Sets smooth shading, best perspective correction, back faces to cull, generated and normalised
+    /// normals. Returns true.
     bool initGLState();
     /// Returns 0.
     std::int32_t makeCurrent();
-    /// Selects the front or the back buffer and clears a pending OpenGL error; returns 1.
+    /// Selects the front or the back buffer and clears a pending OpenGL error. Returns 1.
     std::int32_t selectDrawBuffer(bool front);
     /// Returns 1.
     std::int32_t swapBuffers();
-    /// A field-of-view zoom in steps of 2 degrees, shared by all contexts: 1 zooms in, 0 resets; loads
+    /// Zooms by the field of view in steps of 2 degrees, shared by all contexts: 1 zooms in, 0 resets. Loads
     /// viewport and perspective and leaves the model-view matrix at the identity.
     void perspectiveZoom(std::int32_t step);
 
@@ -62,7 +62,7 @@ class CGL {
     std::int32_t initialised = 0;
     std::int32_t width = 800;
     std::int32_t height = 600;
-    /// Part of a holder's state, though nothing reads it.
+    /// Part of the class layout, although nothing reads it.
     std::int32_t defaultFieldOfView = 60;
     HGLRC hglrc = nullptr;
     HDC hdc = nullptr;

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Null arrays make no OpenGL call: the driver would write through them.
+/// A null array makes no OpenGL call: the driver would write through it.
 template <class Value, class Function>
 std::int32_t withArray(Value* values, Function call) {
     if (values != nullptr) {

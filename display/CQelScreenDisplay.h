@@ -11,6 +11,7 @@
 #include "CurrentContext.h"
 #include "IQelScrDisplay.h"
 #include "QelColor.h"
+#include "QelHandle.h"
 #include "QelRefPtr.h"
 #include "ScreenCapture.h"
 #include "XPnt3d.h"
@@ -74,9 +75,9 @@ class CQelScreenDisplay : public IQelScrDisplay {
     ~CQelScreenDisplay() override;
 
   private:
-    /// The context of the window, or the lent one.
+    /// The window's context, or the host's.
     [[nodiscard]] ContextBinding binding() const noexcept {
-        return {qel::toHandle<HDC>(deviceContext), renderContext};
+        return {qel::handleFromNumber<HDC>(deviceContext), renderContext};
     }
     void setInitialState();
     void returnToCapture();
@@ -86,11 +87,11 @@ class CQelScreenDisplay : public IQelScrDisplay {
     void endCapture();
     void returnToWindow();
 
-    // viewWidth, viewHeight, anchorPoint and frameMode are part of a display's state, though nothing reads
+    // viewWidth, viewHeight, anchorPoint and frameMode are part of the class layout, although nothing reads
     // them.
 
-    /// Declared first, so that it acts last: after the members have given their contexts back.
-    CurrentContext contextOfHost;
+    /// Declared first and so destroyed last: after the members have released their contexts.
+    CurrentContext previousContext;
     std::int32_t windowHandle = 0;
     bool showOverlay1 = true;
     bool showOverlay2 = true;
@@ -111,11 +112,11 @@ class CQelScreenDisplay : public IQelScrDisplay {
     qel::ref_ptr<CQelGL> gl;
     CQelTrackBall* trackBall;
     qel::ref_ptr<qel::QelReferenced> attachedObject;
-    /// The window's context has its font, and a context that the host lends has one too.
+    /// The font of the window's own context, and that of a host's context.
     BitmapFont windowFont;
     BitmapFont lentFont;
     ScreenCapture capture;
-    /// The camera has the viewport of the capture, and its matrices.
+    /// True while the camera has the viewport and the matrices of the capture.
     bool viewIsCaptures = false;
     bool glStateReady = false;
     CGL windowContext;

@@ -2,7 +2,7 @@
 
 #include "QelSystem.h"
 
-/// A rendering context on the device context that it draws on.
+/// A rendering context and the device context it draws on.
 struct ContextBinding {
     HDC dc = nullptr;
     HGLRC rc = nullptr;
@@ -14,32 +14,31 @@ struct ContextBinding {
         binding.dc = wglGetCurrentDC();
         return binding;
     }
-    /// Makes it current, or no context if it is none; false if it cannot be.
+    /// Makes it current; without a context, makes none current. Returns false if that fails.
     bool makeCurrent() const { return wglMakeCurrent(dc, rc) != FALSE; }
 };
 
-/// Which context was current on this thread before one of ours took its place, so that it can be made current
-/// again.
+/// Remembers which context was current on this thread before one of ours, to make it current again.
 class CurrentContext {
   public:
     CurrentContext() = default;
     CurrentContext(const CurrentContext&) = delete;
     CurrentContext& operator=(const CurrentContext&) = delete;
-    /// Makes the remembered context current again, if one is remembered.
+    /// Makes the remembered context current again, if there is one.
     ~CurrentContext() {
         if (kept.rc != nullptr) {
             kept.makeCurrent();
         }
     }
 
-    /// Remembers what is current, unless that is the given one, which took the place of the remembered one.
+    /// Remembers what is current, unless that is the given one, which replaced the remembered one.
     void rememberUnless(const ContextBinding& current, HGLRC ours) noexcept {
         if (current.rc == nullptr || current.rc != ours) {
             kept = current;
         }
     }
     [[nodiscard]] const ContextBinding& remembered() const noexcept { return kept; }
-    /// The context goes: if it is the remembered one, nothing is remembered.
+    /// Called when a context is destroyed: if it is the remembered one, nothing is remembered.
     void forget(HGLRC going) noexcept {
         if (kept.rc == going) {
             kept = {};

@@ -10,7 +10,7 @@ struct Names {
     GLenum type;
     GLenum stride;
     GLenum pointer;
-    /// Of OpenGL 1.5, which not every system's header names.
+    /// From OpenGL 1.5, which not every system's header declares.
     GLenum buffer;
 };
 
@@ -65,7 +65,7 @@ void GlArraysCopy::take(bool mayBeBuffered) {
         const Names& names = kArrayNames[index];
         Array& array = arrays[index];
         array = Array();
-        // What stands there for a pointer is a place in the buffer.
+        // The pointer is an offset into the buffer.
         if (mayBeBuffered && valueOf(names.buffer) != 0) {
             continue;
         }
@@ -87,7 +87,7 @@ void GlArraysCopy::put() const {
         namePointer(names.array, array.size, static_cast<GLenum>(array.type), array.stride, array.pointer);
         GLvoid* taken = nullptr;
         glGetPointerv(names.pointer, &taken);
-        // A driver that refused the array's type would read from nowhere.
+        // A driver that refused the array's type would read from a null pointer.
         if (array.isEnabled && taken == array.pointer) {
             glEnableClientState(names.array);
         }

@@ -5,9 +5,9 @@
 /// The client arrays of a context that lie in the host's memory. A part of GlStateCopy.
 class GlArraysCopy {
   public:
-    /// Takes the arrays of the current context; `mayBeBuffered` if it knows buffer objects.
+    /// Reads the arrays of the current context; `mayBeBuffered` if it supports buffer objects.
     void take(bool mayBeBuffered);
-    /// Names them in the current context, a new one.
+    /// Sets them in the current context, a new one.
     void put() const;
 
   private:

@@ -25,7 +25,7 @@ constexpr Names kMapNames[] = {
 
 }  // namespace
 
-// Only maps that are switched on: the others have no points that anybody set, or nobody uses them.
+// Only enabled maps: the others were never set or are not used.
 void GlEvaluatorsCopy::takeMap(Map& map, GLenum name, int dimensions, int components) {
     map = Map();
     map.isEnabled = glIsEnabled(name);

@@ -7,7 +7,7 @@
 /// The evaluators of a context: their maps and grids. A part of GlStateCopy.
 class GlEvaluatorsCopy {
   public:
-    /// Takes the evaluators of the current context.
+    /// Reads the evaluators of the current context.
     void take();
     /// Sets them in the current context.
     void put() const;

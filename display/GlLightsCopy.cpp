@@ -8,7 +8,7 @@ constexpr GLenum kAttenuationNames[] = {GL_CONSTANT_ATTENUATION, GL_LINEAR_ATTEN
                                         GL_QUADRATIC_ATTENUATION};
 constexpr GLenum kFaces[] = {GL_FRONT, GL_BACK};
 constexpr GLenum kCoordinateNames[] = {GL_S, GL_T, GL_R, GL_Q};
-/// Of OpenGL 1.2, which not every system's header names.
+/// From OpenGL 1.2, which not every system's header declares.
 constexpr GLenum kLightModelColorControl = 0x81F8;
 
 GLenum asName(GLint value) {
@@ -70,7 +70,7 @@ void GlLightsCopy::put() const {
     GLint matrixMode = GL_MODELVIEW;
     glGetIntegerv(GL_MATRIX_MODE, &matrixMode);
     putTexturing();
-    // Places, directions and planes were answered in eye coordinates: the identity keeps them.
+    // Positions, directions and planes were returned in eye coordinates: the identity keeps them.
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();

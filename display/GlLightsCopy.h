@@ -2,13 +2,14 @@
 
 #include "QelGl.h"
 
-/// Lights, materials and the light model of a context, and what else OpenGL keeps in eye coordinates:
+/// Lights, materials and the light model of a context, and the rest that OpenGL keeps in eye coordinates:
 /// clipping planes and generated texture coordinates. A part of GlStateCopy.
 class GlLightsCopy {
   public:
-    /// Takes the state of the current context; `separatesSpecular` if it knows that part of the light model.
+    /// Reads the state of the current context; `separatesSpecular` if it supports that part of the light
+    /// model.
     void take(bool separatesSpecular);
-    /// Sets it in the current context, whose model-view matrix is left as it was.
+    /// Sets it in the current context and keeps that one's model-view matrix.
     void put() const;
 
   private:
@@ -45,7 +46,7 @@ class GlLightsCopy {
     GLfloat modelAmbient[4] = {};
     GLint localViewer = 0;
     GLint twoSided = 0;
-    /// 0 is no value of it: then it is left alone.
+    /// 0 is not a valid value and means that it is not set.
     GLint colorControl = 0;
     GLint colorMaterial[2] = {};
     Light lights[kLights] = {};

@@ -31,20 +31,20 @@ constexpr Map kMapNames[] = {
     {GL_PIXEL_MAP_B_TO_B, GL_PIXEL_MAP_B_TO_B_SIZE}, {GL_PIXEL_MAP_A_TO_A, GL_PIXEL_MAP_A_TO_A_SIZE},
 };
 
-/// The stipple and the maps are written as pixels are stored: while it lives without the host's way of it.
+/// Stipple and maps are written with the default pixel store for as long as this lives.
 class PlainPacking {
   public:
-    explicit PlainPacking(const GLint* stores) : ofTheHost(stores) {
+    explicit PlainPacking(const GLint* stores) : hostStores(stores) {
         for (std::size_t index = 0; index < kPackNames; ++index) {
-            if (ofTheHost[index] != kStoreNames[index].plain) {
+            if (hostStores[index] != kStoreNames[index].plain) {
                 glPixelStorei(kStoreNames[index].name, kStoreNames[index].plain);
             }
         }
     }
     ~PlainPacking() {
         for (std::size_t index = 0; index < kPackNames; ++index) {
-            if (ofTheHost[index] != kStoreNames[index].plain) {
-                glPixelStorei(kStoreNames[index].name, ofTheHost[index]);
+            if (hostStores[index] != kStoreNames[index].plain) {
+                glPixelStorei(kStoreNames[index].name, hostStores[index]);
             }
         }
     }
@@ -52,7 +52,7 @@ class PlainPacking {
     PlainPacking& operator=(const PlainPacking&) = delete;
 
   private:
-    const GLint* ofTheHost;
+    const GLint* hostStores;
 };
 
 }  // namespace
@@ -86,7 +86,7 @@ void GlPixelsCopy::takeStippleAndMaps() {
 }
 
 void GlPixelsCopy::put() const {
-    // Before the pixel store is the host's: the copy lies as a new context reads it.
+    // Before the pixel store is the host's: the copy has the layout that a new context reads.
     glPolygonStipple(stipple);
     for (int index = 0; index < kMaps; ++index) {
         if (!maps[index].empty()) {

@@ -4,11 +4,10 @@
 
 #include "QelGl.h"
 
-/// How a context stores, transfers, maps and zooms pixels, and the stipple of its polygons. A part of
-/// GlStateCopy.
+/// How a context stores, transfers, maps and zooms pixels, and its polygon stipple. A part of GlStateCopy.
 class GlPixelsCopy {
   public:
-    /// Takes the state of the current context.
+    /// Reads the state of the current context.
     void take();
     /// Sets it in the current context.
     void put() const;

@@ -43,13 +43,13 @@ constexpr GLenum kCapabilityNames[] = {
     GL_TEXTURE_GEN_R,
     GL_TEXTURE_GEN_Q,
 };
-/// Of OpenGL 1.2, which not every system's header names.
+/// From OpenGL 1.2, which not every system's header declares.
 constexpr GLenum kRescaleNormal = 0x803A;
 
 constexpr GLenum kHintNames[] = {GL_FOG_HINT, GL_LINE_SMOOTH_HINT, GL_PERSPECTIVE_CORRECTION_HINT,
                                  GL_POINT_SMOOTH_HINT, GL_POLYGON_SMOOTH_HINT};
 
-/// What a context answers as one integer; the places in the copy are those of the names.
+/// State that is queried as one integer; values are stored in the order of the names.
 enum Integer : std::uint8_t {
     kDepthFunction,
     kDepthMask,
@@ -98,7 +98,7 @@ constexpr GLenum kIntegerNames[] = {
     GL_LIST_BASE,
 };
 
-/// The same of numbers.
+/// The same for floats.
 enum Number : std::uint8_t {
     kAlphaReference,
     kPointSize,
@@ -175,7 +175,7 @@ void GlStateCopy::takeVectors() {
 }
 
 void GlStateCopy::put() const {
-    // While a material follows the colour, it cannot be set: so the material comes first.
+    // A material that follows the colour cannot be set: so the material comes first.
     lights.put();
     for (int index = 0; index < kCapabilities; ++index) {
         setCapability(kCapabilityNames[index], enabled[index]);
@@ -193,7 +193,7 @@ void GlStateCopy::put() const {
     pixels.put();
     arrays.put();
     evaluators.put();
-    // Nobody else has drawn in this context: what waits there is what its driver does not know.
+    // Nobody else has drawn in this context: pending errors come from state that its driver does not know.
     glGetError();
 }
 

@@ -5,35 +5,35 @@
 #include "GlLightsCopy.h"
 #include "GlPixelsCopy.h"
 
-/// The state of one context, carried into another one that shares nothing with it, so that a host draws into
-/// a bitmap with what it has set in its window.
+/// The state of one context, copied into another that shares nothing with it, so that a host draws into a
+/// bitmap with the state it has set in its window.
 ///
-/// Carried over, that is all state of OpenGL 1.1 that means the same in both:
+/// Copied is all state of OpenGL 1.1 that means the same in both:
 /// - what is enabled, and the hints
 /// - the current colour, normal, texture coordinates and edge flag
 /// - how points, lines and polygons are drawn: sizes, modes, culling, stipples, offsets, shading
 /// - lights, materials and the light model, with the separate specular colour and the rescaled normals of
 ///   OpenGL 1.2
 /// - fog, clipping planes, texture environment, generated texture coordinates, the texture matrix
-/// - alpha, stencil and depth tests, depth range, blending, logic operation, masks, clear values but the
+/// - alpha, stencil and depth tests, depth range, blending, logic operation, masks, clear values except the
 ///   colour's
 /// - how pixels are stored, transferred, mapped and zoomed
-/// - client arrays in the host's memory, evaluators, the list base
+/// - client arrays in host memory, evaluators, the list base
 ///
-/// Cannot be:
+/// Not copied:
 /// - textures, display lists, buffers and programs: they are objects of one context
 /// - client arrays in buffer objects
-/// - pixels, and which buffer is drawn and read: a bitmap has one
-/// - matrices, viewport and scissor box: a capture has its own, for its own pixels
-/// - the raster position, the lower levels of stacks, selection, feedback and a list that is being compiled
-/// - texture units but the current one, and what else came after OpenGL 1.2
-/// - what only colour-index contexts draw with
+/// - pixels, and which buffer is drawn and read: a bitmap has only one
+/// - matrices, viewport and scissor box: a capture sets its own
+/// - the raster position, lower stack levels, selection, feedback and a list being compiled
+/// - texture units except the current one, and state newer than OpenGL 1.2
+/// - state that only colour-index contexts use
 class GlStateCopy {
   public:
-    /// Takes the state of the current context.
+    /// Reads the state of the current context.
     void take();
-    /// Sets it in the current context, a new one: what its driver does not know stays as it was. Its
-    /// matrices of camera and projection are left alone.
+    /// Sets it in the current context, a new one, whose model-view and projection matrices stay. State that
+    /// its driver does not know keeps its value.
     void put() const;
 
   private:

@@ -4,8 +4,7 @@
 
 namespace qel {
 
-/// The version of the current context as a number: 12 for OpenGL 1.2. 11, the least there is, if it is not
-/// told.
+/// The version of the current context as a number: 12 for OpenGL 1.2; 11, the minimum, if it is unknown.
 [[nodiscard]] inline int glVersion() {
     constexpr int kLeast = 11;
     const GLubyte* const text = glGetString(GL_VERSION);

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The first of the names are attributes of the colour buffer.
+/// The first names are attributes of the colour buffer.
 constexpr int kOfColorBuffer = 3;
 constexpr GLenum kNames[] = {
     GL_ALPHA_TEST,  GL_BLEND,       GL_COLOR_LOGIC_OP, GL_SCISSOR_TEST, GL_STENCIL_TEST,
@@ -12,7 +12,7 @@ constexpr GLenum kNames[] = {
     GL_CLIP_PLANE2, GL_CLIP_PLANE3, GL_CLIP_PLANE4,    GL_CLIP_PLANE5,
 };
 
-/// Texturing alone is on in the context of every window; without an image it changes nothing.
+/// Texturing is enabled in every window's context; alone, without an image, it changes nothing.
 bool hasEffect(GLenum name) {
     if (glIsEnabled(name) == GL_FALSE) {
         return false;

@@ -2,16 +2,16 @@
 
 #include "QelGl.h"
 
-/// What a host may have switched on that would change drawn pixels on their way into the buffers, or keep
-/// them out: tests, blending, fog, textures, clipping planes and a zoom. Only what is on is touched, and an
-/// attribute push brings it back.
+/// State of a host that would change drawn pixels on their way into the buffers, or discard them: tests,
+/// blending, fog, textures, clipping planes and a zoom. Only what is enabled is switched off, and an
+/// attribute push restores it.
 class HostEffects {
   public:
-    /// Asks the current context.
+    /// Queries the current context.
     HostEffects();
     /// The attributes to push together with those of the colour buffer.
     [[nodiscard]] GLbitfield attributes() const noexcept;
-    /// Switches them off; call it after the push.
+    /// Disables them; call it after the push.
     void switchOff() const;
 
   private:

@@ -2,7 +2,7 @@
 
 #include "QelGl.h"
 
-/// What OpenGL may do to pixels on their way, and the value with which it does nothing.
+/// Pixel transfer state of OpenGL, and the value with which it has no effect.
 struct PixelTransfer {
     GLenum name;
     GLfloat plain;
@@ -21,14 +21,14 @@ inline constexpr PixelTransfer kPixelTransfers[] = {
     {GL_ALPHA_BIAS, 0.0F},
     {GL_DEPTH_SCALE, 1.0F},
     {GL_DEPTH_BIAS, 0.0F},
-    // Not of colour and depth.
+    // Not for colour and depth.
     {GL_MAP_STENCIL, 0.0F},
     {GL_INDEX_SHIFT, 0.0F},
     {GL_INDEX_OFFSET, 0.0F},
 };
 
-/// While it lives, colours and depths are read and drawn as they are: what the host has set to change them on
-/// their way is set aside, and nothing else is touched.
+/// Disables the host's pixel transfer settings for a scope, so that colours and depths are read and drawn
+/// unchanged.
 class PixelTransferScope {
   public:
     PixelTransferScope() {

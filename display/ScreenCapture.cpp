@@ -19,15 +19,15 @@ std::size_t rowBytes(std::uint32_t width) {
     return static_cast<std::size_t>(width) * kBytesPerPixel;
 }
 
-/// GDI pads the rows it gives to a multiple of four bytes.
+/// GDI pads its rows to a multiple of four bytes.
 std::size_t paddedRowBytes(std::uint32_t width) {
     return (rowBytes(width) + 3) / 4 * 4;
 }
 
-/// Black for what GDI has not written: the rows from `rowsWritten` on, and the padding. Whatever lay in that
-/// memory before must not come into a file.
-void blackenTheRest(std::uint8_t* pixels, std::uint32_t width, std::uint32_t height,
-                    std::uint32_t rowsWritten) {
+/// Zeroes what GDI has not written: the rows from `rowsWritten` on, and the padding. Old memory contents must
+/// not get into a file.
+void zeroUnwritten(std::uint8_t* pixels, std::uint32_t width, std::uint32_t height,
+                   std::uint32_t rowsWritten) {
     const std::size_t row = rowBytes(width);
     const std::size_t padded = paddedRowBytes(width);
     for (std::uint32_t index = 0; row != padded && index < rowsWritten; ++index) {
@@ -36,10 +36,10 @@ void blackenTheRest(std::uint8_t* pixels, std::uint32_t width, std::uint32_t hei
     std::memset(pixels + rowsWritten * padded, 0, (height - rowsWritten) * padded);
 }
 
-/// A section holds blue, green, red: red stands 16 bits up. Drivers that answer another order for 24 bits
-/// draw such sections wrong, or not at all; 32 bits they all draw, and GDI gives the rows in 24 bits from
-/// either.
-std::uint8_t depthThatIsDrawnRight(HDC deviceContext) {
+/// A section stores blue, green, red: red is shifted by 16 bits. Drivers that report another order for 24
+/// bits draw such sections wrong or not at all; all of them draw 32 bits, and GDI converts both to 24-bit
+/// rows.
+std::uint8_t supportedColorDepth(HDC deviceContext) {
     constexpr BYTE kRedShiftOfSection = 16;
     const PIXELFORMATDESCRIPTOR wanted = CGL::formatForDC(kFileDepth);
     PIXELFORMATDESCRIPTOR found{};
@@ -79,7 +79,8 @@ bool ScreenCapture::fitsFile(std::uint32_t width, std::uint32_t height) noexcept
     if (width == 0 || height == 0 || width > kLargestSide || height > kLargestSide) {
         return false;
     }
-    // Divided, not multiplied: the product of two 31-bit sides and three bytes does not fit 64 bits either.
+    // Division instead of multiplication: the product of two 31-bit sides and three bytes overflows 64 bits
+    // too.
     return height <= (kLargestFile - kHeaderBytes) / kBytesPerPixel / width;
 }
 
@@ -101,7 +102,7 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
     captureInfo.biPlanes = 1;
     captureInfo.biBitCount = kFileDepth;
     capturePixels.reset(new (std::nothrow) std::uint8_t[paddedRowBytes(width) * height]);
-    // The bitmap may be drawn by another driver than the window, with another limit.
+    // Another driver than the window's may draw the bitmap, with another limit.
     if (!capturePixels || !createSection(kFileDepth) || !createContext() || !fitsDriver(width, height)) {
         releaseBitmap();
         releaseContext();
@@ -113,12 +114,12 @@ bool ScreenCapture::begin(HDC display, std::uint32_t width, std::uint32_t height
 
 bool ScreenCapture::createContext() {
     releaseOtherContext();
-    const std::uint8_t depth = depthThatIsDrawnRight(captureDC);
+    const std::uint8_t depth = supportedColorDepth(captureDC);
     return (depth == kFileDepth || createSection(depth)) && captureContext.createForDC(captureDC, depth);
 }
 
-// Where contexts of windows and of bitmaps are served by two libraries that do not hear of each other, the
-// window's one believes to be current all the time, and binds nothing when the window is made current again.
+// If two libraries that do not know of each other serve the contexts of windows and bitmaps, the window's one
+// believes to be current all the time, and binds nothing when the window is made current again.
 void ScreenCapture::releaseOtherContext() const {
     if (wglGetCurrentContext() != captureContext.renderContext()) {
         wglMakeCurrent(nullptr, nullptr);
@@ -148,22 +149,22 @@ bool ScreenCapture::createSection(std::uint8_t depth) {
 }
 
 void ScreenCapture::readPixels() {
-    // The section's memory is only up to date once OpenGL has finished with it; the host may have left
-    // another context current.
+    // The section's memory is only up to date once OpenGL has finished; the host may have left another
+    // context current.
     finishDrawing();
-    // GDI fills in the size of the picture, which the file leaves at 0: so it gets a copy of the header.
+    // GDI fills in the size of the picture, which stays 0 in the file: so it gets a copy of the header.
     BITMAPINFO info{};
     info.bmiHeader = captureInfo;
     const int rows =
         GetDIBits(captureDC, captureBitmap, 0, captureHeight, capturePixels.get(), &info, DIB_RGB_COLORS);
-    blackenTheRest(capturePixels.get(), captureWidth, captureHeight,
-                   std::min(static_cast<std::uint32_t>(std::max(rows, 0)), captureHeight));
+    zeroUnwritten(capturePixels.get(), captureWidth, captureHeight,
+                  std::min(static_cast<std::uint32_t>(std::max(rows, 0)), captureHeight));
     DeleteDC(captureDC);
     captureDC = nullptr;
 }
 
 bool ScreenCapture::write() {
-    // After a failed write the pixels are there already and the device context is gone.
+    // After a failed write the pixels are already read and the device context is gone.
     if (captureDC != nullptr) {
         readPixels();
     }
@@ -181,7 +182,8 @@ bool ScreenCapture::write() {
     return true;
 }
 
-// Once the pixels are read the device context is gone, and only a host that went on drawing is still there.
+// Once the pixels are read the device context is gone; only a host that went on drawing has this context
+// current.
 void ScreenCapture::finishDrawing() {
     if (!isActive()) {
         return;
@@ -195,7 +197,7 @@ void ScreenCapture::finishDrawing() {
 }
 
 void ScreenCapture::releaseBitmap() {
-    // What was drawn and not read yet would be written into memory that is gone.
+    // What was drawn and not read yet would be written into freed memory.
     finishDrawing();
     if (captureDC != nullptr) {
         DeleteDC(captureDC);

@@ -7,7 +7,7 @@
 #include "BitmapFont.h"
 #include "CGL.h"
 
-/// A 24-bit bitmap with a rendering context of its own, and the BMP file it is written to.
+/// A 24-bit bitmap with its own rendering context, and the BMP file it is written to.
 class ScreenCapture {
   public:
     ScreenCapture() = default;
@@ -15,28 +15,28 @@ class ScreenCapture {
     ScreenCapture& operator=(const ScreenCapture&) = delete;
     ~ScreenCapture();
 
-    /// True if a bitmap of this size, in pixels, has a file whose size fits 32 bits.
+    /// True if the file of a bitmap of this size, in pixels, has a size that fits 32 bits.
     [[nodiscard]] static bool fitsFile(std::uint32_t width, std::uint32_t height) noexcept;
-    /// True if the driver of the current context draws as far as the corners of a bitmap of this size.
+    /// True if the driver of the current context can draw a bitmap of this size.
     [[nodiscard]] static bool fitsDriver(std::uint32_t width, std::uint32_t height);
 
-    /// Makes bitmap and context and makes the context current; nothing may be held from before. False, with
-    /// nothing held, if one of them cannot be had.
+    /// Creates bitmap and context and makes the context current; nothing may be held before. Returns false,
+    /// with nothing held, if one of them cannot be created.
     bool begin(HDC display, std::uint32_t width, std::uint32_t height, const QString& fileName);
-    /// Takes the pixels and writes the file: 54 bytes of headers, then the rows as GDI gives them, cut at
-    /// width x height x 3 bytes. False if the file could not be created; everything but the device context is
-    /// kept.
+    /// Reads the pixels and writes the file: 54 bytes of headers, then the rows as GDI gives them, cut at
+    /// width x height x 3 bytes. Returns false if the file could not be created; all but the device context
+    /// is kept.
     bool write();
-    /// Waits for what was drawn into the bitmap, in its own context.
+    /// Waits for the bitmap's drawing to finish, in its own context.
     void finishDrawing();
-    /// Gives pixels, bitmap and device context back.
+    /// Releases pixels, bitmap and device context.
     void releaseBitmap();
-    /// Deletes the rendering context, after which no context is current.
+    /// Deletes the rendering context; no context is current afterwards.
     void releaseContext();
 
-    /// True while there is a picture: until it is written to its file, or dropped.
+    /// True while there is a picture: until it is written to its file or dropped.
     [[nodiscard]] bool isActive() const noexcept { return captureContext.isInitialised(); }
-    /// True while the picture is drawn: until its pixels are taken.
+    /// True while the picture is drawn: until its pixels are read.
     [[nodiscard]] bool isDrawing() const noexcept { return isActive() && captureDC != nullptr; }
     [[nodiscard]] HGLRC renderContext() const noexcept { return captureContext.renderContext(); }
     void makeCurrent();

@@ -8,7 +8,7 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     }
     windowHandle = window;
     stereo = stereoBuffers;
-    const HWND hwnd = qel::toHandle<HWND>(window);
+    const HWND hwnd = qel::handleFromNumber<HWND>(window);
     RECT client{};
     GetClientRect(hwnd, &client);
     qel::Enve3d area;
@@ -17,18 +17,18 @@ std::int32_t CQelScreenDisplay::attachWindow(std::int32_t window, bool stereoBuf
     area.ymin = client.top;
     area.ymax = client.bottom;
     area.Normalize();
-    // The context that the window had goes, and with it the fonts in it.
-    contextOfHost.forget(windowContext.renderContext());
+    // The window's previous context is destroyed, and its fonts with it.
+    previousContext.forget(windowContext.renderContext());
     if (lentFont.isIn(windowContext.renderContext())) {
         lentFont = BitmapFont();
     }
     windowFont = BitmapFont();
     const bool created = windowContext.createForWindow(
         qel::truncateToInt(area.Width()), qel::truncateToInt(area.HightY()), false, hwnd, stereoBuffers);
-    deviceContext = qel::fromHandle(windowContext.deviceContext());
+    deviceContext = qel::handleNumber(windowContext.deviceContext());
     renderContext = windowContext.renderContext();
     trackBall->setDisplay(this);
-    // Without a context of its own another view's is current, which is left alone.
+    // If no context was created, another view's may be current, which is left alone.
     if (created) {
         windowFont = BitmapFont(binding());
     }
@@ -41,15 +41,15 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
         return 0;
     }
     deviceContext = dc;
-    renderContext = qel::toHandle<HGLRC>(rc);
+    renderContext = qel::handleFromNumber<HGLRC>(rc);
     stereo = false;
     trackBall->setDisplay(this);
     lentFont.follow(binding());
     if (glStateReady) {
         return 0;
     }
-    // The lent context, also in the middle of a capture. Where it cannot be made current, another view's may
-    // be, which is left alone.
+    // The host's context, also during a capture. If it cannot be made current, another view's may be, which
+    // is left alone.
     if (binding().makeCurrent()) {
         setInitialState();
         lentFont = BitmapFont(binding());
@@ -59,7 +59,7 @@ std::int32_t CQelScreenDisplay::attachDC(std::int32_t dc, std::int32_t rc) {
     return 0;
 }
 
-// A host that attaches in the middle of a capture goes on drawing into the bitmap.
+// A host that attaches during a capture continues to draw into the bitmap.
 void CQelScreenDisplay::returnToCapture() {
     if (capture.isDrawing()) {
         capture.makeCurrent();
@@ -84,7 +84,7 @@ std::int32_t CQelScreenDisplay::onSize(std::int32_t width, std::int32_t height) 
 }
 
 std::int32_t CQelScreenDisplay::setViewSize(std::int32_t width, std::int32_t height) {
-    // A negative size would reach the buffers' sizes as a huge one.
+    // A negative size would become a huge unsigned one.
     if (width < 0 || height < 0) {
         return 1;
     }

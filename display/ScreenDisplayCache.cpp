@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kChannels = 4;
 
-/// Rows of the copy lie one behind the other, whatever the host has set for its own pictures.
+/// The rows of the copy are contiguous, whatever unpack layout the host has set.
 void unpackWithoutPadding() {
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     for (const GLenum name : std::initializer_list<GLenum>{GL_UNPACK_SWAP_BYTES, GL_UNPACK_ROW_LENGTH,
@@ -25,7 +25,7 @@ void unpackWithoutPadding() {
     }
 }
 
-/// Depth alone, everywhere.
+/// Draws depth only, everywhere.
 void writeDepth(std::int32_t width, std::int32_t height, const float* depth) {
     glDepthFunc(GL_ALWAYS);
     glDepthMask(GL_TRUE);
@@ -34,7 +34,7 @@ void writeDepth(std::int32_t width, std::int32_t height, const float* depth) {
     glGetError();
 }
 
-/// Colour alone: without the depth test no depth is written.
+/// Draws colour only: without the depth test no depth is written.
 void writeColor(std::int32_t width, std::int32_t height, const float* color) {
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     glDrawPixels(width, height, GL_RGBA, GL_FLOAT, color);
@@ -52,8 +52,7 @@ void CQelScreenDisplay::resizeCache() {
     if (qel::pixelArea(cacheWidth, cacheHeight) < qel::pixelArea(width, height)) {
         cacheColor.reset();
         cacheDepth.reset();
-        // Until both are there the copy is empty: memory that cannot be had must not leave sizes without
-        // arrays.
+        // The copy is empty until both are there: a failed allocation must not leave sizes without arrays.
         cacheWidth = cacheHeight = 0;
         auto color = std::make_unique<float[]>(qel::pixelArea(width, height) * kChannels);
         cacheDepth = std::make_unique<float[]>(qel::pixelArea(width, height));
@@ -76,7 +75,7 @@ void CQelScreenDisplay::keepFrame() {
 
 std::int32_t CQelScreenDisplay::finishFrame() {
     makeCurrent();
-    // The copy is the window's, and the depth that the camera looks at is too: a capture gets the overlays.
+    // Copy and depth are those of the window: a capture only gets the overlays.
     const bool isWindows = !capture.isDrawing();
     if (isWindows) {
         keepFrame();
@@ -99,8 +98,8 @@ std::int32_t CQelScreenDisplay::finishFrame() {
 std::int32_t CQelScreenDisplay::restoreCache() {
     setOrtho2D();
     if (drawDepth == 0) {
-        // The copy is the finished picture: it is not blended by the alpha that was read with it, nor
-        // coloured by the texture that the host drew with last, and it is whole.
+        // The copy is the finished picture: neither its alpha nor the host's texture may blend or colour it,
+        // and nothing may clip it.
         const HostEffects effects;
         glDrawBuffer(GL_BACK);
         glPushAttrib(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | effects.attributes());

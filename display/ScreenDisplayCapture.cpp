@@ -13,7 +13,7 @@ bool hasSize(const qel::Enve2d* extent) {
            std::isfinite(extent->hight()) && extent->width() > 0.0 && extent->hight() > 0.0;
 }
 
-/// Where the bitmap shows a view of which it holds an extent.
+/// Where a bitmap that holds an extent of the view shows that view.
 struct Viewport {
     std::int32_t x;
     std::int32_t y;
@@ -27,7 +27,7 @@ struct Viewport {
           width(qel::truncateToInt(viewWidth / extent.width() * bitmapWidth)),
           height(qel::truncateToInt(viewHeight / extent.hight() * bitmapHeight)) {}
 
-    /// The least integer stands for all numbers that are none.
+    /// INT32_MIN stands for every value that does not fit.
     [[nodiscard]] bool fitsIntegers() const noexcept {
         return x != INT32_MIN && y != INT32_MIN && width != INT32_MIN && height != INT32_MIN;
     }
@@ -51,19 +51,19 @@ std::int32_t CQelScreenDisplay::beginCapture(std::uint32_t width, std::uint32_t 
         before.makeCurrent();
         return -1;
     }
-    contextOfHost.rememberUnless(before, capture.renderContext());
+    previousContext.rememberUnless(before, capture.renderContext());
     endCapture();
-    GlStateCopy stateOfWindow;
-    stateOfWindow.take();
+    GlStateCopy windowState;
+    windowState.take();
     viewIsCaptures = true;
-    if (!capture.begin(qel::toHandle<HDC>(deviceContext), width, height, fileName)) {
+    if (!capture.begin(qel::handleFromNumber<HDC>(deviceContext), width, height, fileName)) {
         viewIsCaptures = false;
         makeCurrent();
         return -1;
     }
     makeCurrent();
-    // The host draws with the state it knows from its window.
-    stateOfWindow.put();
+    // The host draws with the state that it knows from its window.
+    windowState.put();
     GLint ignored[4] = {};
     glGetIntegerv(GL_VIEWPORT, ignored);
     trackBall->setViewport(viewport.x, viewport.y, viewport.width, viewport.height);
@@ -97,6 +97,6 @@ void CQelScreenDisplay::returnToWindow() {
     makeCurrent();
     trackBall->restoreViewport();
     trackBall->setDisplay(this);
-    // The camera may have moved meanwhile, and its cached matrices are those of the capture.
+    // The camera may have moved meanwhile, and its cached matrices belong to the capture.
     trackBall->updateView();
 }

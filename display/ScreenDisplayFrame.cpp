@@ -3,7 +3,7 @@
 
 namespace {
 
-/// The marker that tells a frame ended by `endFrame` from one ended by `finishFrame`.
+/// The marker that distinguishes a frame ended by `endFrame` from one ended by `finishFrame`.
 constexpr double kMarkerPosition = 10.0;
 constexpr double kMarkerHalfLength = 2.0;
 constexpr float kMarkerWidth = 2.0F;
@@ -30,9 +30,9 @@ std::int32_t CQelScreenDisplay::makeCurrent() {
 }
 
 std::int32_t CQelScreenDisplay::swapBuffers() {
-    // While a capture is drawn the window goes on showing its own frame.
+    // The window keeps showing its own frame while a capture is drawn.
     if (!capture.isDrawing()) {
-        SwapBuffers(qel::toHandle<HDC>(deviceContext));
+        SwapBuffers(qel::handleFromNumber<HDC>(deviceContext));
     }
     return 0;
 }
@@ -61,7 +61,7 @@ std::int32_t CQelScreenDisplay::beginFrame(std::int32_t mode) {
         clearToBackColor();
     }
     setupLights();
-    // Not a name of a single value everywhere: room for what a driver may answer. It may leave an error flag,
+    // Not a single value on every driver: there is room for what one may write. It may leave an error flag,
     // which the next bracket clears.
     GLint ignored[16] = {};
     glGetIntegerv(GL_LIGHT0, ignored);
@@ -112,7 +112,7 @@ std::int32_t CQelScreenDisplay::updateView() {
     return 0;
 }
 
-// The left eye keeps the camera as it is: the distance between the eyes is the right eye's alone.
+// The left eye keeps the camera: the distance between the eyes applies to the right eye only.
 std::int32_t CQelScreenDisplay::selectStereoBuffer(bool left) {
     if (!stereo) {
         return 0;

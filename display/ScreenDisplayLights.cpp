@@ -13,10 +13,10 @@ constexpr Rgba kHeadLight{{0.1F, 0.5F, 0.8F, 1.0F}};
 constexpr Rgba kBackLight{{0.85F, 0.85F, 0.4F, 1.0F}};
 constexpr float kShininess = 100.0F;
 constexpr GLint kNotASpot = 180;
-/// A directional light has no distance, so the factor changes nothing but the numbers that OpenGL reports.
+/// A directional light has no distance, so the factor only changes the numbers that OpenGL reports.
 constexpr double kBackLightReach = 1000.0;
 
-/// w = 0: a light without a place, shining from this direction.
+/// w = 0: a directional light from this direction.
 Rgba directionOf(const qel::XPnt3d& vector) {
     return {{static_cast<float>(vector.x), static_cast<float>(vector.y), static_cast<float>(vector.z), 0.0F}};
 }

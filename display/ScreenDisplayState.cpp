@@ -6,11 +6,11 @@ CQelScreenDisplay::CQelScreenDisplay() : gl(new CQelGL()), trackBall(new CQelTra
 }
 
 CQelScreenDisplay::~CQelScreenDisplay() {
-    // The contexts made here go with the display; one that the host lent stays, and stays current.
-    contextOfHost.rememberUnless(ContextBinding::current(), capture.renderContext());
-    contextOfHost.forget(windowContext.renderContext());
+    // Contexts created here are destroyed with the display; one that the host lent stays, and stays current.
+    previousContext.rememberUnless(ContextBinding::current(), capture.renderContext());
+    previousContext.forget(windowContext.renderContext());
     endCapture();
-    lentFont.follow(contextOfHost.remembered());
+    lentFont.follow(previousContext.remembered());
     lentFont.destroy();
     windowFont.destroy();
     trackBall->ownerGoes();

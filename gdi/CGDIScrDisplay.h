@@ -46,11 +46,13 @@ class CGDIScrDisplay : public IQelScrDisplay2D {
     std::int32_t reservedSlot34() override;
     std::int32_t drawLineSeg(CQelLineSeg segment) override;
 
-    /// Makes pen and brush anew and selects them; returns 0.
+    /// Recreates pen and brush and selects them. Returns 0.
     virtual std::int32_t createTools();
-    /// World units per pixel at which an extent just fits the drawing area; 0 for one without a size.
+    /// World units per pixel at which an extent just fits the drawing area; 0 for an extent or area without a
+    /// size.
     virtual double computeScale(qel::Enve2d extent);
-    /// Widens an extent around its centre to the shape of the drawing area and takes its scale; returns 0.
+    /// Widens an extent around its centre to the aspect ratio of the drawing area and stores its scale.
+    /// Returns 0.
     virtual std::int32_t fitExtent(qel::Enve2d& extent);
 
   protected:
@@ -79,10 +81,10 @@ class CGDIScrDisplay : public IQelScrDisplay2D {
     HGDIOBJ oldBrush = nullptr;
 };
 
-// Here, so that what draws thousands of segments has it without a call.
+// Inline: drawing thousands of segments would pay for the calls.
 inline qel::PixelPoint CGDIScrDisplay::pixelOf(double x, double y) const noexcept {
     const std::int32_t column = qel::truncateToInt((scale * 0.5 + x - viewExtent.xmin) / scale);
     const std::int32_t rowFromBelow = qel::truncateToInt((scale * 0.5 + y - viewExtent.ymin) / scale);
-    // In double: a point far outside has a row that does not fit an integer.
+    // In double: the row of a point far outside does not fit an integer.
     return {column, qel::truncateToInt(static_cast<double>(pixelHeight) - rowFromBelow - 1.0)};
 }

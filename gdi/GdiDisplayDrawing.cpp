@@ -36,7 +36,7 @@ std::int32_t CGDIScrDisplay::createTools() {
     deleteTools();
     pen = CreatePen(PS_SOLID, penWidth, penColor);
     brush = CreateHatchBrush(HS_DIAGCROSS, brushColor);
-    // A tool that could not be made must not push out the memory of the one it would replace.
+    // If a tool could not be created, the handle of the one it would replace must stay known.
     if (pen != nullptr) {
         oldPen = SelectObject(deviceContext, pen);
     }

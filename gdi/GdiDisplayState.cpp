@@ -1,9 +1,10 @@
 #include "CGDIScrDisplay.h"
+#include "QelHandle.h"
 
 namespace {
 
-// A window may have one device context for all its life, and another display may draw on it by now: its tool
-// stays selected.
+// A window may have one device context for all its life, and another display may draw on it by now: that
+// display's tool stays selected.
 void selectBack(HDC deviceContext, UINT kind, HGDIOBJ own, HGDIOBJ old) {
     if (own != nullptr && GetCurrentObject(deviceContext, kind) == own) {
         SelectObject(deviceContext, old);
@@ -12,19 +13,19 @@ void selectBack(HDC deviceContext, UINT kind, HGDIOBJ own, HGDIOBJ old) {
 
 }  // namespace
 
-// What the display took of GDI is released with it: a host that opens and closes views for weeks must not run
-// out of handles.
+// Releases everything taken from GDI: a host that opens and closes views for weeks must not run out of
+// handles.
 CGDIScrDisplay::~CGDIScrDisplay() {
     selectBack(deviceContext, OBJ_PEN, pen, oldPen);
     selectBack(deviceContext, OBJ_BRUSH, brush, oldBrush);
     deleteTools();
     if (deviceContext != nullptr) {
-        ReleaseDC(qel::toHandle<HWND>(windowHandle), deviceContext);
+        ReleaseDC(qel::handleFromNumber<HWND>(windowHandle), deviceContext);
     }
 }
 
 std::int32_t CGDIScrDisplay::getDC() {
-    return qel::fromHandle(deviceContext);
+    return qel::handleNumber(deviceContext);
 }
 
 std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
@@ -32,17 +33,17 @@ std::int32_t CGDIScrDisplay::attachWindow(std::int32_t window) {
         return -1;
     }
     windowHandle = window;
-    // In the middle of a bracket: a tool that is selected cannot be deleted, and a window may have the same
-    // device context all its life.
+    // A selected tool cannot be deleted, and this may be in the middle of a bracket: a window may keep the
+    // same device context all its life.
     if (pen != nullptr || brush != nullptr) {
         endDraw();
     }
     if (deviceContext != nullptr) {
         DeleteDC(deviceContext);
     }
-    const HWND hwnd = qel::toHandle<HWND>(window);
+    const HWND hwnd = qel::handleFromNumber<HWND>(window);
     deviceContext = GetDC(hwnd);
-    // The tools of the device context before were its own.
+    // The saved tools belong to the previous device context.
     oldPen = nullptr;
     oldBrush = nullptr;
     RECT outer{};

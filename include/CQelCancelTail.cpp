@@ -1,7 +1,7 @@
 #include "CQelCancelTail.h"
 
 #if defined(_WIN32)
-// Declared by hand: only the Windows shell sees Windows headers.
+// Declared by hand: only the Windows shell includes Windows headers.
 extern "C" __declspec(dllimport) unsigned long GetTickCount();
 #else
 #include <chrono>
@@ -9,7 +9,7 @@ extern "C" __declspec(dllimport) unsigned long GetTickCount();
 
 namespace {
 
-/// Milliseconds since the system started, wrapping around after 49.7 days.
+/// Milliseconds since the system started; wraps around after 49.7 days.
 std::uint32_t systemTick() noexcept {
 #if defined(_WIN32)
     return GetTickCount();
@@ -25,7 +25,7 @@ std::uint32_t systemTick() noexcept {
 CQelCancelTail::~CQelCancelTail() = default;
 
 bool CQelCancelTail::checkCancel() {
-    // An operation may be cancelled however long it has run.
+    // An operation may be cancelled at any time.
     [[maybe_unused]] const std::uint32_t elapsedMilliseconds =
         systemTick() - (startTick != nullptr ? *startTick : 0);
     return true;

@@ -4,17 +4,17 @@
 
 #include "QelDisplayExport.h"
 
-/// Answers whether transforms are supported at all: always 1. It has no base and no fields.
+/// Reports whether transforms are supported. It has no base class and no fields.
 class QEL_DISPLAY_API CQelTranform {
   public:
     /// @{
-    /// It has no state to make or copy.
+    /// There is no state to initialise or copy.
     CQelTranform();
     CQelTranform(const CQelTranform& other);
     CQelTranform& operator=(const CQelTranform& other);
     virtual ~CQelTranform();
     /// @}
 
-    /// Always 1.
+    /// Returns 1.
     virtual std::int32_t isSupported();
 };

@@ -22,19 +22,20 @@ struct DeviceRect {
 }  // namespace qel
 
 /// The transform of a planar view from above: it sets up OpenGL's orthographic projection and viewport from a
-/// view extent and a device rectangle, and converts points both ways through the matrices that OpenGL holds.
+/// view extent and a device rectangle, and converts points both ways through OpenGL's current matrices.
 ///
-/// Large model coordinates are reduced by a local origin before OpenGL sees them, so that they keep their
-/// detail: draw a model point p at p - getOrigin(). Depth grows upwards: with the depth test on, lower parts
-/// hide higher ones, so draw in order without it. Shown is z from -(top + 3000) to 3000 - bottom of the view
-/// extent, counted from the origin.
+/// Large model coordinates lose precision in OpenGL, so a local origin is subtracted first: draw a model
+/// point p at p - getOrigin(). Depth grows upwards: with the depth test on, lower parts hide higher ones, so
+/// disable it and draw in order. The visible z range is -(top + 3000) to 3000 - bottom of the view extent,
+/// relative to the origin.
 ///
-/// No factory makes it: construct it with `new` and keep it in a `qel::ref_ptr`. The operations that touch
-/// OpenGL need the view's context to be current.
+/// There is no factory: construct it with `new` and keep it in a `qel::ref_ptr`.
+/// - Context: the conversions, `applyProjection` and `resizeViewport` need the view's context to be current.
+/// - Results: as in `IQelTransform`; the operations added here name theirs.
 class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
   public:
     /// @{
-    /// A copy is an object of its own: it starts without references.
+    /// A copy is a separate object and starts without references.
     CQelTransform2d();
     CQelTransform2d(const CQelTransform2d& other);
     CQelTransform2d& operator=(const CQelTransform2d& other);
@@ -67,31 +68,33 @@ class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
     double getParamD() override;
     std::int32_t reservedSlot26() override;
 
-    /// With depth picking `unprojectPixel` uses the depth that was drawn, and `resizeViewport` leaves the
-    /// projection alone. Returns false.
+    /// Sets whether `unprojectPixel` uses the drawn depth; `resizeViewport` then leaves the projection alone.
+    /// Returns false.
     virtual bool setDepthPicking(bool enabled);
-    /// False at first.
+    /// The value set last; false at first.
     virtual bool getDepthPicking();
     virtual std::int32_t reservedSlot29();
-    /// A model point to window pixels, truncated; y counts from the bottom of the viewport.
+    /// Writes the pixel of a model point, truncated toward zero, with y counted from the bottom of the
+    /// viewport.
     virtual void projectPoint(const qel::XPnt3d& point, std::int32_t& x, std::int32_t& y);
-    /// A pixel to a model point, as `deviceToWorld`. With depth picking the point lies at the depth that was
-    /// drawn, on the far plane where nothing was or where no buffer is; `GL_DEPTH_SCALE` and `GL_DEPTH_BIAS`
-    /// act on what is read. Without it the point lies on the near plane.
+    /// The model point of a pixel, counted as in `deviceToWorld`. With depth picking the point lies at the
+    /// drawn depth, or on the far plane where nothing was drawn and outside the buffer; reads are subject to
+    /// `GL_DEPTH_SCALE` and `GL_DEPTH_BIAS`. Without it the point lies on the near plane.
     virtual qel::XPnt3d unprojectPixel(std::int32_t x, std::int32_t y);
 
-    /// Loads the projection and an identity model-view matrix; widens the view extent first if that is
-    /// pending.
+    /// Loads the projection and an identity model-view matrix; a pending fit widens the view extent first.
+    /// Leaves GL_MODELVIEW selected. Returns true.
     bool applyProjection();
-    /// Sets the viewport to the size of the device rectangle and, without depth picking, loads the
-    /// projection.
+    /// Sets the viewport to the size of the device rectangle and, without depth picking, loads the projection
+    /// (`applyProjection`). Returns true.
     bool resizeViewport();
-    /// Widens an extent around its centre to the shape of a rectangle, keeping z. A rectangle without a size
-    /// gives bounds that are infinite or no numbers. `source` and `destination` may be the same.
+    /// Widens an extent around its centre to the aspect ratio of a rectangle, keeping z. A rectangle without
+    /// width or height gives bounds that are infinite or NaN. `source` and `destination` may be the same
+    /// object. Returns true.
     bool fitExtentToDevice(const qel::DeviceRect& rectangle, const qel::Enve3d& source,
                            qel::Enve3d& destination);
-    /// Has the next `applyProjection` widen the view extent to the shape of the device rectangle, which must
-    /// have a size then: a minimised window has none.
+    /// Makes the next `applyProjection` widen the view extent to the aspect ratio of the device rectangle.
+    /// The rectangle must have a size by then: that of a minimised window has none.
     void setFitPending(bool pending);
 
   protected:

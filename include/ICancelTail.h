@@ -3,17 +3,17 @@
 #include "QelDisplayExport.h"
 #include "QelReferenced.h"
 
-/// Asked by a long operation whether it may be cut short.
+/// A check that a long operation calls to find out whether to stop.
 class QEL_DISPLAY_API ICancelTail : public qel::QelReferenced {
   public:
     /// @{
-    /// A copy is an object of its own: it starts without references.
+    /// A copy is a separate object and starts without references.
     ICancelTail();
     ICancelTail(const ICancelTail& other);
     ICancelTail& operator=(const ICancelTail& other);
     /// @}
 
-    /// True if the operation may be cut short now.
+    /// True if the operation may stop now.
     virtual bool checkCancel() = 0;
 
   protected:

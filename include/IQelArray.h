@@ -5,10 +5,11 @@
 #include "QelReferenced.h"
 #include "QelStatus.h"
 
-/// An array of the host's that meshes, point clouds and stippled lines are drawn from.
+/// A host's array that meshes, point clouds and stippled lines are drawn from.
 ///
-/// Arrays are passed as `qel::ref_ptr` by value: a call that is given an array gives its reference back on
-/// every path, so a fresh array can be passed without being kept.
+/// - Ownership: arrays are passed as `qel::ref_ptr` by value, and every call releases its reference on every
+///   path; a new array can be passed without keeping it.
+/// - Context: none is needed; the module calls an array only while it draws.
 /// @tparam Element one of the structures of QelArrayElements.h, or `qel::XPnt3d`.
 template <class Element>
 class IQelArray : public qel::QelReferenced {
@@ -27,7 +28,7 @@ class IQelArray : public qel::QelReferenced {
     virtual std::int32_t reservedSlot12() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot13() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot14() { return qel::kNotImplemented; }
-    /// Number of elements.
+    /// Number of elements; not above 0 counts as empty.
     virtual std::int32_t count() = 0;
     virtual std::int32_t reservedSlot16() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot17() { return qel::kNotImplemented; }
@@ -36,7 +37,7 @@ class IQelArray : public qel::QelReferenced {
     virtual std::int32_t reservedSlot20() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot21() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot22() { return qel::kNotImplemented; }
-    /// The first element, or null if there is none; the storage belongs to the container and must stay in
-    /// place while a reference is held.
+    /// The first element, or null if there is none. The array owns the storage and keeps it in place while a
+    /// reference is held.
     virtual const Element* data() = 0;
 };

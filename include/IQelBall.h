@@ -6,7 +6,7 @@
 #include "QelStatus.h"
 #include "XPnt3d.h"
 
-/// A ball (kind 24), drawn as a wire sphere of 20 slices and 20 stacks.
+/// A host's ball (`qel::GeometryKind::Ball`), drawn as a wire sphere of 20 slices and 20 stacks.
 class IQelBall : public IQelGeometry {
   public:
     virtual std::int32_t reservedSlot2() { return qel::kNotImplemented; }

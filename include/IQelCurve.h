@@ -7,9 +7,10 @@
 #include "QelRefPtr.h"
 #include "QelStatus.h"
 
-/// A curve (kind 6 or 20), and whatever can be drawn as one: a part of a polyline, a ring of a polygon.
+/// A host's curve (`qel::GeometryKind::Curve` or `OtherCurve`), or anything drawn like one: a part of a
+/// polyline, a ring of a polygon.
 ///
-/// A symbol takes the point array, calls `prepareDraw` once, reads the points and gives the array back.
+/// A symbol gets the point array, calls `prepareDraw` once, reads the points and releases the array.
 class IQelCurve : public IQelGeometry {
   public:
     virtual std::int32_t reservedSlot2() { return qel::kNotImplemented; }
@@ -39,10 +40,10 @@ class IQelCurve : public IQelGeometry {
     virtual std::int32_t reservedSlot26() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot27() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot28() { return qel::kNotImplemented; }
-    /// Called once each time the curve is drawn, after `pointArray` and before the points are read; the
-    /// result is not used. A host that computes its points late does it here.
+    /// Called once per drawing, after `pointArray` and before the points are read, so that a host can compute
+    /// its points late. Returns any value; it is not used.
     virtual std::int32_t prepareDraw() { return 0; }
     virtual std::int32_t reservedSlot30() { return qel::kNotImplemented; }
-    /// The points of the curve.
+    /// The points of the curve; an empty pointer draws nothing.
     virtual qel::ref_ptr<IQelPointArray> pointArray() = 0;
 };

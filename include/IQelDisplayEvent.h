@@ -5,12 +5,12 @@
 #include "QelDisplayExport.h"
 #include "QelReferenced.h"
 
-/// A host's listener to display events. The displays of this module never call it; its table is fixed so that
-/// listeners keep their slots.
+/// A host's listener to display events. The displays of this module never call it; the order of its slots is
+/// fixed for the listeners that exist.
 class QEL_DISPLAY_API IQelDisplayEvent : public qel::QelReferenced {
   public:
     /// @{
-    /// A copy is an object of its own: it starts without references.
+    /// A copy is a separate object and starts without references.
     IQelDisplayEvent();
     IQelDisplayEvent(const IQelDisplayEvent& other);
     IQelDisplayEvent& operator=(const IQelDisplayEvent& other);

@@ -6,7 +6,7 @@
 
 namespace qel {
 
-/// Kinds of host geometry that a symbol draws; every other code draws nothing.
+/// Kinds of host geometry that a symbol draws; other codes draw nothing.
 enum class GeometryKind : std::int32_t {
     Point = 1,
     Polyline = 2,
@@ -21,13 +21,14 @@ enum class GeometryKind : std::int32_t {
 
 }  // namespace qel
 
-/// A geometry of the host's, drawn by `IQelSymbol::drawGeometry`.
+/// A host's geometry, drawn by `IQelSymbol::drawGeometry`.
 ///
-/// The host implements the interface that its kind code promises. The module only reads a geometry, and holds
-/// it with a reference for the duration of one call; whoever draws a geometry holds it with a reference of
-/// its own.
+/// - Kind: a geometry implements the interface that its kind code stands for.
+/// - Ownership: the module holds a reference only while it draws, and the host must hold one of its own: the
+///   call may otherwise destroy the geometry.
+/// - Context: none is needed; the module calls a geometry only while it draws, and changes nothing in it.
 class IQelGeometry : public qel::QelReferenced {
   public:
-    /// The kind code (`qel::GeometryKind`) that says which interface this object implements.
+    /// The kind code (`qel::GeometryKind`), which tells the interface that this object implements.
     virtual std::int32_t geometryType() = 0;
 };

@@ -5,11 +5,11 @@
 #include "QelDisplayExport.h"
 #include "QelReferenced.h"
 
-/// One light of a host's own light set. The displays of this module do not ask for it.
+/// One light of a host's light set. The displays of this module do not use it.
 class QEL_DISPLAY_API IQelLight : public qel::QelReferenced {
   public:
     /// @{
-    /// A copy is an object of its own: it starts without references.
+    /// A copy is a separate object and starts without references.
     IQelLight();
     IQelLight(const IQelLight& other);
     IQelLight& operator=(const IQelLight& other);

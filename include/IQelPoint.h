@@ -3,7 +3,8 @@
 #include "IQelGeometry.h"
 #include "XPnt3d.h"
 
-/// A point geometry (kind 1). Its position is read directly. Symbols draw it green, two pixels wide.
+/// A host's point (`qel::GeometryKind::Point`). Symbols read `position` directly and draw it green, two
+/// pixels wide.
 class IQelPoint : public IQelGeometry {
   public:
     /// The position in model units.

@@ -6,9 +6,8 @@
 #include "QelStatus.h"
 #include "XPnt3d.h"
 
-/// The points of a curve: a container that lends its storage for drawing.
-///
-/// The points lie one behind the other, 32 bytes each, and must stay in place while a reference is held.
+/// The points of a curve, drawn straight from the host's memory: contiguous, 32 bytes each, and kept in place
+/// while a reference is held.
 class IQelPointArray : public qel::QelReferenced {
   public:
     virtual std::int32_t reservedSlot1() { return qel::kNotImplemented; }
@@ -25,7 +24,7 @@ class IQelPointArray : public qel::QelReferenced {
     virtual std::int32_t reservedSlot12() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot13() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot14() { return qel::kNotImplemented; }
-    /// Number of points.
+    /// Number of points; below 0 draws nothing.
     virtual std::int32_t count() = 0;
     virtual std::int32_t reservedSlot16() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot17() { return qel::kNotImplemented; }
@@ -33,6 +32,6 @@ class IQelPointArray : public qel::QelReferenced {
     virtual std::int32_t reservedSlot19() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot20() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot21() { return qel::kNotImplemented; }
-    /// The first point, or null if there is none; the storage belongs to the container.
+    /// The first point in model units, or null if there is none. The array owns the storage.
     virtual const qel::XPnt3d* points() = 0;
 };

@@ -6,8 +6,8 @@
 #include "IQelGeometry.h"
 #include "QelStatus.h"
 
-/// A polygon of one or more rings (kind 3), each drawn as an open line strip: a ring looks closed only if its
-/// points repeat the first one at the end.
+/// A host's polygon of one or more rings (`qel::GeometryKind::Polygon`). Each ring is drawn as an open line
+/// strip: it looks closed only if its points repeat the first one at the end.
 class IQelPolygon : public IQelGeometry {
   public:
     virtual std::int32_t reservedSlot2() { return qel::kNotImplemented; }
@@ -27,6 +27,6 @@ class IQelPolygon : public IQelGeometry {
     virtual std::int32_t reservedSlot15() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot16() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot17() { return qel::kNotImplemented; }
-    /// A ring by index from 0; it belongs to the polygon. A null ring is skipped.
+    /// A ring by index from 0 to `ringCount()` - 1, owned by the polygon. A null ring is skipped.
     virtual IQelCurve* ring(std::int32_t index) = 0;
 };

@@ -6,7 +6,7 @@
 #include "IQelGeometry.h"
 #include "QelStatus.h"
 
-/// A polyline of one or more parts (kind 2), each drawn as an open line strip.
+/// A host's polyline of one or more parts (`qel::GeometryKind::Polyline`), each drawn as an open line strip.
 class IQelPolyline : public IQelGeometry {
   public:
     virtual std::int32_t reservedSlot2() { return qel::kNotImplemented; }
@@ -21,6 +21,6 @@ class IQelPolyline : public IQelGeometry {
     virtual std::int32_t reservedSlot10() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot11() { return qel::kNotImplemented; }
     virtual std::int32_t reservedSlot12() { return qel::kNotImplemented; }
-    /// A part by index from 0; it belongs to the polyline. A null part is skipped.
+    /// A part by index from 0 to `partCount()` - 1, owned by the polyline. A null part is skipped.
     virtual IQelCurve* part(std::int32_t index) = 0;
 };

@@ -2,5 +2,6 @@
 
 #include "IQelCurve.h"
 
-/// A ring (kind 5): a curve that `IQelSymbol::drawGeometry` closes from its last point to its first.
+/// A host's ring (`qel::GeometryKind::Ring`): a curve that `IQelSymbol::drawGeometry` closes from its last
+/// point to its first.
 class IQelRing : public IQelCurve {};

@@ -21,48 +21,80 @@ struct PixelRect {
     /// @}
 };
 
+/// What a drag does to the camera (`IQelTrackBall::onButtonDown`).
+enum Drag : std::int32_t {
+    DragNone = 0,
+    /// Moves eye and target so that the scene follows the mouse.
+    DragPan = 1,
+    /// Turns eye and target about the rotation centre.
+    DragRotate = 2,
+    /// Moves eye and target towards what was under the press (mouse up), or away from it.
+    DragZoom = 3,
+};
+
+/// Views of `IQelTrackBall::setStandardView`, named after the side of the model that is seen.
+enum StandardView : std::uint32_t {
+    /// From +z, +y up.
+    ViewTop = 0,
+    /// From -z, -y up.
+    ViewBottom = 1,
+    /// From +y; +z is up in this and the next three.
+    ViewBack = 2,
+    /// From -y.
+    ViewFront = 3,
+    /// From +x.
+    ViewRight = 4,
+    /// From -x.
+    ViewLeft = 5,
+    /// From the direction (1, 1, 1).
+    ViewIsometric = 6,
+    /// From the direction (-1, -1, -1).
+    ViewIsometricBelow = 7,
+};
+
 }  // namespace qel
 
-/// The camera of one 3D view: eye, target and up, perspective or orthographic projection, viewport; it turns
-/// mouse drags into rotation, pan and zoom, fits the view to extents, and answers where model points lie on
-/// the screen.
+/// The camera of one 3D view: eye, target and up, perspective or orthographic projection, viewport. It turns
+/// mouse drags into rotation, pan and zoom, fits the view to extents, and converts between model points and
+/// window positions.
 ///
-/// A display makes its own (`IQelDisplay::getTrackBall`) and reports the window size to it. Every change of
-/// the camera ends with loading it into OpenGL, in the context of the attached display; without a display the
-/// context that is current on the calling thread is used. All operations run on the thread that owns the
-/// window.
+/// A display has one (`IQelDisplay::getTrackBall`) and reports the window size to it.
 ///
-/// Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y upwards, depth
-/// from 0 (near) to 1 (far, nothing drawn). A host flips the y of its mouse positions before it calls. While
-/// a capture or `setViewport` shows the view at another size, they count that viewport's pixels; labels,
-/// tripod and questions of visibility follow it.
-///
-/// The overlays (`drawTrackBall`, `drawAxes`, `drawFrame`, `drawLabel`) draw at once and need the display's
-/// context to be current, as it is in a draw bracket, with the camera loaded. They put back lighting, depth
-/// test, texturing and, but for the rings, the colour; tripod, frame and label move OpenGL's raster position
-/// and load the camera again.
-///
-/// Arguments that are not finite numbers are refused: the operation answers its refusal value, or its
-/// ordinary result where it has none, and changes nothing.
+/// - Thread: every operation runs on the thread that owns the window and its context.
+/// - Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y up, depth
+///   from 0 (near) to 1 (far, background). A host flips the y of its mouse positions. While a capture or
+///   `setViewport` shows the view at another size, they count that viewport's pixels; labels, tripod and
+///   visibility tests follow it.
+/// - Context: an operation that changes the camera loads it into OpenGL at once, unless it says otherwise,
+///   and leaves the display's context current and GL_MODELVIEW selected; without a display it uses the
+///   current context. Operations that read the back buffer (`getModelPntAt`, `pickModelPnt`,
+///   `setRotationCenterAt`, `refreshDepth`), `setViewport` and the overlays act on the current context: call
+///   the display's `makeCurrent` first, as `beginDraw` does. Reading leaves GL_BACK selected for reading.
+/// - Overlays (`drawTrackBall`, `drawAxes`, `drawFrame`, `drawLabel`) draw at once and need the camera
+///   loaded. They restore lighting, depth test, texturing and, except for the rings, the colour; tripod,
+///   frame and label change OpenGL's raster position and load the camera again.
+/// - Arguments that are not finite are refused: the operation returns its refusal value, or its ordinary
+///   result where it has none, and changes nothing.
+/// - Results: 0 or 1 is success, whichever the operation names. OpenGL errors are not reported.
 class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
   public:
     /// @{
-    /// A copy is an object of its own: it starts without references.
+    /// A copy is a separate object and starts without references.
     IQelTrackBall();
     IQelTrackBall(const IQelTrackBall& other);
     IQelTrackBall& operator=(const IQelTrackBall& other);
     /// @}
 
     /// New window size in pixels: sets viewport, projection and camera. A side of 0 (a minimised window) or
-    /// above 2147483520 changes nothing. Returns 1 always.
+    /// above 2147483520 changes nothing. Always returns 1.
     virtual std::int32_t onResize(std::uint32_t width, std::uint32_t height) = 0;
-    /// Starts a drag at a window position: button 1 pans, 2 rotates, 3 zooms; 0 ends the drag. Returns 1.
+    /// Starts a drag (`qel::Drag`) at a window position; `qel::DragNone` ends it. Returns 1.
     virtual std::int32_t onButtonDown(std::int32_t button, std::int32_t x, std::int32_t y) = 0;
     /// One step of the running drag; nothing without one. Returns 1.
     virtual std::int32_t onMouseMove(std::int32_t x, std::int32_t y) = 0;
     /// Ends the drag; returns 1.
     virtual std::int32_t onButtonUp() = 0;
-    /// The button of the running drag; 0 for none.
+    /// The running drag (`qel::Drag`); `qel::DragNone` if there is none.
     virtual std::int32_t getDragButton() = 0;
     /// Replays six-axis input: pan x and y in pixels, dolly, turn x and y in pixels, roll in pixels.
     /// @param values six numbers, each from -1000 to 1000.
@@ -72,13 +104,13 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setCamera(qel::XPnt3d eye, qel::XPnt3d target, qel::XPnt3d up) = 0;
     /// Recomputes the radius of the trackball sphere from the view; returns 0.
     virtual std::int32_t updateSphereRadius() = 0;
-    /// Draws the trackball rings while a rotation drag is under way, and then leaves the colour white and the
-    /// line width at 1. Returns 1.
+    /// Draws the trackball rings while a rotation drag is running; leaves the colour white and the line width
+    /// at 1 if it does. Returns 1.
     virtual std::int32_t drawTrackBall() = 0;
     /// Draws the axes tripod in the upper-right corner of the view, and long axes through the model's origin
     /// with `setOverlayOption`. Leaves the line width at 2, or at 1 with long axes. Returns 0.
     virtual std::int32_t drawAxes() = 0;
-    /// Draws a labelled local frame at a model point.
+    /// Draws a labelled coordinate frame at a model point.
     /// @param xDir, yDir its first two directions, of any length; the third is their vector product.
     /// @param size length of the axes in 1/400 of half the view's height at the point; not used in
     /// orthographic views.
@@ -86,31 +118,30 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// @return 0. Leaves the line width at 2, or at 1 with long axes.
     virtual std::int32_t drawFrame(double x, double y, double z, const qel::XPnt3d& xDir,
                                    const qel::XPnt3d& yDir, float size, bool depthTest) = 0;
-    /// Writes formatted text next to a model point.
-    /// @param dx, dy offset of the text from the point's pixel, in pixels, y upwards.
+    /// Writes formatted text next to a model point, in OpenGL's current colour (`glColor3f`), over the scene.
+    /// @param dx, dy offset of the text from the point's pixel, in pixels, y up.
     /// @param format printf-style; text beyond 255 characters is cut.
     /// @return 0; -1 if the point lies outside the depth range of the view, or the format is null. A null
-    /// format leaves the view in pixel coordinates. Takes OpenGL's current colour.
+    /// format leaves the view in pixel coordinates.
     virtual std::int32_t drawLabel(double x, double y, double z, double dx, double dy, const char* format,
                                    ...) = 0;
     /// Always 0.
     virtual std::int32_t isBusy() = 0;
-    /// Reads the depth of the whole back buffer of the context that is current, and applies a pending switch
-    /// to orthographic. A display calls it at the end of each frame, after the buffers were exchanged.
-    /// Returns 1 if it applied a switch, else 0.
+    /// Reads the depth of the whole back buffer and applies a pending switch to orthographic. A display calls
+    /// it at the end of each frame, after the buffer swap. Returns 1 if it applied a switch, else 0.
     virtual std::int32_t refreshDepth() = 0;
     /// Sets the point that drags rotate about, in model units; the camera does not move. Returns 1.
     virtual std::int32_t setRotationCenter(double x, double y, double z) = 0;
-    /// Sets the rotation centre to the model point under a window position (see `pickModelPnt`, which it
-    /// needs the same context for). Returns 1.
+    /// Sets the rotation centre to the model point under a window position, which it finds like
+    /// `pickModelPnt`. Returns 1.
     virtual std::int32_t setRotationCenterAt(std::int32_t x, std::int32_t y) = 0;
     /// An orthographic standard view of an extent: looking from `target` - `direction` along `direction`. The
     /// extent becomes the model's and its middle the rotation centre; the clipping distances stay. A view
     /// that no finite camera has changes nothing. Returns 0.
     virtual std::int32_t setOrthoView(qel::XPnt3d target, qel::XPnt3d direction, qel::XPnt3d up,
                                       qel::Enve3d extent) = 0;
-    /// Switches to orthographic projection. The box that keeps the apparent size is rebuilt from the depth of
-    /// the next frame (`refreshDepth`). Returns 1.
+    /// Switches to orthographic projection. The view volume that keeps the apparent size is computed from the
+    /// depth of the next frame (`refreshDepth`). Returns 1.
     virtual std::int32_t setOrtho() = 0;
     /// Switches to perspective projection; returns 1.
     virtual std::int32_t setPerspective() = 0;
@@ -119,10 +150,9 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Moves eye and target by a screen delta in hundredths of the view's smaller side, in model units.
     /// Returns 1.
     virtual std::int32_t pan(double dx, double dy) = 0;
-    /// One of eight standard views, fitted to the model: 0 top, 1 bottom, 2 back, 3 front, 4 right, 5 left,
-    /// 6 and 7 the two isometric ones from (1, 1, 1) and (-1, -1, -1). A number above 7 is not refused: eye
-    /// and target both end in the middle of the model, without an up vector, and the next view puts that
-    /// right. Returns 1.
+    /// One of eight standard views (`qel::StandardView`), fitted to the model. A number above 7 is not
+    /// refused: eye and target both end in the middle of the model, without an up vector, until the next
+    /// standard view. Returns 1.
     virtual std::int32_t setStandardView(std::uint32_t view) = 0;
     /// Fits an extent into the view. Quick fit: a sphere of the extent's diagonal fills the view's height.
     /// Precise fit: the extent's image, measured at the depth of its middle, fills the view; corners that lie
@@ -132,8 +162,9 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t zoomToExtent(qel::Enve3d extent, bool precise) = 0;
     /// `zoomToExtent` of the model's extent.
     virtual std::int32_t zoomToModel(bool precise) = 0;
-    /// Sets the model's extent and from it the clipping distances (diagonal / 800 and x 20); with `zoom` fits
-    /// it too. Returns 1 if a missing z range was set to 0, 0 if not, -1 for an extent that is not valid.
+    /// Sets the model's extent and from it the clipping distances (diagonal / 800 and diagonal x 20); with
+    /// `zoom` fits it too, else loads nothing. Returns 1 if a missing z range was set to 0, 0 if not, -1 for
+    /// an extent that is not valid.
     virtual std::int32_t setExtent(qel::Enve3d extent, bool zoom) = 0;
     /// The model's extent; 10 to 100 in each direction at first.
     virtual qel::Enve3d getExtent() = 0;
@@ -152,17 +183,18 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setOverlayOption(bool show) = 0;
     virtual bool getOverlayOption() = 0;
     /// @}
-    /// Loads projection and camera into OpenGL; returns 1.
+    /// Loads projection and camera into OpenGL, as `IQelDisplay::updateView` does. Returns 1.
     virtual std::int32_t updateView() = 0;
     /// Vertical field of view in degrees; 27 at first.
     virtual double getFieldOfView() = 0;
-    /// Degrees, at any finite value; OpenGL shows a scene in perspective above 0 and below 180 alone. Returns
-    /// 0.
+    /// Degrees; any finite value is taken, but perspective views show something only between 0 and 180.
+    /// Returns 0.
     virtual std::int32_t setFieldOfView(double degrees) = 0;
     /// @{
-    /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters take effect with
-    /// the next load of the projection and return 0. OpenGL shows nothing in perspective unless the near one
-    /// is above 0 and the far one above the near one; this is not checked.
+    /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters return 0 and
+    /// take effect with the next `updateView`, in an orthographic view when its view volume is next computed.
+    /// Perspective needs 0 < near < far; this is not checked. `qel::fitClippingPlanes` (QelHostKit.h) sets
+    /// both close around a model.
     virtual double getNearPlane() = 0;
     virtual std::int32_t setNearPlane(double distance) = 0;
     virtual double getFarPlane() = 0;
@@ -182,32 +214,32 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Pixels that one model unit covers at the rotation centre; 0 while the view has no size.
     virtual float getPixelsPerUnit() = 0;
     /// Draws into a part of the window only, in pixels from its lower-left corner; size and aspect of the
-    /// view stay. The context must be current. The next `onResize` takes the whole window again. Returns 0.
+    /// view stay. The next `onResize` uses the whole window again. Returns 0.
     virtual std::int32_t setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
                                      std::int32_t height) = 0;
-    /// OpenGL's current viewport (x, y, width, height); the array belongs to the camera and is valid until it
-    /// goes.
+    /// OpenGL's current viewport (x, y, width, height); the array belongs to the camera and lives as long.
     virtual const std::int32_t* getViewport() = 0;
     /// @{
     /// OpenGL's current matrices, 16 doubles each, column by column; owned like the viewport.
     virtual const double* getModelviewMatrix() = 0;
     virtual const double* getProjectionMatrix() = 0;
     /// @}
-    /// The model point under a pixel, from its exact depth in the back buffer of the current context; call it
-    /// between drawing and the exchange of the buffers, or as long as the driver keeps the back buffer after
-    /// it. `XPnt3d::invalid()` on the background, outside the view and for positions that are not finite.
+    /// The model point under a pixel, from the pixel's depth in the back buffer; as precise as the depth
+    /// buffer, see `setNearPlane`. Call it between drawing and the buffer swap, or after it if the driver
+    /// keeps the back buffer. `XPnt3d::invalid()` on the background, outside the view and for positions that
+    /// are not finite.
     ///
-    /// How the host lays out its own reads (`glPixelStore`) does not matter. `GL_DEPTH_SCALE` and
-    /// `GL_DEPTH_BIAS` act on every depth that is read: picks need them at 1 and 0.
+    /// The host's `glPixelStore` settings do not matter. `GL_DEPTH_SCALE` and `GL_DEPTH_BIAS` act on every
+    /// depth that is read: picks need them at 1 and 0.
     virtual qel::XPnt3d getModelPntAt(double x, double y) = 0;
     /// @{
     /// Window coordinates and depth to a model point; (0, 0, 0) if the camera's matrices cannot be inverted.
     virtual qel::XPnt3d unProject(double x, double y, double z) = 0;
     virtual qel::XPnt3d unProjectPnt(const qel::XPnt3d& windowPoint) = 0;
     /// @}
-    /// The model point under a pixel; beside an object at the mean depth of what lies within 20 pixels, in
-    /// empty space at the mean depth of the scene. Reads the back buffer like `getModelPntAt`. Never invalid:
-    /// a position that is not finite gives the target.
+    /// The model point under a pixel. On the background it takes the mean depth of what lies within 20
+    /// pixels, or else that of the whole scene. Reads the back buffer like `getModelPntAt`. Never invalid: a
+    /// position that is not finite gives the target.
     virtual qel::XPnt3d pickModelPnt(double x, double y) = 0;
     /// @{
     /// A model point to window coordinates and depth.
@@ -230,11 +262,10 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) = 0;
     /// Moves the eye so that a window of the rectangle's size fills the view; the target stays, and
     /// orthographic views do not change. Only the larger of its two sides counts, each as a share of the
-    /// view's. A rectangle without any size puts the eye on the target, where nothing is seen until the
-    /// camera is placed again: pass one of at least a pixel. The view is loaded again in every case.
-    /// Returns 1.
+    /// view's. A rectangle of no size puts the eye on the target, where nothing is visible until the camera
+    /// is placed again: pass one of at least a pixel. Loads the view in every case. Returns 1.
     virtual std::int32_t zoomInRect(const qel::PixelRect& rect) = 0;
-    /// The inverse of `zoomInRect`; a rectangle without any size moves nothing.
+    /// The inverse of `zoomInRect`; a rectangle of no size moves nothing.
     virtual std::int32_t zoomOutRect(const qel::PixelRect& rect) = 0;
 
   protected:

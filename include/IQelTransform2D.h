@@ -4,18 +4,18 @@
 
 #include "IQelTransform.h"
 
-/// A planar transform with four numbers kept for the host. Setters return 0.
+/// A planar transform with four numbers kept for the host.
 class QEL_DISPLAY_API IQelTransform2D : public IQelTransform {
   public:
     /// @{
-    /// A copy is an object of its own: it starts without references.
+    /// A copy is a separate object and starts without references.
     IQelTransform2D();
     IQelTransform2D(const IQelTransform2D& other);
     IQelTransform2D& operator=(const IQelTransform2D& other);
     /// @}
 
     /// @{
-    /// Numbers kept for the host; 0 at first.
+    /// Numbers kept for the host; 0 at first. The setters return 0.
     virtual std::int32_t setParamA(double value) = 0;
     virtual double getParamA() = 0;
     virtual std::int32_t setParamB(double value) = 0;

@@ -7,27 +7,25 @@
 
 class QString;
 
-/// A host's tool: something that receives the window's messages while it is active.
+/// A host's tool that receives the window's messages while it is active. The module never calls a task; it
+/// only defines the interface that hosts and their libraries share.
 ///
-/// The module never calls a task; it only gives hosts and their libraries one common table. Every handler
-/// answers -99999 ("not handled") until a task overrides it. In the mouse handlers the integers after the
-/// first are the flags and the two coordinates of the window message; the wheel handler has the signed wheel
-/// distance between flags and coordinates; the key handlers pass three unsigned words.
-///
-/// A task keeps no name: the default `setName` throws its argument away.
+/// - Arguments: those of the window message, unchanged: the window, then flags and coordinates (pixels of the
+///   client area, y down); the wheel handler has the signed wheel distance before the coordinates.
+/// - Results: every default handler returns `qel::kNotHandled` (-99999); a task overrides what it handles.
 class QEL_DISPLAY_API ITask : public qel::QelReferenced {
   public:
-    /// Active view -1.
+    /// Starts with active view -1.
     ITask();
     /// @{
-    /// Copies the active view; the copy starts without references.
+    /// Copies the active view. A copy is a separate object and starts without references.
     ITask(const ITask& other);
     ITask& operator=(const ITask& other);
     /// @}
 
     virtual std::int32_t reservedSlot1() = 0;
     /// @{
-    /// Answer that nothing was done; a task overrides what it needs.
+    /// Name, start and end of the task. The defaults store nothing and return `qel::kNotHandled`.
     virtual std::int32_t setName(QString name);
     virtual std::int32_t startup();
     virtual std::int32_t finish();
@@ -35,7 +33,7 @@ class QEL_DISPLAY_API ITask : public qel::QelReferenced {
     virtual std::int32_t reservedSlot5() = 0;
     virtual std::int32_t reservedSlot6() = 0;
     /// @{
-    /// A message of the window; answers that it was not handled.
+    /// A message of the window. The defaults return `qel::kNotHandled`.
     virtual std::int32_t OnTimer(std::int32_t window, std::int32_t timer);
     virtual std::int32_t OnPaint(std::int32_t window);
     virtual std::int32_t OnLButtonDblClk(std::int32_t window, std::uint32_t flags, std::int32_t x,
@@ -61,9 +59,9 @@ class QEL_DISPLAY_API ITask : public qel::QelReferenced {
     virtual std::int32_t onSetCursor(std::int32_t window, std::int32_t cursorWindow, std::uint32_t hitTest,
                                      std::uint32_t message);
     /// @}
-    /// Stores the number of the view the task works in; returns 0.
+    /// Stores the number of the view that the task works in. Returns 0.
     virtual std::int32_t setActiveViewID(std::int32_t view);
-    /// The number stored last; -1 at first.
+    /// The number of the view stored last; -1 at first.
     virtual std::int32_t getActiveViewID();
     virtual std::int32_t reservedSlot22() = 0;
     virtual std::int32_t reservedSlot23() = 0;

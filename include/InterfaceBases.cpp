@@ -15,7 +15,7 @@
 #include "ITask.h"
 #include "QelStatus.h"
 
-// What the interfaces do where nobody overrides it. A copy never copies references.
+// The default bodies of the interfaces. A copy never copies references.
 
 namespace {
 

@@ -2,12 +2,12 @@
 
 #include <cstdint>
 
-/// Elements of the arrays that meshes and point clouds are drawn from. OpenGL reads them straight from the
-/// host's memory with these sizes as strides.
+/// Elements of the arrays that meshes and point clouds are drawn from. OpenGL reads them from the host's
+/// memory, with their sizes as strides.
 
 namespace qel {
 
-/// A vertex: the position in model units, then four floats that belong to the host.
+/// A vertex: the position in model units, then four floats for the host.
 struct ArrayVertex {
     /// @{
     /// The position in model units.
@@ -15,15 +15,15 @@ struct ArrayVertex {
     float y;
     float z;
     /// @}
-    /// The host's own; not read.
+    /// For the host; not read.
     float own[4];
 };
 static_assert(sizeof(ArrayVertex) == 28);
 
-/// A normal of three signed bytes, 127 standing for 1 (for `IQelSymbol::drawMesh`).
+/// A normal of three signed bytes (for `IQelSymbol::drawMesh`).
 struct ArrayNormal3b {
     /// @{
-    /// The direction, each component 127 times that of the unit normal.
+    /// The unit normal, each component times 127.
     std::int8_t x;
     std::int8_t y;
     std::int8_t z;
@@ -31,7 +31,7 @@ struct ArrayNormal3b {
 };
 static_assert(sizeof(ArrayNormal3b) == 3);
 
-/// A normal of three floats and one that belongs to the host (for `IQelSymbol::drawIndexedMesh`).
+/// A normal of three floats and one float for the host (for `IQelSymbol::drawIndexedMesh`).
 struct ArrayNormal4f {
     /// @{
     /// The direction, of unit length.
@@ -39,13 +39,12 @@ struct ArrayNormal4f {
     float y;
     float z;
     /// @}
-    /// The host's own; not read.
+    /// For the host; not read.
     float own;
 };
 static_assert(sizeof(ArrayNormal4f) == 16);
 
-/// A colour of three bytes. OpenGL reads them as signed: 127 is full intensity, and 128 and above count as
-/// none.
+/// A colour of three bytes. OpenGL reads them as signed: 127 is full intensity, negative values are 0.
 struct ArrayColor3b {
     /// @{
     /// The components, each from 0 to 127.
@@ -56,7 +55,7 @@ struct ArrayColor3b {
 };
 static_assert(sizeof(ArrayColor3b) == 3);
 
-/// A colour of three floats from 0 to 1 and one that belongs to the host.
+/// A colour of three floats from 0 to 1 and one float for the host.
 struct ArrayColor4f {
     /// @{
     /// The components, each from 0 to 1.
@@ -64,7 +63,7 @@ struct ArrayColor4f {
     float g;
     float b;
     /// @}
-    /// The host's own; not read.
+    /// For the host; not read.
     float own;
 };
 static_assert(sizeof(ArrayColor4f) == 16);

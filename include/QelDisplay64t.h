@@ -1,9 +1,9 @@
 #pragma once
 
-/// Everything a host needs of QelDisplay64t: all interfaces and the four exported functions.
+/// Everything that a host needs of QelDisplay64t: all interfaces and the four exported functions.
 ///
-/// The functions are exported under their plain names as well, for hosts that load the library themselves and
-/// look them up with GetProcAddress.
+/// The functions are exported under undecorated names, for hosts that load the library at run time and look
+/// them up with GetProcAddress.
 
 #include "CQelCancelTail.h"
 #include "CQelTranform.h"
@@ -32,23 +32,24 @@
 #include "ITask.h"
 #include "QelArrayElements.h"
 #include "QelDisplayExport.h"
+#include "QelHandle.h"
 #include "QelMeshStyle.h"
 #include "QelRefPtr.h"
 #include "QelStatus.h"
 
 extern "C" {
 
-/// Makes an OpenGL screen display. It carries one reference, which the caller gives back with `Release`; the
-/// last reference takes the display with its context along. Throws std::bad_alloc if there is no memory. Call
-/// on the thread that owns the window.
+/// Creates an OpenGL screen display. Call it on the thread that owns the window. Returns it with one
+/// reference, which the caller releases with `Release`; the last release destroys the display and its own
+/// context. Throws std::bad_alloc if out of memory.
 [[nodiscard]] QEL_DISPLAY_API IQelDisplay* newScreenDisplay();
 
-/// Makes a GDI display. It carries one reference, which the caller gives back with `Release`. Throws
-/// std::bad_alloc if there is no memory. Call on the thread that owns the window.
+/// Creates a GDI display. Call it on the thread that owns the window. Returns it with one reference, which
+/// the caller releases with `Release`. Throws std::bad_alloc if out of memory.
 [[nodiscard]] QEL_DISPLAY_API IQelScrDisplay2D* newGDIScrDisplay();
 
-/// Makes a symbol that carries no reference: the first holder, a `qel::ref_ptr`, takes the first one. Null if
-/// there is no memory. Any thread.
+/// Creates a symbol. Any thread may call it. Returns it without a reference, to be kept in a `qel::ref_ptr`,
+/// which adds the first one; null if out of memory.
 [[nodiscard]] QEL_DISPLAY_API IQelSymbol* newQelSymbol();
 }
 
@@ -63,8 +64,8 @@ namespace qel {
 #pragma warning(disable : 4190)
 #endif
 
-/// The symbol that the module shares with its hosts; empty before the module is loaded. The module renews it
-/// whenever a thread starts or ends; one that is held stays alive. May be called on any thread.
+/// The symbol that the module shares with its hosts; empty before the module is loaded. The module replaces
+/// it whenever a thread starts or ends; one that is held stays alive. Any thread may call it.
 extern "C" [[nodiscard]] QEL_DISPLAY_API ref_ptr<IQelSymbol> getPubSymbol();
 
 #if defined(__clang__)

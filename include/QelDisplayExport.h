@@ -1,6 +1,6 @@
 #pragma once
 
-/// Marks what QelDisplay64t.dll exports. A host sees the import side; a static build sees nothing.
+/// Marks what QelDisplay64t.dll exports: a host imports it; a static build needs no mark.
 #if defined(_WIN32) && !defined(QEL_STATIC)
 #if defined(QEL_BUILDING_DISPLAY)
 #define QEL_DISPLAY_API __declspec(dllexport)

@@ -4,11 +4,11 @@ namespace qel {
 
 /// How a mesh is drawn.
 struct MeshStyle {
-    /// Whether the lights of the display shade the mesh; normals should be given then.
+    /// Whether the lights shade the mesh, which then needs normals.
     bool lighting = true;
-    /// Whether the mesh is hidden by what lies in front of it.
+    /// Whether what lies in front hides the mesh.
     bool depthTest = true;
-    /// Width of lines and size of points in pixels, where a polygon mode of GL_LINE or GL_POINT draws them.
+    /// Line width or point size in pixels for the polygon modes GL_LINE and GL_POINT.
     float width = 1.0F;
 };
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A display carries one reference for its caller.
+/// A display starts with one reference, which belongs to the caller.
 template <class Display>
 Display* newHeld() {
     auto* const display = new Display();

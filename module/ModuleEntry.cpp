@@ -12,21 +12,20 @@ namespace {
 
 constexpr DWORD kSleepMilliseconds = 5500;
 
-/// What the sleeping thread holds: the library itself, so that its code stays while it sleeps, and its own
-/// handle.
+/// What the sleeping thread holds: the library, so that its code stays mapped, and its own handle.
 HMODULE heldLibrary = nullptr;
 std::uintptr_t sleepThread = 0;
 
 void sleepAndLeave(void* /*unused*/) {
     Sleep(kSleepMilliseconds);
     // The runtime closes a thread's handle when the thread function returns; this one cannot return, since
-    // giving the library back may take its code away.
+    // releasing the library may unmap its code.
     CloseHandle(reinterpret_cast<HANDLE>(sleepThread));  // NOLINT(performance-no-int-to-ptr)
     FreeLibraryAndExitThread(heldLibrary, 0);
 }
 
 void startSleepThread() {
-    // Without a hold on the library the thread would wake up in code that may be gone.
+    // Without a reference to the library the thread could wake up in unmapped code.
     if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&sleepAndLeave),
                            &heldLibrary) == FALSE) {
         return;
@@ -40,8 +39,8 @@ void startSleepThread() {
 
 }  // namespace
 
-/// Called by the loader for every attach and detach of the process and of each of its threads. Each call
-/// renews the public symbol. FALSE refuses the load.
+/// Called by the loader for every attach and detach of the process and its threads. Each call replaces the
+/// public symbol. FALSE refuses the load.
 extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, LPVOID reserved) {
     wchar_t path[MAX_PATH] = {};
     if (GetModuleFileNameW(nullptr, path, MAX_PATH) == 0) {
@@ -56,11 +55,10 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, LPVOID reser
         // The other threads are gone already, wherever they were.
         qel::unlockPublicSymbolForGood();
     }
-    // A detach does not end the thread that runs it. That thread is one of the host's, or the one that ends
-    // the process, and it holds the loader's lock, which nobody would then release.
+    // A detach does not end the calling thread: it is one of the host's or the one that ends the process, and
+    // it holds the loader lock, which nobody would then release.
     qel::setPublicSymbol(newQelSymbol());
-    // A host may load and unload the library for weeks; at the end of the process the system frees the
-    // memory.
+    // A host may load and unload the library for weeks; at process exit the system frees the memory.
     if (isDetach && !processEnds) {
         qel::setPublicSymbol(nullptr);
     }

@@ -5,8 +5,8 @@
 #include "IQelArray.h"
 #include "QelRefPtr.h"
 
-/// A view of a host's array for one call: its elements and their number, each asked for once, and the size of
-/// an element in bytes. The caller keeps the reference.
+/// A host's array during one call: elements, their number (each queried once), and the size of an element in
+/// bytes. The caller keeps the reference.
 struct ArrayView {
     template <class Element>
     explicit ArrayView(const qel::ref_ptr<IQelArray<Element>>& array)
@@ -15,10 +15,10 @@ struct ArrayView {
           data(given ? array->data() : nullptr),
           stride(static_cast<std::int32_t>(sizeof(Element))) {}
 
-    /// True if there is something to draw from. A container may count elements and still have no memory for
-    /// them; reading it would end the process.
+    /// True if there is something to draw from. An array may report a count without memory, and reading it
+    /// would crash.
     [[nodiscard]] bool holdsElements() const { return count > 0 && data != nullptr; }
-    /// True if every vertex has its element, or the array was not given at all.
+    /// True if every vertex has an element, or the array was not given.
     [[nodiscard]] bool isAbsentOrMatches(const ArrayView& vertices) const {
         return !given || (count == vertices.count && data != nullptr);
     }

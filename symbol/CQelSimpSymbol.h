@@ -12,8 +12,7 @@ class IQelPolyline;
 
 /// The symbol that `newQelSymbol` makes.
 ///
-/// Its operations are described at `IQelSymbol`. No drawing operation allocates memory of its own, and none
-/// changes an attribute.
+/// `IQelSymbol` describes its operations. Drawing allocates no memory and changes no attribute.
 class CQelSimpSymbol : public IQelSymbol {
   public:
     CQelSimpSymbol();

@@ -4,11 +4,11 @@
 
 #include "QelGl.h"
 
-/// The client arrays of one draw call. Each is switched on where its memory is named; all are switched off
-/// together, the vertices first. The memory must stay in place for as long.
+/// The client arrays of one draw call. Each is enabled when its memory is set; the destructor disables all,
+/// vertices first. The memory must stay in place until then.
 class ClientArrays {
   public:
-    /// Three coordinates to a vertex; strides are bytes from one element to the next.
+    /// Three coordinates per vertex; strides in bytes from one element to the next.
     ClientArrays(std::uint32_t type, std::int32_t stride, const void* vertices) {
         glEnableClientState(GL_VERTEX_ARRAY);
         glVertexPointer(3, type, stride, vertices);

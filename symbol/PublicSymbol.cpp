@@ -3,7 +3,7 @@
 #include "QelDisplay64t.h"
 
 #if defined(_WIN32)
-// Declared by hand: the portable folders see no Windows header.
+// Declared by hand: the portable folders include no Windows header.
 extern "C" __declspec(dllimport) void AcquireSRWLockExclusive(void** lock);
 extern "C" __declspec(dllimport) void ReleaseSRWLockExclusive(void** lock);
 #else
@@ -14,9 +14,9 @@ namespace qel {
 
 namespace {
 
-// Hosts start threads whenever they like, and each start and end renews the symbol: the slot is locked for the
-// few instructions in which a reader copies the pointer and adds its reference. A waiting thread sleeps in the
-// system, so that a holder of lower priority gets to run: a renewal waits with the loader's lock held.
+// Hosts may start threads at any time, and each start and end replaces the symbol: the lock is held for the
+// few instructions in which a reader copies the pointer and adds its reference. A waiting thread sleeps, so
+// that a holder of lower priority can run: a replacement waits while holding the loader lock.
 #if defined(_WIN32)
 class SlotLock {
   public:
@@ -48,7 +48,7 @@ class SlotLock {
 
 SlotLock slotLock;
 
-/// Deliberately never destroyed: threads may still end, and hosts still ask, while the process goes down.
+/// Deliberately never destroyed: threads may still end, and hosts still call, during process exit.
 IQelSymbol* slot = nullptr;
 
 }  // namespace

@@ -6,8 +6,8 @@
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
 
-/// What a marker's style changes in OpenGL, for as long as the marker is drawn: colour, width or size,
-/// lighting and depth test, set in this order and put back in the reverse one.
+/// The OpenGL state of a marker's style for as long as the marker is drawn: colour, width or size, lighting
+/// and depth test, set in this order and restored in reverse.
 struct StyleGuards {
     /// @param parameter GL_LINE_WIDTH or GL_POINT_SIZE.
     StyleGuards(qel::QelColor3f given, std::uint32_t parameter, float value, bool lit, bool tested)

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Where elements lie and how they are laid out, as OpenGL asks for it.
+/// Address and layout of elements, as OpenGL expects them.
 struct Layout {
     std::uint32_t type;
     std::int32_t stride;
@@ -19,7 +19,7 @@ struct PointStyle {
     qel::QelColor3f color;
 };
 
-/// Draws points from arrays that are known to hold what is read from them.
+/// Draws points from arrays that have been checked to hold what is read.
 void drawPointArrays(const Layout& vertices, std::int32_t count, const ArrayView& indices,
                      const Layout& colors, const PointStyle& style) {
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
@@ -37,11 +37,12 @@ void drawPointArrays(const Layout& vertices, std::int32_t count, const ArrayView
     }
 }
 
-/// Bytes are read as signed ones, 127 being full intensity: hosts rely on it.
+/// Bytes are read as signed, 127 being full intensity: existing hosts rely on it.
 constexpr std::uint32_t kByteColor = GL_BYTE;
 
-/// Puts an error of the host's back that had to be read. The rarer ones cannot be raised without a change.
-void raiseAgain(GLenum error) {
+/// Raises an OpenGL error of the host again, after it had to be read. The rarer errors cannot be raised
+/// without side effects.
+void restoreError(GLenum error) {
     constexpr GLenum kNoParameter = 0;
     constexpr GLint kNoAlignment = 3;
     if (error == GL_INVALID_ENUM) {
@@ -53,30 +54,30 @@ void raiseAgain(GLenum error) {
     }
 }
 
-/// Asks OpenGL by setting the pointer. A refused one would leave the memory of an earlier call, which may be
-/// gone, to be drawn from. Some drivers set what they refuse, so the pointer of before is set again.
-bool openGlTakes(const Layout& vertices) {
+/// Tests the layout by setting the pointer. A refused pointer would leave that of an earlier call, whose
+/// memory may be gone. Some drivers set what they refuse, so the previous pointer is restored.
+bool isAcceptedByOpenGl(const Layout& vertices) {
     GLint size = 0;
     GLint type = 0;
     GLint stride = 0;
     void* pointer = nullptr;
-    const GLenum errorOfTheHost = glGetError();
+    const GLenum hostError = glGetError();
     glGetIntegerv(GL_VERTEX_ARRAY_SIZE, &size);
     glGetIntegerv(GL_VERTEX_ARRAY_TYPE, &type);
     glGetIntegerv(GL_VERTEX_ARRAY_STRIDE, &stride);
     glGetPointerv(GL_VERTEX_ARRAY_POINTER, &pointer);
     glVertexPointer(3, vertices.type, vertices.stride, vertices.data);
-    const bool taken = glGetError() == GL_NO_ERROR;
-    if (!taken) {
+    const bool accepted = glGetError() == GL_NO_ERROR;
+    if (!accepted) {
         glVertexPointer(size, static_cast<GLenum>(type), stride, pointer);
         static_cast<void>(glGetError());
     }
-    raiseAgain(errorOfTheHost);
-    return taken;
+    restoreError(hostError);
+    return accepted;
 }
 
-/// True if every OpenGL takes the layout, so that it need not be asked.
-bool isTakenEverywhere(const Layout& vertices) {
+/// True if every OpenGL accepts the layout, so that testing is unnecessary.
+bool isAcceptedEverywhere(const Layout& vertices) {
     constexpr std::int32_t kLargestStrideOfAll = 2048;
     const std::uint32_t type = vertices.type;
     return (type == GL_SHORT || type == GL_INT || type == GL_FLOAT || type == GL_DOUBLE) &&
@@ -106,15 +107,15 @@ std::int32_t CQelSimpSymbol::drawVertexArrayPoints(std::uint32_t type, std::int3
     }
     const ArrayView indexView(indices);
     const ArrayView colorView(colors);
-    // An array that was given but has no memory would be read through a null pointer.
+    // An array without memory would be read through a null pointer.
     if ((indexView.given && !indexView.holdsElements()) || (colorView.given && colorView.data == nullptr)) {
         return qel::kRefused;
     }
     const Layout layout{type, stride, vertices};
-    if (!isTakenEverywhere(layout) && !openGlTakes(layout)) {
+    if (!isAcceptedEverywhere(layout) && !isAcceptedByOpenGl(layout)) {
         return qel::kRefused;
     }
-    // OpenGL refuses a negative count with an error of the host's.
+    // OpenGL would refuse a negative count and leave an error for the host.
     if (!indexView.given && count < 0) {
         return 0;
     }

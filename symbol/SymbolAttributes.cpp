@@ -3,7 +3,7 @@
 #include "CQelSimpSymbol.h"
 #include "QelStatus.h"
 
-// A very light bluish grey and not white: hosts rely on it. The alpha byte keeps its default.
+// A very light bluish grey instead of white: existing hosts rely on it. The alpha byte keeps its default.
 CQelSimpSymbol::CQelSimpSymbol() {
     color.r = 250;
     color.g = 250;
@@ -12,8 +12,8 @@ CQelSimpSymbol::CQelSimpSymbol() {
 
 CQelSimpSymbol::~CQelSimpSymbol() = default;
 
-// The answers of the setters are part of the interface, so each keeps its own: 1 for name, size and second
-// colour, 0 for width and colour.
+// The results of the setters are part of the interface: 1 for name, size and second colour, 0 for width and
+// colour.
 
 std::int32_t CQelSimpSymbol::setName(QString newName) {
     name = std::move(newName);

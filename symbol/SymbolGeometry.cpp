@@ -15,8 +15,8 @@
 
 namespace {
 
-// Empty if the object does not implement what its kind code promises: a host's mistake then costs a picture
-// without that geometry, not the process.
+// Empty if the object does not implement the interface of its kind code: a host's mistake then loses that
+// geometry instead of crashing.
 template <class Interface>
 qel::ref_ptr<Interface> heldAs(IQelGeometry* geometry) {
     return dynamic_cast<Interface*>(geometry);
@@ -39,7 +39,7 @@ void drawBall(IQelBall& ball) {
     const qel::XPnt3d center = ball.center();
     const double radius = ball.radius();
     GLUquadric* const quadric = gluNewQuadric();
-    // GLU answers null when memory is short, and its other operations do not look.
+    // GLU returns null if out of memory, and its other functions do not check.
     if (quadric == nullptr) {
         return;
     }
@@ -60,8 +60,8 @@ qel::QelColor3f unitColor(qel::QelColor3b bytes) {
     return {unit(bytes.r), unit(bytes.g), unit(bytes.b)};
 }
 
-// A saved component truncated to a byte's scale. OpenGL reports components from 0 to 1, so hosts see 1 for
-// full intensity and 0 for everything below; the guards put the real colour back right after.
+// A saved component truncated to a byte. OpenGL reports components from 0 to 1, so the result is 1 for full
+// intensity and 0 below; the guards restore the real colour right after.
 GLbyte truncatedComponent(double component) {
     return static_cast<GLbyte>(qel::truncateToInt(component));
 }
@@ -75,7 +75,7 @@ std::int32_t CQelSimpSymbol::drawGeometry(IQelGeometry* geometry) {
     const auto kind = static_cast<qel::GeometryKind>(geometry->geometryType());
     switch (kind) {
         case qel::GeometryKind::Point:
-            // Green whatever the symbol's colour is: hosts rely on it.
+            // Green whatever the symbol's colour: existing hosts rely on it.
             if (const auto point = heldAs<IQelPoint>(geometry)) {
                 drawPoint(point->position.x, point->position.y, point->position.z, 2.0F,
                           qel::QelColor3f(0.0F, 1.0F, 0.0F), false, false);
@@ -152,7 +152,7 @@ void CQelSimpSymbol::drawCurvePoints(std::uint32_t primitive, IQelCurve& curve, 
     curve.prepareDraw();
     const qel::XPnt3d* const points = array->points();
     const std::int32_t count = array->count();
-    // OpenGL would read through a null pointer, and refuses a negative count with an error of the host's.
+    // OpenGL would read through a null pointer, and would refuse a negative count with an error for the host.
     if (count < 0 || (count > 0 && points == nullptr)) {
         return;
     }
@@ -174,7 +174,7 @@ void CQelSimpSymbol::drawRingLoop(IQelCurve& ring) const {
 void CQelSimpSymbol::drawPolylineParts(IQelPolyline& polyline) const {
     const std::int32_t count = polyline.partCount();
     for (std::int32_t index = 0; index < count; ++index) {
-        // A part that is still missing is skipped, so that the others show.
+        // A missing part is skipped, so that the others show.
         if (IQelCurve* const part = polyline.part(index)) {
             drawLineStripArray(*part, color.toColor3b());
         }

@@ -10,10 +10,10 @@
 
 namespace {
 
-/// Half of a unit square's diagonal, to four digits: the distance of a segment's frame.
+/// Half a unit square's diagonal, to four digits: the distance of a segment's frame.
 constexpr double kDiagonal = 0.7071;
 
-// Five vertices although the loop closes by itself: hosts rely on it.
+// Five vertices although the loop closes by itself: existing hosts rely on it.
 void emitRectLoop(const qel::Enve2d& rect, double z) {
     glBegin(GL_LINE_LOOP);
     glVertex3d(rect.xmin, rect.ymin, z);
@@ -36,8 +36,7 @@ void emitLineAlongZ(const qel::XPnt3d& center, double halfLength) {
     glVertex3d(center.x, center.y, center.z + halfLength);
 }
 
-/// The circle of radius 1. It does not close by itself: it runs slightly past a full turn, so that its ends
-/// overlap.
+/// The circle of radius 1. It is not closed: it runs slightly past a full turn, so that its ends overlap.
 class UnitCircle {
   public:
     struct Direction {
@@ -50,7 +49,7 @@ class UnitCircle {
         for (Direction& direction : directions) {
             const auto radians = static_cast<double>(angle);
             direction = {std::sin(radians), std::cos(radians)};
-            // In single precision, rounding as it goes.
+            // In single precision, with its rounding.
             angle += kStepRadians;
         }
     }
@@ -60,13 +59,13 @@ class UnitCircle {
 
   private:
     static constexpr float kStepRadians = 0.3F;
-    /// The last one at 6.3 radians.
+    /// The last one is at 6.3 radians.
     static constexpr std::size_t kVertices = 22;
 
     std::array<Direction, kVertices> directions{};
 };
 
-// True if a sequence counts points and has no memory for them: there is nothing to draw, and nothing to read.
+// True if a sequence has a count but no memory: there is nothing to draw, and reading would crash.
 bool lacksMemory(const void* points, std::int32_t count) {
     return points == nullptr && count > 0;
 }
@@ -90,7 +89,7 @@ void drawStippledPoints(std::uint32_t primitive, const qel::ref_ptr<IQelArray<qe
     }
     const StyleGuards guards(style.color, GL_LINE_WIDTH, static_cast<float>(style.width), style.lighting,
                              style.depthTest);
-    // Only the pattern: whether lines are stippled at all is the caller's choice.
+    // Only the pattern: the caller decides whether lines are stippled.
     glLineStipple(1, pattern);
     glBegin(primitive);
     for (std::int32_t index = 0; index < count; ++index) {
@@ -226,7 +225,7 @@ std::int32_t CQelSimpSymbol::drawSegmentFrame(const qel::XPnt3d& from, const qel
                                               double /*unused*/, float width, qel::QelColor3f given,
                                               bool lighting, bool depthTest) {
     const StyleGuards guards(given, GL_LINE_WIDTH, width, lighting, depthTest);
-    // A segment without length in the plane keeps the zero direction, so the frame shrinks to the segment.
+    // A vertical segment keeps the zero direction, so the frame shrinks to the segment.
     qel::XPnt3d along = to - from;
     along.z = 0.0;
     along.normalize() *= kDiagonal;
@@ -294,7 +293,7 @@ std::int32_t CQelSimpSymbol::drawPointsF(const float* const* points, std::int32_
     const StyleGuards guards(given, GL_POINT_SIZE, static_cast<float>(size), lighting, depthTest);
     glBegin(GL_POINTS);
     for (std::int32_t index = 0; index < count; ++index) {
-        // A point that is missing is skipped, so that the others show.
+        // A missing point is skipped, so that the others show.
         if (const float* const point = points[index]) {
             glVertex3f(point[0], point[1], point[2]);
         }
@@ -304,7 +303,7 @@ std::int32_t CQelSimpSymbol::drawPointsF(const float* const* points, std::int32_
 }
 
 std::int32_t CQelSimpSymbol::drawTriangleOutline(const qel::TrianglePoints* triangle) {
-    // A triangle with a corner missing is no triangle: refused like a missing one.
+    // A triangle with a missing corner is refused like a missing triangle.
     if (triangle == nullptr || triangle->p0 == nullptr || triangle->p1 == nullptr ||
         triangle->p2 == nullptr) {
         return qel::kRefused;
@@ -325,7 +324,7 @@ std::int32_t CQelSimpSymbol::drawOffsetMark(qel::ref_ptr<qel::QelReferenced> /*o
                                             const qel::XPnt3d& offset) {
     const qel::XPnt3d end = point + offset;
     const qel::QelColor3f white(1.0F, 1.0F, 1.0F);
-    // Twice: hosts rely on it.
+    // Twice: existing hosts rely on it.
     drawLine(point, end, 1.0, white, false, false);
     drawLine(point, end, 1.0, white, false, false);
     return 0;

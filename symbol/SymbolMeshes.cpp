@@ -23,7 +23,7 @@ struct MeshArrays {
 
   private:
     [[nodiscard]] bool areIndicesTriangles() const {
-        // An array without indices is a mesh without triangles; one that counts indices must have them.
+        // An index array without indices is a mesh without triangles; one with a count needs memory.
         return !indices.given || indices.count == 0 || (indices.holdsElements() && indices.count % 3 == 0);
     }
 };
@@ -35,7 +35,7 @@ struct MeshLook {
     std::uint32_t backMode;
 };
 
-/// The OpenGL capabilities and sizes of a mesh for as long as it is drawn. Textures start switched off.
+/// The OpenGL capabilities and sizes of a mesh for as long as it is drawn. Texturing starts disabled.
 struct MeshGuards {
     explicit MeshGuards(const qel::MeshStyle& style)
         : lighting(GL_LIGHTING, style.lighting),

@@ -6,10 +6,10 @@
 
 namespace {
 
-/// Everything this far above and below the view extent, in model units, lies inside the depth range.
+/// What lies up to this far above and below the view extent, in model units, is inside the depth range.
 constexpr double kDepthMargin = 3000.0;
 
-/// What OpenGL holds at the time of a conversion.
+/// OpenGL's matrices and viewport at the time of a conversion.
 struct CurrentMatrices {
     GLdouble projection[16] = {};
     GLdouble modelview[16] = {};
@@ -74,13 +74,13 @@ void CQelTransform2d::projectPoint(const qel::XPnt3d& point, std::int32_t& x, st
     gluProject(point.x - origin.x, point.y - origin.y, point.z - origin.z, current.modelview,
                current.projection, current.viewport, &window.x, &window.y, &window.z);
     x = qel::truncateToInt(window.x);
-    // Not flipped: OpenGL's own row, as hosts that draw at it need.
+    // Not flipped: hosts that draw at this pixel need OpenGL's row.
     y = qel::truncateToInt(window.y);
 }
 
 qel::XPnt3d CQelTransform2d::unprojectPixel(std::int32_t x, std::int32_t y) {
     const std::int32_t row = qel::truncateToInt(deviceExtent.HightY() - y);
-    // Read in either case: hosts rely on it.
+    // Read in both cases: existing hosts rely on it.
     const float read = qel::readPixelDepth(x, row);
     const double depth = depthPicking ? static_cast<double>(read) : 0.0;
     const CurrentMatrices current;

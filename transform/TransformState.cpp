@@ -34,11 +34,11 @@ std::int32_t CQelTransform2d::isPlanar() {
     return 1;
 }
 
-// A view extent set earlier keeps its numbers relative to the origin and so moves with it: callers set the
-// model's extent first.
+// A view extent set earlier keeps its coordinates relative to the origin and so moves with it: callers set
+// the model's extent first.
 std::int32_t CQelTransform2d::setModelExtent(qel::Enve3d extent) {
     modelExtent = extent;
-    // A missing z range gives the origin no height.
+    // A missing z range gives the origin a height of 0.
     origin.set(extent.xmin, extent.ymin, qel::withZRange(extent).zmin);
     modelExtent.offset(-origin.x, -origin.y, -origin.z);
     modelExtent.Normalize();

@@ -13,8 +13,8 @@
 [[nodiscard]] bool isLineThroughQuad(const qel::XPnt3d& p0, const qel::XPnt3d& p1, const qel::XPnt3d& a,
                                      const qel::XPnt3d& b, const qel::XPnt3d& c, const qel::XPnt3d& d);
 
-/// The camera of one 3D view. It owns no OpenGL objects and never computes OpenGL's matrices itself: what it
-/// caches is what OpenGL holds, read back when a dirty flag says that it changed.
+/// The camera of one 3D view. It owns no OpenGL objects and never computes OpenGL's matrices itself: it
+/// caches what OpenGL holds and reads it back when a dirty flag is set.
 ///
 /// TrackBallState.cpp holds construction and plain accessors, TrackBallCamera.cpp projection and placement,
 /// TrackBallViewport.cpp the viewport, TrackBallDepth.cpp the depth of the scene, TrackBallPicking.cpp
@@ -95,47 +95,49 @@ class CQelTrackBall : public IQelTrackBall {
     std::int32_t zoomInRect(const qel::PixelRect& rect) override;
     std::int32_t zoomOutRect(const qel::PixelRect& rect) override;
 
-    /// Loads the camera of one eye of a stereo pair: the eye turned about the up vector by the angle that
-    /// `offset` model units span at the target. No field changes and the context must be current. Returns 0.
+    /// Loads the camera of one eye of a stereo pair: the eye rotated about the up vector by the angle that
+    /// `offset` model units span at the target. No field changes. The context must be current. Returns 0.
     virtual std::int32_t applyStereoModelview(double offset);
-    /// Attaches a display, whose context the camera draws in; null detaches. Takes a reference, except on the
+    /// Attaches a display, in whose context the camera draws; null detaches. Adds a reference, except to the
     /// display that owns this camera. Returns 0.
     virtual std::int32_t setDisplay(IQelDisplay* newDisplay);
-    /// The attached display; no reference taken.
+    /// The attached display; adds no reference.
     virtual IQelDisplay* getDisplay();
-    /// Loads the model-view matrix from eye, target and up; returns 0.
+    /// Loads the model-view matrix from eye, target and up. Returns 0.
     virtual std::int32_t applyModelview();
-    /// Loads the projection; returns 0.
+    /// Loads the projection. Returns 0.
     virtual std::int32_t applyProjection();
     /// Sets the viewport to the whole view; the context must be current. Returns 0.
     virtual std::int32_t restoreViewport();
 
-    /// The drags in window coordinates with fractions of a pixel.
+    /// The drags, in window coordinates with fractions of a pixel.
     std::int32_t onButtonDown(std::int32_t button, double x, double y);
     std::int32_t onMouseMove(double x, double y);
 
-    /// Names the display that owns this camera. A counted reference back to it would keep the two alive for
-    /// ever, so this one is not counted.
+    /// Sets the display that owns this camera. It is not counted: a reference back would keep both alive
+    /// forever.
     void setOwner(IQelDisplay* newOwner);
-    /// The owner goes: a camera that the host still holds reports no display from now on and draws nothing,
-    /// since the context that is current then belongs to somebody else.
+    /// Forgets the owner, which is being destroyed. A camera that the host still holds then has no display
+    /// and draws nothing, since the current context belongs to someone else.
     void ownerGoes();
 
-    /// The point of the trackball's unit sphere under a window position; outside its outline, on the rim.
+    /// The point of the trackball's unit sphere under a window position; on the rim for positions outside its
+    /// outline.
     void mapToSphere(double x, double y, double* vector);
-    /// Places the camera from the start of the drag and the drag's rotation; returns 1.
+    /// Places the camera from the start of the drag and the drag's rotation. Returns 1.
     std::int32_t applyDragRotation();
-    /// Sizes the orthographic box so that the plane through the point of interest looks as large as in
-    /// perspective; that point is the extent's midpoint, or the scene in the middle of the view. Returns 0.
+    /// Sizes the orthographic box so that the plane through the point of interest keeps its size of the
+    /// perspective view. That point is the extent's midpoint, or the scene in the middle of the view. Returns
+    /// 0.
     std::int32_t updateOrthoBox(bool fromExtent);
     /// Mean window depth of the scene, between 0.00001 and 0.99999.
     double getMeanDepth();
     /// Copies the depth of the whole back buffer.
     void readDepthBuffer();
-    /// Reads back what the dirty flags name; returns 1 if nothing was dirty, else 0. A camera whose owner is
-    /// gone reads nothing and answers from what it has.
+    /// Reads back what the dirty flags name. Without its owner a camera reads nothing and uses what it has.
+    /// Returns 1 if nothing was dirty, else 0.
     std::int32_t updateGlMatrices() { return held.isDirty() && !ownerGone ? readGlMatrices() : 1; }
-    /// OpenGL's model-view matrix as a matrix for row vectors.
+    /// OpenGL's model-view matrix, transposed for row vectors.
     void getModelViewMatrix(qel::matrix<double>& m);
 
   protected:
@@ -155,7 +157,7 @@ class CQelTrackBall : public IQelTrackBall {
         double x = 0.0;
         double y = 0.0;
     };
-    /// What OpenGL held when it was asked last, and what has changed there since.
+    /// OpenGL's matrices and viewport as read last, and what has changed since.
     struct HeldByGl {
         double modelview[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
         double projection[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
@@ -169,16 +171,11 @@ class CQelTrackBall : public IQelTrackBall {
         }
         void setDirty() noexcept { modelviewDirty = projectionDirty = viewportDirty = true; }
     };
-    /// The drag that is under way, or the last one.
+    /// The current drag, or the last one.
     struct Drag {
-        static constexpr std::int32_t kNoButton = 0;
-        static constexpr std::int32_t kPan = 1;
-        static constexpr std::int32_t kRotate = 2;
-        static constexpr std::int32_t kZoom = 3;
-
         Drag() { rotation.setIdentity(); }
 
-        std::int32_t button = kNoButton;
+        std::int32_t button = qel::DragNone;
         /// @{
         /// The camera at the press.
         qel::XPnt3d eye;
@@ -188,17 +185,17 @@ class CQelTrackBall : public IQelTrackBall {
         Place lastMouse;
         Place pressMouse;
         /// @{
-        /// Points of the sphere at the press and at the last move; for the overlay turned by the rotation.
+        /// Points of the sphere at the press and at the last move; for the overlay, rotated.
         qel::XPnt3d sphereStart;
         qel::XPnt3d sphereCurrent;
         qel::XPnt3d sphereStartView;
         qel::XPnt3d sphereCurrentView;
         /// @}
-        /// Eye space to model space at the press, without the translation.
+        /// Eye space to model space at the press, without translation.
         qel::matrix<double> pressInverse{4, 4};
         qel::matrix<float> rotation{4, 4};
         /// @{
-        /// What a move computes with, kept so that a drag takes no memory.
+        /// Scratch matrices, kept so that a drag does not allocate.
         qel::matrix<float> turnOfMove{3, 3};
         qel::matrix<float> inverse{4, 4};
         /// @}
@@ -209,7 +206,7 @@ class CQelTrackBall : public IQelTrackBall {
         std::int32_t width = 0;
         std::int32_t height = 0;
         float mean = 0.9F;
-        /// The values are newer than the mean.
+        /// True while the values are newer than the mean.
         bool isMeanStale = true;
     };
 
@@ -220,35 +217,35 @@ class CQelTrackBall : public IQelTrackBall {
         }
     }
     /// @{
-    /// From the pixels of the view to OpenGL's window coordinates and back. They are the same while the
-    /// viewport is the whole view; a capture, or `setViewport`, shows it at another size and place.
+    /// From pixels of the view to OpenGL's window coordinates and back. They differ while a capture or
+    /// `setViewport` shows the view at another size and place.
     Place windowScale();
     Place inWindow(double x, double y);
     Place inView(double x, double y);
     qel::Enve2d viewInWindow();
     qel::XPnt3d unProjectOfView(double x, double y, double depth);
     /// @}
-    /// Window depth of a pixel of the back buffer; background outside of it.
+    /// Window depth of a pixel of the back buffer; background outside it.
     [[nodiscard]] float depthAt(double x, double y);
     void holdDisplay(IQelDisplay* newDisplay);
     /// Half the vertical field of view as a tangent.
     [[nodiscard]] double tanHalfFieldOfView() const;
     /// Model-space width of the view at the rotation centre.
     double viewSpanAtCenter();
-    /// The same at a window depth, which orthographic views do not look at.
+    /// The same at a window depth, which orthographic views ignore.
     double viewSpanAtDepth(double depth);
     double meanOfDepthCopy(std::size_t& count) const;
-    /// Off both ends of the depth range, where points cannot be unprojected well.
+    /// Clamps a depth away from both ends of the range, where points cannot be unprojected well.
     [[nodiscard]] static double clampMeanDepth(double depth);
     void panTo(double x, double y);
     void rotateTo(double x, double y);
     [[nodiscard]] qel::XPnt3d eyeOfQuickFit(const qel::Enve3d& box, const qel::XPnt3d& middle) const;
     qel::XPnt3d eyeOfPreciseFit(const qel::Enve3d& box, const qel::XPnt3d& middle);
-    /// Eye and target in one step. A place that is not finite is refused: no later step could leave it.
+    /// Sets eye and target together. Refuses a position that is not finite: no later step could leave it.
     bool placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt3d& newTarget);
     void moveEyeAndTarget(const qel::XPnt3d& delta);
     void scaleEyeDistance(const qel::PixelRect& rect, bool inwards);
-    /// The camera after a change of position: view and trackball sphere. Returns 1.
+    /// Loads view and trackball sphere after a change of position. Returns 1.
     std::int32_t updateViewAndSphere();
     void drawRings(float radius);
     void drawDirections(const qel::XPnt3d& origin, const qel::XPnt3d& x, const qel::XPnt3d& y,
@@ -259,7 +256,7 @@ class CQelTrackBall : public IQelTrackBall {
 
     IQelDisplay* display = nullptr;
     IQelDisplay* owner = nullptr;
-    /// No OpenGL state is touched then: the context that is current belongs to somebody else.
+    /// True once the owner is gone. OpenGL is then left alone: the current context belongs to someone else.
     bool ownerGone = false;
     qel::Enve3d extent{10.0, 100.0, 10.0, 100.0, 10.0, 100.0};
     qel::XPnt3d eye{0.0, 0.0, 100.0};
@@ -267,7 +264,7 @@ class CQelTrackBall : public IQelTrackBall {
     qel::XPnt3d up{0.0, 1.0, 0.0};
     OrthoBox orthoBox;
     double fovY = 27.0;
-    /// Any value serves before the first resize; this one keeps every formula finite.
+    /// Any value works before the first resize; this one keeps every formula finite.
     double aspect = 1.0;
     double zNear = 0.001;
     double zFar = 50000.0;

@@ -7,8 +7,7 @@
 
 namespace qel {
 
-/// True if every number is finite. What is not is a refused argument: one NaN in the camera would never leave
-/// it.
+/// True if every number is finite. Other arguments are refused: a NaN in the camera would never leave it.
 template <class... Numbers>
 [[nodiscard]] bool areFinite(Numbers... numbers) {
     return (std::isfinite(numbers) && ...);
@@ -18,7 +17,7 @@ template <class... Numbers>
     return areFinite(point.x, point.y, point.z);
 }
 
-/// A box whose middle and diagonal do not fit is as useless as one with infinite bounds.
+/// A box whose middle or diagonal overflows is as useless as one with infinite bounds.
 [[nodiscard]] inline bool isFinite(const Enve3d& box) {
     return areFinite(box.xmin, box.xmax, box.ymin, box.ymax, box.zmin, box.zmax, box.getDiagonal()) &&
            isFinite(box.MidPoint());

@@ -8,7 +8,7 @@ namespace qel {
 
 namespace {
 
-// Thrown as `char*`, so that handlers for a character pointer and for any pointer both catch them.
+// Thrown as `char*`, so that handlers for `char*` and `void*` both catch them.
 char noCommonSize[] = "Matrices do not have common size";
 char notSquare[] = "matrix<T> must be square.";
 
@@ -167,7 +167,7 @@ template class matrix<float>;
 template <class T>
 XPnt3d transformPoint(const XPnt3d& point, const matrix<T>& transform) {
     constexpr std::int32_t kComponents = 4;
-    // A transform that does not fit moves nothing.
+    // A transform of the wrong size leaves the point unchanged.
     if (transform.rowCount() != kComponents) {
         return {point.x, point.y, point.z};
     }

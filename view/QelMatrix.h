@@ -10,20 +10,19 @@ namespace qel {
 
 /// A small dense matrix of arbitrary size, row by row, for double and float.
 ///
-/// The element buffer carries its own reference count behind the last element, and every write detaches from
-/// a shared buffer first. Copies are deep; assigning a matrix of the same size copies into the buffer that is
-/// there. Failures of the operators are thrown as character pointers; `invert` reports them with false and a
-/// message on standard output.
+/// The element buffer has its own reference count behind the last element, and every write detaches from a
+/// shared buffer first. Copies are deep; assigning a matrix of the same size reuses the buffer. The operators
+/// throw their errors as character pointers; `invert` returns false and prints a message to standard output.
 template <class T>
 class matrix final {
   public:
     /// 1 x 1, zero.
     matrix();
-    /// All elements zero; a dimension below 1 becomes 1.
+    /// Zeros; a dimension below 1 becomes 1.
     matrix(std::int32_t rowCount, std::int32_t columnCount);
     matrix(const matrix& other);
     matrix& operator=(const matrix& other);
-    // Not virtual on purpose: matrices are values, and their table holds `isValid` alone.
+    // Not virtual on purpose: matrices are values, and `isValid` is the only entry of their table.
     ~matrix();
 
     /// True while the matrix has an element buffer.
@@ -37,7 +36,7 @@ class matrix final {
     [[nodiscard]] T element(std::int32_t row, std::int32_t column) const noexcept {
         return holds(row, column) ? data[indexOf(row, column)] : T{};
     }
-    /// Stores an element; false outside the matrix, which stores nothing.
+    /// Stores an element. Returns false, and stores nothing, outside the matrix.
     bool setElement(std::int32_t row, std::int32_t column, T value) {
         detach();
         const bool held = holds(row, column);
@@ -46,19 +45,21 @@ class matrix final {
         }
         return held;
     }
-    /// Ones on the diagonal, zeros elsewhere. Throws "matrix<T> must be square." for any other shape.
+    /// The identity. Throws "matrix<T> must be square." if the matrix is not square.
     void setIdentity();
 
-    /// Throws "Matrices do not have common size" when the columns of this are not the rows of `other`.
+    /// The product. Throws "Matrices do not have common size" if the columns of this differ from the rows of
+    /// `other`.
     [[nodiscard]] matrix operator*(const matrix& other) const;
-    /// In-place product; false when the sizes do not fit, which changes nothing.
+    /// In-place product. Returns false, and changes nothing, if the sizes do not match.
     bool operator*=(const matrix& other);
 
-    /// The inverse. Throws "matrix<T> must be square." for any other shape. A singular matrix does not fail:
-    /// the message of `invert` is printed and what the elimination left is returned.
+    /// The inverse. Throws "matrix<T> must be square." if the matrix is not square. For a singular matrix it
+    /// prints the message of `invert` and returns what the elimination left.
     [[nodiscard]] matrix inverse() const;
-    /// In-place inversion by Gauss-Jordan elimination with full pivoting. False when not square; false with
-    /// "invert is not availble!" on standard output when singular, the matrix then being partly eliminated.
+    /// In-place inversion by Gauss-Jordan elimination with full pivoting. Returns false if not square; if
+    /// singular, returns false, prints "invert is not availble!" to standard output and leaves the matrix
+    /// partly eliminated.
     bool invert();
     void transpose();
 
@@ -100,9 +101,9 @@ class matrix final {
 extern template class matrix<double>;
 extern template class matrix<float>;
 
-/// The point carried by a 4 x 4 matrix as the row vector (x, y, z, 1) x M, without a division by the fourth
-/// component: for affine matrices, whose translation stands in the fourth row. In double precision for either
-/// kind of elements. A matrix without four rows moves nothing.
+/// The point transformed by a 4 x 4 matrix as the row vector (x, y, z, 1) x M, without a division by the
+/// fourth component: for affine matrices, with the translation in the fourth row. Computed in double
+/// precision for both element types. A matrix without four rows leaves the point unchanged.
 template <class T>
 [[nodiscard]] XPnt3d transformPoint(const XPnt3d& point, const matrix<T>& transform);
 

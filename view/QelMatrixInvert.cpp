@@ -24,7 +24,7 @@ class Elimination {
 
     [[nodiscard]] bool hasMemory() const { return pivotRow != nullptr && pivotColumn != nullptr; }
 
-    /// False when the buffer is singular; it then keeps what the steps before have made of it.
+    /// Returns false if the buffer is singular, which leaves it partly eliminated.
     [[nodiscard]] bool run() {
         for (std::size_t step = 0; step < size; ++step) {
             if (!choosePivot(step)) {
@@ -35,8 +35,7 @@ class Elimination {
             eliminate(step);
         }
         for (std::size_t step = size; step-- > 0;) {
-            // A swap of columns during the elimination is a swap of rows of the inverse, and the other way
-            // round.
+            // A column swap during elimination is a row swap of the inverse, and vice versa.
             swapRows(pivotColumn[step], step);
             swapColumns(pivotRow[step], step);
         }
@@ -44,7 +43,7 @@ class Elimination {
     }
 
   private:
-    /// Up to this order, that of every matrix of a camera, the pivots need no memory from the heap.
+    /// Up to this order, that of every camera matrix, the pivots need no heap memory.
     static constexpr std::size_t kSmall = 4;
 
     T& at(std::size_t row, std::size_t column) { return elements[row * size + column]; }

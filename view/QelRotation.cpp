@@ -17,7 +17,7 @@ void forEachOfBlock(Function function) {
     }
 }
 
-/// One minus a sum of two products, rounded once at the end.
+/// One minus a sum of two products, rounded once.
 float oneMinus(float a, float b) {
     return static_cast<float>(1.0 - static_cast<double>(a + b));
 }

@@ -10,7 +10,7 @@ namespace {
 constexpr float kTripodInset = 40.0F;
 constexpr double kTripodShareInOrtho = 0.05;
 constexpr double kTripodShareInPerspective = 0.04;
-/// The `size` of a local frame counts in 1/400 of half the view's height.
+/// The unit of a local frame's `size`: 1/400 of half the view's height.
 constexpr double kFrameUnit = 0.0025;
 /// Beyond full intensity; OpenGL clamps it.
 constexpr float kBeyondFull = 255.0F;
@@ -73,7 +73,7 @@ std::int32_t CQelTrackBall::drawAxes() {
     const double length = reach * (ortho ? kTripodShareInOrtho : kTripodShareInPerspective);
     glLineWidth(2.0F);
     glTranslated(anchor.x, anchor.y, anchor.z);
-    // Only here: in perspective the cached matrix stays that of the view, which updateView loads again below.
+    // Only here: in perspective the cached matrix stays that of the view, which updateView reloads below.
     if (ortho) {
         held.modelviewDirty = true;
     }

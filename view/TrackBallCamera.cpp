@@ -7,7 +7,7 @@
 #include "QelQuad.h"
 
 std::int32_t CQelTrackBall::onResize(std::uint32_t width, std::uint32_t height) {
-    // In single precision the next one is 2^31, which OpenGL would be given as a negative size.
+    // The next float is 2^31, which OpenGL would receive as a negative size.
     constexpr std::uint32_t kLargest = 2147483520;
     if (width == 0 || height == 0 || width > kLargest || height > kLargest) {
         return 1;
@@ -58,14 +58,14 @@ std::int32_t CQelTrackBall::applyModelview() {
     return 0;
 }
 
-// The mono view comes back with applyModelview; until then the cached model-view stays the mono one, so
-// picking works the same whichever eye was drawn last.
+// applyModelview restores the mono view. The cached model-view stays the mono one meanwhile, so picking does
+// not depend on the eye drawn last.
 std::int32_t CQelTrackBall::applyStereoModelview(double offset) {
     if (ownerGone || !qel::areFinite(offset)) {
         return 0;
     }
     const qel::XPnt3d direction = eye - target;
-    // An eye at its target has no direction to turn; atan(0 / 0) would be NaN.
+    // An eye at its target has no direction to rotate; atan(0 / 0) would be NaN.
     const double distance = direction.norm();
     const double angle = distance > 0.0 ? std::atan(offset / distance) : 0.0;
     qel::QelQuad turn(1.0, 0.0, 0.0, 0.0);
@@ -78,7 +78,7 @@ std::int32_t CQelTrackBall::applyStereoModelview(double offset) {
 }
 
 std::int32_t CQelTrackBall::setOrtho() {
-    // The box that keeps the apparent size needs the depth of a drawn frame: refreshDepth rebuilds it.
+    // The box that keeps the apparent size needs the depth of a drawn frame: refreshDepth builds it.
     orthoPending = !ortho;
     ortho = true;
     updateView();
@@ -110,13 +110,13 @@ double CQelTrackBall::tanHalfFieldOfView() const {
 std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
     double distance = qel::dist(eye, extent.MidPoint());
     if (!fromExtent) {
-        // The first call uses up a new depth copy, and the second returns the value as it is kept, in single
+        // The first call computes the mean of a new depth copy; the second returns it as stored, in single
         // precision.
         static_cast<void>(getMeanDepth());
         const double depth = getMeanDepth();
         const qel::XPnt3d middle = unProjectOfView(static_cast<double>(viewWidth * 0.5F),
                                                    static_cast<double>(viewHeight * 0.5F), depth);
-        // Matrices with numbers that OpenGL cannot hold tell no distance. The extent does, and the box built
+        // Matrices with numbers that OpenGL cannot hold give no distance. The extent does, and the box built
         // from it replaces them.
         if (qel::isFinite(middle)) {
             distance = qel::dist(eye, middle);
@@ -124,7 +124,7 @@ std::int32_t CQelTrackBall::updateOrthoBox(bool fromExtent) {
     }
     const double halfHeight = std::tan(fovY * std::numbers::pi / 180.0 * 0.5) * distance;
     const double halfWidth = halfHeight * aspect;
-    // An angle whose tangent is no number, or a scene out of reach, leaves the box as it is.
+    // An angle without a finite tangent, or a scene out of range, leaves the box unchanged.
     if (qel::areFinite(halfWidth, halfHeight)) {
         orthoBox = {-halfWidth, halfWidth, -halfHeight, halfHeight, zNear, zFar};
     }
@@ -140,7 +140,7 @@ double CQelTrackBall::viewSpanAtDepth(double depth) {
         return orthoBox.right - orthoBox.left;
     }
     const qel::XPnt3d corner = unProjectOfView(0.0, 0.0, depth);
-    // The view's width, laid off along the window's y axis: pixels are square, so both axes measure alike.
+    // The view's width, along the window's y axis: pixels are square, so both axes measure the same.
     const qel::XPnt3d across = unProjectOfView(0.0, static_cast<double>(viewWidth), depth);
     return qel::dist(corner, across);
 }
@@ -149,6 +149,6 @@ float CQelTrackBall::getPixelsPerUnit() {
     const double span = viewSpanAtCenter();
     const float inPixels = isOrtho() ? static_cast<float>(static_cast<double>(viewWidth) / span)
                                      : viewWidth / static_cast<float>(span);
-    // A view without a size spans nothing: no pixel covers a unit.
+    // The pixels of a view without a size cover nothing.
     return qel::areFinite(inPixels) ? inPixels : 0.0F;
 }

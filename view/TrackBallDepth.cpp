@@ -9,7 +9,7 @@
 
 namespace {
 
-/// A tenth of the pixels tells the mean depth well enough for zooming.
+/// A tenth of the pixels is enough for the mean depth that zooming needs.
 constexpr std::size_t kSampleStep = 10;
 constexpr double kNearestMean = 0.00001;
 constexpr double kFarthestMean = 0.99999;
@@ -32,14 +32,14 @@ void CQelTrackBall::readDepthBuffer() {
     const std::int32_t height = qel::truncateToInt(static_cast<double>(viewHeight));
     if (width != depthCopy.width || height != depthCopy.height) {
         if (qel::pixelArea(depthCopy.width, depthCopy.height) < qel::pixelArea(width, height)) {
-            // The old copy goes first, and its size with it: if there is no memory, the camera has no copy.
+            // The old copy and its size are released first: if there is no memory, the camera has no copy.
             depthCopy.values.reset();
             depthCopy.width = depthCopy.height = 0;
             depthCopy.values = std::make_unique<float[]>(qel::pixelArea(width, height));
         }
         depthCopy.width = width;
         depthCopy.height = height;
-        // What lies outside OpenGL's buffer is never read and stays background.
+        // Pixels outside OpenGL's buffer are never read and stay background.
         std::fill_n(depthCopy.values.get(), qel::pixelArea(width, height), qel::kBackgroundDepth);
     }
     if (!ownerGone) {
@@ -65,7 +65,7 @@ double CQelTrackBall::meanOfDepthCopy(std::size_t& count) const {
 }
 
 double CQelTrackBall::clampMeanDepth(double depth) {
-    // Not std::clamp: what is no number becomes the nearest depth too.
+    // Not std::clamp: NaN becomes the nearest depth too.
     if (depth > kNearestMean) {
         return depth > kFarthestMean ? kFarthestMean : depth;
     }

@@ -6,10 +6,10 @@
 
 namespace {
 
-/// Pixels of a zoom drag that go all the way to the scene.
+/// Length in pixels of a zoom drag that reaches the scene.
 constexpr double kZoomDragPixels = 800.0;
 constexpr double kLargestMotion = 1000.0;
-/// Full dolly steps from one end of the model to the other.
+/// Number of full dolly steps from one end of the model to the other.
 constexpr double kDollySteps = 150.0;
 constexpr int kMotionAxes = 6;
 
@@ -26,12 +26,12 @@ std::int32_t CQelTrackBall::onButtonDown(std::int32_t button, double x, double y
     drag.lastMouse = {x, y};
     drag.pressMouse = {x, y};
     drag.button = button;
-    if (button == Drag::kNoButton) {
+    if (button == qel::DragNone) {
         return 1;
     }
     double vector[3] = {};
     mapToSphere(x, y, vector);
-    // The press may come while another view's context is current.
+    // Another view's context may be current at the press.
     makeDisplayCurrent();
     getModelViewMatrix(drag.pressInverse);
     drag.pressInverse.invert();
@@ -51,19 +51,19 @@ std::int32_t CQelTrackBall::onMouseMove(std::int32_t x, std::int32_t y) {
 }
 
 std::int32_t CQelTrackBall::onMouseMove(double x, double y) {
-    if (drag.button == Drag::kNoButton || !qel::areFinite(x, y)) {
+    if (drag.button == qel::DragNone || !qel::areFinite(x, y)) {
         return 1;
     }
     switch (drag.button) {
-        case Drag::kPan:
+        case qel::DragPan:
             panTo(x, y);
             break;
-        case Drag::kRotate:
+        case qel::DragRotate:
             rotateTo(x, y);
             break;
-        case Drag::kZoom: {
+        case qel::DragZoom: {
             const double moved = static_cast<double>(static_cast<float>(y - drag.lastMouse.y));
-            // The point first pressed stays the aim for the whole drag.
+            // The first point pressed stays the aim for the whole drag.
             zoomAt(static_cast<float>(moved / kZoomDragPixels), qel::truncateToInt(drag.pressMouse.x),
                    qel::truncateToInt(drag.pressMouse.y));
             break;
@@ -106,16 +106,16 @@ std::int32_t CQelTrackBall::applyMotion(const double* values) {
         }
     }
     const qel::XPnt3d center = projectPnt(rotationCenter);
-    onButtonDown(Drag::kRotate, center.x, center.y);
+    onButtonDown(qel::DragRotate, center.x, center.y);
     onMouseMove(center.x + values[3], center.y + values[4]);
     onButtonUp();
-    // Pressed outside the sphere's outline a drag starts on its rim and rolls the view about the line of
+    // A drag that starts outside the sphere's outline starts on its rim and rolls the view about the line of
     // sight.
     const double edge = static_cast<double>(sphereRadiusPx * 2.0F) * windowScale().x + center.x;
-    onButtonDown(Drag::kRotate, edge, center.y);
+    onButtonDown(qel::DragRotate, edge, center.y);
     onMouseMove(edge, center.y + values[5]);
     onButtonUp();
-    onButtonDown(Drag::kPan, center.x, center.y);
+    onButtonDown(qel::DragPan, center.x, center.y);
     onMouseMove(center.x + values[0], center.y + values[1]);
     onButtonUp();
     qel::XPnt3d inwards = rotationCenter - eye;

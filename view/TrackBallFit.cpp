@@ -17,7 +17,7 @@ struct StandardView {
     qel::XPnt3d up;
 };
 
-/// Up of an isometric view: the eye's direction turned by a quarter about a horizontal axis.
+/// The up vector of an isometric view: the eye's direction rotated by 90 degrees about a horizontal axis.
 qel::XPnt3d isometricUp(const qel::XPnt3d& eye, double side) {
     qel::XPnt3d axis(side, -side, 0.0);
     axis.normalize();
@@ -28,7 +28,7 @@ qel::XPnt3d isometricUp(const qel::XPnt3d& eye, double side) {
     return up.normalize();
 }
 
-/// A view above 7 has no row: its eye lies on its target, and the fit that follows keeps that finite.
+/// A view above 7 has no row: its eye lies on its target, and the fit that follows handles that.
 StandardView standardView(std::uint32_t view) {
     constexpr StandardView kAxisViews[] = {
         {{0.0, 0.0, 100.0}, {0.0, 1.0, 0.0}}, {{0.0, 0.0, -100.0}, {0.0, -1.0, 0.0}},
@@ -38,11 +38,11 @@ StandardView standardView(std::uint32_t view) {
     if (view < std::size(kAxisViews)) {
         return kAxisViews[view];
     }
-    if (view == 6) {
+    if (view == qel::ViewIsometric) {
         const qel::XPnt3d eye(100.0, 100.0, 100.0);
         return {eye, isometricUp(eye, 1.0)};
     }
-    if (view == 7) {
+    if (view == qel::ViewIsometricBelow) {
         const qel::XPnt3d eye(-100.0, -100.0, -100.0);
         return {eye, isometricUp(eye, -1.0)};
     }
@@ -91,7 +91,7 @@ std::int32_t CQelTrackBall::zoomToExtent(qel::Enve3d box, bool precise) {
 qel::XPnt3d CQelTrackBall::eyeOfQuickFit(const qel::Enve3d& box, const qel::XPnt3d& middle) const {
     const qel::XPnt3d from = eye.isValid() ? eye : qel::XPnt3d();
     const double distance = qel::dist(target, from);
-    // An eye on its target has no direction to keep: it goes to the midpoint with it.
+    // An eye on its target has no direction to keep: both move to the midpoint.
     const double factor = distance > 0.0 ? box.getDiagonal() * 0.5 / tanHalfFieldOfView() / distance : 0.0;
     return middle + (from - target) * factor;
 }
@@ -113,7 +113,7 @@ qel::XPnt3d CQelTrackBall::eyeOfPreciseFit(const qel::Enve3d& box, const qel::XP
     const double height = qel::dist(corner, unProject(image.xmin, image.ymax, depth));
     const double half = (width > height ? width : height) * 0.5;
     const double distance = half / tanHalfFieldOfView();
-    // From where the eye is now: unlike the quick fit this one turns the camera towards the midpoint.
+    // From the current eye: unlike the quick fit, this one aims the camera at the midpoint.
     qel::XPnt3d direction = eye - middle;
     direction.normalize();
     return middle + direction * distance;

@@ -63,7 +63,7 @@ struct Ring {
 }  // namespace
 
 std::int32_t CQelTrackBall::drawTrackBall() {
-    if (drag.button != Drag::kRotate || ownerGone) {
+    if (drag.button != qel::DragRotate || ownerGone) {
         return 1;
     }
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);

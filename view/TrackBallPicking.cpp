@@ -13,22 +13,22 @@
 
 namespace {
 
-/// Half the side of the square in which a pick beside an object looks for it, in pixels.
+/// Half the side, in pixels, of the square in which a pick searches for an object nearby.
 constexpr double kPickReach = 20.0;
-/// The largest square of depth values that can come of it, edges rounded.
+/// The largest square of depth values that results, edges rounded.
 constexpr std::size_t kMostPickPixels = std::size_t{42} * 42;
-/// A float of such bytes is not a number.
+/// A float of such bytes is NaN.
 constexpr int kNotANumberByte = 0xFF;
 constexpr double kOnPlane = 0.000001;
 
-/// Mean depth of what is drawn in the square around a window position, as far as it lies in the rectangle of
-/// the view; false if nothing is.
+/// Mean depth of what is drawn in the square around a window position, clipped to the rectangle of the view.
+/// Returns false if nothing is drawn there.
 bool meanDepthAround(double x, double y, const qel::Enve2d& view, double& mean) {
     const double left = std::max({0.0, view.xmin, x - kPickReach});
     const double bottom = std::max({0.0, view.ymin, y - kPickReach});
     const double right = std::min(x + kPickReach, view.xmax - 1.0);
     const double top = std::min(y + kPickReach, view.ymax - 1.0);
-    // A pick outside the view leaves no square, and its bounds need not fit an integer.
+    // A pick outside the view has an empty square, whose bounds may not fit an integer.
     if (right <= left || top <= bottom) {
         return false;
     }
@@ -43,7 +43,7 @@ bool meanDepthAround(double x, double y, const qel::Enve2d& view, double& mean) 
     const std::int32_t height = y1 - y0;
     const std::size_t area = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     float depths[kMostPickPixels];
-    // What OpenGL does not write stays not a number, which is no depth of anything drawn.
+    // Values that OpenGL does not write stay NaN and so count as not drawn.
     std::memset(depths, kNotANumberByte, area * sizeof *depths);
     {
         const qel::PixelPackScope packing;
@@ -138,7 +138,7 @@ bool isLineThroughQuad(const qel::XPnt3d& p0, const qel::XPnt3d& p1, const qel::
     if (!qel::intersect(a, b, c, p0, p1, hit)) {
         return false;
     }
-    // A point off the plane turns each edge into a plane of its own.
+    // A point off the plane makes each edge span a plane with it.
     const qel::XPnt3d off = hit + qel::cross(c, a, b);
     const auto inside = [&](const qel::XPnt3d& from, const qel::XPnt3d& to) {
         return qel::isPntInFront(off, to, from, hit, kOnPlane) != 0;

@@ -5,9 +5,9 @@
 
 namespace {
 
-/// `pan` counts in hundredths of the view.
+/// The unit of `pan`: hundredths of the view.
 constexpr float kPanSteps = 100.0F;
-/// Distance from which `lookAtTriangle` looks, in model units.
+/// Distance of the eye in `lookAtTriangle`, in model units.
 constexpr double kTriangleDistance = 50.0;
 
 }  // namespace
@@ -33,7 +33,7 @@ bool CQelTrackBall::placeEyeAndTarget(const qel::XPnt3d& newEye, const qel::XPnt
 }
 
 void CQelTrackBall::moveEyeAndTarget(const qel::XPnt3d& delta) {
-    // In place, so that a point that is marked invalid stays so.
+    // In place, so that a point marked invalid stays invalid.
     qel::XPnt3d newEye = eye;
     qel::XPnt3d newTarget = target;
     placeEyeAndTarget(newEye += delta, newTarget += delta);
@@ -66,7 +66,7 @@ std::int32_t CQelTrackBall::pan(double dx, double dy) {
     return updateViewAndSphere();
 }
 
-// The sum of the corners, not their mean, and the view is not loaded: hosts rely on it.
+// The sum of the corners, not their mean, and the view is not loaded: existing hosts rely on both.
 std::int32_t CQelTrackBall::lookAtTriangle(const qel::PNT3D& p1, const qel::PNT3D& p2, const qel::PNT3D& p3) {
     const qel::XPnt3d first(p1.x, p1.y, p1.z);
     const qel::XPnt3d second(p2.x, p2.y, p2.z);

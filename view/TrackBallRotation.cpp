@@ -7,14 +7,13 @@
 
 namespace {
 
-/// Vectors of the sphere closer together than this turn nothing.
+/// Vectors of the sphere closer together than this cause no rotation.
 constexpr double kNoTurn = 1e-5;
-/// Positions further out than this, in radii of the sphere, are seen from here: their squares still fit a
-/// float.
+/// Positions beyond this, in radii of the sphere, are moved to it: their squares still fit a float.
 constexpr double kFarthestOut = 1e18;
 
-/// A distance in pixels as a part of the sphere's radius. A sphere without a size has a rim only: any scale
-/// gives its direction.
+/// A distance in pixels relative to the sphere's radius. A sphere of radius 0 has only a rim: any scale gives
+/// its direction.
 double inRadii(double distance, double radius) {
     const double share = distance / (radius > 0.0 ? radius : 1e-3);
     return std::isnan(share) ? 0.0 : std::clamp(share, -kFarthestOut, kFarthestOut);
@@ -23,14 +22,14 @@ double inRadii(double distance, double radius) {
 }  // namespace
 
 std::int32_t CQelTrackBall::updateSphereRadius() {
-    // Orthographic views need no depth, but the projection has the new matrices read back now: later OpenGL
-    // may hold the host's pixel coordinates.
+    // Orthographic views need no depth, but projecting makes the camera read the new matrices back now; later
+    // OpenGL may hold the host's pixel coordinates.
     const double depth = projectPnt(rotationCenter).z;
     const float halfDiagonal = static_cast<float>(extent.getDiagonal() * 0.5);
     const float span = static_cast<float>(viewSpanAtDepth(depth));
     const float radius = span * 0.5F > halfDiagonal ? halfDiagonal : span * 0.5F;
     const float radiusPx = radius * viewWidth / span;
-    // A view without a size has no sphere yet; the next resize computes it.
+    // A view without a size has no sphere; the next resize computes one.
     if (qel::areFinite(span, radiusPx)) {
         sphereRadius = radius;
         sphereRadiusPx = radiusPx;
@@ -73,8 +72,8 @@ void CQelTrackBall::mapToSphere(double x, double y, double* vector) {
 }
 
 void CQelTrackBall::rotateTo(double x, double y) {
-    // Back at the press is no rotation at all, although the image of the centre, which OpenGL gives in single
-    // precision, has moved a little with the camera.
+    // Back at the press means no rotation, although the projected centre, which OpenGL computes in single
+    // precision, has moved slightly with the camera.
     if (x == drag.pressMouse.x && y == drag.pressMouse.y) {
         drag.sphereCurrent = drag.sphereStart;
     } else {
@@ -86,23 +85,23 @@ void CQelTrackBall::rotateTo(double x, double y) {
     qel::QuatF quat;
     if (qel::dist(axis, qel::XPnt3d()) > kNoTurn) {
         // Not normalised: for two unit vectors this is the unit quaternion of twice the angle between them,
-        // so a drag across the whole sphere turns the model all the way round.
+        // so a drag across the whole sphere rotates the model by a full turn.
         quat = {static_cast<float>(axis.x), static_cast<float>(axis.y), static_cast<float>(axis.z),
                 static_cast<float>(qel::dot(drag.sphereCurrent, drag.sphereStart))};
     }
-    // A camera whose matrix could not be inverted turns nothing, rather than into NaN.
+    // A camera whose matrix cannot be inverted does not rotate; the result would be NaN.
     if (!qel::areFinite(quat.x, quat.y, quat.z, quat.w)) {
         quat = {};
     }
     qel::setRotationFromQuat(drag.turnOfMove, quat);
-    // Without a scale: a drag only turns.
+    // Without the scale: a drag only rotates.
     qel::copyRotation(drag.rotation, drag.turnOfMove);
     applyDragRotation();
     updateView();
 }
 
 std::int32_t CQelTrackBall::applyDragRotation() {
-    // Always from the camera as it was at the press: no error adds up over a drag.
+    // Always from the camera at the press, so that errors do not accumulate over a drag.
     const qel::XPnt3d center = rotationCenter;
     drag.rotation.transpose();
     qel::XPnt3d newUp = qel::transformPoint(drag.up, drag.rotation);

@@ -31,7 +31,7 @@ std::int32_t CQelTrackBall::setDisplay(IQelDisplay* newDisplay) {
     if (newDisplay != display) {
         holdDisplay(newDisplay);
         if (ownerGone) {
-            // What is held is the gone context's.
+            // The cached values belong to the destroyed context.
             held.setDirty();
             ownerGone = false;
         }
@@ -56,7 +56,7 @@ IQelDisplay* CQelTrackBall::getDisplay() {
 }
 
 std::int32_t CQelTrackBall::onButtonUp() {
-    drag.button = Drag::kNoButton;
+    drag.button = qel::DragNone;
     return 1;
 }
 

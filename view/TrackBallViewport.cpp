@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Window pixels that a pixel of the view takes; as many while one of them has no size.
+/// Window pixels per pixel of the view; 1 while either has no size.
 double scaleOf(std::int32_t viewportSide, float viewSide) {
     return viewportSide > 0 && viewSide > 0.0F ? viewportSide / static_cast<double>(viewSide) : 1.0;
 }

@@ -6,8 +6,7 @@
 
 namespace {
 
-/// From this mean depth on, the unprojected point lies far behind what is visible, and large steps are
-/// slowed.
+/// From this mean depth on, the unprojected point lies far behind what is visible, so large steps are slowed.
 constexpr double kFarDepth = 0.97;
 constexpr float kLargeStep = 0.1F;
 constexpr double kSlowedStep = 0.067;
@@ -18,7 +17,7 @@ std::int32_t CQelTrackBall::zoomAt(float factor, std::int32_t x, std::int32_t y)
     if (!qel::areFinite(factor)) {
         return 1;
     }
-    // Clamped again: the mean is kept in single precision, and may lie beyond a bound by its rounding.
+    // Clamped again: the mean is stored in single precision and may exceed a bound by rounding.
     const double depth = clampMeanDepth(getMeanDepth());
     const qel::XPnt3d point = unProject(static_cast<double>(x), static_cast<double>(y), depth);
     const bool slowed = factor > kLargeStep && !ortho && depth > kFarDepth;
@@ -34,8 +33,8 @@ void CQelTrackBall::scaleEyeDistance(const qel::PixelRect& rect, bool inwards) {
     };
     const double share =
         static_cast<double>(std::max(side(rect.x1, rect.x2, viewWidth), side(rect.y1, rect.y2, viewHeight)));
-    // A view without a size has no share to give. A rectangle without one puts the eye on the target, and the
-    // way back from there, which is infinite, is refused.
+    // A view without a size has no share to compute. A rectangle without one puts the eye on the target; the
+    // infinite factor of the way back is refused.
     if (!ortho && qel::areFinite(share)) {
         placeEyeAndTarget(target + (eye - target) * (inwards ? share : 1.0 / share), target);
     }

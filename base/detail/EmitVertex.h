@@ -5,7 +5,7 @@
 
 namespace qel {
 
-/// A vertex between `glBegin` and `glEnd`.
+/// Passes a vertex to OpenGL, between `glBegin` and `glEnd`.
 inline void emitVertex(const XPnt3d& point) {
     glVertex3d(point.x, point.y, point.z);
 }

@@ -4,11 +4,11 @@
 
 namespace qel {
 
-/// Bounds of a range that holds nothing yet: any number read from a file is inside them, so growing works.
+/// Bounds of an empty range. Every real coordinate lies between them, so growing needs no special case.
 inline constexpr double kUnsetLower = 2147483647.0;
 inline constexpr double kUnsetUpper = -2147483647.0;
 
-/// True for a range that carries one of the two markers: it has no extent to order, move or measure.
+/// True if either bound is its marker: such a range has no extent to order, move or measure.
 [[nodiscard]] constexpr bool isUnsetRange(double lower, double upper) noexcept {
     return lower == kUnsetLower || upper == kUnsetUpper;
 }

@@ -4,7 +4,7 @@
 
 namespace qel {
 
-/// The box with a z range in any case: flat data lies at z = 0.
+/// The box with a z range: a missing one becomes z = 0.
 [[nodiscard]] inline Enve3d withZRange(Enve3d box) noexcept {
     if (!box.hasZ()) {
         box.zmin = box.zmax = 0.0;

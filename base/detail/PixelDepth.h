@@ -7,10 +7,10 @@
 
 namespace qel {
 
-/// From this window depth on a pixel is background: nothing was drawn there.
+/// A pixel of this window depth or more is background: nothing was drawn there.
 inline constexpr float kBackgroundDepth = 1.0F;
 
-/// Window depth of one pixel of the buffer that is read from; background beyond any buffer.
+/// Window depth of one pixel of the read buffer; background outside any buffer.
 [[nodiscard]] inline float readPixelDepth(std::int32_t column, std::int32_t row) {
     float depth = kBackgroundDepth;
     if (isReadablePixel(column, row)) {

@@ -4,26 +4,25 @@
 
 namespace qel {
 
-/// Reads of floats land one behind the other in our buffers, whatever layout the host has set for its own
-/// reads; with that layout they would end past the buffers. What the host has set is back when the scope
-/// ends.
+/// Sets OpenGL's default pack layout for reads of floats and restores the host's layout at the end of the
+/// scope. With the host's layout a read could run past our buffers.
 ///
-/// The settings are asked and put back one by one: the stack of client attributes is the host's and may be
-/// full. A host that has set nothing sees questions alone.
+/// The settings are queried and restored one by one, because the stack of client attributes belongs to the
+/// host and may be full. A host with default settings costs only the queries.
 class PixelPackScope {
   public:
     PixelPackScope() {
         for (Setting& setting : settings) {
-            glGetIntegerv(setting.name, &setting.ofHost);
-            if (setting.ofHost != setting.initial) {
+            glGetIntegerv(setting.name, &setting.hostValue);
+            if (setting.hostValue != setting.initial) {
                 glPixelStorei(setting.name, setting.initial);
             }
         }
     }
     ~PixelPackScope() {
         for (const Setting& setting : settings) {
-            if (setting.ofHost != setting.initial) {
-                glPixelStorei(setting.name, setting.ofHost);
+            if (setting.hostValue != setting.initial) {
+                glPixelStorei(setting.name, setting.hostValue);
             }
         }
     }
@@ -34,9 +33,9 @@ class PixelPackScope {
   private:
     struct Setting {
         GLenum name;
-        /// OpenGL's own value, with which rows of floats have no padding.
+        /// OpenGL's default, with which rows of floats have no padding.
         GLint initial;
-        GLint ofHost = initial;
+        GLint hostValue = initial;
     };
 
     Setting settings[5] = {{GL_PACK_SWAP_BYTES, GL_FALSE},

@@ -4,17 +4,17 @@
 #include <utility>
 #include <vector>
 
-#include "HostGeometry.h"
 #include "Pictures.h"
 #include "QelGl.h"
+#include "QelHostKit.h"
 
-/// Drawing from arrays of a host; their class is that of the viewer (HostGeometry.h).
+/// Drawing from arrays of a host; their class is that of the host kit.
 
 namespace gallery {
 
 namespace {
 
-using qelview::HostArray;
+using qel::HostArray;
 
 constexpr int kSide = 41;
 

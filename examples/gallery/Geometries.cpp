@@ -2,23 +2,23 @@
 #include <numbers>
 #include <vector>
 
-#include "HostGeometry.h"
 #include "Pictures.h"
 #include "QelGl.h"
+#include "QelHostKit.h"
 
-/// Geometries of a host; their classes are those of the viewer (HostGeometry.h).
+/// Geometries of a host; their classes are those of the host kit.
 
 namespace gallery {
 
 namespace {
 
-using qelview::HostBall;
-using qelview::HostCurve;
-using qelview::HostPoint;
-using qelview::HostPolygon;
-using qelview::HostPolyline;
-using qelview::HostRing;
-using qelview::HostSegment;
+using qel::HostBall;
+using qel::HostCurve;
+using qel::HostPoint;
+using qel::HostPolygon;
+using qel::HostPolyline;
+using qel::HostRing;
+using qel::HostSegment;
 
 std::vector<qel::XPnt3d> spiral(double turns) {
     std::vector<qel::XPnt3d> points;

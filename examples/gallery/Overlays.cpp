@@ -23,7 +23,7 @@ void longAxes(Easel& easel) {
 
 void trackBallRings(Easel& easel) {
     drawModel(easel);
-    easel.camera.onButtonDown(2, 130, 120);
+    easel.camera.onButtonDown(qel::DragRotate, 130, 120);
     easel.camera.onMouseMove(190, 135);
     easel.display.beginFrame(0);  // the camera has turned: the model again
     drawModel(easel);

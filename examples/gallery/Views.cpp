@@ -2,16 +2,16 @@
 #include <utility>
 #include <vector>
 
-#include "HostGeometry.h"
 #include "Pictures.h"
 #include "QelGl.h"
+#include "QelHostKit.h"
 #include "XPnt3f.h"
 
 namespace gallery {
 
 namespace {
 
-using qelview::HostArray;
+using qel::HostArray;
 
 /// A house with a roof, a door in the front and a chimney: every side looks different.
 struct House {
@@ -83,49 +83,49 @@ void drawHouse(Easel& easel) {
 
 void viewTop(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(0);
+    easel.camera.setStandardView(qel::ViewTop);
     drawHouse(easel);
 }
 
 void viewBottom(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(1);
+    easel.camera.setStandardView(qel::ViewBottom);
     drawHouse(easel);
 }
 
 void viewBack(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(2);
+    easel.camera.setStandardView(qel::ViewBack);
     drawHouse(easel);
 }
 
 void viewFront(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(3);
+    easel.camera.setStandardView(qel::ViewFront);
     drawHouse(easel);
 }
 
 void viewRight(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(4);
+    easel.camera.setStandardView(qel::ViewRight);
     drawHouse(easel);
 }
 
 void viewLeft(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(5);
+    easel.camera.setStandardView(qel::ViewLeft);
     drawHouse(easel);
 }
 
 void viewIsometric(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(6);
+    easel.camera.setStandardView(qel::ViewIsometric);
     drawHouse(easel);
 }
 
 void viewIsometricBelow(Easel& easel) {
     easel.camera.setExtent(kHouse, false);
-    easel.camera.setStandardView(7);
+    easel.camera.setStandardView(qel::ViewIsometricBelow);
     drawHouse(easel);
 }
 

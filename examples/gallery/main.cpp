@@ -9,6 +9,7 @@
 #include "Pictures.h"
 #include "PngFile.h"
 #include "QelGl.h"
+#include "QelRefPtr.h"
 #include "SystemWindow.h"
 
 namespace {
@@ -46,8 +47,8 @@ qelview::PixelImage readBack() {
 /// Each picture in a window and a context of its own: none sees what another has left behind.
 bool drawPicture(const gallery::Picture& picture, const std::filesystem::path& file) {
     const qelview::OwnedWindow window = qelview::createHiddenWindow({kWidth, kHeight});
-    IQelDisplay* const display = newScreenDisplay();
-    display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window.get())), false);
+    const qel::ref_ptr<IQelDisplay> display = qel::adopt(newScreenDisplay());
+    display->attachWindow(qel::handleNumber(window.get()), false);
     display->setBackColor({0.105F, 0.125F, 0.155F});
     IQelTrackBall& camera = *display->getTrackBall();
     // A little less than the ground, whose corners may leave the picture.
@@ -57,7 +58,7 @@ bool drawPicture(const gallery::Picture& picture, const std::filesystem::path& f
     camera.setNearPlane(10.0);
     camera.setFarPlane(200.0);
     display->setViewSize(kWidth, kHeight);
-    camera.setStandardView(6);
+    camera.setStandardView(qel::ViewIsometric);
     const qel::ref_ptr<IQelSymbol> symbol(newQelSymbol());
     gallery::Easel easel{*display, camera, *symbol};
     display->beginFrame(0);
@@ -67,7 +68,6 @@ bool drawPicture(const gallery::Picture& picture, const std::filesystem::path& f
     picture.draw(easel);
     const bool written = wglGetCurrentContext() != nullptr && qelview::writePng(file, readBack());
     display->endDraw();
-    display->Release();
     return written;
 }
 

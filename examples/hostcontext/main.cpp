@@ -13,25 +13,9 @@
 
 #include "QelDisplay64t.h"
 #include "QelGl.h"
+#include "QelHostKit.h"
 
 namespace {
-
-enum Drag : std::int32_t { kPan = 1, kRotate = 2 };
-
-std::int32_t handleNumber(void* handle) {
-    return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(handle));
-}
-
-template <class Element>
-class Array final : public IQelArray<Element> {
-  public:
-    explicit Array(std::vector<Element> content) : elements(std::move(content)) {}
-    std::int32_t count() override { return static_cast<std::int32_t>(elements.size()); }
-    const Element* data() override { return elements.data(); }
-
-  private:
-    std::vector<Element> elements;
-};
 
 /// A surface around the origin with waves on it.
 class Pebble {
@@ -58,9 +42,9 @@ class Pebble {
                 }
             }
         }
-        vertices = new Array<qel::ArrayVertex>(std::move(corners));
-        normals = new Array<qel::ArrayNormal4f>(std::move(directions));
-        indices = new Array<qel::ArrayIndex>(std::move(triangles));
+        vertices = new qel::HostArray<qel::ArrayVertex>(std::move(corners));
+        normals = new qel::HostArray<qel::ArrayNormal4f>(std::move(directions));
+        indices = new qel::HostArray<qel::ArrayIndex>(std::move(triangles));
     }
 
     void draw(IQelSymbol& symbol) const {
@@ -110,7 +94,9 @@ HGLRC makeContext(HDC deviceContext) {
                                                                    : nullptr;
 }
 
-IQelDisplay* display = nullptr;
+const qel::Enve3d kModelExtent{-9, 9, -9, 9, -9, 9};
+
+qel::ref_ptr<IQelDisplay> display;
 
 void draw() {
     static const qel::ref_ptr<IQelSymbol> symbol = newQelSymbol();
@@ -118,7 +104,8 @@ void draw() {
     display->beginFrame(0);
     drawBackdrop();
     display->beginDraw();
-    display->getTrackBall()->updateView();
+    qel::fitClippingPlanes(*display->getTrackBall(), kModelExtent);
+    display->updateView();
     pebble.draw(*symbol);
     display->getTrackBall()->drawLabel(0, 0, 9, 8, 8, "in the host's own context");
     display->endDraw();
@@ -126,7 +113,7 @@ void draw() {
 }
 
 LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (display == nullptr) {
+    if (!display) {
         return DefWindowProcW(window, message, wParam, lParam);
     }
     IQelTrackBall& camera = *display->getTrackBall();
@@ -136,7 +123,7 @@ LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
         case WM_SIZE:
             return display->setViewSize(LOWORD(lParam), HIWORD(lParam));
         case WM_LBUTTONDOWN:
-            return camera.onButtonDown((wParam & MK_SHIFT) != 0 ? kPan : kRotate, x, y);
+            return camera.onButtonDown((wParam & MK_SHIFT) != 0 ? qel::DragPan : qel::DragRotate, x, y);
         case WM_MOUSEMOVE:
             InvalidateRect(window, nullptr, FALSE);
             return camera.onMouseMove(x, y);
@@ -169,21 +156,20 @@ int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR, int) {
         MessageBoxW(window, L"This window gets no OpenGL context.", L"QelDisplay64t", MB_ICONERROR);
         return 1;
     }
-    display = newScreenDisplay();
-    display->attachDC(handleNumber(deviceContext), handleNumber(context));
+    display = qel::adopt(newScreenDisplay());
+    display->attachDC(qel::handleNumber(deviceContext), qel::handleNumber(context));
     glEnable(GL_DEPTH_TEST);  // the state of a lent context is the host's
-    display->getTrackBall()->setExtent({-9, 9, -9, 9, -9, 9}, false);
+    display->getTrackBall()->setExtent(kModelExtent, false);
     RECT client{};
     GetClientRect(window, &client);
     display->setViewSize(client.right, client.bottom);
-    display->getTrackBall()->setStandardView(6);
+    display->getTrackBall()->setStandardView(qel::ViewIsometric);
     ShowWindow(window, SW_SHOW);
     for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) {
         DispatchMessageW(&message);
     }
-    // The display first: it lets go of its font in this context. The context goes with the host, which made
-    // it.
-    std::exchange(display, nullptr)->Release();
+    // The display first: it deletes its font in this context, which the host made and deletes.
+    display.reset();
     wglMakeCurrent(nullptr, nullptr);
     wglDeleteContext(context);
     ReleaseDC(window, deviceContext);

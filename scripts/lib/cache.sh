@@ -1,6 +1,6 @@
 # Where the cache is, and the names of what lies in it.
 
-# Not a login's HOME (a service, a bare container): the password database knows better than an empty variable.
+# Without a login's HOME (a service, a bare container) the password database is better than an empty variable.
 : "${HOME:=$(getent passwd "$(id -u)" | cut -d: -f6)}"
 export HOME
 

@@ -7,13 +7,12 @@ die() {
     exit 1
 }
 
-# sayUsage SCRIPT: the comment at its head.
+# sayUsage SCRIPT: prints the comment at its head.
 sayUsage() { sed -n '2,/^set /{/^# shellcheck/d;s/^# \{0,1\}//p}' "$1"; }
 
 isTerminal() { [ -t 1 ] && [ -z "${CI:-}" ]; }
 
-# Ends the group of the command that is running when the script itself is interrupted. Background commands of a script ignore
-# Ctrl-C, so nothing else would.
+# Ends the group of the running command if the script itself is interrupted: background commands of a script ignore Ctrl-C.
 qelRunning=
 stopRunning() {
     [ -z "$qelRunning" ] || kill -TERM -- "-$qelRunning" 2>/dev/null || true
@@ -24,9 +23,9 @@ trap 'stopRunning; exit 130' INT
 trap 'stopRunning; exit 143' TERM
 
 # runLogged TITLE LOG [-p PATTERN TOTAL] -- COMMAND...
-# Runs COMMAND with its output in LOG. Shows every so often how far it is: the number of lines of LOG that match PATTERN, of about
-# TOTAL, or else the seconds gone. TOTAL may be "told" for a command that tells it in LOG itself, as ninja does. On failure shows the end
-# of LOG and returns the command's exit code.
+# Runs COMMAND with its output in LOG and shows its progress: the number of lines of LOG that match PATTERN, out of about TOTAL, or else the
+# elapsed seconds. TOTAL may be "counted" for a command that writes it to LOG itself, like ninja. On failure prints the end of LOG and
+# returns the command's exit code.
 runLogged() {
     local title=$1 log=$2 pattern='' total=0
     shift 2
@@ -57,14 +56,14 @@ runLogged() {
     say "$title: done in $((SECONDS - began)) s"
 }
 
-# One line that is rewritten on a terminal; in a log file one line every 15 seconds.
+# Progress: one line that is rewritten on a terminal; one line every 15 seconds in a log file.
 showProgress() {
     local title=$1 log=$2 pattern=$3 total=$4 seconds=$5 every=15 text
     if isTerminal; then every=1; fi
     if [ $((seconds / every)) -eq "$shown" ] || [ "$seconds" -lt "$every" ]; then return 0; fi
     shown=$((seconds / every))
     text="   $title: $seconds s"
-    if [ "$total" = told ]; then
+    if [ "$total" = counted ]; then
         total=$(sed -n 's|^\[[0-9]*/\([0-9]*\)\].*|\1|p' "$log" | tail -n 1)
     fi
     if [ -n "$pattern" ]; then text="$text, $(grep -c -E "$pattern" "$log" || true) of about ${total:-?}"; fi

@@ -1,6 +1,6 @@
-# Recipes that go on where they were interrupted.
+# Recipes that continue where they were interrupted.
 
-# inStages FOLDER STAGE...: runs each stage function that has no stamp in FOLDER yet, in order.
+# inStages FOLDER STAGE...: runs each stage function without a stamp in FOLDER, in order.
 inStages() {
     local folder=$1 stage
     shift
@@ -11,11 +11,11 @@ inStages() {
     done
 }
 
-# moveIntoCache WORK HOME: the finished WORK/product becomes HOME in one step, so HOME is never seen half made.
+# moveIntoCache WORK HOME: makes the finished WORK/product the new HOME in one step, so that HOME is never incomplete.
 moveIntoCache() {
     local work=$1 home=$2
     rm -rf "$home"
     mv -T "$work/product" "$home"
     rm -rf "$work"
-    say "Kept in $home"
+    say "Stored in $home"
 }

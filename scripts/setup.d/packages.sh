@@ -1,4 +1,4 @@
-# Debian packages: the list stands in scripts/packages.
+# Debian packages; scripts/packages lists them.
 
 neededPackages() {
     local last='$'
@@ -6,7 +6,7 @@ neededPackages() {
     sed -n "1,${last}p" "$qelRoot/scripts/packages" | sed -e 's/#.*//' -e '/^[[:space:]]*$/d'
 }
 
-# The needed packages that are not installed, one a line.
+# The needed packages that are not installed, one per line.
 missingPackages() {
     local needed
     needed=$(neededPackages)
@@ -27,7 +27,7 @@ asRoot() {
     fi
 }
 
-# Package work shows its own progress when it may have to ask for a password, and counted progress otherwise.
+# Package tools show their own progress if they may ask for a password, and counted progress otherwise.
 packageWork() {
     local title=$1 log=$2 total=$3
     shift 3
@@ -47,7 +47,7 @@ setupPackages() {
     local missing steps
     missing=$(missingPackages)
     [ -n "$missing" ] || return 0
-    # shellcheck disable=SC2086 # a list of names, told in one line
+    # shellcheck disable=SC2086 # a list of names, in one line
     say "Missing packages:" $missing
     updatePackageLists
     # shellcheck disable=SC2086 # a list of names

@@ -19,7 +19,7 @@ qtConfigure() {
         --toolchain "$qelRoot/cmake/mingw-w64-posix.cmake"
 }
 
-qtCompile() { runLogged "Building Qt 5 Core" "$qelLogs/qt-build.log" -p '^\[[0-9]+/' told -- ninja -C "$work/build"; }
+qtCompile() { runLogged "Building Qt 5 Core" "$qelLogs/qt-build.log" -p '^\[[0-9]+/' counted -- ninja -C "$work/build"; }
 
 # Only what the module and its tests use goes into the cache: headers, import library and DLL.
 qtInstall() {
@@ -30,7 +30,7 @@ qtInstall() {
 setupQt() {
     [ ! -e "$qtHome/bin/Qt5Core.dll" ] || return 0
     local work=$qelCache/building/$QEL_QT_KEY
-    say "Qt 5 Core for Windows is built once"
+    say "Building Qt 5 Core for Windows, once"
     mkdir -p "$work"
     inStages "$work" qtFetch qtUnpack qtConfigure qtCompile qtInstall
     moveIntoCache "$work" "$qtHome"

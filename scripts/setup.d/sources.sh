@@ -1,8 +1,8 @@
-# Signed source packages through apt, in a private configuration: the machine's own sources, lists and caches stay as they are.
+# Signed source packages through apt with a private configuration: the machine's own sources, lists and caches do not change.
 
 debianKeyring=/usr/share/keyrings/debian-archive-keyring.gpg
 
-# The machine's own Debian archives, as deb-src lines. Other publishers' archives are left out: nothing here comes from them.
+# The machine's Debian archives, as deb-src lines. Other archives are left out: nothing here comes from them.
 debianSourceLines() {
     local options='' uri release component
     if [ -r "$debianKeyring" ]; then options="[signed-by=$debianKeyring] "; fi
@@ -13,7 +13,7 @@ debianSourceLines() {
     done
 }
 
-# Writes the private configuration: the machine's settings (a proxy, say) without its hooks, and with folders of our own.
+# Writes the private configuration: the machine's settings (a proxy, for example) without its hooks, and with our own folders.
 writePrivateAptConfig() {
     local folder=$1
     mkdir -p "$folder/lists/partial" "$folder/archives/partial" "$folder/log"
@@ -27,21 +27,21 @@ writePrivateAptConfig() {
     } >"$folder/apt.conf"
     debianSourceLines >"$folder/sources.list"
     if [ ! -s "$folder/sources.list" ]; then
-        # A machine whose package lists were removed cannot tell which of its archives are Debian's.
+        # Without package lists it is unknown which of the machine's archives are Debian's.
         updatePackageLists
         debianSourceLines >"$folder/sources.list"
     fi
-    [ -s "$folder/sources.list" ] || die "No Debian archive is configured on this machine: sources cannot be fetched."
+    [ -s "$folder/sources.list" ] || die "No Debian archive is configured on this machine, so sources cannot be fetched."
 }
 
-# offeredSource FOLDER PACKAGE: the version that the private configuration in FOLDER offers, nothing if it knows none.
+# offeredSource FOLDER PACKAGE: the version that the private configuration in FOLDER offers; empty if none.
 offeredSource() {
     { APT_CONFIG=$1/apt.conf apt-get source --print-uris "$2" 2>/dev/null || true; } |
         awk -v name="$2_" 'index($2, name) == 1 && sub(/\.dsc$/, "", $2) { print substr($2, length(name) + 1) }'
 }
 
-# fetchSource PACKAGE VERSION FOLDER: leaves the files of the source package in FOLDER, their signatures and sums checked by apt.
-# VERSION is the upstream version that the recipe was written for.
+# fetchSource PACKAGE VERSION FOLDER: fetches the source package's files into FOLDER; apt checks signatures and hashes. VERSION is the
+# upstream version that the recipe was written for.
 fetchSource() {
     local package=$1 version=$2 folder=$3 private=$qelCache/apt offered
     mkdir -p "$folder"

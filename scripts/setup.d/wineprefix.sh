@@ -1,7 +1,7 @@
-# The Wine prefix of the build: made once, on a screen of its own, and moved into place when it is finished.
+# The Wine prefix of the build: created once, on its own screen, and moved into place when it is complete.
 
-# A program that crashes ends at once, with the exception as its exit code. Wine's debugger would hold it up, show a window that waits
-# for somebody, and often end it with 0. Naming one that does not exist switches it off.
+# A crashing program ends at once, with the exception as its exit code. Wine's debugger would show a window that waits for the user, and
+# often end with 0. Naming one that does not exist disables it.
 noDebugger='wine reg add "HKLM\\Software\\Microsoft\\Windows NT\\CurrentVersion\\AeDebug" /v Debugger /d none /f'
 
 setupWinePrefix() {
@@ -12,6 +12,6 @@ setupWinePrefix() {
     runLogged "Making the Wine prefix" "$qelLogs/wineprefix.log" -- \
         env QEL_SCREENS_PREFIX="$work/product" "$qelRoot/scripts/with-screen" \
         timeout -k 5 300 sh -c "wineboot -i && $noDebugger && wineserver -w"
-    [ -e "$work/product/system.reg" ] || die "Wine left no prefix; see $qelLogs/wineprefix.log."
+    [ -e "$work/product/system.reg" ] || die "Wine did not create a prefix; see $qelLogs/wineprefix.log."
     moveIntoCache "$work" "$winePrefixHome"
 }

@@ -1,1 +1,1 @@
-"""The checks and tools of the project that no ready-made tool does; scripts/check and its neighbours start them."""
+"""Checks and tools of the project for which there is no ready-made one; scripts/check and other scripts run them."""

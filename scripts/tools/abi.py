@@ -1,4 +1,4 @@
-"""Checks of what a host builds against: the slots of the interfaces, and the finished binaries."""
+"""Checks of the binary interface: the slots of the interfaces, and the finished binaries."""
 
 import re
 
@@ -9,10 +9,10 @@ DUMP_SLOTS = (
     "clang++ -target x86_64-pc-windows-msvc -std=c++20 -ffreestanding -nostdinc++ -isystem tests/abi/freestanding -I base -I include"
     " -S -emit-llvm -o /dev/null -Xclang -fdump-vtable-layouts tests/abi/Probes.cpp"
 )
-# The libraries by the macro that exports from them, and the programs that ship.
+# The libraries with their export macros, and the shipped programs.
 LIBRARIES = {"QelBase64t.dll": "QEL_BASE_API", "QelGeometry64t.dll": "QEL_GEOMETRY_API", "QelDisplay64t.dll": "QEL_DISPLAY_API"}
 PROGRAMS = ("qelview.exe", "qelminimal.exe", "qelhostcontext.exe")
-# Addresses of high entropy, a base address of the loader's choice, data that is not executed.
+# High-entropy addresses, a dynamic base, no executable data.
 PROTECTIONS = ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT")
 
 
@@ -28,7 +28,7 @@ def expected_slots(text):
 
 
 def compiled_slots(dump):
-    """Interface name -> names in slot order, as the compiler lays them out. The entry before slot 0 is the type information."""
+    """Interface name -> names in slot order, from the compiler's dump. The entry before slot 0 is the type information."""
     tables, interface = {}, None
     for line in dump.splitlines():
         if line.startswith("VFTable"):
@@ -57,13 +57,13 @@ def check_slots():
     tree.report("the interface headers compile with the freestanding headers alone", errors)
     wanted = expected_slots((ABI / "slots.txt").read_text())
     count = sum(map(len, wanted.values()))
-    tree.report(f"all {count} slots of {len(wanted)} interfaces are in their place", slot_differences(wanted, compiled_slots(dump)))
+    tree.report(f"all {count} slots of {len(wanted)} interfaces are in their places", slot_differences(wanted, compiled_slots(dump)))
     undescribed = [f"{path.name} has no table" for path in sorted((tree.ROOT / "include").glob("I*.h")) if path.stem not in wanted]
-    tree.report("every interface has its table of slots", undescribed)
+    tree.report("every interface has a table of slots", undescribed)
 
 
 def protection_problems(headers):
-    """What `objdump -p -h` shows that should not be so."""
+    """Problems in the output of `objdump -p -h`."""
     missing = [f"lacks {name}" for name in PROTECTIONS if not re.search(rf"^\s+{name}$", headers, re.MULTILINE)]
     sections = re.findall(r"^ *\d+ (\S+) .*\n\s+(.*)$", headers, re.MULTILINE)
     open_sections = [name for name, flags in sections if "CODE" in flags and "READONLY" not in flags]
@@ -96,9 +96,9 @@ def check_binaries():
     headers = [path.read_text() for path in tree.public_headers()]
     unprotected, exports = [], []
     for name in (*LIBRARIES, *PROGRAMS):
-        told = tree.run("x86_64-w64-mingw32-objdump", "-p", "-h", tree.BINARIES / name)
-        unprotected += told.problems(name) or [f"{name} {problem}" for problem in protection_problems(told.output)]
-        names = exported(told.output)
+        result = tree.run("x86_64-w64-mingw32-objdump", "-p", "-h", tree.BINARIES / name)
+        unprotected += result.problems(name) or [f"{name} {problem}" for problem in protection_problems(result.output)]
+        names = exported(result.output)
         if name in LIBRARIES:
             readable = tree.run("x86_64-w64-mingw32-c++filt", "-n", *names).output.splitlines() if names else []
             problems = list(undeclared(readable, declared(LIBRARIES[name], headers))) if readable else ["exports nothing"]

@@ -1,4 +1,4 @@
-"""Checks that hand the sources to an analyser: clang-tidy for C++, shellcheck and flake8 for the scripts, and the scripts' own tests."""
+"""Checks that run an analyser: clang-tidy for C++, shellcheck and flake8 for the scripts, and the scripts' own tests."""
 
 import json
 import re
@@ -6,17 +6,17 @@ import unittest
 
 from tools import tree
 
-# The tests are as many files as all the rest and take half an hour.
+# The tests are half of all files and take half an hour.
 FOLDERS = tuple(f"{folder}/" for folder in tree.CODE_FOLDERS if folder != "tests")
-# clang writes the "never returns" of the C runtime's functions into their types, which the table of traced functions does not know.
+# clang makes "noreturn" of the C runtime's functions a part of their types, which the table of traced functions does not have.
 EXCEPT = ("tests/kit/CallHooksWindows.cpp",)
-# The compiler of the build knows warnings that clang does not.
+# The build's compiler has warnings that clang does not know.
 COMMON = ("-Wno-unknown-warning-option", "-Wno-ignored-optimization-argument", "-Wno-format-nonliteral")
 DATABASE = tree.ROOT / "build/tidy/compile_commands.json"
 
 
 def mingw_includes():
-    """What the cross compiler includes from, for clang: its C++ and system headers, but clang's own for the compiler's."""
+    """clang options with the cross compiler's C++ and system headers, and clang's own compiler headers."""
     asked = tree.run("x86_64-w64-mingw32-g++-posix", "-E", "-x", "c++", "-v", "-", input="").output
     listed = re.search(r"<\.\.\.> search starts here:\n(.*?)End of search", asked, re.DOTALL).group(1)
     folders = [line.strip() for line in listed.splitlines() if not re.search(r"/lib/gcc/[^/]+/[^/]+/include(-fixed)?$", line)]
@@ -53,16 +53,16 @@ def jobs(wanted):
     return found
 
 
-def failures(told):
-    """Source -> lines that say what is wrong, of the output of run-clang-tidy, which begins each source with its command."""
-    plain = re.sub(r"\x1b\[[\d;]*m", "", told)
+def failures(output):
+    """Source -> problem lines in the output of run-clang-tidy, which starts each source with its command."""
+    plain = re.sub(r"\x1b\[[\d;]*m", "", output)
     parts = re.split(r"^\S*clang-tidy\S* .*?(\S+)$", plain, flags=re.MULTILINE)
     found = {source: re.findall(r"^.*(?:warning|error): .*$", output, re.MULTILINE) for source, output in zip(parts[1::2], parts[2::2])}
     return {source: lines for source, lines in found.items() if lines}
 
 
 def analyse(sources):
-    """The problems of sources (as from `jobs`); those without any are not looked at again until something they include changes."""
+    """The problems of sources (as from `jobs`); sources without problems are skipped until something they include changes."""
     DATABASE.parent.mkdir(parents=True, exist_ok=True)
     entries = [(str(path), ["clang++", *options, "-c", str(path)]) for path, (options, _) in sources.items()]
     DATABASE.write_text(json.dumps([{"directory": str(tree.ROOT), "file": path, "arguments": words} for path, words in entries]))
@@ -77,17 +77,17 @@ def analyse(sources):
 
 
 def check_tidy(wanted=FOLDERS, whole=False):
-    """What changed since it last passed; nothing where the whole has never passed."""
+    """Checks the sources that changed since they last passed; skipped if the whole has never passed."""
     found = jobs(wanted)
     passed = tree.verdict("tidy", "whole")
     changed = {source: job for source, job in found.items() if not tree.verdict("tidy", job[1]).exists()}
     if not found:
-        tree.report("clang-tidy has nothing to say", ["there is no build to read the commands from"])
+        tree.report("clang-tidy finds no problem", ["there is no build to read the commands from"])
     elif not whole and not passed.exists():
-        print("skipped clang-tidy: it has never looked at the whole here, which scripts/check tidy-whole does")
+        print("skipped clang-tidy: run scripts/check tidy-whole once")
     else:
         problems = analyse(changed) if changed else []
-        tree.report(f"clang-tidy has nothing to say about {len(changed)} sources that changed since it last passed", problems)
+        tree.report(f"clang-tidy finds no problem in {len(changed)} sources that changed since they last passed", problems)
         if whole and not problems:
             passed.touch()
 
@@ -101,7 +101,7 @@ def check_tidy_tests():
 
 
 def check_headers():
-    """CMake compiles each header of a folder alone: portable ones natively, the others for Windows."""
+    """Each header compiles alone: portable ones natively, the others for Windows."""
     problems = []
     for preset in ("native", "windows"):
         result = tree.run("cmake", "--build", tree.ROOT / "build" / preset, "--target", "all_verify_interface_header_sets", seconds=1800)
@@ -120,7 +120,7 @@ def scripts():
 
 
 class Told(unittest.TestResult):
-    """Reports each test as a thing that was looked at."""
+    """Reports each test like a check."""
 
     def addSuccess(self, test):
         tree.report(self.sentence(test), [])
@@ -141,6 +141,6 @@ class Told(unittest.TestResult):
 
 def check_scripts():
     shell, python = scripts()
-    tree.report("shellcheck has nothing to say", tree.run("shellcheck", "-f", "gcc", *shell).output.splitlines())
-    tree.report("flake8 has nothing to say", tree.run("flake8", *python).output.splitlines())
+    tree.report("shellcheck finds no problem", tree.run("shellcheck", "-f", "gcc", *shell).output.splitlines())
+    tree.report("flake8 finds no problem", tree.run("flake8", *python).output.splitlines())
     unittest.TestLoader().discover(str(tree.ROOT / "tests/scripts")).run(Told())

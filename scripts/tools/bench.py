@@ -1,13 +1,13 @@
-"""bench [--compare OLD.json | --page | --verify | --load] [OPTION...] [FILTER...]: measures what each call of the module takes, alone and
-compared with the same calls of OpenGL, GLU, WGL and GDI by hand, for the operations whose names contain a FILTER or for all. Prints a
-table; writes out/bench/bench.json and charts next to it. Exit code 1 if something is slower than it may be.
-  --quick             a few seconds for each operation at most
+"""bench [--compare OLD.json | --page | --verify | --load] [OPTION...] [FILTER...]: measures the cost of each call of the module, alone and
+compared with raw calls of OpenGL, GLU, WGL and GDI, for the operations whose names contain a FILTER or for all. Prints a table and writes
+out/bench/bench.json with charts. Exit code 1 if something exceeds its bound.
+  --quick             at most a few seconds for each operation
   --own, --pairs      only the module's own cost, or only the comparison
-  --seconds N         at most so many seconds for each comparison
-  --compare OLD.json  also prints what became slower since those results; the last ones are kept in out/bench/before.json
+  --seconds N         at most N seconds for each comparison
+  --compare OLD.json  also prints what changed since those results; the previous ones are kept in out/bench/before.json
   --page              writes docs/performance.md and its charts from out/bench/bench.json instead of measuring
   --verify, --list, --trace   compares the calls of both forms, or prints the names or the module's calls
-  --load [--page]     measures how long the viewer takes to show large files instead, next to f3d where that is installed"""
+  --load [--page]     measures instead how long the viewer takes to show large files, with f3d for comparison if it is installed"""
 
 import datetime
 import json
@@ -23,16 +23,20 @@ from tools import load, tree
 FOLDER = tree.ROOT / "out/bench"
 PAGE = tree.ROOT / "docs/performance.md"
 BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
-# Own costs come without an interval: they are held to differ from this share on.
+# Own costs have no interval: they count as different from this fraction on.
 OWN_COST_SHARE = 0.1
-# Longer ones would leave nothing of the others in a chart; they are in the table.
+# Longer bars would hide the others in a chart; they are in the table.
 LONGEST_BAR_NS = 1000
-# Rows that say something to the module's own developers alone, by the key they have a row for; bench.json has them all.
-OFF_THE_PAGE = {"ratio": r"growth: the same", "own_ns": r"matrix |transformPoint|frame: |GDI redraw"}
+# Rows that tell a user nothing new (internals, and variants with the same calls), by the key of their table; bench.json has them all.
+OFF_THE_PAGE = {
+    "ratio": r"growth:|.*mean depth",
+    "own_ns": r"matrix |transformPoint|frame: |GDI redraw|beginDraw and|restoreCache|\w+F\b|.*(mean depth|neighbourhood|curves|polygons)"
+    r"|drawEnvelopeOutline|drawStippledLoop|drawDiagonalCross|drawSquare|worldToScreen",
+}
 
 
 def changes(old, new):
-    """Sentences about operations that changed by more than both measurements scatter, the slower ones first."""
+    """Sentences about operations that changed by more than the scatter of both measurements, slower ones first."""
     before = {operation["name"]: operation for operation in old["operations"]}
     pairs = [(before[operation["name"]], operation) for operation in new["operations"] if operation["name"] in before]
     found = []
@@ -51,22 +55,22 @@ def changes(old, new):
 
 
 def machine():
-    """What a measurement was made with."""
+    """The machine and the tools of a measurement."""
     def first(pattern, text, otherwise):
         found = re.search(pattern, text, re.MULTILINE)
         return found.group(1) if found else otherwise
 
-    def told(*command):
-        return first(r"^(.+)$", tree.run(*command).output, "unknown").strip()
+    def line_of(*command, pattern=r"^(.+)$"):
+        return first(pattern, tree.run(*command).output, "unknown").strip()
 
     return {
         "processor": first(r"^model name\s*:\s*(.*)$", pathlib.Path("/proc/cpuinfo").read_text(), platform.machine()),
         "cores": os.cpu_count(),
         "load": round(os.getloadavg()[1], 1),
         "system": first(r'^PRETTY_NAME="?(.*?)"?$', pathlib.Path("/etc/os-release").read_text(), platform.system()),
-        "wine": told("wine", "--version"),
-        "compiler": told("x86_64-w64-mingw32-g++-posix", "--version"),
-        "revision": told("git", "describe", "--always", "--dirty"),
+        "wine": line_of("wine", "--version", pattern=r"^(wine-.*)$"),
+        "compiler": line_of("x86_64-w64-mingw32-g++-posix", "--version"),
+        "revision": line_of("git", "describe", "--always", "--dirty"),
         "date": datetime.date.today().isoformat(),
     }
 
@@ -105,19 +109,19 @@ def measured(results):
     return f"""Measured on {by['date']}, revision {by['revision']}: {by['processor']}, {by['cores']} cores, load {by['load']};
 {by['system']}, {by['wine']}, {results['renderer']}; {by['compiler']}. An empty call took {results['empty_call_ns']:.2f} ns.
 
-### Compared with the same calls by hand
+### Compared with raw calls
 
-Times of one unit: a call, a polyline, a ball, a frame. The interval holds the true median of the ratio with a probability of 95 %;
-"wide" marks one that stayed wider than wanted in the time allowed.
+Times are per unit: a call, a polyline, a ball, a frame. The interval contains the true median of the ratio with a probability of 95 %;
+"wide" marks an interval that was still too wide when the time was over.
 
-{table(("operation", "module", "by hand", "ratio", "95 % interval", "bound"), map(ratio_row, shown("ratio")))}
-![Ratios of the module's calls to those by hand](performance/ratios.svg)
+{table(("operation", "module", "raw calls", "ratio", "95 % interval", "bound"), map(ratio_row, shown("ratio")))}
+![Ratios of the module's calls to raw calls](performance/ratios.svg)
 
 ### Own cost
 
-With OpenGL, GLU and GDI replaced by empty functions, whose calls are counted in.
+With OpenGL, GLU and GDI replaced by empty functions; the cost includes calling those.
 
-{table(("operation", "own cost", "calls", "of that, empty calls", "bound"), map(cost_row, shown("own_ns")))}
+{table(("operation", "own cost", "calls", "of which empty calls", "bound"), map(cost_row, shown("own_ns")))}
 ![Own cost of the module's calls](performance/own-cost.svg)
 
 ### Single numbers
@@ -126,7 +130,7 @@ With OpenGL, GLU and GDI replaced by empty functions, whose calls are counted in
 
 
 def with_measured(text, results):
-    """The page with other tables between its marks; what stands outside them is written by hand and stays."""
+    """The page with new tables between its marks; the text outside them is written by hand and stays."""
     parts = re.fullmatch(rf"(.*{BEGIN}\n).*(\n{END}.*)", text, re.DOTALL)
     if not parts:
         raise ValueError(f"the page has no marks {BEGIN} and {END}")
@@ -134,7 +138,7 @@ def with_measured(text, results):
 
 
 def install_charts():
-    """Charts are drawn by matplotlib, which nothing else here needs."""
+    """Installs matplotlib, which only the charts need."""
     script = ". scripts/lib/cache.sh; . scripts/lib/say.sh; . scripts/setup.d/packages.sh; updatePackageLists;" \
         " asRoot apt-get -y --no-install-recommends install python3-matplotlib"
     if tree.run("dpkg", "-s", "python3-matplotlib").code != 0:
@@ -163,19 +167,19 @@ def draw_charts(operations, folder):
 
     def costs(axes, chosen, names):
         axes.barh(names, [operation["own_ns"] for operation in chosen], label="own cost, ns")
-        axes.barh(names, [operation["empty_calls_ns"] for operation in chosen], label="of that, empty calls")
+        axes.barh(names, [operation["empty_calls_ns"] for operation in chosen], label="of which empty calls")
         axes.legend()
 
     folder.mkdir(parents=True, exist_ok=True)
     bounded = [operation for operation in operations if "ratio" in operation and "ratio_bound" in operation]
     short = [operation for operation in operations if operation.get("own_ns", LONGEST_BAR_NS) < LONGEST_BAR_NS and operation["calls"]]
-    chart("ratios.svg", "Time of the module's calls over that of the calls by hand", bounded, ratios)
+    chart("ratios.svg", "Time of the module's calls relative to raw calls", bounded, ratios)
     chart("own-cost.svg", "The module's own time, with OpenGL replaced by empty functions", short, costs)
 
 
 def check_bench():
     result = tree.on_screen("wine", tree.BINARIES / "qel_bench.exe", "--verify")
-    tree.report("the forms by hand of the benchmark make the module's calls", result.problems("qel_bench"))
+    tree.report("the raw forms of the benchmark make the same calls as the module", result.problems("qel_bench"))
 
 
 def start(*arguments):

@@ -1,4 +1,4 @@
-"""Checks of the documents: their code compiles, what they name exists, and the reference covers every public name."""
+"""Checks of the documents: their code compiles, the names in them exist, and the reference covers every public name."""
 
 import functools
 import json
@@ -6,11 +6,11 @@ import os
 import re
 import tempfile
 
-from tools import tree
+from tools import contracts, tree
 
-# Hosts are Windows programs: names that its header takes must not break them.
+# Hosts are Windows programs: macros of its headers must not break ours.
 INSTEAD_OF_HEADERS = '#include <windows.h>\n#include "QelDisplay64t.h"\n'
-# Paths that a build or a run makes, and that stand in a package.
+# Paths that a build or a run creates, or that are in a package.
 MADE = re.compile(r"^(build|out|bin|lib|include/QelDisplay64t|include/QtCore|share|licences)(/|$)")
 PATH = re.compile(r"^[\w.-]+(?:/[\w.*-]+)+/?$|^[\w-]+\.(?:h|cpp|md|png|svg|txt|json|cmake)$|^\./\w+$")
 NAME = re.compile(r"^(?:qel::)?([A-Za-z_]\w*)(?:\(.*\))?$")
@@ -34,7 +34,7 @@ def prose(text):
 
 @functools.lru_cache(maxsize=None)
 def host_command():
-    """The compiler and the options of a host, which sees the public headers and Qt's; nothing before the build is configured."""
+    """The compiler and the options of a host, with the public headers and Qt's; empty before the build is configured."""
     hosts = [words for path, words in tree.compile_commands("windows").items() if "examples/minimal" in path.as_posix()]
     key = re.search(r"^QEL_QT_KEY=(.*)$", (tree.ROOT / "scripts/cache-keys").read_text(), re.MULTILINE).group(1)
     qt = tree.cache_folder() / key / "include"
@@ -96,7 +96,7 @@ def known_names():
 
 
 def unknown_quotes(path, text):
-    """What stands in backquotes and looks like a path or like a name of the code, and is neither."""
+    """Backquoted words that look like a path or a name in the code and do not exist."""
     for quoted in map(str.strip, re.findall(r"`([^`\n]+)`", prose(text))):
         name = NAME.match(quoted)
         if PATH.match(quoted) and not quoted.startswith("/"):
@@ -108,7 +108,7 @@ def unknown_quotes(path, text):
 
 
 def wrong_commands(path, text):
-    """Commands in code blocks that start a program or name a preset or a check of ours."""
+    """Programs, presets and checks in code blocks that do not exist."""
     presets = {preset["name"] for preset in json.loads((tree.ROOT / "CMakePresets.json").read_text())["configurePresets"]}
     code = "\n".join(re.findall(r"^(?: {4}|\t)(.*)$", text, re.MULTILINE) + [block for _, block in blocks(text, "(?:sh|text)?")])
     for command in re.findall(r"^\s*(?:\$ )?((?:\./|scripts/)[\w/.-]+)", code, re.MULTILINE):
@@ -124,14 +124,14 @@ def wrong_commands(path, text):
 
 
 def empty_filters(_, text):
-    """Filters of test programs that name no test: each is tried."""
+    """Filters of test programs that match no test; runs each."""
     for program, quoted, bare in FILTER.findall(text):
         words = [tree.ROOT / program, f"--gtest_filter={quoted or bare}", "--gtest_list_tests"]
         if not words[0].exists():
             yield f"{program} was not built"
             continue
-        told = tree.on_screen("wine", *words) if program.endswith(".exe") else tree.run(*words)
-        if not re.search(r"^  \w", told.output, re.MULTILINE):
+        result = tree.on_screen("wine", *words) if program.endswith(".exe") else tree.run(*words)
+        if not re.search(r"^  \w", result.output, re.MULTILINE):
             yield f"{program} has no test '{quoted or bare}'"
 
 
@@ -142,7 +142,7 @@ def untrue():
 
 
 def reference(extra=""):
-    """What Doxygen has to say about the headers, with further settings."""
+    """Doxygen's warnings about the headers, with additional settings."""
     with tempfile.TemporaryDirectory() as folder:
         settings = (tree.ROOT / "docs/Doxyfile").read_text() + f"\nOUTPUT_DIRECTORY = {folder}\n{extra}"
         result = tree.run("doxygen", "-", input=settings)
@@ -153,5 +153,6 @@ def reference(extra=""):
 
 def check_docs():
     tree.report("the code in the documents compiles", uncompiled())
-    tree.report("the documents name no file, link, command, test or name of the code that does not exist", untrue())
+    tree.report("files, links, commands, tests and names in the documents exist", untrue())
     tree.report("every public name is documented, and the reference is built without a warning", reference())
+    tree.report("every public operation says what it returns and what it leaves in OpenGL", contracts.incomplete())

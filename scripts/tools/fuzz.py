@@ -1,6 +1,6 @@
-"""fuzz [SECONDS [FORMAT...]]: lets libFuzzer try each of the viewer's readers, or those of the given formats, for so many seconds (60), as
-many at a time as there are cores. Prints "ok SENTENCE" or "not ok SENTENCE" for each. Starts from tests/viewer/corpus; what it learns
-stays in build/fuzz/learnt. Input that breaks a reader lands in build/fuzz/found, and the exit code is 1 then."""
+"""fuzz [SECONDS [FORMAT...]]: runs libFuzzer on each of the viewer's readers, or on those of the given formats, for SECONDS (60) each, one
+per core at a time. Prints "ok SENTENCE" or "not ok SENTENCE" for each. It starts from tests/viewer/corpus and keeps new inputs in
+build/fuzz/learnt. Inputs that break a reader are written to build/fuzz/found, and the exit code is 1."""
 
 import argparse
 import os
@@ -12,7 +12,7 @@ from tools import tree
 FORMATS = ("obj", "ply", "stl", "off", "gltf", "glb", "mtl", "xyz", "csv", "geojson", "script", "motion")
 BUILD = tree.ROOT / "build/fuzz"
 CORPUS = tree.ROOT / "tests/viewer/corpus"
-# What one input may cost is what the viewer promises: 10 seconds and 1 GiB.
+# The viewer's limits for one input: 10 seconds and 1 GiB.
 OPTIONS = "-timeout=10 -rss_limit_mb=1024 -max_len=4096 -detect_leaks=1 -print_final_stats=1".split()
 
 
@@ -29,8 +29,8 @@ def fuzz(reader, seconds):
     tried = re.search(r"^stat::number_of_executed_units: *(\d+)", result.output, re.MULTILINE)
     if result.code == 0 and tried and seeds:
         return [], int(tried.group(1))
-    told = [line for line in result.output.splitlines() if re.search(r"SUMMARY|ERROR|Test unit written|the program ends", line)]
-    return told[-6:] or [f"ended with {result.code} after {len(seeds)} files of the corpus"], 0
+    lines = [line for line in result.output.splitlines() if re.search(r"SUMMARY|ERROR|Test unit written|the program ends", line)]
+    return lines[-6:] or [f"ended with {result.code} after {len(seeds)} files of the corpus"], 0
 
 
 def main():

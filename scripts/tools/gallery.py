@@ -1,5 +1,4 @@
-"""The stored pictures: those of docs/gallery with their page, and those of the viewer's scenes in tests/pictures. They are drawn here,
-compared, and renewed."""
+"""Draws, compares and renews the stored pictures: those of docs/gallery with their page, and the viewer's scenes in tests/pictures."""
 
 import pathlib
 import re
@@ -14,24 +13,24 @@ GALLERY, SCENES = tree.ROOT / "docs/gallery", tree.ROOT / "tests/pictures"
 SOURCES = tree.ROOT / "examples/gallery"
 HEAD = """# Gallery
 
-Everything that can be drawn, each with the code that drew it: `symbol` is a symbol, `camera` the view controller, `display` the
-display; the frame is begun and the camera loaded. The whole program is `examples/gallery`; `scripts/renew-pictures` draws the
-pictures and writes this page.
+Every drawing operation with the code that drew the picture: `symbol` is a symbol, `camera` the view controller, `display` the display.
+The frame has begun and the camera is loaded. The whole program is `examples/gallery`; `scripts/renew-pictures` draws the pictures and
+writes this page.
 """
 # Pictures of the viewer: name, the file that its command writes, text, options.
 OF_THE_VIEWER = (
-    ("sampleScene", "view6.png", "The sample scene, made by code: every kind of thing at once.", "--view 6 --out FILE.png"),
+    ("sampleScene", "view6.png", "The generated sample scene, with every kind of geometry.", "--view 6 --out FILE.png"),
     ("sampleSceneFront", "view3.png", "The same from the front.", "--view 3 --out FILE.png"),
     ("mapGdi", "map-gdi.png", "The sample map, drawn by the GDI display.", "--map-out PREFIX"),
     ("mapPlane", "map-gl.png", "The sample map, drawn by OpenGL through the planar transform.", "--map-out PREFIX"),
     ("mapRelief", "map-3d.png", "The sample map in three dimensions.", "--map-out PREFIX"),
 )
-# Drawn otherwise than by a symbol's operation.
+# Drawing operations that are not the symbol's.
 OVERLAYS = {"drawAxes", "drawTrackBall", "drawFrame", "drawLabel", "printText", "restoreCache"}
 
 
 def body(text, function):
-    """What stands in the function, as a host would write it."""
+    """The body of the function, as a host would write it."""
     found = re.search(rf"^void {function}\(Easel& easel\) {{\n(.*?)^}}$", text, re.MULTILINE | re.DOTALL)
     if not found:
         raise ValueError(f"no source has a function {function}")
@@ -39,7 +38,7 @@ def body(text, function):
 
 
 def without_easel(lines):
-    """The lines without the word "easel."; those that were aligned behind it move with it."""
+    """The lines without "easel."; lines aligned with what follows it move too."""
     shift = 0
     for line in lines:
         indent = len(line) - len(line.lstrip())
@@ -54,10 +53,10 @@ def page(listing):
     for title, source, function, text in (line.split("|") for line in listing.splitlines()):
         if title != chapter:
             chapter = title
-            lines.append(f"## {title}\n\nFrom `examples/gallery/{source}`, where the functions called here stand.\n")
+            lines.append(f"## {title}\n\nFrom `examples/gallery/{source}`, which also has the functions called here.\n")
         code = body((SOURCES / source).read_text(), function)
         lines.append(f"### {function}\n\n{text}\n\n![{function}]({function}.png)\n\n```c++\n{code}\n```\n")
-    lines.append("## Scenes\n\nOf the viewer, at half their size.\n")
+    lines.append("## Scenes\n\nPictures of the viewer, at half size.\n")
     for name, _, text, options in OF_THE_VIEWER:
         lines.append(f"### {name}\n\n{text}\n\n![{name}]({name}.png)\n\n    ./run --size 640x480 {options}\n")
     return "\n".join(lines)
@@ -103,8 +102,8 @@ def check_pictures():
     programs = [tree.BINARIES / name for name in ("QelDisplay64t.dll", "qelgallery.exe", "qelview.exe")]
     tools = [pathlib.Path(__file__), pathlib.Path(pictures.__file__)]
     for sentence, stored, draw_into in (
-        ("the gallery is the one that the sources draw", GALLERY, draw_gallery),
-        ("every scene of the tour looks as its stored picture", SCENES, draw_scenes),
+        ("the gallery is what the sources draw", GALLERY, draw_gallery),
+        ("every scene of the tour looks like its stored picture", SCENES, draw_scenes),
     ):
         files = [part for path in sorted(stored.iterdir()) for part in (path.name, path)]
         key = tree.digest(*programs, *tools, *files)
@@ -114,12 +113,12 @@ def check_pictures():
 
 
 def renew(stored, draw_into):
-    """Draws the folder's pictures again and says which of them changed."""
+    """Draws the folder's pictures again and prints the changed ones."""
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         draw_into(folder)
         for path in sorted(path for path in stored.iterdir() if not (folder / path.name).exists()):
-            print(f"gone: {path}")
+            print(f"removed: {path}")
             path.unlink()
         for path in sorted(folder.iterdir()):
             kept = stored / path.name
@@ -129,7 +128,7 @@ def renew(stored, draw_into):
                 first, second = pictures.read(kept), pictures.read(path)
                 pictures.SHOWN.mkdir(parents=True, exist_ok=True)
                 pictures.side_by_side(first, second, pictures.differences(first, second)).save(pictures.SHOWN / path.name)
-                print(f"changed: {kept}; next to what it was: {pictures.SHOWN / path.name}")
+                print(f"changed: {kept}; both pictures: {pictures.SHOWN / path.name}")
             shutil.copy(path, kept)
 
 

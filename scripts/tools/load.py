@@ -1,5 +1,5 @@
-"""bench --load [--page]: measures how long the viewer takes from the command to the finished picture of files made by code, and how much
-memory, next to f3d where that is installed. Prints a table and keeps it in out/bench/load.json; with --page puts the kept one into
+"""bench --load [--page]: measures time and memory of the viewer from the command to the finished picture of generated files, with f3d for
+comparison if it is installed. Prints a table and stores it in out/bench/load.json; with --page writes the stored one into
 docs/performance.md."""
 
 import datetime
@@ -23,7 +23,7 @@ PARTS = ("read", "normals", "middle", "prepared", "picture")
 
 
 def run(command):
-    """(seconds, peak in MB, what it printed) of a program, or None if it fails."""
+    """(seconds, peak in MB, output) of a program, or None if it fails."""
     begin = time.monotonic()
     process = subprocess.Popen([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
     printed = process.stderr.read().decode(errors="replace")
@@ -32,7 +32,7 @@ def run(command):
 
 
 def best(command, picture):
-    """The quickest of several runs, which must leave a picture; None if the program cannot do it."""
+    """The fastest of several runs; None if one fails or writes no picture."""
     runs = []
     for _ in range(RUNS):
         picture.unlink(missing_ok=True)
@@ -49,7 +49,7 @@ def viewer(file, picture):
 
 
 def measure():
-    """Runs on a screen. A program that waits keeps Wine up, whose own start would be measured otherwise."""
+    """Runs on a screen. A waiting program keeps Wine running, whose start would be measured otherwise."""
     with subprocess.Popen(["wine", "cmd.exe"], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as keeper:
         try:
             measure_files()

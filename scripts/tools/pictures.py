@@ -1,8 +1,8 @@
-"""When two pictures show the same: the one rule of all stored pictures.
+"""Compares pictures: the one rule for all stored pictures.
 
-Systems round a line or a letter to the one pixel or its neighbour. So a pixel agrees with the other picture if any of the nine pixels
-at its place has nearly its colour, and all but a handful must agree, looked at from both pictures. What is missing, added, moved by two
-pixels or coloured otherwise leaves more than a handful."""
+Systems round a line or a letter to a pixel or to its neighbour. So a pixel agrees with the other picture if one of the nine pixels around
+its place has nearly its colour, and all but a few must agree, in both directions. Content that is missing, added, moved by two pixels or
+coloured differently leaves more."""
 
 import functools
 import itertools
@@ -31,14 +31,14 @@ def neighbours(picture):
 
 
 def disagreeing(first, second):
-    """White where the second picture has nothing near the first one's pixel, else black."""
+    """White where no pixel of the second picture agrees with the first one's, else black."""
     steps = (ImageChops.difference(first, moved).split() for moved in neighbours(second))
     nearest = functools.reduce(ImageChops.darker, (functools.reduce(ImageChops.lighter, channels) for channels in steps))
     return nearest.point(lambda step: 255 * (step > LARGEST_STEP_OF_A_CHANNEL))
 
 
 def differences(first, second):
-    """White where two pictures disagree; None if their sizes do."""
+    """White where two pictures disagree; None if their sizes differ."""
     return ImageChops.lighter(disagreeing(first, second), disagreeing(second, first)) if first.size == second.size else None
 
 
@@ -47,7 +47,7 @@ def count(marks):
 
 
 def side_by_side(first, second, marks):
-    """Both pictures and their difference: what disagrees is white, and what differs within the rule is dark."""
+    """Both pictures and their difference: white disagrees, dark differs within the rule."""
     width, height = (max(sizes) for sizes in zip(first.size, second.size))
     size = (width, height)
     difference = ImageChops.difference(first.crop((0, 0, *size)), second.crop((0, 0, *size))).point(lambda step: min(step, 120))
@@ -60,15 +60,15 @@ def side_by_side(first, second, marks):
 
 
 def faults(expected, actual):
-    """What is wrong with the picture in the file `actual`: nothing, or one line, and SHOWN has a picture of the difference."""
+    """Problems of the picture in the file `actual`, at most one; SHOWN then has a picture of the difference."""
     first, second = read(expected), read(actual)
     marks = differences(first, second)
     if marks is not None and count(marks) <= PIXELS_THAT_MAY_DISAGREE:
         return []
     SHOWN.mkdir(parents=True, exist_ok=True)
     side_by_side(first, second, marks).save(SHOWN / actual.name)
-    what = "another size" if marks is None else f"{count(marks)} pixels differ"
-    return [f"{actual.name}: {what}; look at {SHOWN / actual.name}, and if it is meant to be so run scripts/renew-pictures"]
+    what = "different size" if marks is None else f"{count(marks)} pixels differ"
+    return [f"{actual.name}: {what}; see {SHOWN / actual.name}; if it is intended, run scripts/renew-pictures"]
 
 
 def shows_nothing(path):
@@ -76,8 +76,8 @@ def shows_nothing(path):
 
 
 def folder_faults(stored, drawn):
-    """What differs between the pictures just drawn in one folder and those stored in another."""
+    """Differences between the pictures drawn in one folder and those stored in another."""
     names = [{path.name for path in folder.glob("*.png")} for folder in (stored, drawn)]
-    problems = [f"{name} is stored, or drawn, alone" for name in sorted(names[0] ^ names[1])]
-    problems += [f"{name} shows nothing" for name in sorted(names[1]) if shows_nothing(drawn / name)]
+    problems = [f"{name} is only stored or only drawn" for name in sorted(names[0] ^ names[1])]
+    problems += [f"{name} is empty" for name in sorted(names[1]) if shows_nothing(drawn / name)]
     return problems + [fault for name in sorted(names[0] & names[1]) for fault in faults(stored / name, drawn / name)]

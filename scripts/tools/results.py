@@ -1,5 +1,5 @@
-"""Adds up what ctest ran, from its report (ctest.xml) and those of the groups of test cases (NAME.json): prints what failed, and closes
-with the line "N passed, N failed, N skipped", in test cases and judgements of checks."""
+"""Adds up ctest's results, from its report (ctest.xml) and those of the groups of test cases (NAME.json): prints what failed and ends with
+the line "N passed, N failed, N skipped", counting test cases and the lines of checks."""
 
 import json
 import re
@@ -18,7 +18,7 @@ class Sum:
 
 
 def add_group(total, name, passed, report, log):
-    """A group of test cases: what its report says, or what its output shows if it did not live to write one."""
+    """A group of test cases: from its report, or from its output if it crashed before writing one."""
     if not report.exists():
         add_crashed(total, name, log)
         return
@@ -49,11 +49,11 @@ def add_crashed(total, name, log):
         total.fail(f"{name}: {title}")
     print(log[-4000:])
     begun = re.findall(r"^\[ RUN +\] (\S+)", log, re.MULTILINE)
-    total.fail(f"{name}: crashed or took too long, last in {begun[-1] if begun else 'its start'}")
+    total.fail(f"{name}: crashed or timed out, last in {begun[-1] if begun else 'its start'}")
 
 
 def add_check(total, name, passed, log):
-    """A check prints "ok SENTENCE", "skipped SENTENCE" or "not ok SENTENCE" for each thing that it looked at."""
+    """A check prints "ok SENTENCE", "skipped SENTENCE" or "not ok SENTENCE" for each thing it checked."""
     judgements = re.findall(r"^(ok|skipped|not ok) (.*)", log, re.MULTILINE)
     problems = [sentence for judgement, sentence in judgements if judgement == "not ok"]
     total.passed += sum(judgement == "ok" for judgement, _ in judgements)
@@ -65,7 +65,7 @@ def add_check(total, name, passed, log):
     if not problems and not passed:
         total.fail(f"{name} ended with an error")
     elif not judgements:
-        total.fail(f"{name}: nothing was looked at")
+        total.fail(f"{name}: nothing was checked")
 
 
 def add_up(folder):

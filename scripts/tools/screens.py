@@ -1,5 +1,5 @@
-"""Check of scripts/with-screen: a screen ends with its command and leaves nothing, and what else runs in its Wine prefix does not reach
-it."""
+"""Check of scripts/with-screen: a screen ends with its command and leaves nothing behind, and other programs of its Wine prefix do not
+affect it."""
 
 import pathlib
 import tempfile
@@ -9,9 +9,9 @@ from tools import tree
 
 VIEWER = tree.BINARIES / "qelview.exe"
 NO_OPENGL = 3
-# A desktop that was begun without a screen is held open while a viewer starts beside it, and one on a screen of its own. The former
-# cannot get OpenGL, which shows that the desktop is there.
-BESIDE_A_DESKTOP_WITHOUT_SCREEN = f"""
+# A desktop that started without a screen stays open while one viewer starts on it and another on its own screen. The first cannot get
+# OpenGL, which shows that the desktop exists.
+WITH_A_DESKTOP_WITHOUT_SCREEN = f"""
 env -u DISPLAY wine explorer &
 env -u DISPLAY timeout 60 wine "$1" --size 64x64 --capture "$2.none.bmp"
 [ $? -eq {NO_OPENGL} ] || echo "a viewer without a screen finds one"
@@ -25,7 +25,7 @@ def processes_of(prefix):
             if f"WINEPREFIX={prefix}\0".encode() in process.read_bytes():
                 yield process.parent.name
         except OSError:
-            pass  # It ended meanwhile, or belongs to somebody else.
+            pass  # It has ended, or belongs to someone else.
 
 
 def ends_with_its_command(folder):
@@ -44,7 +44,7 @@ def ends_with_its_command(folder):
 
 def draws_beside_others(folder):
     picture = folder / "picture.bmp"
-    words = ("bash", "-c", BESIDE_A_DESKTOP_WITHOUT_SCREEN, "bash", str(VIEWER), tree.windows_path(picture))
+    words = ("bash", "-c", WITH_A_DESKTOP_WITHOUT_SCREEN, "bash", str(VIEWER), tree.windows_path(picture))
     output = tree.on_screen(*words, TMPDIR=str(folder)).output
     problems = [line for line in output.splitlines() if line.startswith("a viewer")]
     return problems if picture.exists() else [*problems, "there is no picture", *output.splitlines()[-5:]]
@@ -52,8 +52,8 @@ def draws_beside_others(folder):
 
 def check_screens():
     for sentence, judge in (
-        ("a screen of one's own ends with its command and leaves nothing behind", ends_with_its_command),
-        ("a program on a screen of its own draws, whatever desktop its prefix has elsewhere", draws_beside_others),
+        ("a screen ends with its command and leaves nothing behind", ends_with_its_command),
+        ("a program on its own screen draws, whatever desktop its prefix has elsewhere", draws_beside_others),
     ):
         with tempfile.TemporaryDirectory() as folder:
             tree.report(sentence, judge(pathlib.Path(folder)))

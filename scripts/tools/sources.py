@@ -1,4 +1,4 @@
-"""Checks of the sources as texts: layout, floors, and what every text keeps to."""
+"""Checks of the sources as texts: layout, layers, and rules for every text."""
 
 import re
 
@@ -6,7 +6,7 @@ from tools import tree
 
 LONGEST_FILE = 350
 
-# A folder uses itself and these. The longest entry that a file's path begins with counts.
+# The folders that a folder may use besides itself. The longest matching prefix of a file's path counts.
 MAY_USE = {
     "base": (),
     "include": ("base",),
@@ -19,10 +19,10 @@ MAY_USE = {
     "module": ("base", "include", "view", "symbol", "transform", "system", "display", "gdi"),
     "examples": ("base", "include"),
     "examples/gallery": ("base", "include", "examples/viewer/host", "examples/viewer/ui"),
-    # A host with the test kit, and the matrices, which no header of a host's shows.
+    # A host with the test kit, and the matrices, which public headers do not show.
     "bench": ("base", "include", "view", "tests"),
 }
-# The floors of the viewer, from the ground up; each stands on the module's headers too.
+# The layers of the viewer, from the ground up; each also uses the public headers.
 VIEWER = {
     "model": "",
     "text": "",
@@ -37,25 +37,25 @@ VIEWER = {
 }
 for floor, below in VIEWER.items():
     MAY_USE[f"examples/viewer/{floor}"] = ("base", "include", *(f"examples/viewer/{each}" for each in below.split()))
-# Sentence, headers, and the files that alone may include them.
+# Sentence, headers, and the only files that may include them.
 ONLY_IN = (
-    ("OpenGL and GLU are included in base/QelGl.h alone", r"GL/glu?\.h", r"base/QelGl\.h"),
+    ("only base/QelGl.h includes OpenGL and GLU", r"GL/glu?\.h", r"base/QelGl\.h"),
     (
         "Windows headers stay in system/QelSystem.h and outside the module",
         r"(?i:(windowsx?|windef|winbase|wingdi|winuser|process|commctrl|commdlg|shellapi|psapi|dbghelp|io|direct)\.h|GL/wgl\w*\.h)",
         r"system/QelSystem\.h|(examples|bench|tests/kit|tests/package)/.*|tests/.*Windows(Test)?\.(cpp|h)|module/ModuleEntry\.cpp",
     ),
     (
-        "what is installed needs no header of base/detail/, and hosts include none",
+        "installed headers and hosts do not include base/detail/",
         r"detail/\w+\.h",
         r"base/detail/.*|base/\w+\.cpp|(view|symbol|transform|display|gdi|tests)/.*",
     ),
 )
-# Sentence, pattern, and whether it is searched in code alone. Written so that this file does not match itself.
+# Sentence, pattern, and whether only code is searched. Written so that this file does not match itself.
 NOWHERE = (
     ("nothing is marked as unfinished", r"\b(T[O]DO|F[I]XME|X[X]X|H[A]CK)\b", False),
     (
-        "no text leans on something outside the project",
+        "no text refers to something outside the project",
         r"(?<![\w.])/(?:wo[r]k|ro[o]t|ho[m]e)/|/t[m]p/w\b|\bPar[t]s? \d\.\d|\bissu[e] #?\d|\b[Ss]pe[c]\b|[Ss]pecificatio[n]"
         r"|\b[Aa]s specifie[d]\b",
         False,
@@ -66,12 +66,12 @@ INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
 
 def floor_of(name, rules):
-    """The entry of the rules for a file; None where there is none."""
+    """The entry of the rules for a file, or None."""
     return max((floor for floor in rules if name.startswith(f"{floor}/")), key=len, default=None)
 
 
 def arrows_up(includes, rules):
-    """Includes of a floor that the file's own may not use. `includes` has file -> names, all of ours as paths from the root."""
+    """Includes that the rules do not allow. `includes` maps a file to names, ours as paths from the root."""
     for name, included in includes.items():
         floor = floor_of(name, rules)
         for header in included if floor else ():
@@ -100,17 +100,17 @@ def read_includes():
 
 def check_layers():
     ours, written = read_includes()
-    tree.report("no folder uses one that stands above it", arrows_up(ours, MAY_USE))
+    tree.report("no folder includes from one above it", arrows_up(ours, MAY_USE))
     for sentence, headers, allowed in ONLY_IN:
         tree.report(sentence, strays(written, headers, allowed))
     unguarded = [tree.name(path) for path in tree.code(".h") if not path.read_text().startswith("#pragma once\n")]
     tree.report("every header begins with #pragma once", unguarded)
 
 
-def read_symbols(told):
+def read_symbols(listing):
     """(object -> symbols it defines, object -> symbols it needs) from what `nm -A -P` prints; imported ones by their plain names."""
     defined, needed = {}, {}
-    for line in told.splitlines():
+    for line in listing.splitlines():
         found = re.match(r"(.+): (\S+) ([A-Zvw])\b", line)
         if found:
             name, symbol, kind = found.groups()
@@ -119,7 +119,7 @@ def read_symbols(told):
 
 
 def links_up(defined, needed, rules):
-    """Symbols that an object needs and only objects of floors that its own may not use define."""
+    """Symbols that an object needs and only objects of folders define that the rules do not allow."""
     floors_of = {}
     for name, symbols in defined.items():
         for symbol in symbols:
@@ -127,7 +127,7 @@ def links_up(defined, needed, rules):
     for name, symbols in needed.items():
         floor = floor_of(name, rules)
         for symbol in sorted(symbols):
-            # A host takes from the module what its DLLs export, and the linker holds it to that.
+            # A host uses the exports of the module's DLLs; the linker enforces that.
             owners = {each for each in floors_of.get(symbol, set()) if not floor.startswith("examples/") or each.startswith("examples/")}
             if owners and not owners & {floor, *rules[floor]}:
                 yield f"{name} needs {symbol} of {'/, '.join(sorted(owners))}/"
@@ -138,14 +138,14 @@ def check_links():
     for source, command in tree.compile_commands("windows").items():
         if floor_of(tree.name(source), MAY_USE) not in (None, "examples", "bench"):
             objects[tree.ROOT / "build/windows" / command[command.index("-o") + 1]] = tree.name(source)
-    told = tree.run("x86_64-w64-mingw32-nm", "-A", "-P", *objects)
-    problems = told.problems("nm") if objects else ["nothing is built for Windows"]
+    result = tree.run("x86_64-w64-mingw32-nm", "-A", "-P", *objects)
+    problems = result.problems("nm") if objects else ["nothing is built for Windows"]
     if not problems:
-        listed = told.output
+        listed = result.output
         for path, source in objects.items():
             listed = listed.replace(f"{path}: ", f"{source}: ")
         problems = links_up(*read_symbols(listed), MAY_USE)
-    tree.report("no folder needs a symbol of one that stands above it", problems)
+    tree.report("no folder needs a symbol from one above it", problems)
 
 
 def matches(pattern, name, text):
@@ -167,6 +167,6 @@ def check_texts():
 
 
 def check_format():
-    told = tree.run("clang-format", "--dry-run", "-Werror", *map(tree.name, tree.code()))
-    places = [line for line in told.output.splitlines() if "error:" in line]
-    tree.report("every C++ file is laid out as .clang-format says", places or told.problems("clang-format"))
+    result = tree.run("clang-format", "--dry-run", "-Werror", *map(tree.name, tree.code()))
+    places = [line for line in result.output.splitlines() if "error:" in line]
+    tree.report("every C++ file has the layout of .clang-format", places or result.problems("clang-format"))

@@ -1,4 +1,4 @@
-"""What the tools share: the project's files, running a command, and how a check reports."""
+"""Shared by the tools: the project's files, running commands, and the reports of checks."""
 
 import concurrent.futures
 import hashlib
@@ -36,18 +36,18 @@ def run(*command, seconds=600, **options):
 
 
 def on_screen(*command, seconds=300, **environment):
-    """Runs a command on a screen of its own, where it finds Wine."""
+    """Runs a command on its own screen, with Wine."""
     script = '. scripts/lib/cache.sh; . scripts/lib/wine.sh; exec timeout -k 10 "$0" scripts/with-screen "$@"'
     return run("bash", "-c", script, str(seconds), *command, seconds=seconds + 60, env={**os.environ, **environment})
 
 
 def windows_path(path):
-    """The name under which a Windows program finds the file; Wine shows the whole file system as drive Z."""
+    """The Windows name of a file; Wine shows the whole file system as drive Z."""
     return "Z:" + str(path).replace("/", "\\")
 
 
 def build(preset, *targets):
-    """Sets up what is missing and builds; the program ends if that fails."""
+    """Sets up what is missing and builds; raises if that fails."""
     script = 'scripts/setup; . scripts/lib/cache.sh; . scripts/lib/say.sh; . scripts/lib/build.sh; buildPreset "$@"'
     subprocess.run(["bash", "-euo", "pipefail", "-c", script, "bash", preset, *targets], cwd=ROOT, check=True)
 
@@ -95,7 +95,7 @@ def compile_commands(preset):
 
 
 def closure(path, headers):
-    """The file and all headers of ours that it reaches; `headers` has the headers by name."""
+    """The file and all headers of ours that it includes; `headers` has the headers by name."""
     reached, waiting = {path}, [path]
     while waiting:
         for included in re.findall(r'^\s*#\s*include\s+"([^"]+)"', waiting.pop().read_text(errors="replace"), re.MULTILINE):
@@ -107,7 +107,7 @@ def closure(path, headers):
 
 
 def report(sentence, problems):
-    """One line for a check, then what is wrong."""
+    """Prints one line for a check, then its problems."""
     problems = list(problems)
     report.failed = report.failed or bool(problems)
     print("\n    ".join([f"{'not ok' if problems else 'ok'} {sentence}", *problems]), flush=True)
@@ -117,14 +117,14 @@ report.failed = False
 
 
 def verdict(kind, key):
-    """The file that exists once the check of this kind has passed with these inputs."""
+    """The file that marks that the check of this kind has passed with these inputs."""
     path = cache_folder() / "verdicts" / kind / key
     path.parent.mkdir(parents=True, exist_ok=True)
     return path
 
 
 def once(kind, key, judge):
-    """The problems that `judge` finds; it is not asked again once it found none, until the key changes."""
+    """The problems that `judge` finds; once it finds none, it does not run again until the key changes."""
     passed = verdict(kind, key)
     problems = [] if passed.exists() else list(judge())
     if not problems:

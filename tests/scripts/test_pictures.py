@@ -54,7 +54,7 @@ class Rule(unittest.TestCase):
             self.stored["map-3d.png"].save(other)
             self.assertIn("pixels differ", pictures.faults(gallery.SCENES / "map-gl.png", other)[0])
             self.stored["map-3d.png"].crop((0, 0, 100, 100)).save(other)
-            self.assertIn("another size", pictures.faults(gallery.SCENES / "map-gl.png", other)[0])
+            self.assertIn("different size", pictures.faults(gallery.SCENES / "map-gl.png", other)[0])
         shown = pictures.SHOWN / "made-on-purpose.png"
         self.assertTrue(shown.exists())
         shown.unlink()
@@ -64,7 +64,7 @@ class Rule(unittest.TestCase):
             self.stored["map-gl.png"].save(f"{stored}/old.png")
             Image.new("RGB", (8, 8)).save(f"{drawn}/new.png")
             problems = pictures.folder_faults(pathlib.Path(stored), pathlib.Path(drawn))
-        self.assertEqual(problems, ["new.png is stored, or drawn, alone", "old.png is stored, or drawn, alone", "new.png shows nothing"])
+        self.assertEqual(problems, ["new.png is only stored or only drawn", "old.png is only stored or only drawn", "new.png is empty"])
 
 
 class Gallery(unittest.TestCase):

@@ -49,7 +49,7 @@ class Results(unittest.TestCase):
         log = "[ RUN      ] A.One\n[       OK ] A.One (1 ms)\n[ RUN      ] A.Two\n"
         code, lines = summed([("windows.1", "fail", log)])
         self.assertEqual(code, 1)
-        self.assertEqual(lines[-2:], ["FAILED  windows.1: crashed or took too long, last in A.Two", "1 passed, 1 failed, 0 skipped"])
+        self.assertEqual(lines[-2:], ["FAILED  windows.1: crashed or timed out, last in A.Two", "1 passed, 1 failed, 0 skipped"])
 
     def test_a_group_that_ends_with_an_error_has_failed_though_all_its_cases_passed(self):
         code, lines = summed([("native", "fail", "LeakSanitizer")], {"native": [GOOD]})

@@ -41,12 +41,12 @@ class Analysis(unittest.TestCase):
         self.assertEqual(analysis.for_clang(command), ["-DX", "-O1"])
 
     def test_findings_belong_to_their_source(self):
-        told = (
+        output = (
             "/usr/bin/clang-tidy -p=x --quiet /s/good.cpp\nclang-tidy -p=x --quiet /s/bad.cpp\n"
             "\x1b[1m/s/bad.h:1:2: \x1b[0;31merror: no [x]\n"
             "clang-tidy -quiet /s/fine.cpp\n"
         )
-        self.assertEqual(analysis.failures(told), {"/s/bad.cpp": ["/s/bad.h:1:2: error: no [x]"]})
+        self.assertEqual(analysis.failures(output), {"/s/bad.cpp": ["/s/bad.h:1:2: error: no [x]"]})
 
 
 class Delivery(unittest.TestCase):

@@ -22,7 +22,7 @@ bool writePicture(MapWindow& window, const std::string& file) {
     if (writePng(std::filesystem::path(toWide(file)), window.picture())) {
         return true;
     }
-    std::fprintf(stderr, "qelview: %s: the picture cannot be written\n", file.c_str());
+    std::fprintf(stderr, "qelview: %s: could not write the picture\n", file.c_str());
     return false;
 }
 

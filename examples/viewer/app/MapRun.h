@@ -5,8 +5,8 @@
 
 namespace qelview {
 
-/// Shows a scene as a map, or writes the pictures that the options ask for: of a prefix, PREFIX-gdi.png,
-/// PREFIX-gl.png and PREFIX-3d.png; of a single file, the OpenGL pane.
+/// Shows a scene as a map, or writes the pictures that the options request: for a prefix, PREFIX-gdi.png,
+/// PREFIX-gl.png and PREFIX-3d.png; for a single file, the OpenGL pane.
 [[nodiscard]] ExitCode runMap(const Options& options, const Scene& scene);
 
 }  // namespace qelview

@@ -8,14 +8,14 @@
 
 namespace qelview {
 
-/// What the system sends for a mouse button.
+/// The window messages of a mouse button.
 struct ButtonMessages {
     MouseButton button;
     UINT down;
-    /// In place of the second press of two.
+    /// Sent instead of the second press of a double click.
     UINT twice;
     UINT up;
-    /// Among the keys that a message says are held.
+    /// The button's flag in the flags of a message.
     WPARAM held;
 };
 

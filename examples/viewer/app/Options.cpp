@@ -30,41 +30,36 @@ std::string inputHelp() {
     return help;
 }
 
+constexpr std::string_view kFilesHelp = R"(
+  Meshes show polygons, normals, vertex colours and materials; missing normals are computed.
+  Point files have lines of 'x y z' or 'x y z red green blue' (0 to 255), separated by blanks,
+  commas or semicolons; a first line may name the columns. A column of times makes the points
+  a path, drawn as a line. Without a file a sample scene is shown.
+
+Views: 0 top, 1 bottom, 2 back, 3 front, 4 right, 5 left, 6 isometric, 7 isometric from below.
+
+In the window:
+)";
+
+constexpr std::string_view kWindowHelp =
+    R"(  The menu has the same commands. The last eight file names are stored in the registry, under
+  HKEY_CURRENT_USER\Software\QelDisplay64t\qelview; runs without a window store nothing.
+
+In the window of a map (--map): 1 GDI, 2 OpenGL, 3 three dimensions, F fit, Esc quit; drag to
+  pan, turn the wheel to zoom at the cursor. Without a file a generated map is shown.
+
+Scripts control a hidden window. Positions count from the upper left. Each line is one of:
+)";
+
+constexpr std::string_view kExitHelp = R"(
+Exit codes: 0 success; 1 wrong command line, script or recording, or a picture was not written;
+  2 a file could not be opened (the reason is on standard error); 3 no OpenGL context.)";
+
 std::string helpFooter() {
-    return "Files: " + knownExtensions() +
-           "\n"
-           "  Meshes: polygons, normals, colours of vertices and materials are shown; normals are made "
-           "where\n"
-           "  there are none. Points: a line is 'x y z' or 'x y z red green blue' (0 to 255), separated by "
-           "blanks,\n"
-           "  commas or semicolons; a first line with the names of the columns is honoured. Points with a "
-           "column\n"
-           "  of times are a path: a line joins them. Without a file a sample scene is shown.\n"
-           "\n"
-           "Views: 0 top, 1 bottom, 2 back, 3 front, 4 right, 5 left, 6 and 7 from two opposite corners.\n"
-           "\n"
-           "In the window:\n" +
-           inputHelp() +
-           "  The menu has the same commands. The names of the last eight files are kept in the registry, "
-           "under\n"
-           "  HKEY_CURRENT_USER\\Software\\QelDisplay64t\\qelview; runs that end by themselves keep "
-           "nothing.\n"
-           "\n"
-           "In the window of a map (--map): 1 GDI, 2 OpenGL, 3 three dimensions, F fit, Esc quit; dragging "
-           "moves "
-           "it, the\n"
-           "  wheel zooms at the cursor. Without a file a map made by code is shown.\n"
-           "\n"
-           "Scripts drive a window that is not shown. A line is one of these, places count from the upper "
-           "left:\n" +
-           scriptHelp() +
-           "\n"
-           "Recorded six-axis input:\n" +
-           motionHelp() +
-           "\n"
-           "Exit codes: 0 done, 1 wrong command line, script or recording, or picture not written, 2 a file "
-           "is\n"
-           "  refused (the reason is on standard error), 3 no OpenGL context.";
+    std::string help = "Files: " + knownExtensions();
+    help.append(kFilesHelp).append(inputHelp()).append(kWindowHelp).append(scriptHelp());
+    help.append("\nRecorded six-axis input:\n").append(motionHelp()).append(kExitHelp);
+    return help;
 }
 
 std::optional<std::pair<int, int>> parseSize(std::string_view text) {
@@ -89,10 +84,10 @@ std::optional<std::pair<int, int>> parseSize(std::string_view text) {
 
 void addWindowOptions(CLI::App& app, Options& options) {
     app.add_option("--capture", options.capture,
-                   "Capture the view into a BMP file and end; with --script, the file of the key C")
+                   "Capture the view to a BMP file and exit; with --script, the file for the key C")
         ->type_name("FILE.bmp");
     CLI::Option* const script =
-        app.add_option("--script", options.script, "Play a script of mouse and keys and end")
+        app.add_option("--script", options.script, "Play a script of mouse and keys and exit")
             ->type_name("FILE");
     app.add_option("--motion", options.motion, "Replay recorded six-axis input in the window")
         ->type_name("FILE")
@@ -100,18 +95,17 @@ void addWindowOptions(CLI::App& app, Options& options) {
         ->excludes("--out")
         ->excludes("--views-out")
         ->excludes("--capture");
-    app.add_option("--tour", options.tour,
-                   "Write a picture with a tile for each thing there is to see and end")
+    app.add_option("--tour", options.tour, "Write a picture with a tile for each feature and exit")
         ->type_name("FILE.png")
         ->excludes(script);
 }
 
 void addMapOptions(CLI::App& app, Options& options) {
-    CLI::Option* const map = app.add_flag("--map", options.isMap,
-                                          "Show the files as a map: by GDI, by OpenGL, in three dimensions");
+    CLI::Option* const map =
+        app.add_flag("--map", options.isMap, "Show the files as a map: by GDI, by OpenGL, in 3D");
     CLI::Option* const out =
         app.add_option("--map-out", options.mapOut,
-                       "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and end")
+                       "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and exit")
             ->type_name("PREFIX");
     for (const char* const ofModels : {"--capture", "--script", "--motion", "--tour"}) {
         map->excludes(app.get_option(ofModels));
@@ -133,19 +127,19 @@ void addOptions(CLI::App& app, Options& options) {
            },
            "Size of the view in pixels (1280x800)")
         ->type_name("WxH");
-    app.add_option("--view", options.view, "Standard view to begin with (6)")
+    app.add_option("--view", options.view, "Standard view to start with (6)")
         ->check(CLI::Range(0, 7))
         ->type_name("N");
     app.add_flag("--ortho", options.isOrthographic, "Orthographic instead of perspective");
     app.add_option_function<std::string>(
            "--up", [&options](const std::string& axis) { options.up = axis == "y" ? UpAxis::Y : UpAxis::Z; },
-           "The axis that points up, where the format of a file does not say (z)")
+           "Axis that points up, for formats that do not define one (z)")
         ->check(CLI::IsMember({"y", "z"}))
         ->type_name("y|z");
-    app.add_option("--out", options.out, "Write a picture of the view and end")->type_name("FILE.png");
-    app.add_flag("--times", options.isTimed, "With --out, print what the parts of the run took");
+    app.add_option("--out", options.out, "Write a picture of the view and exit")->type_name("FILE.png");
+    app.add_flag("--times", options.isTimed, "With --out, print how long each step took");
     app.add_option("--views-out", options.viewsOut,
-                   "Write pictures PREFIX0.png to PREFIX7.png of the eight standard views and end")
+                   "Write pictures PREFIX0.png to PREFIX7.png of the eight standard views and exit")
         ->type_name("PREFIX");
     addWindowOptions(app, options);
     addMapOptions(app, options);
@@ -155,13 +149,13 @@ void addOptions(CLI::App& app, Options& options) {
 
 std::variant<Options, Ending> parseOptions(std::vector<std::string> arguments) {
     Options options;
-    CLI::App app("qelview shows 3D models and point files.", "qelview");
-    // A slash begins a path, on Windows too.
+    CLI::App app("qelview shows 3D models, point files and maps.", "qelview");
+    // A slash starts a path, on Windows too.
     app.allow_windows_style_options(false);
     addOptions(app, options);
     app.footer(helpFooter());
     app.set_version_flag("--version", "qelview " QELVIEW_VERSION);
-    // The library takes them from the end.
+    // The library reads them from the end.
     std::reverse(arguments.begin(), arguments.end());
     try {
         app.parse(std::move(arguments));

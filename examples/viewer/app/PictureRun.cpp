@@ -25,7 +25,7 @@ void choose(Stage& stage, const Options& options, unsigned view) {
 }
 
 bool reportUnwritten(const std::string& file) {
-    std::fprintf(stderr, "qelview: %s: the picture cannot be written\n", file.c_str());
+    std::fprintf(stderr, "qelview: %s: could not write the picture\n", file.c_str());
     return false;
 }
 

@@ -6,7 +6,7 @@
 
 namespace qelview {
 
-/// Writes the pictures that the options ask for, from a window that is never shown.
+/// Writes the pictures that the options request, from a hidden window.
 [[nodiscard]] ExitCode writePictures(const Options& options, Scene scene, Stopwatch& watch);
 
 }  // namespace qelview

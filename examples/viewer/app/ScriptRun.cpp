@@ -43,7 +43,7 @@ void turnWheel(const ViewerWindow& viewer, const ScriptStep& step) {
 }
 
 void clickTwice(const ViewerWindow& viewer, const ScriptStep& step) {
-    // As the system tells it: the second press has a message of its own.
+    // As the system sends it: the second press has its own message.
     const LPARAM place = MAKELPARAM(step.x, step.y);
     send(viewer, WM_LBUTTONDOWN, MK_LBUTTON, place);
     send(viewer, WM_LBUTTONUP, 0, place);
@@ -123,7 +123,7 @@ ExitCode play(ViewerWindow& viewer, const std::vector<ScriptStep>& steps, const 
             break;
         }
         if (!playStep(viewer, step)) {
-            std::fprintf(stderr, "qelview: %s: line %zu: %s fails\n", file.c_str(), step.line,
+            std::fprintf(stderr, "qelview: %s: line %zu: %s failed\n", file.c_str(), step.line,
                          step.file.c_str());
             return ExitCode::Usage;
         }
@@ -135,7 +135,7 @@ ExitCode play(ViewerWindow& viewer, const std::vector<ScriptStep>& steps, const 
 
 bool playStep(ViewerWindow& viewer, const ScriptStep& step) {
     const bool isDone = perform(viewer, step);
-    // A window that is not shown is never asked to paint.
+    // A hidden window gets no paint message.
     send(viewer, WM_PAINT, 0, 0);
     return isDone;
 }

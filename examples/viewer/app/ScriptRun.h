@@ -8,13 +8,13 @@ namespace qelview {
 
 class ViewerWindow;
 
-/// Sends the messages that a step of a script means to a viewer window, and lets it draw.
-/// @return false if the step has a file that cannot be written, or a recording that is refused; the reason
-/// is on standard error.
+/// Sends the messages of a script's step to a viewer window and lets it draw.
+/// @return false if the step's file cannot be written or its recording is invalid; the reason is on standard
+/// error.
 [[nodiscard]] bool playStep(ViewerWindow& viewer, const ScriptStep& step);
 
-/// Plays the script that the options name in a viewer window that is never shown, until its end or until it
-/// leaves the viewer.
+/// Plays the script that the options name in a hidden viewer window, until its end or until it closes the
+/// viewer.
 [[nodiscard]] ExitCode playScript(const Options& options, Scene scene);
 
 }  // namespace qelview

@@ -19,14 +19,12 @@ namespace {
 constexpr ClientSize kTile{480, 360};
 constexpr int kColumns = 4;
 constexpr int kRows = 4;
-constexpr unsigned kIsometric = 6;
-constexpr std::int32_t kRotateDrag = 2;
 
-/// Takes the pictures of a tour, one after the other.
+/// Draws the pictures of a tour, one after the other.
 class Tour {
   public:
-    /// @param fileOfTour the only file that a tour writes: its capture stands there too, until the sheet
-    /// does.
+    /// @param fileOfTour the only file that a tour writes: it holds the tour's capture until the sheet
+    /// replaces it.
     Tour(Stage& viewed, std::filesystem::path fileOfTour)
         : stage(viewed), file(std::move(fileOfTour)), sheet(kColumns, kRows, kTile.width, kTile.height) {}
 
@@ -45,7 +43,7 @@ class Tour {
     [[nodiscard]] const PixelImage& image() const { return sheet.image(); }
 
   private:
-    void begin(const std::string& title, unsigned view = kIsometric) {
+    void begin(const std::string& title, unsigned view = qel::ViewIsometric) {
         stage.annotations() = {};
         stage.setTitle(title);
         stage.setView(view);
@@ -56,7 +54,7 @@ class Tour {
         stage.show();
         stage.zoom(-4.0, {kTile.width / 2, kTile.height / 2});
         stage.show();
-        stage.camera().onButtonDown(kRotateDrag, kTile.width / 2 - 40, kTile.height / 2 - 70);
+        stage.camera().onButtonDown(qel::DragRotate, kTile.width / 2 - 40, kTile.height / 2 - 70);
         stage.camera().onMouseMove(kTile.width / 2, kTile.height / 2 - 75);
         sheet.add(stage.picture());
         stage.camera().onButtonUp();

@@ -14,7 +14,7 @@ namespace qelview {
 namespace {
 
 constexpr const char* kAfterRefusal =
-    "The model that was shown before is still there. Mend the file, or open another one with Ctrl+O.";
+    "The previous model is still open. Fix the file, or open another one with Ctrl+O.";
 
 }  // namespace
 
@@ -22,12 +22,12 @@ bool ViewerWindow::take(const KeyCommand& wanted) {
     if (wanted.command == Command::Nothing) {
         return false;
     }
-    // A drag goes on from the camera of its press: nothing else may move it meanwhile.
+    // A drag continues from the camera at its press: nothing else may move it meanwhile.
     if (gesture.isActive() && wanted.command != Command::Leave) {
         return true;
     }
     stage->annotations().notice.clear();
-    // Whoever takes the controls ends a demonstration.
+    // User input ends a demonstration.
     motion.clear();
     obey(wanted);
     redraw(Stale::Frame);
@@ -61,7 +61,7 @@ void ViewerWindow::obey(const KeyCommand& wanted) {
             chooseRectangle(!choosesRectangle);
             break;
         case Command::Capture:
-            captureAnew();
+            captureToFreeName();
             break;
         case Command::Help:
             switchPanel(Panel::Help);
@@ -106,7 +106,7 @@ void ViewerWindow::switchPanel(Panel panel) {
 
 void ViewerWindow::showWarnings() {
     if (stage->warnings().empty()) {
-        say("Nothing was left out of the files");
+        say("No warnings");
         return;
     }
     switchPanel(Panel::Warnings);
@@ -114,7 +114,7 @@ void ViewerWindow::showWarnings() {
 
 void ViewerWindow::chooseRectangle(bool isChosen) {
     choosesRectangle = isChosen;
-    stage->annotations().notice = isChosen ? "Drag a rectangle to zoom into; Esc ends" : "";
+    stage->annotations().notice = isChosen ? "Drag a rectangle to zoom into; Esc cancels" : "";
 }
 
 void ViewerWindow::switchStereo() {
@@ -122,7 +122,7 @@ void ViewerWindow::switchStereo() {
     OwnedWindow other = create(clientSizeOf(window.get()));
     std::unique_ptr<Stage> moved = other ? stage->moveTo(other.get(), !stage->isStereo()) : nullptr;
     if (moved == nullptr) {
-        say("The driver has no stereo view");
+        say("Stereo is not supported");
         return;
     }
     const bool isVisible = IsWindowVisible(window.get()) != FALSE;
@@ -138,7 +138,7 @@ void ViewerWindow::switchStereo() {
     }
 }
 
-void ViewerWindow::captureAnew() {
+void ViewerWindow::captureToFreeName() {
     const std::filesystem::path folder = std::filesystem::current_path();
     const std::filesystem::path file =
         captureFile.empty() ? freeCaptureName(folder) : std::filesystem::path(toWide(captureFile));
@@ -155,7 +155,7 @@ bool ViewerWindow::capture(const std::filesystem::path& file) {
 }
 
 bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
-    // A load answers messages while it runs, and one of them may be the next drop.
+    // A load handles messages while it runs, and one of them may be the next drop.
     if (files.empty() || isLoading) {
         return true;
     }
@@ -166,14 +166,14 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
         accept(surroundings.load(files, recent.upOf(absoluteName(files.front()))));
         remember(files);
     } catch (const ReadCancelled&) {
-        say("Loading was cancelled");
+        say("Loading cancelled");
     } catch (const std::exception& error) {
         reason = error.what();
     }
     EnableWindow(window.get(), TRUE);
     isLoading = false;
     if (surroundings.isAttended) {
-        // The progress went while this window could not take its place.
+        // The progress window closed before this window could become active.
         SetForegroundWindow(window.get());
     }
     if (!reason.empty()) {
@@ -196,9 +196,9 @@ void ViewerWindow::refuse(const std::string& reason) {
     refused = true;
     std::fprintf(stderr, "qelview: %s\n", reason.c_str());
     std::fflush(stderr);
-    say("The file is refused");
+    say("Could not open the file");
     if (surroundings.isAttended) {
-        tellProblem(window.get(), reason + "\n\n" + kAfterRefusal);
+        showError(window.get(), reason + "\n\n" + kAfterRefusal);
     }
 }
 

@@ -42,7 +42,7 @@ void ViewerWindow::keepRecent() {
 
 void ViewerWindow::turnUp() {
     if (!stage->turnUp()) {
-        say("The file says itself that " + std::string(stage->up() == UpAxis::Y ? "Y" : "Z") + " points up");
+        say("The file defines that " + std::string(stage->up() == UpAxis::Y ? "Y" : "Z") + " points up");
         return;
     }
     for (const std::string& file : shownFiles) {

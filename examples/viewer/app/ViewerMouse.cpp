@@ -9,26 +9,20 @@ namespace qelview {
 
 namespace {
 
-/// Drags as the camera numbers them.
-constexpr std::int32_t kNoDrag = 0;
-constexpr std::int32_t kPanDrag = 1;
-constexpr std::int32_t kRotateDrag = 2;
-constexpr std::int32_t kZoomDrag = 3;
-
-std::int32_t dragOf(DragTool tool) {
+qel::Drag dragOf(DragTool tool) {
     switch (tool) {
         case DragTool::Pan:
-            return kPanDrag;
+            return qel::DragPan;
         case DragTool::Rotate:
-            return kRotateDrag;
+            return qel::DragRotate;
         case DragTool::Zoom:
-            return kZoomDrag;
+            return qel::DragZoom;
         default:
-            return kNoDrag;
+            return qel::DragNone;
     }
 }
 
-/// Smaller ones are slips of the hand.
+/// Smaller rectangles are accidental.
 constexpr int kSmallestRectangle = 4;
 
 }  // namespace
@@ -71,7 +65,7 @@ bool ViewerWindow::handleButton(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
     const PixelPlace place = placeOf(position);
-    // The picture that the user saw when he pressed is the one that the drag begins from.
+    // The drag starts from the picture that the user saw at the press.
     refresh();
     if (!gesture.press(button, (wParam & MK_SHIFT) != 0, choosesRectangle, place)) {
         return;
@@ -120,7 +114,7 @@ void ViewerWindow::release(MouseButton button) {
 }
 
 void ViewerWindow::loseMouse() {
-    // Giving the capture back leads here too, but then the gesture has ended.
+    // Releasing the capture sends this too, but the gesture has ended by then.
     if (gesture.isActive()) {
         gesture.cancel();
         stage->camera().onButtonUp();
@@ -140,14 +134,14 @@ void ViewerWindow::rotateAbout(LPARAM position) {
         return;
     }
     stage->rotateAbout(placeOf(position));
-    say("Rotates about the point here");
+    say("Rotation centre set");
 }
 
 void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     if (gesture.isActive()) {
         return;
     }
-    // The wheel alone gives its position on the screen.
+    // Only the wheel message has screen coordinates.
     POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     ScreenToClient(window.get(), &onScreen);
     refresh();

@@ -20,7 +20,7 @@ namespace qelview {
 
 namespace {
 
-/// The camera rests when nothing has moved it for so long.
+/// The camera counts as stopped if nothing has moved it for this long.
 constexpr UINT kRestMilliseconds = 150;
 constexpr UINT kReplayMilliseconds = 33;
 
@@ -59,7 +59,7 @@ ViewerWindow::ViewerWindow(Surroundings around) : surroundings(std::move(around)
 }
 
 ViewerWindow::~ViewerWindow() {
-    // The display lets go of the window before the window goes.
+    // The display releases the window before the window is destroyed.
     stage.reset();
 }
 
@@ -118,7 +118,7 @@ OwnedWindow ViewerWindow::create(const ClientSize& size) {
                                      makeMenuBar(recent.names()), GetModuleHandleW(nullptr), nullptr));
     if (made) {
         SetWindowLongPtrW(made.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        // The window may have opened on a screen of another resolution than the system's.
+        // The window may have opened on a screen with another resolution than the system's.
         setClientSize(made.get(), size);
     }
     return made;
@@ -126,7 +126,7 @@ OwnedWindow ViewerWindow::create(const ClientSize& size) {
 
 LRESULT CALLBACK ViewerWindow::dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<ViewerWindow*>(GetWindowLongPtrW(receiver, GWLP_USERDATA));
-    // A window that is being made, or replaced by another one, is nobody's yet or any more.
+    // The window is still being created, or is being replaced.
     if (self != nullptr && self->stage && self->window.get() == receiver &&
         self->handle(message, wParam, lParam)) {
         return 0;
@@ -143,7 +143,7 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             paint();
             return true;
         case WM_ERASEBKGND:
-            // The frame covers everything; erasing before it would flicker.
+            // The frame covers everything; erasing first would flicker.
             return true;
         case WM_KEYDOWN:
             return take(commandOf(static_cast<unsigned>(wParam), GetKeyState(VK_CONTROL) < 0));
@@ -182,7 +182,7 @@ void ViewerWindow::resized(const ClientSize& size) {
 void ViewerWindow::paint() {
     PAINTSTRUCT painting;
     BeginPaint(window.get(), &painting);
-    // What the system has covered is shown again from the copy of the frame.
+    // What the system uncovers is shown again from the copy of the frame.
     stale = std::max(stale, Stale::Overlay);
     refresh();
     EndPaint(window.get(), &painting);
@@ -205,7 +205,7 @@ void ViewerWindow::drawFrame() {
     stage->show();
     const double milliseconds = surroundings.clock() - begin;
     stage->setPartsPerDrawn(1);
-    budget.frameTook(milliseconds, parts);
+    budget.addFrameTime(milliseconds, parts);
     isThinned = parts > 1;
     stage->annotations().frameMilliseconds = milliseconds;
     stale = drawnRectangle() ? Stale::Overlay : Stale::Nothing;

@@ -21,26 +21,26 @@
 
 namespace qelview {
 
-/// What a viewer window needs of the world around it.
+/// What a viewer window needs from its environment.
 struct Surroundings {
-    /// True if a person sits in front of it, who can be shown message boxes and progress.
+    /// True if a user is present, who can be shown message boxes and progress.
     bool isAttended = true;
-    /// Milliseconds from any beginning.
+    /// Milliseconds from any start.
     std::function<double()> clock;
     /// Reads files into a scene, as `loadScene` does; throws ReadError and ReadCancelled.
     std::function<Scene(const std::vector<std::string>&, UpAxis)> load;
-    /// Where the names of recent files are kept; empty keeps none.
+    /// Where the names of recent files are stored; empty stores none.
     std::function<std::vector<std::string>()> readRecent;
     std::function<void(const std::vector<std::string>&)> writeRecent;
 
-    /// A person, the system's clock, a progress window for long loads, the program's key in the registry.
+    /// A user, the system's clock, a progress window for long loads, the program's registry key.
     [[nodiscard]] static Surroundings attended();
-    /// Nobody, a clock that stands still, so that the same input always leads to the same pictures, and
-    /// nothing that is kept.
+    /// No user, nothing stored, and a clock that stands still, so that the same input always gives the same
+    /// pictures.
     [[nodiscard]] static Surroundings scripted();
 };
 
-/// The window that people look at: it turns keys, the mouse and changes of its size into calls of the stage.
+/// The viewer's window: turns keys, mouse messages and resizes into calls of the stage.
 class ViewerWindow {
   public:
     explicit ViewerWindow(Surroundings around = Surroundings::attended());
@@ -48,54 +48,55 @@ class ViewerWindow {
     ViewerWindow(const ViewerWindow&) = delete;
     ViewerWindow& operator=(const ViewerWindow&) = delete;
 
-    /// Makes the window, hidden, and shows a scene in it; false if it gets no OpenGL context.
+    /// Creates the window, hidden, and shows a scene in it. Returns false if no OpenGL context could be
+    /// created.
     [[nodiscard]] bool open(const Options& options, Scene scene);
-    /// Opens, and lets a person work until the window is closed.
+    /// Shows the window and runs until it is closed.
     [[nodiscard]] ExitCode run(const Options& options, Scene scene);
 
     /// Of the open window.
     [[nodiscard]] HWND handle() const { return window.get(); }
     [[nodiscard]] Stage& view() { return *stage; }
-    /// Versions, and what draws: the text of the box of Help, About.
+    /// Versions and renderer: the text of the About box.
     [[nodiscard]] std::string aboutText();
-    /// What the window shows, drawn in full.
+    /// The window's content, drawn in full.
     [[nodiscard]] PixelImage picture();
-    /// True once the user has left.
+    /// True once the user has closed the viewer.
     [[nodiscard]] bool hasEnded() const { return ended; }
-    /// True once a file was refused that was opened from inside.
+    /// True once a file opened in the window failed to load.
     [[nodiscard]] bool hasRefused() const { return refused; }
-    /// Replays six-axis input, one step each time the system's timer fires.
+    /// Replays six-axis input, one step per tick of the system's timer.
     void replay(std::vector<MotionStep> steps);
     [[nodiscard]] bool isReplaying() const { return nextMotion < motion.size(); }
-    /// Writes the view into a BMP file and tells the user; false if that failed.
+    /// Writes the view to a BMP file and shows a message. Returns false if that failed.
     bool capture(const std::filesystem::path& file);
 
-    /// Puts files at the head of the recent ones.
+    /// Puts files at the head of the recent files.
     void remember(const std::vector<std::string>& files);
     [[nodiscard]] const RecentFiles& recentFiles() const { return recent; }
 
-    /// The timers of the window: the camera has come to rest, the next step of a replay.
+    /// The window's timers: the camera has stopped, the next step of a replay.
     static constexpr UINT_PTR kRestTimer = 1;
     static constexpr UINT_PTR kReplayTimer = 2;
 
   private:
-    /// What is to be drawn anew.
+    /// What must be drawn again.
     enum class Stale : std::uint8_t { Nothing, Overlay, Frame };
 
     static LRESULT CALLBACK dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] OwnedWindow create(const ClientSize& size);
 
-    /// True if the message needs no further treatment.
+    /// True if the message needs no further handling.
     bool handle(UINT message, WPARAM wParam, LPARAM lParam);
     bool handleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool handleButton(UINT message, WPARAM wParam, LPARAM lParam);
     void resized(const ClientSize& size);
     void paint();
-    /// Draws what is stale.
+    /// Draws what is out of date.
     void refresh();
     void drawFrame();
     void redraw(Stale what);
-    /// The camera moves on: frames may be thinned until it rests.
+    /// Called while the camera moves: frames may be thinned until it stops.
     void moved();
     void rest();
     void timerFired(UINT_PTR timer);
@@ -109,10 +110,10 @@ class ViewerWindow {
     void zoom(WPARAM wParam, LPARAM position);
     void markPoint(const PixelPlace& place);
     [[nodiscard]] std::optional<PixelBox> drawnRectangle() const;
-    /// A mouse position of a message as the stage counts it: y from the lower edge.
+    /// The mouse position of a message in the stage's coordinates: y from the lower edge.
     [[nodiscard]] PixelPlace placeOf(LPARAM position) const;
 
-    /// True if it is a command, wherever the user gave it.
+    /// Runs a command. Returns true if it was one.
     bool take(const KeyCommand& wanted);
     void obey(const KeyCommand& wanted);
     void markMenu();
@@ -125,8 +126,8 @@ class ViewerWindow {
     void leave();
     void chooseRectangle(bool isChosen);
     void switchStereo();
-    void captureAnew();
-    /// False if the files were refused; the scene is the old one then.
+    void captureToFreeName();
+    /// Returns false if loading failed, which keeps the old scene.
     bool openFiles(const std::vector<std::string>& files);
     void accept(Scene scene);
     void refuse(const std::string& reason);
@@ -138,7 +139,7 @@ class ViewerWindow {
     std::unique_ptr<Stage> stage;
     std::string captureFile;
     RecentFiles recent;
-    /// Whole names; none for a scene that comes from no file.
+    /// Full names; empty for a scene that comes from no file.
     std::vector<std::string> shownFiles;
     unsigned firstView = 0;
     Stale stale = Stale::Frame;

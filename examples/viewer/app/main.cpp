@@ -28,7 +28,7 @@
 
 namespace {
 
-/// The command line in UTF-8, whatever the code page of the system, without the name of the program.
+/// The command line in UTF-8, independent of the system's code page, without the program's name.
 std::vector<std::string> readArguments() {
     int count = 0;
     const std::unique_ptr<LPWSTR, decltype(&LocalFree)> all(CommandLineToArgvW(GetCommandLineW(), &count),
@@ -40,7 +40,7 @@ std::vector<std::string> readArguments() {
     return arguments;
 }
 
-/// What the command line says, or else what was chosen for the file before.
+/// The up axis of the command line, or else the one chosen for the file before.
 qelview::UpAxis upOf(const qelview::Options& options) {
     if (options.up || !options.isAttended()) {
         return options.up.value_or(qelview::UpAxis::Z);
@@ -96,9 +96,9 @@ qelview::ExitCode runViewer(const qelview::Options& options) {
         std::fprintf(stderr, "qelview: %s\n", error.what());
         std::fflush(stderr);
         if (options.isAttended()) {
-            qelview::tellProblem(nullptr, std::string(error.what()) +
-                                              "\n\nMend the file, or start qelview without one and open "
-                                              "another with Ctrl+O.");
+            qelview::showError(nullptr, std::string(error.what()) +
+                                            "\n\nFix the file, or start qelview without a file and open "
+                                            "another one with Ctrl+O.");
         }
         return qelview::ExitCode::BadFile;
     }
@@ -107,9 +107,9 @@ qelview::ExitCode runViewer(const qelview::Options& options) {
 }  // namespace
 
 int main() {
-    // Before anything else can load a library by its name.
+    // Before anything else can load a library by name.
     qelview::restrictLibraryFolders();
-    // Sizes are real pixels on every screen.
+    // Sizes are physical pixels on every screen.
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const std::variant<qelview::Options, qelview::Ending> parsed = qelview::parseOptions(readArguments());
     if (const auto* const ending = std::get_if<qelview::Ending>(&parsed)) {

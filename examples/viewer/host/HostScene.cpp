@@ -16,16 +16,16 @@ namespace {
 constexpr std::uint16_t kDashes = 0x0F0F;
 
 template <class Element>
-qel::ref_ptr<HostArray<Element>> makeArray(std::vector<Element> elements) {
+qel::ref_ptr<qel::HostArray<Element>> makeArray(std::vector<Element> elements) {
     if (elements.empty()) {
         return {};
     }
-    return new HostArray<Element>(std::move(elements));
+    return new qel::HostArray<Element>(std::move(elements));
 }
 
 /// One element of an array for each part of a scene.
 template <class Element, class Source, class Convert>
-qel::ref_ptr<HostArray<Element>> convertAll(const std::vector<Source>& source, const Convert& convert) {
+qel::ref_ptr<qel::HostArray<Element>> convertAll(const std::vector<Source>& source, const Convert& convert) {
     std::vector<Element> elements(source.size());
     forEachOnAllCores(source.size(), [&](std::size_t i) { elements[i] = convert(source[i]); });
     return makeArray(std::move(elements));
@@ -93,7 +93,7 @@ void HostScene::addCloud(PointCloud&& cloud) {
     Cloud added;
     added.vertices = convertAll<qel::ArrayVertex>(cloud.positions, toVertex);
     added.positions = std::move(cloud.positions);
-    added.order = new HostArray<qel::ArrayIndex>({});
+    added.order = new qel::HostArray<qel::ArrayIndex>({});
     added.colors = convertAll<qel::ArrayColor3b>(cloud.colors, toSignedColor);
     added.color = cloud.color;
     added.size = cloud.size;
@@ -106,25 +106,25 @@ void HostScene::addGeometry(IQelGeometry* geometry, const LineStyle& style) {
 
 void HostScene::addGeometries(const Scene& scene) {
     for (const Polyline& polyline : scene.polylines) {
-        addGeometry(new HostPolyline(polyline.parts), polyline.style);
+        addGeometry(new qel::HostPolyline(polyline.parts), polyline.style);
     }
     for (const Polygon& polygon : scene.polygons) {
-        addGeometry(new HostPolygon(polygon.rings), polygon.style);
+        addGeometry(new qel::HostPolygon(polygon.rings), polygon.style);
     }
     for (const Ring& ring : scene.rings) {
-        addGeometry(new HostRing(ring.points), ring.style);
+        addGeometry(new qel::HostRing(ring.points), ring.style);
     }
     for (const Curve& curve : scene.curves) {
-        addGeometry(new HostCurve(curve.points), curve.style);
+        addGeometry(new qel::HostCurve(curve.points), curve.style);
     }
     for (const Segment& segment : scene.segments) {
-        addGeometry(new HostSegment(segment.from, segment.to), segment.style);
+        addGeometry(new qel::HostSegment(segment.from, segment.to), segment.style);
     }
     for (const Ball& ball : scene.balls) {
-        addGeometry(new HostBall(ball.center, ball.radius), ball.style);
+        addGeometry(new qel::HostBall(ball.center, ball.radius), ball.style);
     }
     for (const SurveyPoint& point : scene.points) {
-        addGeometry(new HostPoint(point.position), {});
+        addGeometry(new qel::HostPoint(point.position), {});
     }
 }
 

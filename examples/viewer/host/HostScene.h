@@ -5,10 +5,10 @@
 #include <optional>
 #include <vector>
 
-#include "HostGeometry.h"
 #include "IQelSymbol.h"
 #include "PointOrder.h"
 #include "QelArrayElements.h"
+#include "QelHostKit.h"
 #include "QelRefPtr.h"
 #include "Scene.h"
 
@@ -34,7 +34,7 @@ class HostScene {
 
   private:
     template <class Element>
-    using Array = qel::ref_ptr<HostArray<Element>>;
+    using Array = qel::ref_ptr<qel::HostArray<Element>>;
 
     struct Mesh {
         Array<qel::ArrayVertex> vertices;

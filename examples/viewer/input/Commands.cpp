@@ -7,7 +7,7 @@ namespace qelview {
 
 namespace {
 
-/// The system's codes of keys that are no letter or digit.
+/// The system's codes of keys other than letters and digits.
 constexpr unsigned kEscapeKey = 0x1B;
 constexpr unsigned kFirstPadKey = 0x60;
 constexpr unsigned kStandardViews = 8;

@@ -5,9 +5,9 @@
 
 namespace qelview {
 
-void DetailBudget::frameTook(double milliseconds, std::size_t partsPerDrawn) {
-    // A full frame says anew how much is wanted; a thinned one can only ask for less, or the picture would
-    // flicker between two densities.
+void DetailBudget::addFrameTime(double milliseconds, std::size_t partsPerDrawn) {
+    // A full frame measures again how much is possible; a thinned frame can only ask for less, or the picture
+    // would flicker between two densities.
     const double parts = std::clamp(std::ceil(milliseconds / kMilliseconds), 1.0, double{kThinnest});
     const std::size_t asked = std::min(partsPerDrawn * static_cast<std::size_t>(parts), kThinnest);
     wanted = partsPerDrawn == 1 ? asked : std::max(wanted, asked);

@@ -4,20 +4,20 @@
 
 namespace qelview {
 
-/// Decides how much of a scene is drawn while the camera moves, so that a frame keeps to its time. At rest
-/// everything is drawn.
+/// Decides how much of a scene is drawn while the camera moves, so that frames stay within their time. When
+/// the camera stops, everything is drawn.
 class DetailBudget {
   public:
-    /// Longest time of a frame while the camera moves.
+    /// Longest frame time while the camera moves.
     static constexpr double kMilliseconds = 50.0;
-    /// Fewer than one of so many parts are never drawn.
+    /// The largest number of parts of which one is drawn.
     static constexpr std::size_t kThinnest = 64;
 
-    /// Of how many parts one is drawn in the next frame: 1 draws all.
+    /// One in how many parts the next frame draws; 1 draws all.
     [[nodiscard]] std::size_t partsPerDrawn(bool isMoving) const { return isMoving ? wanted : 1; }
-    /// Tells how long a frame took that drew one of `partsPerDrawn` parts.
-    void frameTook(double milliseconds, std::size_t partsPerDrawn);
-    /// Another scene: nothing is known of it.
+    /// Reports how long a frame took that drew one in `partsPerDrawn` parts.
+    void addFrameTime(double milliseconds, std::size_t partsPerDrawn);
+    /// Starts again for another scene.
     void reset() { wanted = 1; }
 
   private:

@@ -46,9 +46,9 @@ constexpr std::array<MenuColumn, 3> kColumns{{
     {"&Help", kHelpLinesOfMenu},
 }};
 
-/// Numbers below belong to the system's own windows.
+/// Lower numbers belong to the system's own windows.
 constexpr unsigned kFirstNumber = 1000;
-/// More than views, and than recent files.
+/// More than the number of views, and of recent files.
 constexpr unsigned kNumbersOfACommand = 16;
 
 }  // namespace

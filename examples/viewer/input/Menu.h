@@ -9,11 +9,11 @@
 
 namespace qelview {
 
-/// A line of a menu; a line without a text parts the ones above from those below.
+/// A line of a menu; a line without text is a separator.
 struct MenuLine {
-    /// The letter after & opens the line by keyboard.
+    /// The letter after & opens the line from the keyboard.
     std::string_view text;
-    /// The key that does the same; empty for none.
+    /// The key for the same command; empty for none.
     std::string_view key;
     KeyCommand meaning;
 };
@@ -24,16 +24,16 @@ struct MenuColumn {
     std::span<const MenuLine> lines;
 };
 
-/// The menus of the viewer's window, from left to right. The line of the command Recent stands for the list
-/// of recent files.
+/// The menus of the viewer's window, from left to right. The line of the command Recent is replaced by the
+/// list of recent files.
 [[nodiscard]] std::span<const MenuColumn> menuColumns();
 
-/// The number by which the system names a command that was chosen from the menu; never 0.
+/// The system's number for a menu command; never 0.
 [[nodiscard]] unsigned menuNumberOf(const KeyCommand& meaning);
-/// What such a number stands for; the command Nothing for others.
+/// The command of such a number; Nothing for other numbers.
 [[nodiscard]] KeyCommand commandOfMenu(unsigned number);
 
-/// The text of a recent file in the menu: its place from 1, by which it is opened, and its name.
+/// The text of a recent file in the menu: its number from 1, which is its access key, and its name.
 [[nodiscard]] std::string recentText(unsigned place, std::string_view file);
 
 }  // namespace qelview

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kLargestValue = 1000.0;
 constexpr long long kMostRepeats = 10000;
-/// Nine hours: short lines with many repeats must not fill the memory.
+/// Nine hours: short lines with large repeat counts must not fill the memory.
 constexpr std::size_t kMostSteps = 1'000'000;
 
 MotionStep readStep(const std::vector<std::string_view>& words, const TextLines& lines) {
@@ -20,7 +20,7 @@ MotionStep readStep(const std::vector<std::string_view>& words, const TextLines&
     for (std::size_t axis = 0; axis < step.size(); ++axis) {
         const double value = readNumber(words[axis], lines);
         if (!(std::abs(value) <= kLargestValue)) {
-            lines.refuseLine(quoted(words[axis]) + " is not from -1000 to 1000");
+            lines.refuseLine(quoted(words[axis]) + " is out of range (-1000 to 1000)");
         }
         step.at(axis) = value;
     }
@@ -42,15 +42,15 @@ std::vector<MotionStep> parseMotion(std::string_view text) {
             continue;
         }
         if (words.size() != kAxes && words.size() != kAxes + 1) {
-            lines.refuseLine("expected six numbers and perhaps how often");
+            lines.refuseLine("expected six numbers and an optional repeat count");
         }
         const MotionStep step = readStep(words, lines);
         const long long repeats = words.size() > kAxes ? readWhole(words[kAxes], lines) : 1;
         if (repeats < 1 || repeats > kMostRepeats) {
-            lines.refuseLine(quoted(words[kAxes]) + " is not from 1 to 10000");
+            lines.refuseLine(quoted(words[kAxes]) + " is out of range (1 to 10000)");
         }
         if (static_cast<std::size_t>(repeats) > kMostSteps - steps.size()) {
-            lines.refuseLine("there are more than 1000000 steps");
+            lines.refuseLine("more than 1000000 steps");
         }
         steps.insert(steps.end(), static_cast<std::size_t>(repeats), step);
     }
@@ -58,9 +58,10 @@ std::vector<MotionStep> parseMotion(std::string_view text) {
 }
 
 std::string motionHelp() {
-    return "  A line is 'PANX PANY DOLLY TURNX TURNY ROLL [TIMES]': pixels, but for the dolly, which counts\n"
-           "  in 1/150 of the model's size; each from -1000 to 1000. There are 30 steps a second. Lines\n"
-           "  that begin with # are left out, here and in scripts.\n";
+    return R"(  A line is 'PANX PANY DOLLY TURNX TURNY ROLL [TIMES]', in pixels except for the dolly, in 1/150
+  of the model's size; each from -1000 to 1000. Steps run at 30 per second. Lines that begin
+  with # are ignored, here and in scripts.
+)";
 }
 
 }  // namespace qelview

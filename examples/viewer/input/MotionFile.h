@@ -11,8 +11,8 @@ namespace qelview {
 /// each from -1000 to 1000.
 using MotionStep = std::array<double, 6>;
 
-/// Reads recorded six-axis input; `motionHelp` says what its lines look like.
-/// @throws ReadError "line N: REASON" for the first line that is wrong.
+/// Reads recorded six-axis input; `motionHelp` describes the lines.
+/// @throws ReadError "line N: REASON" for the first wrong line.
 [[nodiscard]] std::vector<MotionStep> parseMotion(std::string_view text);
 
 /// The format of recorded input, for the help text.

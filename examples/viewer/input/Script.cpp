@@ -24,19 +24,20 @@ struct Verb {
 };
 
 constexpr std::array<Verb, 12> kVerbs{{
-    {"size", ScriptAction::Size, Operands::Place, "size WIDTH HEIGHT", "gives the view this size"},
+    {"size", ScriptAction::Size, Operands::Place, "size WIDTH HEIGHT", "resizes the view"},
     {"move", ScriptAction::Move, Operands::Place, "move X Y", "moves the mouse"},
     {"down", ScriptAction::Down, Operands::ButtonAndPlace, "down left|middle|right X Y [shift]",
      "presses a button"},
-    {"up", ScriptAction::Up, Operands::ButtonAndPlace, "up left|middle|right X Y [shift]", "releases it"},
+    {"up", ScriptAction::Up, Operands::ButtonAndPlace, "up left|middle|right X Y [shift]",
+     "releases a button"},
     {"wheel", ScriptAction::Wheel, Operands::NotchesAndPlace, "wheel NOTCHES X Y",
-     "turns the wheel, away from the user for positive"},
-    {"double", ScriptAction::Double, Operands::Place, "double X Y", "clicks twice with the left button"},
+     "turns the wheel; positive is away from the user"},
+    {"double", ScriptAction::Double, Operands::Place, "double X Y", "double-clicks with the left button"},
     {"key", ScriptAction::Key, Operands::KeyName, "key NAME", "presses a key: a letter, a digit or Esc"},
     {"drop", ScriptAction::Drop, Operands::FileName, "drop FILE", "drops a file on the window"},
-    {"motion", ScriptAction::Motion, Operands::FileName, "motion FILE", "replays a file of --motion"},
+    {"motion", ScriptAction::Motion, Operands::FileName, "motion FILE", "replays recorded six-axis input"},
     {"picture", ScriptAction::Picture, Operands::FileName, "picture FILE.png",
-     "writes what the window shows"},
+     "writes a picture of the window"},
     {"camera", ScriptAction::Camera, Operands::FileName, "camera FILE.txt",
      "writes eye, target and up at full precision"},
     {"capture", ScriptAction::Capture, Operands::FileName, "capture FILE.bmp", "captures the view"},
@@ -50,8 +51,8 @@ using Words = std::vector<std::string_view>;
 int readWithin(std::string_view word, long long smallest, long long largest, const TextLines& lines) {
     const long long value = readWhole(word, lines);
     if (value < smallest || value > largest) {
-        lines.refuseLine(quoted(word) + " is not from " + std::to_string(smallest) + " to " +
-                         std::to_string(largest));
+        lines.refuseLine(quoted(word) + " is out of range (" + std::to_string(smallest) + " to " +
+                         std::to_string(largest) + ")");
     }
     return static_cast<int>(value);
 }
@@ -63,7 +64,7 @@ void requireCount(const Words& words, std::size_t count, const Verb& verb, const
 }
 
 void readPlace(ScriptStep& step, std::string_view x, std::string_view y, const TextLines& lines) {
-    // A mouse that is held leaves the window too; a view has a size.
+    // A captured mouse may leave the window; a size may not be negative.
     const bool isSize = step.action == ScriptAction::Size;
     const long long smallest = isSize ? 1 : -kLargestPlace;
     step.x = readWithin(x, smallest, kLargestPlace, lines);
@@ -80,9 +81,9 @@ MouseButton readButton(std::string_view word, const TextLines& lines) {
 }
 
 void readButtonAndPlace(ScriptStep& step, const Words& words, const Verb& verb, const TextLines& lines) {
-    constexpr std::size_t kWithoutShift = 4;
-    step.withShift = words.size() == kWithoutShift + 1 && words.back() == "shift";
-    requireCount(words, step.withShift ? kWithoutShift + 1 : kWithoutShift, verb, lines);
+    constexpr std::size_t kWordsWithoutShift = 4;
+    step.withShift = words.size() == kWordsWithoutShift + 1 && words.back() == "shift";
+    requireCount(words, step.withShift ? kWordsWithoutShift + 1 : kWordsWithoutShift, verb, lines);
     step.button = readButton(words[1], lines);
     readPlace(step, words[2], words[3], lines);
 }
@@ -94,7 +95,7 @@ void readKey(ScriptStep& step, std::string_view word, const TextLines& lines) {
     }
 }
 
-/// The rest of the line: names may have blanks inside.
+/// The rest of the line: names may contain blanks.
 void readFileName(ScriptStep& step, const Words& words, const Verb& verb, const TextLines& lines) {
     if (words.size() < 2) {
         requireCount(words, 2, verb, lines);
@@ -108,7 +109,7 @@ ScriptStep readStep(const Words& words, const TextLines& lines) {
     const auto* const verb = std::find_if(kVerbs.begin(), kVerbs.end(),
                                           [&words](const Verb& each) { return each.word == words[0]; });
     if (verb == kVerbs.end()) {
-        lines.refuseLine(quoted(words[0]) + " is no action");
+        lines.refuseLine(quoted(words[0]) + " is not an action");
     }
     ScriptStep step;
     step.action = verb->action;

@@ -28,24 +28,23 @@ enum class ScriptAction : std::uint8_t {
 /// One line of a script.
 struct ScriptStep {
     ScriptAction action = ScriptAction::Move;
-    /// A place in the view in pixels, from its upper left corner as the mouse counts; or the size of the
-    /// view.
+    /// A position in the view in pixels, from its upper-left corner like the mouse; or the size of the view.
     int x = 0;
     int y = 0;
     MouseButton button = MouseButton::Left;
     bool withShift = false;
     /// Notches of the wheel, positive away from the user.
     int notches = 0;
-    /// As the system names it.
+    /// The system's code of a key.
     unsigned key = 0;
     /// In UTF-8.
     std::string file;
-    /// In the script, from 1.
+    /// Line number in the script, from 1.
     std::size_t line = 0;
 };
 
-/// Reads a script of mouse and keys; `scriptHelp` says what its lines look like.
-/// @throws ReadError "line N: REASON" for the first line that is wrong.
+/// Reads a script of mouse and keys; `scriptHelp` describes the lines.
+/// @throws ReadError "line N: REASON" for the first wrong line.
 [[nodiscard]] std::vector<ScriptStep> parseScript(std::string_view text);
 
 /// The format of scripts, for the help text.

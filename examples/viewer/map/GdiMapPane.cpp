@@ -10,7 +10,7 @@ namespace qelview {
 
 namespace {
 
-/// An object that is selected for as long as this lives.
+/// Selects an object for as long as this lives.
 class Selected {
   public:
     Selected(HDC context, HGDIOBJ object) : dc(context), before(SelectObject(context, object)) {}
@@ -28,7 +28,7 @@ void printAt(HDC dc, int x, int baseline, const std::string& text) {
     TextOutW(dc, x, baseline, wide.c_str(), static_cast<int>(wide.size()));
 }
 
-/// Rows from the lowest to the highest, without padding.
+/// Rows from bottom to top, without padding.
 PixelImage imageOf(HDC dc, int width, int height) {
     PixelImage image;
     image.width = width;
@@ -59,11 +59,8 @@ PixelImage imageOf(HDC dc, int width, int height) {
 }  // namespace
 
 GdiMapPane::GdiMapPane(HWND window) {
-    IQelScrDisplay2D* const made = newGDIScrDisplay();
-    display = made;
-    // The display came with a reference of its own; the pointer has taken its own by now.
-    made->Release();
-    display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)));
+    display = qel::adopt(newGDIScrDisplay());
+    display->attachWindow(qel::handleNumber(window));
     font = CreateFontW(-kTextHeightPx, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                        OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, kMapFont);
 }
@@ -73,7 +70,7 @@ GdiMapPane::~GdiMapPane() {
 }
 
 HDC GdiMapPane::deviceContext() {
-    return reinterpret_cast<HDC>(static_cast<std::intptr_t>(display->getDC()));
+    return qel::handleFromNumber<HDC>(display->getDC());
 }
 
 void GdiMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
@@ -114,7 +111,7 @@ void GdiMapPane::drawLines(const std::vector<Line2d>& lines, std::uint32_t color
 void GdiMapPane::fillAreas(const std::vector<Rings2d>& areas) {
     HDC const dc = deviceContext();
     display->setBrushColor(kHatch.forGdi());
-    // The ground between the lines of the hatch.
+    // The background between the lines of the hatch.
     SetBkMode(dc, OPAQUE);
     SetBkColor(dc, kLand.forGdi());
     SetPolyFillMode(dc, ALTERNATE);
@@ -156,10 +153,11 @@ void GdiMapPane::drawTexts(const MapFrame& frame, const MapView& view, const Map
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, kInk.forGdi());
     SetTextAlign(dc, TA_LEFT | TA_BASELINE);
-    constexpr int kBeside = 6;
+    constexpr int kLabelOffset = 6;
     for (const Name2d& name : frame.names) {
         const qel::XPnt2d at = view.pixelOf(name.at);
-        printAt(dc, static_cast<int>(at.x) + kBeside, static_cast<int>(at.y) - kBeside / 2, name.text);
+        printAt(dc, static_cast<int>(at.x) + kLabelOffset, static_cast<int>(at.y) - kLabelOffset / 2,
+                name.text);
     }
     printAt(dc, kTextMarginPx, kTextMarginPx + kTextHeightPx, texts.title);
     printAt(dc, kTextMarginPx, view.height() - kTextMarginPx, texts.place);

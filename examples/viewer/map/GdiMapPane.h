@@ -11,10 +11,10 @@
 namespace qelview {
 
 /// A map drawn by the module's GDI display. The display draws lines and rectangles; areas with holes are
-/// filled on its device context with the brush that it has selected there.
+/// filled on its device context with its selected brush.
 class GdiMapPane final : public MapPane {
   public:
-    /// @param window with a device context of its own; it must be visible to be drawn on.
+    /// @param window with its own device context; it must be visible to be drawn on.
     explicit GdiMapPane(HWND window);
     ~GdiMapPane() override;
 

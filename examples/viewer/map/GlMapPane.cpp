@@ -7,6 +7,7 @@
 #include "MapTriangles.h"
 #include "QelDisplay64t.h"
 #include "QelGl.h"
+#include "QelHostKit.h"
 #include "QelTmpGlStateCtrl.h"
 #include "SystemWindow.h"
 
@@ -14,7 +15,7 @@ namespace qelview {
 
 namespace {
 
-/// GDI's hatch as OpenGL's pattern of 32 x 32 pixels, whose first row is the lowest of the window.
+/// GDI's hatch as OpenGL's pattern of 32 x 32 pixels, whose first row is the window's lowest.
 std::array<GLubyte, 128> hatchPattern(int height) {
     std::array<GLubyte, 128> pattern{};
     constexpr std::size_t kBytesOfARow = 4;
@@ -26,8 +27,7 @@ std::array<GLubyte, 128> hatchPattern(int height) {
     return pattern;
 }
 
-/// What only the host sets while it fills areas: the surfaces lie in the plane and have no light of their
-/// own.
+/// State that the host sets while it fills areas: the surfaces lie in the plane and are not lit.
 void drawTriangles(IQelSymbol& symbol, const qel::ref_ptr<IQelArray<qel::ArrayVertex>>& vertices,
                    const MapColor& color) {
     const QelTmpGlStateCtrl paint(color.forOpenGl());
@@ -37,11 +37,8 @@ void drawTriangles(IQelSymbol& symbol, const qel::ref_ptr<IQelArray<qel::ArrayVe
 }  // namespace
 
 std::unique_ptr<GlMapPane> GlMapPane::open(HWND window) {
-    IQelDisplay* const made = newScreenDisplay();
-    qel::ref_ptr<IQelDisplay> display = made;
-    // The display came with a reference of its own; the pointer has taken its own by now.
-    made->Release();
-    display->attachWindow(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window)), false);
+    qel::ref_ptr<IQelDisplay> display = qel::adopt(newScreenDisplay());
+    display->attachWindow(qel::handleNumber(window), false);
     display->makeCurrent();
     if (display->getDC() == 0 || wglGetCurrentContext() == nullptr) {
         return nullptr;
@@ -93,7 +90,7 @@ void GlMapPane::draw(const MapFrame& frame, const MapView& view, const MapTextsO
 }
 
 void GlMapPane::loadView(const MapView& view) {
-    // OpenGL's pixels begin at whole numbers; a map's have their middles there.
+    // OpenGL's pixels start at integers; a map's pixels have their centres there.
     const double half = 0.5 * view.unitsPerPixel();
     const qel::Enve2d shown = view.extent();
     const qel::Enve3d extent{
@@ -118,7 +115,7 @@ void GlMapPane::drawLines(const std::vector<Line2d>& lines, const MapColor& colo
                        [this](const qel::XPnt2d& point) { return local(point); });
     }
     symbol->setColor(color.forSymbol());
-    const qel::ref_ptr<IQelGeometry> all = new HostPolyline(parts);
+    const qel::ref_ptr<IQelGeometry> all = new qel::HostPolyline(parts);
     symbol->drawGeometry(all.get());
 }
 
@@ -140,7 +137,7 @@ void GlMapPane::fillAreas(const std::vector<Rings2d>& areas, const MapView& view
         return;
     }
     const qel::ref_ptr<IQelArray<qel::ArrayVertex>> vertices =
-        new HostArray<qel::ArrayVertex>(std::move(corners));
+        new qel::HostArray<qel::ArrayVertex>(std::move(corners));
     drawTriangles(*symbol, vertices, kLand);
     glPolygonStipple(hatchPattern(view.height()).data());
     const QelTmpGlStateCtrl hatched(GL_POLYGON_STIPPLE, true);
@@ -166,11 +163,11 @@ void GlMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapT
     drawBar(view, texts.bar);
     display->setOrtho2D();
     const QelTmpGlStateCtrl ink(kInk.forOpenGl());
-    constexpr double kBeside = 6.0;
+    constexpr double kLabelOffset = 6.0;
     const double height = view.height();
     for (const Name2d& name : frame.names) {
         const qel::XPnt2d at = view.pixelOf(name.at);
-        printAt(at.x + kBeside, height - at.y + kBeside * 0.5, name.text);
+        printAt(at.x + kLabelOffset, height - at.y + kLabelOffset * 0.5, name.text);
     }
     printAt(kTextMarginPx, height - kTextMarginPx - kTextHeightPx, texts.title);
     printAt(kTextMarginPx, kTextMarginPx, texts.place);

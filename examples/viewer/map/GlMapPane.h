@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "CQelTransform2d.h"
-#include "HostGeometry.h"
 #include "IQelDisplay.h"
 #include "IQelSymbol.h"
 #include "MapPane.h"
@@ -14,10 +13,10 @@
 namespace qelview {
 
 /// A map drawn by the module's symbol on its OpenGL display, through its planar transform. The transform's
-/// local origin is the corner of the view: what OpenGL sees are coordinates of the size of the view.
+/// local origin is the corner of the view, so that OpenGL's coordinates are no larger than the view.
 class GlMapPane final : public MapPane {
   public:
-    /// Null if the window gets no OpenGL context.
+    /// Null if no OpenGL context could be created.
     [[nodiscard]] static std::unique_ptr<GlMapPane> open(HWND window);
 
     void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) override;

@@ -16,7 +16,7 @@ bool isSame(const qel::XPnt2d& one, const qel::XPnt2d& other) {
     return one.x == other.x && one.y == other.y;
 }
 
-/// How far inside an edge of the rectangle a point is; negative outside.
+/// Distance of a point inside an edge of the rectangle; negative outside.
 using Depth = double (*)(const qel::Enve2d&, const qel::XPnt2d&);
 
 constexpr std::array<Depth, 4> kDepths{{
@@ -26,7 +26,8 @@ constexpr std::array<Depth, 4> kDepths{{
     [](const qel::Enve2d& area, const qel::XPnt2d& point) { return area.ymax - point.y; },
 }};
 
-/// Where a segment enters and leaves the rectangle, as shares of its length; false if it stays outside.
+/// Where a segment enters and leaves the rectangle, as fractions of its length. Returns false if it stays
+/// outside.
 bool findInside(const qel::XPnt2d& from, const qel::XPnt2d& to, const qel::Enve2d& area,
                 std::pair<double, double>& inside) {
     inside = {0.0, 1.0};

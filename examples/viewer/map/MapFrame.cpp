@@ -12,10 +12,10 @@ namespace qelview {
 
 namespace {
 
-/// What is cut lies this far outside the pane, so that no cut is seen.
+/// Distance of the clipping rectangle outside the pane, so that clipped edges are not visible.
 constexpr double kMarginPx = 48.0;
 constexpr std::size_t kMostFramedPoints = 1500;
-/// Distance of the lines of the net, at least.
+/// Smallest distance of the grid lines, in pixels.
 constexpr double kNetPx = 110.0;
 
 qel::Enve2d widened(const MapView& view) {
@@ -28,7 +28,7 @@ qel::Enve2d widened(const MapView& view) {
     return area;
 }
 
-/// Corners at the middles of pixels, each once.
+/// Corners at pixel centres, without duplicates.
 Line2d snapped(const Line2d& line, const MapView& view) {
     Line2d corners;
     double lastColumn = 0.0;
@@ -49,7 +49,7 @@ Line2d snapped(const Line2d& line, const MapView& view) {
 void addParts(std::vector<Line2d>& target, const Line2d& line, const qel::Enve2d& area, const MapView& view) {
     for (const Line2d& part : clipLine(line, area)) {
         Line2d corners = snapped(part, view);
-        // What is smaller than a pixel is not seen.
+        // Smaller than a pixel: not visible.
         if (corners.size() > 1) {
             target.push_back(std::move(corners));
         }
@@ -74,7 +74,7 @@ void addArea(MapFrame& frame, const Rings2d& rings, const qel::Enve2d& area, con
 }
 
 std::vector<double> multiplesWithin(double from, double to, double step) {
-    // A pane has room for fewer.
+    // More than fit in a pane.
     constexpr double kMost = 1000.0;
     const double first = std::ceil(from / step);
     const auto count = static_cast<int>(std::clamp(std::floor(to / step) - first + 1.0, 0.0, kMost));

@@ -8,19 +8,19 @@
 
 namespace qelview {
 
-/// What of a map is visible in a view: cut a little outside the pane, in double precision, so that neither
-/// the pixels of a pane nor the single precision of a driver ever see a coordinate far away.
+/// The part of a map that is visible in a view: clipped slightly outside the pane in double precision, so
+/// that no distant coordinate reaches the pane's pixels or a driver's single precision.
 struct MapFrame {
     std::vector<Rings2d> areas;
     /// Edges of the areas.
     std::vector<Line2d> outlines;
     std::vector<Line2d> lines;
-    /// The net of coordinate lines.
+    /// The grid of coordinate lines.
     std::vector<Line2d> net;
     Line2d points;
-    /// Too many points to frame each of them.
+    /// True if there are too many points to frame each one.
     bool isCrowded = false;
-    /// Names that do not cover each other, the first ones first.
+    /// Names that do not overlap; earlier ones win.
     std::vector<Name2d> names;
 };
 

@@ -6,7 +6,7 @@
 
 namespace qelview {
 
-/// What is written over a map.
+/// The text over a map.
 struct MapTextsOfFrame {
     bool areShown = true;
     std::string title;
@@ -14,7 +14,7 @@ struct MapTextsOfFrame {
     ScaleBar bar;
 };
 
-/// A pane that shows a map in its window.
+/// A pane that draws a map in its window.
 class MapPane {
   public:
     MapPane() = default;

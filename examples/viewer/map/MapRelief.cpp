@@ -33,7 +33,7 @@ Scene reliefOf(const Scene& map) {
         if (polygon.rings.empty() || polygon.rings.front().empty()) {
             continue;
         }
-        // In the plane of the polygon's beginning: maps have their areas on one level.
+        // In the plane of the polygon's first point: areas of maps are level.
         const double level = polygon.rings.front().front().z;
         for (const qel::XPnt2d& corner : trianglesOf(flat(polygon))) {
             ground.positions.emplace_back(corner.x, corner.y, level);

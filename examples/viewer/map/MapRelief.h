@@ -4,7 +4,7 @@
 
 namespace qelview {
 
-/// A map's scene as a view in three dimensions shows it: its polygons get surfaces.
+/// A map's scene for the three-dimensional view: its polygons get surfaces.
 [[nodiscard]] Scene reliefOf(const Scene& map);
 
 }  // namespace qelview

@@ -5,7 +5,7 @@
 
 #include "QelColor.h"
 
-/// How maps look, the same in every pane.
+/// How maps look, in every pane.
 
 namespace qelview {
 
@@ -14,7 +14,7 @@ struct MapColor {
     std::uint8_t green;
     std::uint8_t blue;
 
-    /// As GDI has it.
+    /// In GDI's byte order.
     [[nodiscard]] constexpr std::uint32_t forGdi() const {
         return static_cast<std::uint32_t>(red | (green << 8) | (blue << 16));
     }
@@ -34,13 +34,13 @@ inline constexpr MapColor kLineColor{150, 108, 62};
 inline constexpr MapColor kPointColorOfMap{196, 52, 44};
 inline constexpr MapColor kInk{38, 44, 54};
 
-/// Half the side of the frame around a point.
+/// Half the side of the frame around a point, in pixels.
 inline constexpr int kPointHalfPx = 2;
 inline constexpr int kTextMarginPx = 14;
 inline constexpr int kTextHeightPx = 18;
 inline constexpr const wchar_t* kMapFont = L"Segoe UI";
 
-/// The rows of GDI's hatch of crossing diagonals, the highest bit on the left.
+/// The rows of GDI's cross hatch, most significant bit on the left.
 inline constexpr std::array<std::uint8_t, 8> kHatchRows{0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81};
 
 }  // namespace qelview

@@ -11,7 +11,7 @@ namespace qelview {
 namespace {
 
 constexpr double kLongestBarPx = 160.0;
-/// So that the text above the bar ends before the edge of the pane.
+/// Keeps the text above the bar inside the pane.
 constexpr double kLetterPx = 9.5;
 constexpr double kTextInset = 7.0;
 

@@ -6,20 +6,20 @@
 
 namespace qelview {
 
-/// A bar of a round length in the lower right corner.
+/// A scale bar of a round length in the lower right corner.
 struct ScaleBar {
     double units = 1.0;
-    /// Columns of its ends.
+    /// Columns of its two ends.
     double left = 0.0;
     double right = 1.0;
     std::string text;
-    /// Column where the text above it begins.
+    /// Column where the text above it starts.
     double textLeft = 0.0;
 };
 
 [[nodiscard]] ScaleBar scaleBarOf(const MapView& view, bool isGeographic);
 
-/// Coordinates as exact as a pixel, with degrees of east and north for a geographic map.
+/// Coordinates to the precision of a pixel, in degrees east and north for a geographic map.
 [[nodiscard]] std::string textOf(const qel::XPnt2d& world, const MapView& view, bool isGeographic);
 
 }  // namespace qelview

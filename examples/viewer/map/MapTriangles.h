@@ -4,8 +4,8 @@
 
 namespace qelview {
 
-/// The area that rings enclose together, in triangles: three points each, in no order. An area that rings
-/// enclose twice is a hole.
+/// Triangulates the area that rings enclose by the even-odd rule: three points per triangle, in no particular
+/// order.
 [[nodiscard]] Line2d trianglesOf(const Rings2d& rings);
 
 }  // namespace qelview

@@ -7,11 +7,12 @@ namespace qelview {
 
 namespace {
 
-/// Share of the pane that a fitted map fills.
+/// Fraction of the pane that a fitted map fills.
 constexpr double kFilledShare = 0.94;
 /// How much smaller than fitted a map may become.
 constexpr double kFarthestZoom = 4.0;
-/// A pixel is at least this share of the largest coordinate: some ten thousand steps of double precision.
+/// Smallest size of a pixel as a fraction of the largest coordinate: some ten thousand steps of double
+/// precision.
 constexpr double kFinestShare = 0x1p-39;
 
 }  // namespace
@@ -30,7 +31,7 @@ void MapView::fit(const qel::Enve2d& bounds) {
     finest = std::max(largest * kFinestShare, 1e-30);
     middle = bounds.MidPoint();
     const double fitted = std::max(bounds.Width() / columns, bounds.Hight() / rows) / kFilledShare;
-    // A single point has no size of its own.
+    // A single point has no size.
     coarsest = std::max(fitted * kFarthestZoom, finest * 1e6);
     scale = limited(fitted > 0.0 ? fitted : coarsest);
 }

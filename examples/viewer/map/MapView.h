@@ -5,27 +5,27 @@
 
 namespace qelview {
 
-/// Which part of a map a pane of pixels shows: a middle and one scale for both directions.
+/// The part of a map that a pane of pixels shows: a centre and one scale for both directions.
 ///
-/// Pixels are counted from the upper-left corner, rows downwards; whole numbers are the middles of pixels.
-/// The lower-left corner of the extent is the middle of the lowest, leftmost pixel.
+/// Pixels count from the upper-left corner, rows downwards; integers are pixel centres. The lower-left corner
+/// of the extent is the centre of the lowest, leftmost pixel.
 class MapView {
   public:
-    /// Size of the pane; the middle and the scale stay.
+    /// Sets the size of the pane; centre and scale stay.
     void resize(int widthPx, int heightPx);
     /// Shows a whole map with a margin, and limits zooming: out to a few times the map, in to where double
-    /// precision still tells the pixels apart.
+    /// precision still distinguishes pixels.
     void fit(const qel::Enve2d& bounds);
-    /// Moves the map with the hand: to the right and downwards for positive numbers of pixels.
+    /// Pans the map: right and down for positive numbers of pixels.
     void pan(double columns, double rows);
-    /// Enlarges by a factor, or shrinks below 1, and keeps what is at a pixel where it is.
+    /// Zooms by a factor (in above 1) about a pixel.
     void zoomAt(double column, double row, double factor);
 
     [[nodiscard]] int width() const { return columns; }
     [[nodiscard]] int height() const { return rows; }
     [[nodiscard]] double unitsPerPixel() const { return scale; }
     [[nodiscard]] double finestUnitsPerPixel() const { return finest; }
-    /// As wide and high as the pane.
+    /// The visible extent, with the pane's aspect ratio.
     [[nodiscard]] qel::Enve2d extent() const;
     [[nodiscard]] qel::XPnt2d worldAt(double column, double row) const;
     [[nodiscard]] qel::XPnt2d pixelOf(const qel::XPnt2d& world) const;

@@ -13,7 +13,7 @@ namespace qelview {
 
 namespace {
 
-/// Factor of a notch of the wheel.
+/// Zoom factor per wheel notch.
 constexpr double kZoomOfANotch = 1.25;
 constexpr float kReliefZoomOfANotch = 0.1F;
 constexpr std::array<const char*, MapWindow::kPanes> kPaneNames{"GDI", "OpenGL", "3D"};
@@ -22,9 +22,10 @@ POINT pointOf(LPARAM position) {
     return {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
 }
 
-/// Buttons as the camera numbers its drags: the left one turns, the middle one pans, the right one zooms.
-int cameraButtonOf(UINT message) {
-    return message == WM_LBUTTONDOWN ? 2 : message == WM_MBUTTONDOWN ? 1 : 3;
+qel::Drag dragOf(UINT message) {
+    return message == WM_LBUTTONDOWN   ? qel::DragRotate
+           : message == WM_MBUTTONDOWN ? qel::DragPan
+                                       : qel::DragZoom;
 }
 
 }  // namespace
@@ -32,7 +33,7 @@ int cameraButtonOf(UINT message) {
 MapWindow::MapWindow(const Scene& shownScene) : scene(shownScene), map(mapOf(shownScene)) {}
 
 MapWindow::~MapWindow() {
-    // The displays let go of their windows before the windows go.
+    // The displays release their windows before the windows are destroyed.
     relief.reset();
     gl.reset();
     gdi.reset();
@@ -86,7 +87,7 @@ void MapWindow::run() {
 
 void MapWindow::fit() {
     mapView.fit(map.bounds);
-    // From the south, as far up as a map on a table is looked at.
+    // From the south and above, like a map on a table.
     constexpr unsigned kFromTheSouth = 3;
     constexpr double kRise = 1.1;
     relief->setView(kFromTheSouth);
@@ -134,7 +135,7 @@ bool MapWindow::handleMessage(HWND receiver, UINT message, WPARAM wParam, LPARAM
             paint(receiver);
             return true;
         case WM_ERASEBKGND:
-            // The frame covers everything; erasing before it would flicker.
+            // The frame covers everything; erasing first would flicker.
             return receiver != window.get();
         case WM_KEYDOWN:
             return handleKey(wParam);
@@ -159,8 +160,7 @@ bool MapWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
             release();
             return true;
         case WM_CAPTURECHANGED:
-            // Something else took the mouse in the middle of a drag. Giving it back leads here too, after the
-            // drag.
+            // The mouse capture was lost during a drag. Releasing it sends this too, after the drag.
             if (isDragging) {
                 release();
             }
@@ -169,7 +169,7 @@ bool MapWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
             move(pointOf(lParam));
             return true;
         case WM_MOUSEWHEEL: {
-            // The wheel alone gives its position on the screen.
+            // Only the wheel message has screen coordinates.
             POINT place = pointOf(lParam);
             ScreenToClient(window.get(), &place);
             zoom(wParam, place);
@@ -200,7 +200,7 @@ void MapWindow::press(UINT message, const POINT& place) {
     isDragging = true;
     mouse = place;
     if (current == Pane::Relief) {
-        relief->camera().onButtonDown(cameraButtonOf(message), place.x, mapView.height() - 1 - place.y);
+        relief->camera().onButtonDown(dragOf(message), place.x, mapView.height() - 1 - place.y);
     }
 }
 

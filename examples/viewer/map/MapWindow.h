@@ -15,7 +15,7 @@
 
 namespace qelview {
 
-/// A map in three panes of one window, one of which is seen: drawn by GDI, by OpenGL in the plane, and in
+/// A map in three panes of one window, one visible at a time: drawn by GDI, by OpenGL in the plane, and in
 /// three dimensions. The two plane panes share their view.
 class MapWindow {
   public:
@@ -27,11 +27,11 @@ class MapWindow {
     MapWindow(const MapWindow&) = delete;
     MapWindow& operator=(const MapWindow&) = delete;
 
-    /// Makes the window and shows it with the map fitted.
-    /// @param isForPictures without a frame, and without taking the keyboard.
-    /// @return false if there is no OpenGL context.
+    /// Creates the window and shows it with the map fitted.
+    /// @param isForPictures creates it without a frame and without activating it.
+    /// @return false if no OpenGL context could be created.
     [[nodiscard]] bool open(const ClientSize& size, bool isForPictures);
-    /// Until the window is closed.
+    /// Runs until the window is closed.
     void run();
 
     void choose(Pane pane);

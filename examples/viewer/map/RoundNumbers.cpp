@@ -10,7 +10,7 @@ namespace qelview {
 namespace {
 
 constexpr std::array<double, 3> kRound{1.0, 2.0, 5.0};
-/// So that 0.1 counts as round although it is none in binary.
+/// So that 0.1 counts as round although it is not exact in binary.
 constexpr double kSlack = 1e-9;
 constexpr int kMostDecimals = 15;
 

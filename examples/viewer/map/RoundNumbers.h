@@ -4,9 +4,9 @@
 
 namespace qelview {
 
-/// The smallest of 1, 2 and 5 times a power of ten that is not below a positive number.
+/// The smallest number of the form 1, 2 or 5 times a power of ten that is not below a positive number.
 [[nodiscard]] double roundAtLeast(double smallest);
-/// The largest of them that is not above it.
+/// The largest such number that is not above it.
 [[nodiscard]] double roundAtMost(double largest);
 
 /// A number with as many decimals as a step of this size needs.

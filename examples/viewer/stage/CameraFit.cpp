@@ -13,9 +13,6 @@ namespace {
 constexpr double kUsedWidth = 0.94;
 constexpr double kUsedHeight = 0.86;
 
-/// A box without size (a single point) is seen as if it were this large.
-constexpr double kSmallestDiagonal = 1e-6;
-
 /// Less would be no distance at all, as for a single point.
 constexpr double kSmallestDistance = 1e-5;
 
@@ -24,10 +21,6 @@ struct FrustumSide {
     double reach = -std::numeric_limits<double>::infinity();
     void include(double point) { reach = std::max(reach, point); }
 };
-
-double diagonalOf(const qel::Enve3d& box) {
-    return std::max(box.getDiagonal(), kSmallestDiagonal);
-}
 
 }  // namespace
 
@@ -75,14 +68,6 @@ double shareOfUsableView(const std::vector<qel::XPnt3d>& places, double width, d
                           std::abs(2.0 * place.y / height - 1.0) / kUsedHeight});
     }
     return share;
-}
-
-ClippingDistances clippingAround(const qel::Enve3d& box, double distance) {
-    // What stands around a box (markers, labels) lies within this share of its diagonal from the middle.
-    constexpr double kReach = 0.75;
-    constexpr double kNearestShare = 0.00125;
-    const double diagonal = diagonalOf(box);
-    return {std::max(distance - kReach * diagonal, kNearestShare * diagonal), distance + kReach * diagonal};
 }
 
 }  // namespace qelview

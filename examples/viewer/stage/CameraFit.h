@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "Enve3d.h"
 #include "XPnt3d.h"
 
 namespace qelview {
@@ -24,13 +23,5 @@ struct CameraPlace {
 /// How much of the part of a view within the margins an image fills: above 1 it reaches beyond.
 /// @param places of the image's points in pixels, from the lower left.
 [[nodiscard]] double shareOfUsableView(const std::vector<qel::XPnt3d>& places, double width, double height);
-
-struct ClippingDistances {
-    double nearest = 0.0;
-    double farthest = 0.0;
-};
-
-/// Clipping distances that enclose the surroundings of a box, seen from a distance from its middle.
-[[nodiscard]] ClippingDistances clippingAround(const qel::Enve3d& box, double distance);
 
 }  // namespace qelview

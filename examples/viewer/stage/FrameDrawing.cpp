@@ -2,6 +2,7 @@
 #include <array>
 
 #include "QelGl.h"
+#include "QelHostKit.h"
 #include "QelTmpGlStateCtrl.h"
 #include "Stage.h"
 #include "TextPlaces.h"
@@ -44,7 +45,7 @@ PixelView Stage::pixelView() {
 
 void Stage::drawFrame() {
     display->makeCurrent();
-    chooseClippingDistances();
+    qel::fitClippingPlanes(camera(), content.extent);
     // The display places its lights in the coordinates that OpenGL holds: the camera must be loaded before.
     display->updateView();
     display->beginFrame(0);

@@ -23,10 +23,6 @@ constexpr std::array<const char*, 8> kViewNames{"Top",   "Bottom", "Back",      
 /// Share of the way to the scene for a notch of the wheel.
 constexpr double kStepOfANotch = 0.1;
 
-std::int32_t handleOf(HWND window) {
-    return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window));
-}
-
 }  // namespace
 
 Stage::Content::Content(Scene&& scene)
@@ -46,11 +42,8 @@ Stage::Content::Content(Scene&& scene)
 }
 
 qel::ref_ptr<IQelDisplay> Stage::attach(HWND window, bool isStereo) {
-    IQelDisplay* const made = newScreenDisplay();
-    qel::ref_ptr<IQelDisplay> display = made;
-    // The display came with a reference of its own; the pointer has taken its own by now.
-    made->Release();
-    display->attachWindow(handleOf(window), isStereo);
+    qel::ref_ptr<IQelDisplay> display = qel::adopt(newScreenDisplay());
+    display->attachWindow(qel::handleNumber(window), isStereo);
     display->makeCurrent();
     if (display->getDC() == 0 || wglGetCurrentContext() == nullptr) {
         return {};
@@ -230,14 +223,6 @@ void Stage::rotateAbout(const PixelPlace& place) {
 
 double Stage::aspect() {
     return static_cast<double>(camera().getWidth() / camera().getHeight());
-}
-
-void Stage::chooseClippingDistances() {
-    // Some systems give 16 bits of depth: they are spent on the scene alone.
-    const double distance = qel::dist(camera().getEye(), content.extent.MidPoint());
-    const ClippingDistances clipping = clippingAround(content.extent, distance);
-    camera().setNearPlane(clipping.nearest);
-    camera().setFarPlane(clipping.farthest);
 }
 
 void Stage::switchProjection() {

@@ -122,7 +122,6 @@ class Stage {
     [[nodiscard]] double aspect();
     /// The camera that OpenGL holds.
     [[nodiscard]] PixelView pixelView();
-    void chooseClippingDistances();
     /// Draws into the back buffer, up to and without the exchange of the buffers.
     void drawFrame();
     /// The scene with everything on it, into whatever the display draws to.

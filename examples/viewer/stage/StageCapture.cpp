@@ -6,6 +6,7 @@
 
 #include "BitmapFile.h"
 #include "Enve2d.h"
+#include "QelHostKit.h"
 #include "Stage.h"
 
 namespace qelview {
@@ -40,7 +41,7 @@ CaptureEnd Stage::capture(const std::filesystem::path& file) {
     const auto wholeWidth = static_cast<std::uint32_t>(camera().getWidth());
     const std::uint32_t width = wholeWidth < 4 ? wholeWidth : wholeWidth / 4 * 4;
     const auto height = static_cast<std::uint32_t>(camera().getHeight());
-    chooseClippingDistances();
+    qel::fitClippingPlanes(camera(), content.extent);
     qel::Enve2d part(0.0, 0.0, width, height);
     if (display->beginCapture(width, height, &part, QString::fromStdWString(file.wstring())) != 0) {
         return CaptureEnd::NotWritten;

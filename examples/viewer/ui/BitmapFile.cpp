@@ -55,7 +55,7 @@ std::optional<PixelImage> readBitmap(const std::filesystem::path& file) {
     for (std::size_t y = 0; y < height; ++y) {
         for (std::size_t x = 0; x < width; ++x) {
             const std::size_t pixel = kHeaderBytes + y * rowBytes + x * kChannels;
-            // Files hold blue, green, red.
+            // Files store blue, green, red.
             for (std::size_t channel = kChannels; channel-- > 0;) {
                 image.rgb.push_back(pixel + channel < bytes.size() ? bytes[pixel + channel]
                                                                    : std::uint8_t{0});
@@ -73,7 +73,7 @@ bool isWholeBitmap(const std::filesystem::path& file, std::uint32_t width, std::
     }
     Bytes header(kHeaderBytes);
     std::ifstream stream(file, std::ios::binary);
-    // A disk that is full may also leave a file of the right length with nothing in it.
+    // A full disk may also leave a file of the right length without content.
     return stream.read(reinterpret_cast<char*>(header.data()), kHeaderBytes) && header[0] == 'B' &&
            header[1] == 'M' && wordAt(header, kPixelsAt) == kHeaderBytes &&
            wordAt(header, kWidthAt) == width && wordAt(header, kHeightAt) == height &&

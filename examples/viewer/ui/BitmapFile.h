@@ -8,13 +8,13 @@
 
 namespace qelview {
 
-/// Reads a captured view: an uncompressed bitmap of 24 bits. Its rows begin at multiples of four bytes; of
-/// widths that are no multiple of four pixels the end of the last rows may be missing and is black.
+/// Reads a captured view: an uncompressed 24-bit bitmap. Its rows are padded to multiples of four bytes; if
+/// the width is not a multiple of four pixels, the end of the last rows may be missing and is black.
 /// @return nothing if the file is not such a bitmap.
 [[nodiscard]] std::optional<PixelImage> readBitmap(const std::filesystem::path& file);
 
-/// True if a captured view is complete: a bitmap file of 24 bits with the header and the length that belong
-/// to this size in pixels.
+/// True if a captured view is complete: a 24-bit bitmap file with the header and the length for this size in
+/// pixels.
 [[nodiscard]] bool isWholeBitmap(const std::filesystem::path& file, std::uint32_t width,
                                  std::uint32_t height);
 

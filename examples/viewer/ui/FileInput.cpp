@@ -79,7 +79,7 @@ std::vector<std::string> takeDroppedFiles(HDROP drop) {
     const UINT count = DragQueryFileW(drop, kCount, nullptr, 0);
     for (UINT i = 0; i < count; ++i) {
         std::wstring name(DragQueryFileW(drop, i, nullptr, 0), L'\0');
-        // The system writes the zero that ends the name too.
+        // The system writes the terminating zero too.
         DragQueryFileW(drop, i, name.data(), static_cast<UINT>(name.size()) + 1);
         files.push_back(toUtf8(name));
     }
@@ -95,7 +95,7 @@ HDROP makeDrop(const std::vector<std::string>& files) {
     DROPFILES header{};
     header.pFiles = sizeof header;
     header.fWide = TRUE;
-    // One zero more than the names have ends the list.
+    // One more zero than the names have ends the list.
     const std::size_t bytesOfNames = (names.size() + 1) * sizeof(wchar_t);
     HGLOBAL const memory = GlobalAlloc(GHND, sizeof header + bytesOfNames);
     auto* const bytes = static_cast<char*>(memory != nullptr ? GlobalLock(memory) : nullptr);

@@ -9,21 +9,21 @@
 
 namespace qelview {
 
-/// Asks for files to open, in the system's dialog; all names in UTF-8.
-/// @return empty if the user gave up.
+/// Asks for files to open in the system's dialog; names are UTF-8.
+/// @return empty if the user cancelled.
 [[nodiscard]] std::vector<std::string> askForFiles(HWND owner);
 
-/// The names in the answer of that dialog: one path, or a folder followed by the names in it, each ended by
-/// a zero, the last by two.
+/// Parses the result of that dialog: one path, or a folder followed by the names in it, each zero-terminated,
+/// the last one twice.
 [[nodiscard]] std::vector<std::string> filesOfAnswer(const std::wstring& answer);
 
-/// The names in a list: each ends with a zero; an empty one ends the list.
+/// Parses a list of zero-terminated names that ends with an empty one.
 [[nodiscard]] std::vector<std::string> namesOfList(const std::wstring& list);
 
-/// The names of dropped files; the drop is given back to the system.
+/// Returns the names of dropped files and releases the drop.
 [[nodiscard]] std::vector<std::string> takeDroppedFiles(HDROP drop);
 
-/// What the system sends with WM_DROPFILES; null without memory. `takeDroppedFiles` gives it back.
+/// Creates what the system sends with WM_DROPFILES; null if out of memory. `takeDroppedFiles` releases it.
 [[nodiscard]] HDROP makeDrop(const std::vector<std::string>& files);
 
 }  // namespace qelview

@@ -2,10 +2,9 @@
 
 namespace qelview {
 
-/// From now on the process finds DLLs in its program's folder and in the system's, never in the current
-/// folder or on the search path: a model may lie beside a file that only looks like a DLL of the system. What
-/// the program names in its import table is already loaded by then; the loader looks for that in the
-/// program's folder first.
+/// Makes the process search DLLs only in its program's folder and the system's, never in the current folder
+/// or on the search path: a model may lie next to a file that only looks like a system DLL. DLLs of the
+/// program's import table are loaded before; the loader searches the program's folder first for those.
 void restrictLibraryFolders();
 
 }  // namespace qelview

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <fstream>
 
-// The encoder is compiled here and seen nowhere else.
+// The encoder is compiled only here.
 #define STB_IMAGE_WRITE_STATIC
 #define STBI_WRITE_NO_STDIO
 #define STB_IMAGE_WRITE_IMPLEMENTATION
@@ -29,7 +29,7 @@ bool writePng(const std::filesystem::path& file, const PixelImage& image) {
     if (image.width <= 0 || image.height <= 0 || image.rgb.size() != size) {
         return false;
     }
-    // Pictures begin with their highest row: a negative step from the last one turns the image over.
+    // PNG rows go from top to bottom: a negative step from the last row flips the image.
     const std::uint8_t* const highestRow = image.rgb.data() + size - static_cast<std::size_t>(bytesOfARow);
     std::vector<char> bytes;
     if (stbi_write_png_to_func(append, &bytes, image.width, image.height, kChannels, highestRow,

@@ -11,7 +11,7 @@ namespace qelview {
 namespace {
 
 constexpr int kBarSteps = 1000;
-/// At 96 dots an inch.
+/// At 96 dots per inch.
 constexpr int kWidth = 420;
 constexpr int kHeight = 64;
 constexpr int kBorder = 20;
@@ -29,7 +29,7 @@ LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
     return 0;
 }
 
-/// In the middle of the screen, above other windows; `bar` receives its progress bar.
+/// Creates a window at the centre of the screen, above others; `bar` receives its progress bar.
 OwnedWindow openProgressWindow(LoadTask& task, HWND& bar) {
     const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_PROGRESS_CLASS};
     InitCommonControlsEx(&wanted);

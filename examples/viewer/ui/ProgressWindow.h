@@ -5,7 +5,8 @@
 
 namespace qelview {
 
-/// Waits for a load; shows a small window with a bar if it lasts. Closing the window, or Esc, gives up.
+/// Runs a load and shows a small progress window if it takes long. Closing the window or pressing Esc cancels
+/// the load.
 /// @throws what the load throws.
 [[nodiscard]] Scene waitWithWindow(LoadTask& task);
 

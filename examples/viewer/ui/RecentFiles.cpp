@@ -8,7 +8,7 @@ namespace qelview {
 
 namespace {
 
-/// Behind the name of a file in which Y points up. No name of a file can hold a bar.
+/// Suffix of the name of a file in which Y points up. File names cannot contain a bar.
 constexpr std::string_view kYUpMark = "|y";
 
 }  // namespace

@@ -32,7 +32,7 @@ void writeRecentFiles(const wchar_t* key, const std::vector<std::string>& files)
     for (const std::string& file : files) {
         names += toWide(file) + std::wstring(1, L'\0');
     }
-    // One zero more than the names have ends the list.
+    // One more zero than the names have ends the list.
     const auto bytes = static_cast<DWORD>((names.size() + 1) * sizeof(wchar_t));
     RegSetKeyValueW(HKEY_CURRENT_USER, key, kValue, REG_MULTI_SZ, names.c_str(), bytes);
 }

@@ -8,7 +8,7 @@ namespace qelview {
 namespace {
 
 constexpr const char* kNoContext =
-    "the window gets no OpenGL context; install or update the driver of the graphics card";
+    "no OpenGL context could be created; install or update the graphics driver";
 
 /// The program's first resource of that kind; other programs that use these windows may have none.
 HICON iconOfProgram(int metricOfItsSize) {
@@ -55,7 +55,7 @@ void setClientSize(HWND window, const ClientSize& size) {
         SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     };
     give(frame.width, frame.height);
-    // A menu that does not fit into one line takes more, which is known only now.
+    // A menu that does not fit on one line takes more, which is only known now.
     const int missing = size.height - clientSizeOf(window).height;
     if (hasMenu && missing > 0) {
         give(frame.width, frame.height + missing);
@@ -112,7 +112,7 @@ std::string toPlainLetters(const std::string& utf8) {
     return plain;
 }
 
-void tellProblem(HWND owner, const std::string& text) {
+void showError(HWND owner, const std::string& text) {
     MessageBoxW(owner, toWide(text).c_str(), L"qelview", MB_OK | MB_ICONWARNING);
 }
 
@@ -120,7 +120,7 @@ void reportNoContext(bool isInteractive) {
     std::fprintf(stderr, "qelview: %s\n", kNoContext);
     std::fflush(stderr);
     if (isInteractive) {
-        tellProblem(nullptr, kNoContext);
+        showError(nullptr, kNoContext);
     }
 }
 

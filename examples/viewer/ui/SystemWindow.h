@@ -20,33 +20,33 @@ struct ClientSize {
     int height = 0;
 };
 
-/// A window class with a device context of its own, as OpenGL wants it. Registered once a name.
+/// Registers a window class with its own device context, as OpenGL needs it; once per name.
 /// @return the name, to create windows with.
 const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure);
 
-/// A window that is never shown, for pictures. Empty if there can be none.
+/// A hidden window, for pictures. Empty if it cannot be created.
 [[nodiscard]] OwnedWindow createHiddenWindow(const ClientSize& size);
 
 [[nodiscard]] ClientSize clientSizeOf(HWND window);
-/// Gives a window the frame around this client area that it has on its screen, and the menu it has.
+/// Resizes a window so that its client area gets this size, considering its menu and its screen's resolution.
 void setClientSize(HWND window, const ClientSize& size);
-/// The frame around a client area on a screen of so many dots an inch.
+/// The frame around a client area on a screen of this many dots per inch.
 [[nodiscard]] ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi,
                                          bool hasMenu = false);
 
 [[nodiscard]] std::wstring toWide(const std::string& utf8);
 [[nodiscard]] std::string toUtf8(const std::wstring& wide);
-/// The name of a file, of UTF-8, from the root of its drive.
+/// The absolute path of a file, in UTF-8.
 [[nodiscard]] std::string absoluteName(const std::string& file);
-/// A text of UTF-8 in the letters that the display's font has: accents are dropped, what is still strange is
-/// a '?'.
+/// UTF-8 text reduced to the characters of the display's font: accents are dropped, other characters become
+/// '?'.
 [[nodiscard]] std::string toPlainLetters(const std::string& utf8);
 
-/// Tells a person in front of the screen what went wrong; waits until it is read.
-/// @param owner the window that it is about, or null.
-void tellProblem(HWND owner, const std::string& text);
+/// Shows the user an error message and waits until it is closed.
+/// @param owner the window that it belongs to, or null.
+void showError(HWND owner, const std::string& text);
 
-/// Says on standard error that there is no OpenGL, and in a message box too if somebody sits in front of it.
+/// Reports on standard error that there is no OpenGL and, if a user is present, in a message box.
 void reportNoContext(bool isInteractive);
 
 }  // namespace qelview

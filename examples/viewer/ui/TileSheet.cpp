@@ -27,7 +27,7 @@ void TileSheet::add(const PixelImage& tile) {
         return;
     }
     const int left = kGap + taken % columnCount * (width + kGap);
-    // Rows of pixels lie from the lowest to the highest.
+    // Rows of pixels go from bottom to top.
     const int bottom = kGap + (rowCount - 1 - taken / columnCount) * (height + kGap);
     const std::size_t bytes = static_cast<std::size_t>(std::min(tile.width, width)) * kChannels;
     for (int y = 0; y < std::min(tile.height, height); ++y) {

@@ -4,14 +4,14 @@
 
 namespace qelview {
 
-/// Pictures of one size beside and below each other.
+/// Pictures of one size in rows and columns.
 class TileSheet {
   public:
-    /// @param tileWidth, tileHeight of a picture in pixels.
+    /// @param tileWidth, tileHeight size of a picture in pixels.
     TileSheet(int columns, int rows, int tileWidth, int tileHeight);
 
-    /// Puts a picture on the next place, row by row from the upper left. What is larger than a tile is cut
-    /// at the right and at the top; when all places are taken nothing happens.
+    /// Adds a picture at the next place, row by row from the upper left. A picture larger than a tile is
+    /// cropped at the right and at the top. When all places are taken, it does nothing.
     void add(const PixelImage& tile);
     [[nodiscard]] const PixelImage& image() const { return sheet; }
     [[nodiscard]] int count() const { return taken; }

@@ -8,12 +8,12 @@ namespace qelview {
 namespace {
 
 std::wstring textOf(const MenuLine& line) {
-    // The system writes what follows the tabulator at the right.
+    // The system aligns what follows the tabulator at the right.
     const std::string key = line.key.empty() ? "" : "\t" + std::string(line.key);
     return toWide(std::string(line.text) + key);
 }
 
-/// The list of recent files is a menu of its own, found by its place in the menu of files.
+/// The list of recent files is a submenu, found by its position in the file menu.
 HMENU listOfRecentFiles(HMENU bar) {
     HMENU const files = GetSubMenu(bar, 0);
     for (int i = 0; i < GetMenuItemCount(files); ++i) {

@@ -7,7 +7,7 @@
 
 namespace qelview {
 
-/// What the marks in the menu tell.
+/// The check marks of the menu.
 struct MenuMarks {
     bool isOrthographic = false;
     bool hasLongAxes = false;
@@ -15,9 +15,9 @@ struct MenuMarks {
     bool isStereo = false;
 };
 
-/// The menu bar, for a new window, which destroys it; null if there can be none.
+/// Creates the menu bar for a new window, which destroys it. Null if it cannot be created.
 [[nodiscard]] HMENU makeMenuBar(const std::vector<std::string>& recentFiles);
-/// Puts other recent files into a menu bar.
+/// Replaces the recent files in a menu bar.
 void showRecentFiles(HMENU bar, const std::vector<std::string>& recentFiles);
 void showMarks(HMENU bar, const MenuMarks& marks);
 

@@ -138,7 +138,7 @@ TEST(QelView, SaysWhenAPictureCannotBeWritten) {
     const qel::test::TemporaryFile points("two.xyz", "0 0 0\n1 1 1\n");
     const Ended ended = runViewer(quoted(points.path()) + L" --size 64x64 --out absent-folder/picture.png");
     EXPECT_EQ(ended.code, 1U);
-    EXPECT_EQ(ended.errors, "qelview: absent-folder/picture.png: the picture cannot be written\n");
+    EXPECT_EQ(ended.errors, "qelview: absent-folder/picture.png: could not write the picture\n");
 }
 
 /// A red square in the plane of x and y that fills a view from above.

@@ -60,7 +60,7 @@ TEST_F(ViewerFiles, KeepsTheSceneWhenADroppedFileIsBad) {
     const qel::test::Picture before = picture();
     drop(bad.path());
     EXPECT_TRUE(viewer->hasRefused());
-    EXPECT_EQ(stage().annotations().notice, "The file is refused");
+    EXPECT_EQ(stage().annotations().notice, "Could not open the file");
     expectTheOldScene(before);
 }
 
@@ -104,7 +104,7 @@ TEST_F(ViewerFiles, StaysResponsiveDuringALongLoadAndKeepsTheSceneWhenItIsCancel
     user.join();
     EXPECT_TRUE(hasAnswered);
     EXPECT_FALSE(wasEnabled);
-    EXPECT_EQ(stage().annotations().notice, "Loading was cancelled");
+    EXPECT_EQ(stage().annotations().notice, "Loading cancelled");
     EXPECT_FALSE(viewer->hasRefused());
     expectTheOldScene(before);
 }

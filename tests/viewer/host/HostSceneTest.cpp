@@ -154,36 +154,4 @@ TEST_F(HostSceneDrawing, DrawsTheWholeSampleSceneWithoutAnOpenGlError) {
     EXPECT_GT(qel::test::Picture::ofFrame().countOtherThan({0, 0, 0, 255}), std::size_t{kSize * kSize / 4});
 }
 
-template <class Geometry>
-void expectKind(const qel::ref_ptr<Geometry>& geometry, qel::GeometryKind kind) {
-    EXPECT_EQ(geometry->geometryType(), static_cast<std::int32_t>(kind));
-    EXPECT_EQ(geometry->referenceCount(), 1);
-}
-
-TEST(HostSceneGeometry, SaysItsKind) {
-    using qel::GeometryKind;
-    expectKind<qelview::HostCurve>(new qelview::HostCurve({}), GeometryKind::Curve);
-    expectKind<qelview::HostRing>(new qelview::HostRing({}), GeometryKind::Ring);
-    expectKind<qelview::HostPolyline>(new qelview::HostPolyline({}), GeometryKind::Polyline);
-    expectKind<qelview::HostPolygon>(new qelview::HostPolygon({}), GeometryKind::Polygon);
-    expectKind<qelview::HostBall>(new qelview::HostBall({}, 1.0), GeometryKind::Ball);
-    expectKind<qelview::HostPoint>(new qelview::HostPoint({}), GeometryKind::Point);
-    expectKind<qelview::HostSegment>(new qelview::HostSegment({}, {}), GeometryKind::LineSegment);
-}
-
-TEST(HostSceneGeometry, AnswersNothingForPartsItDoesNotHave) {
-    const qel::ref_ptr<qelview::HostPolyline> polyline = new qelview::HostPolyline({{{1, 2, 3}}});
-    EXPECT_EQ(polyline->partCount(), 1);
-    EXPECT_NE(polyline->part(0), nullptr);
-    EXPECT_EQ(polyline->part(1), nullptr);
-    EXPECT_EQ(polyline->part(-1), nullptr);
-    const qel::ref_ptr<IQelPointArray> points = polyline->part(0)->pointArray();
-    ASSERT_EQ(points->count(), 1);
-    const qel::XPnt3d* const first = points->points();
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first->z, 3.0);
-    const qel::ref_ptr<qelview::HostPointArray> none = new qelview::HostPointArray({});
-    EXPECT_EQ(none->points(), nullptr);
-}
-
 }  // namespace

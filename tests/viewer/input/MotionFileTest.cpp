@@ -27,7 +27,7 @@ TEST(MotionFile, RefusesMoreThanNineHours) {
     EXPECT_EQ(parseMotion(hours).size(), 1'000'000U);
     hours += "1 0 0 0 0 0\n";
     EXPECT_EQ(qel::test::refusalOf([&hours] { return parseMotion(hours); }),
-              "line 101: there are more than 1000000 steps");
+              "line 101: more than 1000000 steps");
 }
 
 struct WrongMotion {
@@ -49,10 +49,10 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(WrongMotion{"FiveNumbers", "1 2 3 4 5", "six numbers"},
                     WrongMotion{"EightNumbers", "1 2 3 4 5 6 7 8", "six numbers"},
                     WrongMotion{"AWord", "1 2 left 4 5 6", "'left' is not a number"},
-                    WrongMotion{"TooFar", "1 2 3 4 5 1000.5", "'1000.5' is not from"},
-                    WrongMotion{"NotANumber", "nan 2 3 4 5 6", "'nan' is not from"},
-                    WrongMotion{"Never", "1 2 3 4 5 6 0", "'0' is not from 1"},
-                    WrongMotion{"TooOften", "1 2 3 4 5 6 10001", "'10001' is not from 1"},
+                    WrongMotion{"TooFar", "1 2 3 4 5 1000.5", "'1000.5' is out of range"},
+                    WrongMotion{"NotANumber", "nan 2 3 4 5 6", "'nan' is out of range"},
+                    WrongMotion{"Never", "1 2 3 4 5 6 0", "'0' is out of range (1"},
+                    WrongMotion{"TooOften", "1 2 3 4 5 6 10001", "'10001' is out of range (1"},
                     WrongMotion{"HalfATime", "1 2 3 4 5 6 0.5", "'0.5' is not a whole number"}),
     [](const auto& each) { return each.param.name; });
 

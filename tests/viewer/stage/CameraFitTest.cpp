@@ -109,15 +109,4 @@ TEST(CameraFitUsableShare, IsOneAtTheMarginsAndMoreBeyond) {
     EXPECT_EQ(qelview::shareOfUsableView({{50.0, 25.0, 0.5}}, 100.0, 50.0), 0.0);
 }
 
-TEST(CameraFitClippingAround, EnclosesTheBoxAndStaysInFrontOfTheEye) {
-    qel::Enve3d box;
-    box.setInvalid();
-    box.SetBox({-3, -4, 0});
-    box.SetBox({3, 4, 0});
-    const qelview::ClippingDistances far = qelview::clippingAround(box, 100.0);
-    EXPECT_EQ(far.nearest, 92.5);
-    EXPECT_EQ(far.farthest, 107.5);
-    EXPECT_EQ(qelview::clippingAround(box, 1.0).nearest, 0.0125);
-}
-
 }  // namespace
