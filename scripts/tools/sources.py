@@ -98,6 +98,13 @@ def read_includes():
     return ours, written
 
 
+def misnamed_suites(name, text, headers):
+    """Suites of a test file that carry neither its name nor that of a header that it includes."""
+    subjects = tuple(re.sub(r"(Windows|Native)?Test$|Windows$", "", header.rsplit("/", 1)[-1].split(".")[0]) for header in (name, *headers))
+    suites = set(re.findall(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST)\((\w+)", text, re.MULTILINE))
+    return [f"{name}: {suite}" for suite in sorted(suites) if not suite.startswith(subjects)]
+
+
 def check_layers():
     ours, written = read_includes()
     tree.report("no folder includes from one above it", arrows_up(ours, MAY_USE))
@@ -105,6 +112,9 @@ def check_layers():
         tree.report(sentence, strays(written, headers, allowed))
     unguarded = [tree.name(path) for path in tree.code(".h") if not path.read_text().startswith("#pragma once\n")]
     tree.report("every header begins with #pragma once", unguarded)
+    tests = [path for path in tree.code(".cpp") if path.stem.endswith("Test")]
+    suites = [suite for path in tests for suite in misnamed_suites(tree.name(path), path.read_text(), ours[tree.name(path)])]
+    tree.report("every suite is named after its file or a header that the file includes", suites)
 
 
 def read_symbols(listing):

@@ -33,6 +33,16 @@ class Layers(unittest.TestCase):
         self.assertEqual(found, [["view/A.cpp includes GL/gl.h"], windows, ["base/QelGl.h includes detail/B.h"]])
 
 
+class Suites(unittest.TestCase):
+    def test_names_of_the_file_and_of_its_headers_pass(self):
+        text = "TEST(Motion, Moves) {\nTEST_F(MotionOfADevice, Stops) {\nTEST(Ball, Turns) {\n"
+        self.assertEqual(sources.misnamed_suites("tests/view/MotionWindowsTest.cpp", text, ["view/Ball.h"]), [])
+
+    def test_another_name_is_found(self):
+        text = "TYPED_TEST(Rings, AreRound) {\n"
+        self.assertEqual(sources.misnamed_suites("tests/view/MotionTest.cpp", text, []), ["tests/view/MotionTest.cpp: Rings"])
+
+
 class Links(unittest.TestCase):
     def found(self, *lines):
         return list(sources.links_up(*sources.read_symbols("\n".join(lines)), RULES))

@@ -70,7 +70,8 @@ class SymbolGeometry : public SymbolTest {
     const QelColor3b own = kSymbolColor.toColor3b();
 };
 
-class SymbolGeometryUnknownKinds : public SymbolGeometry, public ::testing::WithParamInterface<std::int32_t> {};
+class SymbolGeometryUnknownKinds : public SymbolGeometry,
+                                   public ::testing::WithParamInterface<std::int32_t> {};
 
 TEST_P(SymbolGeometryUnknownKinds, DrawNothingAndAnswer0) {
     const ref_ptr<BareGeometry> geometry(new BareGeometry(GetParam()));
@@ -83,7 +84,8 @@ INSTANTIATE_TEST_SUITE_P(, SymbolGeometryUnknownKinds,
                          ::testing::Values(INT32_MIN, -1, 0, 4, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19,
                                            21, 22, 23, 25, 1000, INT32_MAX));
 
-class SymbolGeometryBrokenPromises : public SymbolGeometry, public ::testing::WithParamInterface<GeometryKind> {};
+class SymbolGeometryBrokenPromises : public SymbolGeometry,
+                                     public ::testing::WithParamInterface<GeometryKind> {};
 
 TEST_P(SymbolGeometryBrokenPromises, DrawNothingForAKindWhoseInterfaceIsMissing) {
     const ref_ptr<BareGeometry> geometry(new BareGeometry(static_cast<std::int32_t>(GetParam())));

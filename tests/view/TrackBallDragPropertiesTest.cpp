@@ -229,9 +229,10 @@ TEST_P(TrackBallDragProperties, NoDragMakesTheCameraNotANumber) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, TrackBallDragProperties, ::testing::Bool(), [](const ::testing::TestParamInfo<bool>& kind) {
-    return kind.param ? "Orthographic" : "Perspective";
-});
+INSTANTIATE_TEST_SUITE_P(, TrackBallDragProperties, ::testing::Bool(),
+                         [](const ::testing::TestParamInfo<bool>& kind) {
+                             return kind.param ? "Orthographic" : "Perspective";
+                         });
 
 using TrackBallDragPropertiesOfAZoom = TrackBallDragProperties;
 
