@@ -5,6 +5,7 @@
 #include "MotionFile.h"
 #include "OpenViewerWindows.h"
 #include "kit/CallTrace.h"
+#include "kit/LongRun.h"
 
 /// What the viewer's window does over time: thinning, replays, whole sessions.
 
@@ -124,14 +125,15 @@ TEST_F(ViewerMotionReplay, EndsWhenTheMouseTakesTheControls) {
     EXPECT_FALSE(viewer->isReplaying());
 }
 
-/// A thousand events of a mouse that somebody plays about with.
+/// Events of a mouse that somebody plays about with.
 std::string restlessMouse() {
     constexpr std::array<const char*, 3> kButtons{"left", "middle", "right"};
     std::mt19937 random(20240607);
     const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
     std::string script;
     std::string held;
-    for (int event = 0; event < 1000; ++event) {
+    const int events = qel::test::shortOrLong(300, 1000);
+    for (int event = 0; event < events; ++event) {
         const std::string place = std::to_string(below(320)) + " " + std::to_string(below(240));
         const int kind = below(10);
         if (kind == 0 && held.empty()) {
