@@ -29,6 +29,8 @@ target_sources(qel_headers INTERFACE FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURC
 set_target_properties(qel_headers PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 target_compile_definitions(qel_headers INTERFACE $<$<BOOL:${WIN32}>:UNICODE;_UNICODE;NOMINMAX;WIN32_LEAN_AND_MEAN>)
 target_include_directories(qel_headers INTERFACE tests examples/gallery)
+# Only whether they compile matters.
+target_compile_options(qel_headers INTERFACE -O0 -g0 $<$<BOOL:${QEL_SANITIZE}>:-fno-sanitize=all>)
 foreach(library qel_options qel_kit qel_view qel_symbol qel_transform qel_module qel_system qel_display qel_gdi qelview_core qel_bench_core
         qel_include qel_gl qel_eigen qel_glm qel_json qel_cli11 qel_stb qel_gtest Qt5::Core)
     if(TARGET ${library})
