@@ -39,7 +39,7 @@ struct Bound {
 
 [[nodiscard]] Bound boundOf(Kind kind);
 
-/// Memory of an attached display beside OpenGL's own.
+/// Memory of an attached display, without OpenGL's own.
 inline constexpr double kBytesOfAPixel = 24.0;
 inline constexpr double kBytesOfADisplay = 64.0 * 1024.0;
 

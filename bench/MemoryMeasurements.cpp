@@ -3,7 +3,7 @@
 #include "Quantities.h"
 #include "TestWindow.h"
 
-/// What an attached display keeps beside OpenGL's own memory, as far as the module asks for it.
+/// Memory that the module allocates for an attached display, without OpenGL's own.
 
 namespace qel::bench {
 
@@ -32,14 +32,14 @@ double bytesOfADisplay() {
 
 Quantity bytesBeside() {
     constexpr double kCopies = kBytesOfAPixel * kWidth * kHeight;
-    return {"memory of an attached display at 1920 x 1080, beside 24 bytes a pixel", "bytes",
+    return {"memory of an attached display at 1920 x 1080, besides 24 bytes per pixel", "bytes",
             bytesOfADisplay() - kCopies, kBytesOfADisplay};
 }
 
 }  // namespace
 
 void addMemoryMeasurements(Measurements& all) {
-    all.push_back({"memory: bytes beside the copies", bytesBeside});
+    all.push_back({"memory: bytes besides the copies", bytesBeside});
 }
 
 }  // namespace qel::bench

@@ -12,7 +12,7 @@
 #include "Rig.h"
 #include "Traces.h"
 
-/// qel_bench: what each call of the module takes beside the bare calls that it makes.
+/// qel_bench: the cost of each call of the module compared with the raw calls that it makes.
 
 namespace qel::bench {
 
@@ -147,7 +147,7 @@ int verifyAll(const Operations& operations, const Options& options) {
             std::printf("%s: %s\n", operation.name.c_str(), difference->c_str());
         }
     }
-    std::printf("%d of %d operations differ from their calls by hand\n", different, compared);
+    std::printf("%d of %d operations differ from their raw calls\n", different, compared);
     return different == 0 && compared > 0 ? 0 : 1;
 }
 

@@ -19,6 +19,7 @@ endforeach()
 # base/detail/ is for the libraries themselves.
 install(DIRECTORY include/ base/ DESTINATION include/QelDisplay64t FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE)
 install(DIRECTORY examples/minimal examples/hostcontext DESTINATION share/QelDisplay64t/examples)
+install(FILES cmake/mingw-w64-posix.cmake DESTINATION share/QelDisplay64t/cmake)
 
 include(CMakePackageConfigHelpers)
 configure_package_config_file(cmake/QelDisplay64tConfig.cmake.in "${CMAKE_BINARY_DIR}/QelDisplay64tConfig.cmake"
@@ -27,6 +28,13 @@ configure_package_config_file(cmake/QelDisplay64tConfig.cmake.in "${CMAKE_BINARY
 write_basic_package_version_file("${CMAKE_BINARY_DIR}/QelDisplay64tConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/QelDisplay64tConfig.cmake" "${CMAKE_BINARY_DIR}/QelDisplay64tConfigVersion.cmake"
     DESTINATION ${package_folder})
+# Qt comes along in the cross build alone, without a pkg-config file of its own.
+if(CMAKE_CROSSCOMPILING)
+    set(QEL_PC_QT_CFLAGS "-I\${prefix}/include -I\${prefix}/include/QtCore -DQT_CORE_LIB -DQT_NO_DEBUG")
+    set(QEL_PC_QT_LIBS -lQt5Core)
+else()
+    set(QEL_PC_QT_PACKAGE Qt5Core)
+endif()
 configure_file(cmake/QelDisplay64t.pc.in "${CMAKE_BINARY_DIR}/QelDisplay64t.pc" @ONLY)
 install(FILES "${CMAKE_BINARY_DIR}/QelDisplay64t.pc" DESTINATION lib/pkgconfig)
 

@@ -64,8 +64,8 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     virtual std::int32_t reservedSlot4() = 0;
     /// Draws a host geometry by its kind with the symbol's colour and line width. Points are always green and
     /// two pixels wide; line segments and balls use OpenGL's current colour and width. Unknown kinds draw
-    /// nothing. Leaves the colour and the line width of the symbol set; after a ball, the current normal
-    /// changed.
+    /// nothing. Curves, rings, polylines and polygons leave the symbol's colour and line width set; a ball
+    /// leaves the current normal changed.
     virtual std::int32_t drawGeometry(IQelGeometry* geometry) = 0;
     /// Draws a polyline, polygon, ring, curve or line segment; other kinds draw nothing. `color` applies to
     /// rings, curves and segments, `width` to segments only; polylines and polygons use the symbol's own.

@@ -130,8 +130,9 @@ LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
         case WM_LBUTTONUP:
             return camera.onButtonUp();
         case WM_PAINT:
+            ValidateRect(window, nullptr);
             draw();
-            return ValidateRect(window, nullptr);
+            return 0;
         case WM_CLOSE:
             PostQuitMessage(0);
             return 0;

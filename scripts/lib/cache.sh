@@ -1,4 +1,4 @@
-# Where the cache is, and the names of what lies in it.
+# The cache folder, and the names of what is in it.
 
 # Without a login's HOME (a service, a bare container) the password database is better than an empty variable.
 : "${HOME:=$(getent passwd "$(id -u)" | cut -d: -f6)}"

@@ -1,5 +1,5 @@
-"""Check of the package that hosts get: it is whole, a separate project finds it, builds against it and runs, and the viewer of the zip
-starts from the unpacked folder alone."""
+"""Check of the package that hosts get: it is complete, its README's commands work, separate projects find it, build against it and run,
+and the viewer of the zip starts from the unpacked folder alone."""
 
 import pathlib
 import re
@@ -15,7 +15,8 @@ EXAMPLES = "share/QelDisplay64t/examples"
 LIBRARIES = ("QelBase64t", "QelGeometry64t", "QelDisplay64t")
 WANTED = f"""README.md include/QtCore/QString lib/pkgconfig/QelDisplay64t.pc bin/qelview.exe bin/qelhostcontext.exe bin/Qt5Core.dll
 {DOCUMENTS}/LICENSE {DOCUMENTS}/README.md {DOCUMENTS}/CHANGELOG.md {DOCUMENTS}/docs/licences.md {DOCUMENTS}/docs/host-guide.md
-{DOCUMENTS}/licences/qt5core/LICENSE.LGPL3 {EXAMPLES}/minimal/main.cpp {EXAMPLES}/hostcontext/main.cpp""".split()
+{DOCUMENTS}/licences/qt5core/LICENSE.LGPL3 {EXAMPLES}/minimal/main.cpp {EXAMPLES}/hostcontext/main.cpp
+share/QelDisplay64t/cmake/mingw-w64-posix.cmake""".split()
 # What every Windows has in its system folder.
 OF_WINDOWS = set(
     "advapi32 comctl32 comdlg32 dwmapi gdi32 glu32 kernel32 mpr msvcrt netapi32 ole32 opengl32 shell32 shlwapi user32 userenv uxtheme "
@@ -28,13 +29,15 @@ add_executable(capturing main.cpp)
 target_compile_features(capturing PRIVATE cxx_std_20)
 target_link_libraries(capturing PRIVATE QelDisplay64t::QelDisplay64t QelDisplay64t::Qt5Core)
 """
-CAPTURING_HOST = """#include <QString>
+CAPTURING_HOST = """#include <windows.h>
+#include <QString>
 #include <QelDisplay64t.h>
+#include <QelGl.h>
 int main() {
-    IQelDisplay* const display = newScreenDisplay();
+    const auto display = qel::adopt(newScreenDisplay());
     const auto answer = display->beginCapture(4, 4, nullptr, QString("picture.bmp"));
-    display->Release();
-    return answer == qel::kRefused ? 0 : 1;
+    const bool isClean = wglGetCurrentContext() == nullptr && gluErrorString(GL_NO_ERROR) != nullptr;
+    return answer == qel::kRefused && isClean ? 0 : 1;
 }
 """
 
@@ -47,7 +50,7 @@ def lacking(prefix):
     """Files that a host needs and the package lacks."""
     wanted = [*WANTED, *(f"bin/{name}.dll" for name in LIBRARIES), *(f"lib/lib{name}.dll.a" for name in LIBRARIES)]
     wanted += [f"lib/cmake/QelDisplay64t/QelDisplay64t{part}.cmake" for part in ("Config", "ConfigVersion", "Targets")]
-    wanted += [f"include/QelDisplay64t/{path.name}" for path in (tree.ROOT / "include").glob("*.h")]
+    wanted += [f"include/QelDisplay64t/{path.name}" for folder in tree.PUBLIC_FOLDERS for path in (tree.ROOT / folder).glob("*.h")]
     return [f"{name} is not in the package" for name in wanted if not (prefix / name).is_file()]
 
 
@@ -102,7 +105,7 @@ def draws(program, prefix, looks_right=None):
 
 def built(source, folder, prefix):
     """Problems of a CMake project that is built against the package."""
-    toolchain = f"-DCMAKE_TOOLCHAIN_FILE={tree.ROOT}/cmake/mingw-w64-posix.cmake"
+    toolchain = f"-DCMAKE_TOOLCHAIN_FILE={prefix}/share/QelDisplay64t/cmake/mingw-w64-posix.cmake"
     configured = tree.run("cmake", "-G", "Ninja", "-S", source, "-B", folder, toolchain, f"-DCMAKE_PREFIX_PATH={prefix}")
     return configured.problems("configuring") or tree.run("cmake", "--build", folder).problems("building")
 
@@ -125,9 +128,20 @@ def capturing_host_runs(prefix, work):
 def built_with_pkg_config(prefix, work):
     search = {"PKG_CONFIG_LIBDIR": str(prefix / "lib/pkgconfig"), "PATH": "/usr/bin:/bin"}
     told = tree.run("pkg-config", "--define-prefix", "--cflags", "--libs", "QelDisplay64t", env=search)
-    sources = [prefix / EXAMPLES / "minimal/main.cpp", "-DUNICODE", "-DNOMINMAX", "-std=c++20", "-mwindows"]
-    compiled = tree.run("x86_64-w64-mingw32-g++-posix", *sources, *told.output.split(), "-o", work / "host.exe")
-    return told.problems("pkg-config") + compiled.problems("compiling") or draws(work / "host.exe", prefix)
+    (work / "main.cpp").write_text(CAPTURING_HOST)
+    compiled = tree.run("x86_64-w64-mingw32-g++-posix", work / "main.cpp", "-std=c++20", *told.output.split(), "-o", work / "host.exe")
+    problems = told.problems("pkg-config") + compiled.problems("compiling")
+    return problems or tree.on_screen("wine", beside_libraries(work / "host.exe", prefix)).problems("the host")
+
+
+def commands_of_readme(prefix, work):
+    """Runs the commands of the package's README, all but the start of the program, which `draws` does."""
+    folder = work / "unpacked"
+    shutil.copytree(prefix, folder)
+    commands = re.findall(r"^ {4}(?!wine)(.*)$", (folder / "README.md").read_text(), re.MULTILINE)
+    ran = tree.run("bash", "-e", "-c", "\n".join(commands), cwd=folder)
+    program = folder / "build/minimal/qelminimal.exe"
+    return ran.problems("the commands") or draws(program, folder)
 
 
 def viewer_of_the_zip(_, work):
@@ -154,7 +168,8 @@ RUNS = (
         example("hostcontext", "qelhostcontext", looks_right=lambda red, green, blue: green > blue),
     ),
     ("a host of the package can name a file with QString", capturing_host_runs),
-    ("pkg-config gives the options that build a host", built_with_pkg_config),
+    ("pkg-config gives the options that build a host with QString and OpenGL", built_with_pkg_config),
+    ("the commands of the package's README build a host that draws", commands_of_readme),
     ("the viewer of the zip draws with the unpacked folder alone", viewer_of_the_zip),
 )
 

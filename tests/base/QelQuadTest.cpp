@@ -12,8 +12,7 @@
 namespace qel::test {
 namespace {
 
-/// The axis reaches the quaternion in single precision; what is computed from
-/// there is double.
+/// The axis reaches the quaternion in single precision; what is computed from there is double.
 constexpr double kRounding = 1e-12;
 
 Rows rowsOf(const QelMatrix4d& matrix) {

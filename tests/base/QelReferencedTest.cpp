@@ -14,8 +14,7 @@
 namespace qel::test {
 namespace {
 
-/// Not counted at all: it notes each call, and where the pointer under test
-/// points at that moment.
+/// Not counted at all: it notes each call, and where the pointer under test points at that moment.
 struct Recorder {
     std::string name;
     std::vector<std::string>& log;

@@ -94,8 +94,8 @@ TEST(ExtremePicks, AskForNoSquareThatReachesBeyondWhatADriverCanAdd) {
         expectModestReads(trace);
         return trace.count("glReadPixels");
     };
-    // The pixel and, nothing being drawn there, its square; the pixel alone, beyond the viewport that the driver
-    // grants such a view; nothing.
+    // The pixel and, nothing being drawn there, its square; the pixel alone, beyond the viewport that the
+    // driver grants such a view; nothing.
     EXPECT_EQ(readsAt(100.0), 2);
     EXPECT_EQ(readsAt(16777210.0), 1);
     EXPECT_EQ(readsAt(16777300.0), 0);

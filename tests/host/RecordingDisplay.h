@@ -8,9 +8,8 @@
 
 namespace qel::test {
 
-/// A display as a host could write one: it has nothing to draw on. What a
-/// camera asks of it is noted in the trace that is alive, so that a test sees
-/// it among the OpenGL calls, and counted.
+/// A display as a host could write one: it has nothing to draw on. What a camera asks of it is noted in the
+/// trace that is alive, so that a test sees it among the OpenGL calls, and counted.
 class RecordingDisplay : public IQelDisplay {
   public:
     std::int32_t makeCurrent() override {

@@ -11,9 +11,8 @@ class CQelTrackBall;
 
 namespace qel::test {
 
-/// A view controller with a surface to look at. Under Windows it is the one of
-/// a real display of the module, attached to the surface; natively it stands
-/// alone and draws into the surface, whose context is current.
+/// A view controller with a surface to look at. Under Windows it is the one of a real display of the module,
+/// attached to the surface; natively it stands alone and draws into the surface, whose context is current.
 class ViewSubject {
   public:
     /// Sizes are in pixels; the controller knows them already.
@@ -34,13 +33,12 @@ class ViewSubject {
     IQelTrackBall* controller = nullptr;
 };
 
-/// A view controller of the class itself, in both builds alike, for what hosts
-/// do not see of it. It has no size and no display yet.
+/// A view controller of the class itself, in both builds alike, for what hosts do not see of it. It has no
+/// size and no display yet.
 ref_ptr<CQelTrackBall> newTrackBall();
 
-/// Throws away what waits as an OpenGL error. A surface of one buffer refuses
-/// to read from the back buffer, and has no other; natively every depth read
-/// leaves that error. Fails the test for any other one.
+/// Throws away what waits as an OpenGL error. A surface of one buffer refuses to read from the back buffer,
+/// and has no other; natively every depth read leaves that error. Fails the test for any other one.
 void expectNoGlErrorButTheMissingBackBuffer();
 
 }  // namespace qel::test

@@ -88,8 +88,8 @@ std::string thrownBy(Function function) {
     return {};
 }
 
-/// A second reference to a matrix's buffer, as a holder outside would have it.
-/// Frees the buffer once the matrix has let go of it.
+/// A second reference to a matrix's buffer, as a holder outside would have it. Frees the buffer once the
+/// matrix has let go of it.
 template <class T>
 class SharedBuffer {
   public:

@@ -15,8 +15,8 @@ int failingRequest = 0;
 
 }  // namespace
 
-/// Requests that can do without an exception. It serves them from the throwing
-/// one, so that the sanitizer still sees every block.
+/// Requests that can do without an exception. It serves them from the throwing one, so that the sanitizer
+/// still sees every block.
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     if (failingRequest > 0 && --failingRequest == 0) {
         return nullptr;

@@ -39,8 +39,7 @@ TYPED_TEST(QelMatrixInvert, LeavesTheIdentityAsItIs) {
     }
 }
 
-/// Powers of two throughout, so that every step is exact and so is the expected
-/// inverse.
+/// Powers of two throughout, so that every step is exact and so is the expected inverse.
 struct ExactCase {
     const char* name;
     std::int32_t size;
@@ -114,8 +113,8 @@ TYPED_TEST(QelMatrixInvert, OfZeroSaysSoAndChangesNothing) {
     EXPECT_EQ(valuesOf(m), std::vector<TypeParam>(9, TypeParam{0}));
 }
 
-/// Matrices of rank 1: the first step runs, the second finds no pivot. What the
-/// first step leaves tells which pivot it took and what it did with it.
+/// Matrices of rank 1: the first step runs, the second finds no pivot. What the first step leaves tells which
+/// pivot it took and what it did with it.
 struct SingularCase {
     const char* name;
     std::vector<double> given;
@@ -177,8 +176,7 @@ TEST(QelMatrixInvertInSinglePrecision, TakesTheSmallestNumbersForPivotsToo) {
 }
 
 TEST(QelMatrixInvertInSinglePrecision, RoundsEveryStepToFloat) {
-    // Eliminated by hand, with the pivots in place; the values are not
-    // exact, so another order shows.
+    // Eliminated by hand, with the pivots in place; the values are not exact, so another order shows.
     const float a[2][2] = {{3.0F, 0.1F}, {0.7F, 1.3F}};
     matrix<float> m = filled<float>(2, 2, {3.0, 0.0, 0.0, 0.0});
     m.setElement(0, 1, a[0][1]);

@@ -19,8 +19,7 @@ matrix<float> fourByFour() {
 }
 
 TEST(QelRotationScale, IsTheRootOfAThirdOfTheSumOfSquares) {
-    // 1 + 4 + 9 + 16 + 25 + 36 + 49 + 64 + 100 = 304, in whole numbers a float
-    // holds.
+    // 1 + 4 + 9 + 16 + 25 + 36 + 49 + 64 + 100 = 304, in whole numbers a float holds.
     EXPECT_EQ(getScale(fourByFour()), std::sqrt(304.0F / 3.0F));
     matrix<float> m(3, 3);
     EXPECT_EQ(getScale(m), 0.0F);
@@ -31,8 +30,7 @@ TEST(QelRotationScale, IsTheRootOfAThirdOfTheSumOfSquares) {
 }
 
 TEST(QelRotationScale, IsSummedInSinglePrecision) {
-    // 1 is lost beside 2 to the 24th in a float; a sum in double would keep all
-    // eight.
+    // 1 is lost beside 2 to the 24th in a float; a sum in double would keep all eight.
     matrix<float> m = filled<float>(3, 3, {4096, 1, 1, 1, 1, 1, 1, 1, 1});
     EXPECT_EQ(getScale(m), std::sqrt(16777216.0F / 3.0F));
     EXPECT_NE(getScale(m), static_cast<float>(std::sqrt(16777224.0 / 3.0)));
@@ -76,8 +74,7 @@ TEST(QelRotationFromQuaternion, OfZeroIsTheIdentity) {
 }
 
 TEST(QelRotationFromQuaternion, TurnsRowVectors) {
-    // A quarter about z turns x to y; for row vectors the image of x is the first
-    // row.
+    // A quarter about z turns x to y; for row vectors the image of x is the first row.
     const matrix<float> quarter = ofQuat(0, 0, 1, 1);
     EXPECT_EQ(valuesOf(quarter), (std::vector<float>{0, 1, 0, -1, 0, 0, 0, 0, 1}));
     // A third of a turn about the diagonal: x to y, y to z, z to x.
@@ -100,8 +97,7 @@ TEST(QelRotationFromQuaternion, AgreesWithAnotherLibraryWhateverTheLength) {
 }
 
 TEST(QelRotationFromQuaternion, MeasuresItsLengthInSinglePrecision) {
-    // The squares do not fit a float: too large ones turn nothing, and so do
-    // those that vanish.
+    // The squares do not fit a float: too large ones turn nothing, and so do those that vanish.
     EXPECT_EQ(valuesOf(ofQuat(1e20F, 0, 0, 1e20F)), kIdentityBlock);
     EXPECT_EQ(valuesOf(ofQuat(1e-25F, 0, 0, 1e-25F)), kIdentityBlock);
 }

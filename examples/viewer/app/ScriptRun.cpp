@@ -128,7 +128,7 @@ ExitCode play(ViewerWindow& viewer, const std::vector<ScriptStep>& steps, const 
             return ExitCode::Usage;
         }
     }
-    return viewer.hasRefused() ? ExitCode::BadFile : ExitCode::Success;
+    return viewer.hasFailedToOpen() ? ExitCode::BadFile : ExitCode::Success;
 }
 
 }  // namespace
@@ -148,7 +148,7 @@ ExitCode playScript(const Options& options, Scene scene) {
         std::fprintf(stderr, "qelview: %s\n", error.what());
         return ExitCode::Usage;
     }
-    ViewerWindow viewer(Surroundings::scripted());
+    ViewerWindow viewer(Environment::scripted());
     if (!viewer.open(options, std::move(scene))) {
         reportNoContext(false);
         return ExitCode::NoContext;

@@ -13,7 +13,7 @@ namespace qelview {
 
 namespace {
 
-constexpr const char* kAfterRefusal =
+constexpr const char* kAfterFailure =
     "The previous model is still open. Fix the file, or open another one with Ctrl+O.";
 
 }  // namespace
@@ -29,12 +29,12 @@ bool ViewerWindow::take(const KeyCommand& wanted) {
     stage->annotations().notice.clear();
     // User input ends a demonstration.
     motion.clear();
-    obey(wanted);
+    execute(wanted);
     redraw(Stale::Frame);
     return true;
 }
 
-void ViewerWindow::obey(const KeyCommand& wanted) {
+void ViewerWindow::execute(const KeyCommand& wanted) {
     switch (wanted.command) {
         case Command::StandardView:
             stage->setView(wanted.number);
@@ -89,7 +89,7 @@ void ViewerWindow::obey(const KeyCommand& wanted) {
 void ViewerWindow::leave() {
     if (gesture.isActive()) {
         ReleaseCapture();
-        loseMouse();
+        cancelGesture();
     } else if (stage->annotations().panel != Panel::None) {
         stage->annotations().panel = Panel::None;
     } else if (choosesRectangle) {
@@ -163,7 +163,7 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     EnableWindow(window.get(), FALSE);
     std::string reason;
     try {
-        accept(surroundings.load(files, recent.upOf(absoluteName(files.front()))));
+        accept(environment.load(files, recent.upOf(absoluteName(files.front()))));
         remember(files);
     } catch (const ReadCancelled&) {
         say("Loading cancelled");
@@ -172,12 +172,12 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     }
     EnableWindow(window.get(), TRUE);
     isLoading = false;
-    if (surroundings.isAttended) {
+    if (environment.isAttended) {
         // The progress window closed before this window could become active.
         SetForegroundWindow(window.get());
     }
     if (!reason.empty()) {
-        refuse(reason);
+        reportFailure(reason);
     }
     return reason.empty();
 }
@@ -192,13 +192,13 @@ void ViewerWindow::accept(Scene scene) {
     redraw(Stale::Frame);
 }
 
-void ViewerWindow::refuse(const std::string& reason) {
-    refused = true;
+void ViewerWindow::reportFailure(const std::string& reason) {
+    openFailed = true;
     std::fprintf(stderr, "qelview: %s\n", reason.c_str());
     std::fflush(stderr);
     say("Could not open the file");
-    if (surroundings.isAttended) {
-        showError(window.get(), reason + "\n\n" + kAfterRefusal);
+    if (environment.isAttended) {
+        showError(window.get(), reason + "\n\n" + kAfterFailure);
     }
 }
 

@@ -35,8 +35,8 @@ void ViewerWindow::openRecent(std::size_t number) {
 
 void ViewerWindow::keepRecent() {
     showRecentFiles(GetMenu(window.get()), recent.names());
-    if (surroundings.writeRecent) {
-        surroundings.writeRecent(recent.stored());
+    if (environment.writeRecent) {
+        environment.writeRecent(recent.stored());
     }
 }
 
@@ -58,7 +58,7 @@ std::string ViewerWindow::aboutText() {
 }
 
 void ViewerWindow::showAbout() {
-    if (!surroundings.isAttended) {
+    if (!environment.isAttended) {
         say("qelview " QELVIEW_VERSION);
         return;
     }

@@ -39,7 +39,7 @@ bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
             mouseLeft();
             return true;
         case WM_CAPTURECHANGED:
-            loseMouse();
+            cancelGesture();
             return true;
         case WM_MOUSEWHEEL:
             zoom(wParam, lParam);
@@ -113,7 +113,7 @@ void ViewerWindow::release(MouseButton button) {
     redraw(Stale::Frame);
 }
 
-void ViewerWindow::loseMouse() {
+void ViewerWindow::cancelGesture() {
     // Releasing the capture sends this too, but the gesture has ended by then.
     if (gesture.isActive()) {
         gesture.cancel();

@@ -31,17 +31,17 @@ double steadyMilliseconds() {
 
 }  // namespace
 
-Surroundings Surroundings::attended() {
+Environment Environment::attended() {
     return {true, steadyMilliseconds,
             [](const std::vector<std::string>& files, UpAxis up) {
                 LoadTask task(files, up);
                 return waitWithWindow(task);
             },
-            [] { return readRecentFiles(kKeyOfProgram); },
-            [](const std::vector<std::string>& files) { writeRecentFiles(kKeyOfProgram, files); }};
+            [] { return readRecentFiles(kProgramKey); },
+            [](const std::vector<std::string>& files) { writeRecentFiles(kProgramKey, files); }};
 }
 
-Surroundings Surroundings::scripted() {
+Environment Environment::scripted() {
     return {false,
             [] { return 0.0; },
             [](const std::vector<std::string>& files, UpAxis up) {
@@ -52,9 +52,9 @@ Surroundings Surroundings::scripted() {
             {}};
 }
 
-ViewerWindow::ViewerWindow(Surroundings around) : surroundings(std::move(around)) {
-    if (surroundings.readRecent) {
-        recent = RecentFiles(surroundings.readRecent());
+ViewerWindow::ViewerWindow(Environment around) : environment(std::move(around)) {
+    if (environment.readRecent) {
+        recent = RecentFiles(environment.readRecent());
     }
 }
 
@@ -89,7 +89,7 @@ bool ViewerWindow::open(const Options& options, Scene scene) {
 
 ExitCode ViewerWindow::run(const Options& options, Scene scene) {
     if (!open(options, std::move(scene))) {
-        reportNoContext(surroundings.isAttended);
+        reportNoContext(environment.isAttended);
         return ExitCode::NoContext;
     }
     if (!options.motion.empty()) {
@@ -201,9 +201,9 @@ void ViewerWindow::refresh() {
 void ViewerWindow::drawFrame() {
     const std::size_t parts = budget.partsPerDrawn(isMoving);
     stage->setPartsPerDrawn(parts);
-    const double begin = surroundings.clock();
+    const double begin = environment.clock();
     stage->show();
-    const double milliseconds = surroundings.clock() - begin;
+    const double milliseconds = environment.clock() - begin;
     stage->setPartsPerDrawn(1);
     budget.addFrameTime(milliseconds, parts);
     isThinned = parts > 1;

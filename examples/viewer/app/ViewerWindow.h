@@ -22,7 +22,7 @@
 namespace qelview {
 
 /// What a viewer window needs from its environment.
-struct Surroundings {
+struct Environment {
     /// True if a user is present, who can be shown message boxes and progress.
     bool isAttended = true;
     /// Milliseconds from any start.
@@ -34,16 +34,16 @@ struct Surroundings {
     std::function<void(const std::vector<std::string>&)> writeRecent;
 
     /// A user, the system's clock, a progress window for long loads, the program's registry key.
-    [[nodiscard]] static Surroundings attended();
+    [[nodiscard]] static Environment attended();
     /// No user, nothing stored, and a clock that stands still, so that the same input always gives the same
     /// pictures.
-    [[nodiscard]] static Surroundings scripted();
+    [[nodiscard]] static Environment scripted();
 };
 
 /// The viewer's window: turns keys, mouse messages and resizes into calls of the stage.
 class ViewerWindow {
   public:
-    explicit ViewerWindow(Surroundings around = Surroundings::attended());
+    explicit ViewerWindow(Environment around = Environment::attended());
     ~ViewerWindow();
     ViewerWindow(const ViewerWindow&) = delete;
     ViewerWindow& operator=(const ViewerWindow&) = delete;
@@ -64,7 +64,7 @@ class ViewerWindow {
     /// True once the user has closed the viewer.
     [[nodiscard]] bool hasEnded() const { return ended; }
     /// True once a file opened in the window failed to load.
-    [[nodiscard]] bool hasRefused() const { return refused; }
+    [[nodiscard]] bool hasFailedToOpen() const { return openFailed; }
     /// Replays six-axis input, one step per tick of the system's timer.
     void replay(std::vector<MotionStep> steps);
     [[nodiscard]] bool isReplaying() const { return nextMotion < motion.size(); }
@@ -104,7 +104,7 @@ class ViewerWindow {
     void press(MouseButton button, WPARAM wParam, LPARAM position);
     void release(MouseButton button);
     void moveMouse(const PixelPlace& place);
-    void loseMouse();
+    void cancelGesture();
     void mouseLeft();
     void rotateAbout(LPARAM position);
     void zoom(WPARAM wParam, LPARAM position);
@@ -115,7 +115,7 @@ class ViewerWindow {
 
     /// Runs a command. Returns true if it was one.
     bool take(const KeyCommand& wanted);
-    void obey(const KeyCommand& wanted);
+    void execute(const KeyCommand& wanted);
     void markMenu();
     void openRecent(std::size_t number);
     void keepRecent();
@@ -130,11 +130,11 @@ class ViewerWindow {
     /// Returns false if loading failed, which keeps the old scene.
     bool openFiles(const std::vector<std::string>& files);
     void accept(Scene scene);
-    void refuse(const std::string& reason);
+    void reportFailure(const std::string& reason);
     void setCaption(const std::string& title);
     void say(const std::string& notice);
 
-    Surroundings surroundings;
+    Environment environment;
     OwnedWindow window;
     std::unique_ptr<Stage> stage;
     std::string captureFile;
@@ -152,7 +152,7 @@ class ViewerWindow {
     bool choosesRectangle = false;
     bool isLoading = false;
     bool ended = false;
-    bool refused = false;
+    bool openFailed = false;
 };
 
 }  // namespace qelview

@@ -45,7 +45,7 @@ qelview::UpAxis upOf(const qelview::Options& options) {
     if (options.up || !options.isAttended()) {
         return options.up.value_or(qelview::UpAxis::Z);
     }
-    const qelview::RecentFiles recent(qelview::readRecentFiles(qelview::kKeyOfProgram));
+    const qelview::RecentFiles recent(qelview::readRecentFiles(qelview::kProgramKey));
     return recent.upOf(qelview::absoluteName(options.files.front()));
 }
 

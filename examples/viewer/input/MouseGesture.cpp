@@ -37,7 +37,7 @@ bool MouseGesture::press(MouseButton button, bool withShift, bool drawsRectangle
     }
     held = button;
     driven = toolOf(button, withShift, drawsRectangle);
-    strayed = false;
+    isDragged = false;
     path = {place, place};
     return true;
 }
@@ -47,8 +47,8 @@ bool MouseGesture::move(const PixelPlace& place) {
         return false;
     }
     path.to = place;
-    strayed = strayed || path.width() > kClickReach || path.height() > kClickReach;
-    return strayed;
+    isDragged = isDragged || path.width() > kClickReach || path.height() > kClickReach;
+    return isDragged;
 }
 
 std::optional<DragTool> MouseGesture::release(MouseButton button) {
@@ -56,7 +56,7 @@ std::optional<DragTool> MouseGesture::release(MouseButton button) {
         return std::nullopt;
     }
     held.reset();
-    return strayed ? driven : DragTool::Nothing;
+    return isDragged ? driven : DragTool::Nothing;
 }
 
 }  // namespace qelview

@@ -48,7 +48,7 @@ class MouseGesture {
 
     [[nodiscard]] bool isActive() const { return held.has_value(); }
     /// True once the mouse has moved too far for a click.
-    [[nodiscard]] bool isDrag() const { return held.has_value() && strayed; }
+    [[nodiscard]] bool isDrag() const { return held.has_value() && isDragged; }
     [[nodiscard]] DragTool tool() const { return held ? driven : DragTool::Nothing; }
     /// From the press to the current mouse position.
     [[nodiscard]] const PixelBox& box() const { return path; }
@@ -56,7 +56,7 @@ class MouseGesture {
   private:
     std::optional<MouseButton> held;
     DragTool driven = DragTool::Nothing;
-    bool strayed = false;
+    bool isDragged = false;
     PixelBox path;
 };
 

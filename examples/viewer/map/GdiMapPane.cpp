@@ -82,7 +82,7 @@ void GdiMapPane::show(const MapFrame& frame, const MapView& view, const MapTexts
     FillRect(dc, &all, sea);
     DeleteObject(sea);
     display->beginDraw();
-    drawLines(frame.net, kNetColor.forGdi());
+    drawLines(frame.grid, kGridColor.forGdi());
     fillAreas(frame.areas);
     drawLines(frame.outlines, kOutline.forGdi());
     drawLines(frame.lines, kLineColor.forGdi());

@@ -78,7 +78,7 @@ void GlMapPane::draw(const MapFrame& frame, const MapView& view, const MapTextsO
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
-    drawLines(frame.net, kNetColor);
+    drawLines(frame.grid, kGridColor);
     fillAreas(frame.areas, view);
     drawLines(frame.outlines, kOutline);
     drawLines(frame.lines, kLineColor);

@@ -16,7 +16,7 @@ namespace {
 constexpr double kMarginPx = 48.0;
 constexpr std::size_t kMostFramedPoints = 1500;
 /// Smallest distance of the grid lines, in pixels.
-constexpr double kNetPx = 110.0;
+constexpr double kGridPx = 110.0;
 
 qel::Enve2d widened(const MapView& view) {
     qel::Enve2d area = view.extent();
@@ -87,17 +87,17 @@ std::vector<double> multiplesWithin(double from, double to, double step) {
 }
 
 void addNet(MapFrame& frame, const MapView& view, bool isGlobe) {
-    const double step = roundAtLeast(kNetPx * view.unitsPerPixel());
+    const double step = roundAtLeast(kGridPx * view.unitsPerPixel());
     qel::Enve2d area = widened(view);
     if (isGlobe) {
         area = {std::max(area.xmin, -180.0), std::max(area.ymin, -90.0), std::min(area.xmax, 180.0),
                 std::min(area.ymax, 90.0)};
     }
     for (const double x : multiplesWithin(area.xmin, area.xmax, step)) {
-        frame.net.push_back(snapped({{x, area.ymin}, {x, area.ymax}}, view));
+        frame.grid.push_back(snapped({{x, area.ymin}, {x, area.ymax}}, view));
     }
     for (const double y : multiplesWithin(area.ymin, area.ymax, step)) {
-        frame.net.push_back(snapped({{area.xmin, y}, {area.xmax, y}}, view));
+        frame.grid.push_back(snapped({{area.xmin, y}, {area.xmax, y}}, view));
     }
 }
 

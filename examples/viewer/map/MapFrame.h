@@ -16,7 +16,7 @@ struct MapFrame {
     std::vector<Line2d> outlines;
     std::vector<Line2d> lines;
     /// The grid of coordinate lines.
-    std::vector<Line2d> net;
+    std::vector<Line2d> grid;
     Line2d points;
     /// True if there are too many points to frame each one.
     bool isCrowded = false;

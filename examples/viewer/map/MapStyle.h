@@ -26,7 +26,7 @@ struct MapColor {
 };
 
 inline constexpr MapColor kSea{214, 230, 241};
-inline constexpr MapColor kNetColor{184, 208, 226};
+inline constexpr MapColor kGridColor{184, 208, 226};
 inline constexpr MapColor kLand{244, 239, 222};
 inline constexpr MapColor kHatch{219, 208, 176};
 inline constexpr MapColor kOutline{70, 96, 128};

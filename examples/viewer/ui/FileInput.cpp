@@ -47,10 +47,10 @@ std::vector<std::string> askForFiles(HWND owner) {
     if (GetOpenFileNameW(&dialog) == FALSE) {
         return {};
     }
-    return filesOfAnswer(answer);
+    return parseDialogResult(answer);
 }
 
-std::vector<std::string> namesOfList(const std::wstring& list) {
+std::vector<std::string> parseNameList(const std::wstring& list) {
     std::vector<std::string> names;
     for (std::size_t begin = 0; begin < list.size() && list[begin] != L'\0';) {
         const std::wstring name(list.c_str() + begin);
@@ -60,8 +60,8 @@ std::vector<std::string> namesOfList(const std::wstring& list) {
     return names;
 }
 
-std::vector<std::string> filesOfAnswer(const std::wstring& answer) {
-    std::vector<std::string> files = namesOfList(answer);
+std::vector<std::string> parseDialogResult(const std::wstring& answer) {
+    std::vector<std::string> files = parseNameList(answer);
     if (files.size() < 2) {
         return files;
     }

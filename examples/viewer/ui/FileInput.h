@@ -15,10 +15,10 @@ namespace qelview {
 
 /// Parses the result of that dialog: one path, or a folder followed by the names in it, each zero-terminated,
 /// the last one twice.
-[[nodiscard]] std::vector<std::string> filesOfAnswer(const std::wstring& answer);
+[[nodiscard]] std::vector<std::string> parseDialogResult(const std::wstring& answer);
 
 /// Parses a list of zero-terminated names that ends with an empty one.
-[[nodiscard]] std::vector<std::string> namesOfList(const std::wstring& list);
+[[nodiscard]] std::vector<std::string> parseNameList(const std::wstring& list);
 
 /// Returns the names of dropped files and releases the drop.
 [[nodiscard]] std::vector<std::string> takeDroppedFiles(HDROP drop);

@@ -24,7 +24,7 @@ std::vector<std::string> readRecentFiles(const wchar_t* key) {
         ERROR_SUCCESS) {
         return {};
     }
-    return namesOfList(names);
+    return parseNameList(names);
 }
 
 void writeRecentFiles(const wchar_t* key, const std::vector<std::string>& files) {

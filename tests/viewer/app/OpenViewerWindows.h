@@ -40,7 +40,7 @@ class OpenViewer : public testing::Test {
 
     void SetUp() override { open(qelview::makeSampleScene()); }
 
-    void open(const qelview::Scene& scene, qelview::Surroundings around = qelview::Surroundings::scripted()) {
+    void open(const qelview::Scene& scene, qelview::Environment around = qelview::Environment::scripted()) {
         viewer = std::make_unique<qelview::ViewerWindow>(std::move(around));
         qelview::Options options;
         options.width = kWidth;

@@ -277,13 +277,13 @@ TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
 }
 
 TEST(QelView, RemembersNoFilesOfAScript) {
-    const std::vector<std::string> before = qelview::readRecentFiles(qelview::kKeyOfProgram);
+    const std::vector<std::string> before = qelview::readRecentFiles(qelview::kProgramKey);
     const qel::test::TemporaryFile points("forgotten.xyz", "0 0 0\n1 1 1\n");
     const qel::test::TemporaryFile script("forgetful.txt", "drop " + points.path().string() + "\n");
     const Ended ended =
         runViewer(L"--size 64x64 --script " + quoted(script.path()) + L" " + quoted(points.path()));
     EXPECT_EQ(ended.code, 0U) << ended.errors;
-    EXPECT_EQ(qelview::readRecentFiles(qelview::kKeyOfProgram), before);
+    EXPECT_EQ(qelview::readRecentFiles(qelview::kProgramKey), before);
 }
 
 TEST(QelView, RefusesAWrongRecordingWithExitCodeOne) {

@@ -43,7 +43,7 @@ TEST_F(ViewerFiles, ShowsADroppedFileInPlaceOfTheScene) {
     drop(square.path());
     EXPECT_EQ(caption(), L"qelview-test-dropped.obj - qelview");
     EXPECT_LT(camera().getEye().norm(), 0.2 * before);
-    EXPECT_FALSE(viewer->hasRefused());
+    EXPECT_FALSE(viewer->hasFailedToOpen());
     EXPECT_EQ(stage().textOf({0, 0, 0}), "x 0.5000  y 0.5000  z 0.0000");
 }
 
@@ -59,7 +59,7 @@ TEST_F(ViewerFiles, KeepsTheSceneWhenADroppedFileIsBad) {
     const TemporaryFile bad("dropped-bad.obj", "v 0 0 0\nf 1 2 3\n");
     const qel::test::Picture before = picture();
     drop(bad.path());
-    EXPECT_TRUE(viewer->hasRefused());
+    EXPECT_TRUE(viewer->hasFailedToOpen());
     EXPECT_EQ(stage().annotations().notice, "Could not open the file");
     expectTheOldScene(before);
 }
@@ -72,9 +72,9 @@ qelview::Scene loadForEver(qelview::Progress& progress, qelview::Stopwatch&) {
     }
 }
 
-/// Surroundings of a person who waits for a load that only he can end.
-qelview::Surroundings endlessLoads() {
-    qelview::Surroundings around = qelview::Surroundings::scripted();
+/// Environment of a person who waits for a load that only he can end.
+qelview::Environment endlessLoads() {
+    qelview::Environment around = qelview::Environment::scripted();
     around.load = [](const std::vector<std::string>&, qelview::UpAxis) {
         qelview::LoadTask task(loadForEver);
         return qelview::waitWithWindow(task);
@@ -105,18 +105,18 @@ TEST_F(ViewerFiles, StaysResponsiveDuringALongLoadAndKeepsTheSceneWhenItIsCancel
     EXPECT_TRUE(hasAnswered);
     EXPECT_FALSE(wasEnabled);
     EXPECT_EQ(stage().annotations().notice, "Loading cancelled");
-    EXPECT_FALSE(viewer->hasRefused());
+    EXPECT_FALSE(viewer->hasFailedToOpen());
     expectTheOldScene(before);
 }
 
 TEST(ViewerFilesOfAnswer, ReadsOneNameOrAFolderWithItsNames) {
     using Files = std::vector<std::string>;
     using namespace std::string_literals;
-    EXPECT_EQ(qelview::filesOfAnswer(L"C:\\a b.obj\0\0"s), (Files{"C:\\a b.obj"}));
-    EXPECT_EQ(qelview::filesOfAnswer(L"C:\\dir\0a.obj\0b.ply\0\0"s),
+    EXPECT_EQ(qelview::parseDialogResult(L"C:\\a b.obj\0\0"s), (Files{"C:\\a b.obj"}));
+    EXPECT_EQ(qelview::parseDialogResult(L"C:\\dir\0a.obj\0b.ply\0\0"s),
               (Files{"C:\\dir\\a.obj", "C:\\dir\\b.ply"}));
-    EXPECT_EQ(qelview::filesOfAnswer(L"C:\\\0a.obj\0b.ply\0\0"s), (Files{"C:\\a.obj", "C:\\b.ply"}));
-    EXPECT_TRUE(qelview::filesOfAnswer(L"\0\0"s).empty());
+    EXPECT_EQ(qelview::parseDialogResult(L"C:\\\0a.obj\0b.ply\0\0"s), (Files{"C:\\a.obj", "C:\\b.ply"}));
+    EXPECT_TRUE(qelview::parseDialogResult(L"\0\0"s).empty());
 }
 
 TEST(ViewerFilesDropped, CarryTheirNamesUnchanged) {

@@ -133,7 +133,7 @@ TEST_F(ViewerMenu, ForgetsARecentFileThatIsGone) {
         play("drop " + passing.path().string());
     }
     choose({Command::Recent, 0});
-    EXPECT_TRUE(viewer->hasRefused());
+    EXPECT_TRUE(viewer->hasFailedToOpen());
     EXPECT_EQ(recentTexts(), Names{"None yet"});
     // Places without a file do nothing.
     choose({Command::Recent, 5});
@@ -142,7 +142,7 @@ TEST_F(ViewerMenu, ForgetsARecentFileThatIsGone) {
 
 TEST_F(ViewerMenu, KeepsRecentFilesWhereItsSurroundingsSay) {
     Names kept{"C:\\old.obj"};
-    qelview::Surroundings around = qelview::Surroundings::scripted();
+    qelview::Environment around = qelview::Environment::scripted();
     around.readRecent = [&kept] { return kept; };
     around.writeRecent = [&kept](const Names& files) { kept = files; };
     open(qelview::makeSampleScene(), around);

@@ -15,8 +15,8 @@ using qel::test::CallTrace;
 using qel::test::OpenViewer;
 
 /// A clock that each look moves on, so that each frame takes so long.
-qelview::Surroundings slowFrames(double milliseconds) {
-    qelview::Surroundings around = qelview::Surroundings::scripted();
+qelview::Environment slowFrames(double milliseconds) {
+    qelview::Environment around = qelview::Environment::scripted();
     around.clock = [now = 0.0, milliseconds]() mutable { return now += milliseconds; };
     return around;
 }

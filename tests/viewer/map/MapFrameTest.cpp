@@ -173,7 +173,7 @@ TEST(MapFrame, HoldsOnlyWhatIsSeen) {
     EXPECT_GT(frame.lines[0].front().x, view.extent().xmin - 100 * view.unitsPerPixel());
     EXPECT_EQ(frame.points.size(), 1U);
     EXPECT_FALSE(frame.isCrowded);
-    EXPECT_FALSE(frame.net.empty());
+    EXPECT_FALSE(frame.grid.empty());
 }
 
 TEST(MapFrame, ShowsNoNameOverAnother) {
