@@ -1,6 +1,5 @@
-"""bench --load [--page]: measures time and memory of the viewer from the command to the finished picture of generated files, with f3d for
-comparison if it is installed. Prints a table and stores it in out/bench/load.json; with --page writes the stored one into
-docs/performance.md."""
+"""bench --load [--page]: measures the time from the command to the finished picture of generated files, and peak memory, for the viewer and
+for f3d if it is installed. Prints a table and saves it as out/bench/load.json; --page writes the saved table to docs/performance.md."""
 
 import datetime
 import json
@@ -10,6 +9,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
@@ -23,16 +23,19 @@ PARTS = ("read", "normals", "middle", "prepared", "picture")
 
 
 def run(command):
-    """(seconds, peak in MB, output) of a program, or None if it fails."""
-    begin = time.monotonic()
-    process = subprocess.Popen([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
-    printed = process.stderr.read().decode(errors="replace")
-    _, status, usage = os.wait4(process.pid, 0)
-    return None if status else (time.monotonic() - begin, usage.ru_maxrss / 1024, printed)
+    """(seconds, peak in MB, stderr) of a program, or None if it fails."""
+    # A file, because the background services of Wine inherit stderr and would keep a pipe open.
+    with tempfile.TemporaryFile() as errors:
+        begin = time.monotonic()
+        process = subprocess.Popen([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=errors)
+        _, status, usage = os.wait4(process.pid, 0)
+        seconds = time.monotonic() - begin
+        errors.seek(0)
+        return None if status else (seconds, usage.ru_maxrss / 1024, errors.read().decode(errors="replace"))
 
 
 def best(command, picture):
-    """The fastest of several runs; None if one fails or writes no picture."""
+    """The fastest of several runs; None if the program fails or writes no picture."""
     runs = []
     for _ in range(RUNS):
         picture.unlink(missing_ok=True)
@@ -49,7 +52,7 @@ def viewer(file, picture):
 
 
 def measure():
-    """Runs on a screen. A waiting program keeps Wine running, whose start would be measured otherwise."""
+    """Needs a screen. An idle program keeps Wine running, so that its startup is not measured."""
     with subprocess.Popen(["wine", "cmd.exe"], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as keeper:
         try:
             measure_files()

@@ -1,5 +1,5 @@
-"""The files that scripts/bench --load opens: hills of a million triangles in three formats, ten million coloured points, and a million
-points as text, identical on every machine."""
+"""Generates the files that scripts/bench --load opens: a terrain of a million triangles in three formats, ten million coloured points, and
+a million points as text. The bytes are the same on every machine."""
 
 import math
 import struct
@@ -48,7 +48,7 @@ def stl(stream):
     stream.write(bytes(80) + struct.pack("<I", 2 * COLUMNS * ROWS))
     places = vertices()
     for a, b, c in triangles():
-        # Readers compute the normals.
+        # Readers compute the normals themselves.
         stream.write(struct.pack("<12fH", 0.0, 0.0, 0.0, *places[a], *places[b], *places[c], 0))
 
 
@@ -73,7 +73,7 @@ def text(stream):
         stream.write(b"%.2f %.2f %.5f\n" % (x + 100.0, y + 100.0, height(x, y)))
 
 
-# Name -> title and writer.
+# File name: (title, writer).
 FILES = {
     "hills.obj": ("1,000,000 triangles, OBJ", obj),
     "hills.ply": ("the same, binary PLY", ply),

@@ -10,9 +10,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     file.write(data, size);
     qelview::ObjMaterials materials(file.path());
     static_cast<void>(materials.readLibrary(file.path().filename().string()));
+    qelview::Warnings warnings;
     // Those of the corpus, and one that a mutation can hit.
     for (const char* const name : {"red", "two words", "x"}) {
-        static_cast<void>(materials.colorOf(name));
+        static_cast<void>(materials.lookOf(name, "line 1", warnings));
     }
     return 0;
 }

@@ -35,6 +35,25 @@ std::string faultOfMesh(const qelview::TriangleMesh& mesh) {
         (!mesh.colors.empty() && mesh.colors.size() != count)) {
         return "a mesh has another number of normals or colours than positions";
     }
+    if (!mesh.texCoords.empty() && mesh.texCoords.size() != count) {
+        return "a mesh has another number of texture coordinates than positions";
+    }
+    if ((mesh.texture != nullptr) != !mesh.texCoords.empty()) {
+        return "a mesh has a texture without coordinates, or coordinates without a texture";
+    }
+    if (mesh.texture) {
+        const qelview::TextureImage& image = *mesh.texture->image;
+        if (image.width <= 0 || image.height <= 0 ||
+            image.pixels.size() != static_cast<std::size_t>(image.width) *
+                                       static_cast<std::size_t>(image.height) *
+                                       static_cast<std::size_t>(image.channels)) {
+            return "a texture is not as large as its image";
+        }
+    }
+    if (!std::all_of(mesh.texCoords.begin(), mesh.texCoords.end(),
+                     [](const auto& each) { return std::isfinite(each.u) && std::isfinite(each.v); })) {
+        return "a texture coordinate is not finite";
+    }
     const bool areNormalsFinite = std::all_of(mesh.normals.begin(), mesh.normals.end(), [](const auto& each) {
         return std::isfinite(each.x) && std::isfinite(each.y) && std::isfinite(each.z);
     });

@@ -84,6 +84,8 @@ void HostScene::addMesh(TriangleMesh&& mesh) {
     added.colors = convertAll<qel::ArrayColor4f>(mesh.colors, [](const qel::QelColor3f& color) {
         return qel::ArrayColor4f{color.r, color.g, color.b, 1.0F};
     });
+    added.texCoords = makeArray(std::move(mesh.texCoords));
+    added.texture = std::move(mesh.texture);
     added.color = mesh.color;
     added.shadeModel = mesh.faceted ? GL_FLAT : GL_SMOOTH;
     meshes.push_back(added);
@@ -128,8 +130,9 @@ void HostScene::addGeometries(const Scene& scene) {
     }
 }
 
-void HostScene::draw(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn) {
-    drawMeshes(symbol, partsPerDrawn);
+void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
+                     std::size_t partsPerDrawn) {
+    drawMeshes(symbol, textures, partsPerDrawn);
     drawClouds(symbol, view, partsPerDrawn);
     for (const Geometry& drawn : geometries) {
         drawGeometry(symbol, drawn);
@@ -139,7 +142,7 @@ void HostScene::draw(IQelSymbol& symbol, const PixelView& view, std::size_t part
     }
 }
 
-void HostScene::drawMeshes(IQelSymbol& symbol, std::size_t partsPerDrawn) {
+void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn) {
     // Surfaces step back a little, so that lines which lie on them stay whole.
     glPolygonOffset(1.0F, 1.0F);
     const QelTmpGlStateCtrl offset(GL_POLYGON_OFFSET_FILL, true);
@@ -147,7 +150,12 @@ void HostScene::drawMeshes(IQelSymbol& symbol, std::size_t partsPerDrawn) {
         if (partsPerDrawn > 1) {
             thin(mesh, partsPerDrawn);
         }
-        drawMesh(symbol, mesh, partsPerDrawn > 1 ? mesh.thinned : mesh.indices);
+        const Array<qel::ArrayIndex>& indices = partsPerDrawn > 1 ? mesh.thinned : mesh.indices;
+        if (mesh.texture) {
+            drawTextured(symbol, mesh, indices, textures);
+        } else {
+            drawMesh(symbol, mesh, indices, 0);
+        }
     }
 }
 
@@ -185,15 +193,28 @@ void HostScene::thin(Mesh& mesh, std::size_t partsPerDrawn) {
     mesh.partsPerThinned = partsPerDrawn;
 }
 
-void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices) {
+void HostScene::drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                             HostTextures& textures) {
+    const std::uint32_t name = textures.nameOf(*mesh.texture);
+    {
+        const QelTmpGlStateCtrl holes(GL_ALPHA_TEST, name != 0 && mesh.texture->alphaCutoff > 0.0F);
+        glAlphaFunc(GL_GEQUAL, mesh.texture->alphaCutoff);
+        drawMesh(symbol, mesh, indices, name);
+    }
+    // Texturing is on for all that follows, which shows the texture that is bound.
+    glBindTexture(GL_TEXTURE_2D, 0);
+}
+
+void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                         std::uint32_t texture) {
     const QelTmpGlStateCtrl color(mesh.color);
     const qel::MeshStyle style;
     if (mesh.indices) {
-        symbol.drawIndexedMesh(mesh.vertices, indices, mesh.normals, mesh.colors, {}, 0, mesh.shadeModel,
-                               GL_FILL, GL_FILL, style);
+        symbol.drawIndexedMesh(mesh.vertices, indices, mesh.normals, mesh.colors, mesh.texCoords, texture,
+                               mesh.shadeModel, GL_FILL, GL_FILL, style);
     } else {
-        symbol.drawMesh(mesh.vertices, indices, mesh.byteNormals, mesh.colors, {}, 0, mesh.shadeModel,
-                        GL_FILL, GL_FILL, style);
+        symbol.drawMesh(mesh.vertices, indices, mesh.byteNormals, mesh.colors, mesh.texCoords, texture,
+                        mesh.shadeModel, GL_FILL, GL_FILL, style);
     }
 }
 

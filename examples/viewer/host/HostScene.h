@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
+#include "HostTextures.h"
 #include "IQelSymbol.h"
 #include "PointOrder.h"
 #include "QelArrayElements.h"
@@ -24,8 +26,10 @@ class HostScene {
     /// Draws everything but labels. The context must be current. Enabled depth testing and disabled lighting
     /// are expected; the current colour and line width change.
     /// @param view the camera that OpenGL holds.
+    /// @param textures of the context.
     /// @param partsPerDrawn draws only one of so many points of clouds and parts of meshes; 1 draws all.
-    void draw(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn = 1);
+    void draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
+              std::size_t partsPerDrawn = 1);
 
     /// The point of a cloud that the last drawing showed at a place; nothing if there is none.
     /// @param view the camera of that drawing.
@@ -45,6 +49,9 @@ class HostScene {
         Array<qel::ArrayNormal4f> normals;
         Array<qel::ArrayNormal3b> byteNormals;
         Array<qel::ArrayColor4f> colors;
+        Array<qel::ArrayTexCoord2f> texCoords;
+        /// Null for none.
+        std::shared_ptr<const Texture> texture;
         qel::QelColor3f color;
         std::uint32_t shadeModel = 0;
     };
@@ -67,10 +74,13 @@ class HostScene {
     void addGeometries(const Scene& scene);
 
     static void thin(Mesh& mesh, std::size_t partsPerDrawn);
-    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices);
+    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                         std::uint32_t texture);
+    static void drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                             HostTextures& textures);
     static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn);
     static void drawMarker(IQelSymbol& symbol, const Marker& marker);
-    void drawMeshes(IQelSymbol& symbol, std::size_t partsPerDrawn);
+    void drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn);
     void drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn);
 
     std::vector<Mesh> meshes;

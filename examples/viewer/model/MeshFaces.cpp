@@ -100,6 +100,7 @@ class Cutting {
     std::uint32_t addVertex(const PolygonCutter::Crossing& crossing, const qel::XPnt3d& first) {
         qel::XPnt3d blended;
         qel::QelColor3f color{0.0F, 0.0F, 0.0F};
+        qel::ArrayTexCoord2f texCoord{0.0F, 0.0F};
         for (std::size_t i = 0; i < crossing.points.size(); ++i) {
             const std::uint32_t vertex = numbers[crossing.points.at(i)];
             const float share = crossing.shares.at(i);
@@ -111,12 +112,19 @@ class Cutting {
                 color.g += mesh.colors[vertex].g * share;
                 color.b += mesh.colors[vertex].b * share;
             }
+            if (!mesh.texCoords.empty()) {
+                texCoord.u += mesh.texCoords[vertex].u * share;
+                texCoord.v += mesh.texCoords[vertex].v * share;
+            }
         }
         if (!mesh.normals.empty()) {
             mesh.normals.push_back(unitNormal(blended));
         }
         if (!mesh.colors.empty()) {
             mesh.colors.push_back(color);
+        }
+        if (!mesh.texCoords.empty()) {
+            mesh.texCoords.push_back(texCoord);
         }
         mesh.positions.push_back(crossing.position + first);
         return static_cast<std::uint32_t>(mesh.positions.size() - 1);

@@ -141,11 +141,15 @@ class Smoother {
         // Room for all first: what is copied lies in the same array.
         mesh.positions.reserve(mesh.positions.size() + copies.size());
         mesh.colors.reserve(mesh.colors.size() + (mesh.colors.empty() ? 0 : copies.size()));
+        mesh.texCoords.reserve(mesh.texCoords.size() + (mesh.texCoords.empty() ? 0 : copies.size()));
         for (const Copy& copy : copies) {
             mesh.positions.push_back(mesh.positions[copy.vertex]);
             mesh.normals.push_back(copy.normal);
             if (!mesh.colors.empty()) {
                 mesh.colors.push_back(mesh.colors[copy.vertex]);
+            }
+            if (!mesh.texCoords.empty()) {
+                mesh.texCoords.push_back(mesh.texCoords[copy.vertex]);
             }
         }
         for (const auto& [corner, copy] : cornersOfCopies) {

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
+
+#include "AllCores.h"
 
 namespace qelview {
 
@@ -14,46 +18,75 @@ class Numbering {
   public:
     using Key = std::array<Word, kWords>;
 
+    static constexpr std::size_t kBlock = 64;
+
     /// @param expected how many different keys may come; there can be more.
-    explicit Numbering(std::size_t expected) {
+    explicit Numbering(std::size_t expected)
+        : slots(std::bit_ceil(std::max(expected * 2, kFewestSlots)), kFree) {
         keys.reserve(expected);
-        while (slots.size() < expected * 2) {
-            slots.resize(slots.size() * 2, kFree);
-        }
     }
 
-    std::uint32_t numberOf(const Key& key) {
-        if (keys.size() * 2 > slots.size()) {
-            grow();
+    std::uint32_t numberOf(const Key& key) { return numberOf(key, hashOf(key)); }
+
+    /// The same for each of a few keys. Slots are too many for the processor's cache: it waits for those of
+    /// all keys at once.
+    /// @param count up to `kBlock`.
+    void numberBlock(const Key* block, std::size_t count, std::uint32_t* numbers) {
+        std::array<std::size_t, kBlock> hashes;
+        for (std::size_t i = 0; i < count; ++i) {
+            hashes[i] = hashOf(block[i]);
+            numbers[i] = slots[hashes[i] & (slots.size() - 1)];
         }
-        std::uint32_t& slot = slotOf(key);
-        if (slot == kFree) {
-            slot = static_cast<std::uint32_t>(keys.size());
-            keys.push_back(key);
+        for (std::size_t i = 0; i < count; ++i) {
+            if (numbers[i] == kFree || !areEqual(keys[numbers[i]], block[i])) {
+                numbers[i] = numberOf(block[i], hashes[i]);
+            }
         }
-        return slot;
     }
     /// By their numbers.
     [[nodiscard]] const std::vector<Key>& known() const { return keys; }
+    [[nodiscard]] std::vector<Key> takeKnown() { return std::move(keys); }
 
   private:
     static constexpr std::uint32_t kFree = 0xFFFFFFFF;
+    static constexpr std::size_t kFewestSlots = 1024;
 
     static std::size_t hashOf(const Key& key) {
         std::uint64_t hash = 0;
         for (const Word word : key) {
             // The odd number nearest to 2^64 over the golden ratio spreads neighbours over all bits.
             hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
-            hash ^= hash >> 29U;
+            hash ^= hash >> 32U;
         }
-        return hash ^ (hash >> 32U);
+        return hash;
+    }
+
+    /// Without a branch for each word, and without the call that comparing arrays becomes.
+    static bool areEqual(const Key& a, const Key& b) {
+        Word difference = 0;
+        for (std::size_t i = 0; i < kWords; ++i) {
+            difference |= a[i] ^ b[i];
+        }
+        return difference == 0;
+    }
+
+    std::uint32_t numberOf(const Key& key, std::size_t hash) {
+        if (keys.size() * 2 > slots.size()) {
+            grow();
+        }
+        std::uint32_t& slot = slotOf(key, hash);
+        if (slot == kFree) {
+            slot = static_cast<std::uint32_t>(keys.size());
+            keys.push_back(key);
+        }
+        return slot;
     }
 
     /// The slot of a key, or the free one where it belongs.
-    std::uint32_t& slotOf(const Key& key) {
+    std::uint32_t& slotOf(const Key& key, std::size_t hash) {
         const std::size_t mask = slots.size() - 1;
-        std::size_t at = hashOf(key) & mask;
-        while (slots[at] != kFree && keys[slots[at]] != key) {
+        std::size_t at = hash & mask;
+        while (slots[at] != kFree && !areEqual(keys[slots[at]], key)) {
             at = (at + 1) & mask;
         }
         return slots[at];
@@ -62,13 +95,62 @@ class Numbering {
     void grow() {
         slots.assign(slots.size() * 2, kFree);
         for (std::size_t i = 0; i < keys.size(); ++i) {
-            slotOf(keys[i]) = static_cast<std::uint32_t>(i);
+            slotOf(keys[i], hashOf(keys[i])) = static_cast<std::uint32_t>(i);
         }
     }
 
     std::vector<Key> keys;
     /// A power of two; at least half of them are free.
-    std::vector<std::uint32_t> slots = std::vector<std::uint32_t>(1024, kFree);
+    std::vector<std::uint32_t> slots;
 };
+
+/// Many keys with their numbers.
+template <class Word, std::size_t kWords>
+struct Numbered {
+    /// Of all keys that came.
+    std::vector<std::uint32_t> numbers;
+    /// The different ones, by their numbers.
+    std::vector<std::array<Word, kWords>> keys;
+};
+
+/// Numbers `count` keys as `Numbering` does, on all cores.
+/// @param keyAt called with each number below `count`, by several cores at once.
+template <class Word, std::size_t kWords, class KeyAt>
+[[nodiscard]] Numbered<Word, kWords> numberAll(std::size_t count, std::size_t expected, const KeyAt& keyAt) {
+    constexpr std::size_t kBlock = Numbering<Word, kWords>::kBlock;
+    Numbered<Word, kWords> all;
+    all.numbers.resize(count);
+    const std::vector<Piece> pieces = piecesOf(count);
+    std::vector<Numbering<Word, kWords>> known(pieces.size(), Numbering<Word, kWords>(0));
+    onAllCores(pieces, [&](std::size_t number) {
+        // The first one takes in the others.
+        Numbering<Word, kWords> own(number == 0 ? expected : expected / pieces.size());
+        std::array<std::array<Word, kWords>, kBlock> block;
+        for (std::size_t i = pieces[number].begin; i < pieces[number].end; i += kBlock) {
+            const std::size_t size = std::min(kBlock, pieces[number].end - i);
+            for (std::size_t key = 0; key < size; ++key) {
+                block[key] = keyAt(i + key);
+            }
+            own.numberBlock(block.data(), size, &all.numbers[i]);
+        }
+        known[number] = std::move(own);
+    });
+    std::vector<std::vector<std::uint32_t>> numbersOfKnown(pieces.size());
+    for (std::size_t number = 1; number < pieces.size(); ++number) {
+        const auto& keys = known[number].known();
+        numbersOfKnown[number].resize(keys.size());
+        for (std::size_t i = 0; i < keys.size(); i += kBlock) {
+            known.front().numberBlock(&keys[i], std::min(kBlock, keys.size() - i),
+                                      &numbersOfKnown[number][i]);
+        }
+    }
+    onAllCores(pieces, [&](std::size_t number) {
+        for (std::size_t i = pieces[number].begin; number > 0 && i < pieces[number].end; ++i) {
+            all.numbers[i] = numbersOfKnown[number][all.numbers[i]];
+        }
+    });
+    all.keys = known.front().takeKnown();
+    return all;
+}
 
 }  // namespace qelview

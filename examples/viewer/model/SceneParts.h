@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "Enve3d.h"
+#include "QelArrayElements.h"
 #include "QelColor.h"
+#include "Texture.h"
 #include "XPnt3d.h"
 #include "XPnt3f.h"
 
@@ -27,7 +30,7 @@ enum class UpAxis : std::uint8_t { Y, Z };
     return up == UpAxis::Y ? qel::XPnt3d(vector.x, vector.z, -vector.y) : vector;
 }
 
-/// Triangles with optional normals and colours.
+/// Triangles with optional normals, colours and texture.
 struct TriangleMesh {
     std::string name;
     Points positions;
@@ -41,6 +44,10 @@ struct TriangleMesh {
     qel::QelColor3f color{0.75F, 0.75F, 0.78F};
     /// One shade a triangle instead of a smooth surface.
     bool faceted = false;
+    /// Empty, or one a position.
+    std::vector<qel::ArrayTexCoord2f> texCoords;
+    /// Multiplies the colours; only with texture coordinates.
+    std::shared_ptr<const Texture> texture;
 };
 
 struct PointCloud {

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 #include <utility>
 
-#include "Base64.h"
 #include "ByteOrder.h"
 #include "FileBytes.h"
+#include "GltfUri.h"
 #include "JsonText.h"
 #include "ReadError.h"
 #include "ScalarType.h"
@@ -24,40 +23,17 @@ constexpr std::string_view kMagic = "glTF";
 constexpr std::uint64_t kLargestWhole = 4294967295;
 /// Of all buffers together, in bytes.
 constexpr std::uintmax_t kLargestBuffers = std::uintmax_t{1} << 30U;
-constexpr std::string_view kDataScheme = "data:";
-constexpr std::string_view kBase64 = ";base64,";
-
-/// "%20" and the like stand for bytes.
-std::string withoutPercents(std::string_view text) {
-    std::string plain;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        unsigned value = 0;
-        const bool isCode =
-            text[i] == '%' && text.size() - i > 2 &&
-            std::from_chars(&text[i + 1], &text[i + 1] + 2, value, 16).ptr == &text[i + 1] + 2;
-        plain += isCode ? static_cast<char>(static_cast<std::uint8_t>(value)) : text[i];
-        i += isCode ? 2 : 0;
-    }
-    return plain;
-}
 
 /// The bytes of a buffer inside or beside the file, at most `room` in a file of their own.
 std::string bytesNamed(const std::string& place, const json& member, const std::filesystem::path& file,
                        std::uintmax_t room) {
     const std::string_view uri =
         member.is_string() ? std::string_view(member.get_ref<const std::string&>()) : std::string_view();
-    std::optional<std::string> bytes;
-    if (uri.starts_with(kDataScheme)) {
-        const std::size_t mark = uri.find(kBase64);
-        if (mark != std::string_view::npos) {
-            bytes = decodeBase64(uri.substr(mark + kBase64.size()));
-        }
-        if (!bytes) {
-            refuse(place, "its data are not Base64 text");
-        }
+    std::optional<std::string> bytes = dataOf(place, uri);
+    if (bytes) {
         return std::move(*bytes);
     }
-    const std::string name = withoutPercents(uri);
+    const std::string name = percentDecode(uri);
     if (!isNameBeside(name)) {
         refuse(place, qelview::quoted(name) + " is not a file beside this one");
     }
@@ -224,6 +200,10 @@ void GltfFile::readBuffers(const std::filesystem::path& file, std::string_view b
         room -= std::min<std::uintmax_t>(room, bytes.size());
         buffers.push_back(bytes);
     }
+}
+
+std::string_view GltfFile::viewBytes(const std::string& place, const json& number) const {
+    return viewOf(place, element(place, "bufferViews", number));
 }
 
 std::string_view GltfFile::viewOf(const std::string& place, const json& view) const {

@@ -42,6 +42,10 @@ class GltfFile {
     [[nodiscard]] GltfNumbers numbers(const std::string& place, const nlohmann::json& accessor,
                                       std::size_t narrowest, std::size_t widest) const;
 
+    /// All bytes of a buffer view.
+    /// @throws ReadError naming `place` if there is no such view, or it leaves its buffer.
+    [[nodiscard]] std::string_view viewBytes(const std::string& place, const nlohmann::json& number) const;
+
   private:
     /// What lies behind the JSON text of a binary file.
     std::string_view parseBinary(std::string_view bytes);

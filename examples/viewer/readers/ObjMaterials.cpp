@@ -1,5 +1,6 @@
 #include "ObjMaterials.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -8,6 +9,7 @@
 
 #include "FileBytes.h"
 #include "MeshLook.h"
+#include "ReadError.h"
 #include "TextLines.h"
 
 namespace qelview {
@@ -34,6 +36,34 @@ std::optional<qel::QelColor3f> colorIn(const std::vector<std::string_view>& word
     return qel::QelColor3f(color[0], color[1], color[2]);
 }
 
+/// A texture multiplies the colour. Some programs write black for materials that have a texture.
+qel::QelColor3f colorUnder(const std::optional<qel::QelColor3f>& color) {
+    const bool isBlack = color && color->r == 0.0F && color->g == 0.0F && color->b == 0.0F;
+    return color && !isBlack ? *color : qel::QelColor3f(1.0F, 1.0F, 1.0F);
+}
+
+/// What may stand before the name of an image.
+struct MapOption {
+    std::string_view name;
+    std::size_t mostValues = 0;
+    bool areNumbers = false;
+};
+
+constexpr std::array<MapOption, 12> kMapOptions{{
+    {"-blendu", 1, false},
+    {"-blendv", 1, false},
+    {"-boost", 1, true},
+    {"-bm", 1, true},
+    {"-cc", 1, false},
+    {"-clamp", 1, false},
+    {"-imfchan", 1, false},
+    {"-mm", 2, true},
+    {"-o", 3, true},
+    {"-s", 3, true},
+    {"-t", 3, true},
+    {"-texres", 1, true},
+}};
+
 }  // namespace
 
 bool ObjMaterials::readLibrary(std::string_view name) {
@@ -59,25 +89,84 @@ void ObjMaterials::readText(std::string_view text) {
     Progress ignored;
     TextLines lines(text, ProgressStretch(ignored, 0.0, 1.0));
     std::vector<std::string_view> words;
-    std::optional<qel::QelColor3f>* color = nullptr;
+    Material* material = nullptr;
     while (lines.next()) {
         splitWords(lines.line(), words);
         if (words.size() < 2) {
             continue;
         }
         if (words[0] == "newmtl") {
-            color = &colors[std::string(behindFirstWord(lines.line()))];
-        } else if (words[0] == "Kd" && color != nullptr) {
+            material = &materials[std::string(behindFirstWord(lines.line()))];
+        } else if (words[0] == "Kd" && material != nullptr) {
             if (const auto found = colorIn(words)) {
-                *color = found;
+                material->look.color = found;
             }
+        } else if (words[0] == "map_Kd" && material != nullptr) {
+            readMap(lines.line(), words, *material);
         }
     }
 }
 
-std::optional<qel::QelColor3f> ObjMaterials::colorOf(std::string_view name) const {
-    const auto found = colors.find(name);
-    return found == colors.end() ? std::nullopt : found->second;
+void ObjMaterials::readMap(std::string_view line, const std::vector<std::string_view>& words,
+                           Material& material) {
+    TexturePlacement scaled;
+    material.wrapping = Wrapping::Repeat;
+    std::size_t next = 1;
+    std::string_view rest = behindFirstWord(line);
+    const auto pass = [&] {
+        rest = behindFirstWord(rest);
+        return words[next++];
+    };
+    while (next + 1 < words.size()) {
+        const auto* const option =
+            std::find_if(kMapOptions.begin(), kMapOptions.end(),
+                         [&](const MapOption& each) { return each.name == words[next]; });
+        if (option == kMapOptions.end()) {
+            break;
+        }
+        pass();
+        for (std::size_t i = 0; i < option->mostValues && next + 1 < words.size(); ++i) {
+            const std::optional<double> number = numberIn(words[next]);
+            if (option->areNumbers && !number) {
+                break;
+            }
+            const std::string_view value = pass();
+            if (option->name == "-clamp" && value == "on") {
+                material.wrapping = Wrapping::Clamp;
+            } else if (option->name == "-s" && i < 2) {
+                (i == 0 ? scaled.uFromU : scaled.vFromV) = *number;
+            } else if (option->name == "-o" && i < 2) {
+                (i == 0 ? scaled.u0 : scaled.v0) = *number;
+            }
+        }
+    }
+    material.map = rest;
+    material.look.placement = scaled.then(TexturePlacement::upwards());
+}
+
+void ObjMaterials::readImageOf(Material& material) {
+    const std::string map = std::exchange(material.map, {});
+    if (std::shared_ptr<const TextureImage> image = images.fileNamed(map)) {
+        material.look.texture =
+            std::make_shared<const Texture>(Texture{std::move(image), material.wrapping, material.wrapping});
+        material.look.color = colorUnder(material.look.color);
+    }
+}
+
+const ObjLook& ObjMaterials::lookOf(std::string_view name, const std::string& place, Warnings& warnings) {
+    static const ObjLook none;
+    const auto found = materials.find(name);
+    if (found == materials.end()) {
+        return none;
+    }
+    if (!found->second.map.empty()) {
+        try {
+            readImageOf(found->second);
+        } catch (const ReadError& error) {
+            warnings.add(place, error.what());
+        }
+    }
+    return found->second.look;
 }
 
 }  // namespace qelview

@@ -2,35 +2,65 @@
 
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "ModelImages.h"
 #include "QelColor.h"
+#include "Texture.h"
+#include "TexturePlacement.h"
+#include "Warnings.h"
 
 namespace qelview {
 
-/// The materials of an OBJ file, as far as they are shown: their colours in diffuse light.
+/// What is shown of a material.
+struct ObjLook {
+    /// Nothing for the viewer's own colour.
+    std::optional<qel::QelColor3f> color;
+    /// Null for none.
+    std::shared_ptr<const Texture> texture;
+    TexturePlacement placement;
+};
+
+/// The materials of an OBJ file, as far as they are shown: their colours in diffuse light, and the textures
+/// that multiply them.
 class ObjMaterials {
   public:
-    explicit ObjMaterials(std::filesystem::path objFile) : file(std::move(objFile)) {}
+    explicit ObjMaterials(std::filesystem::path objFile) : file(std::move(objFile)), images(file) {}
 
     /// Takes the materials of an MTL file beside the model; if there is none, of the one that is called like
     /// the model. Lines that name no colour are passed over, and so is a file that comes after 64 others.
     /// @return false if no file can be read.
     bool readLibrary(std::string_view name);
     /// True if a library has a material of this name, whether or not it has a colour.
-    [[nodiscard]] bool has(std::string_view name) const { return colors.find(name) != colors.end(); }
-    /// Nothing for a material without a colour.
-    [[nodiscard]] std::optional<qel::QelColor3f> colorOf(std::string_view name) const;
+    [[nodiscard]] bool has(std::string_view name) const { return materials.find(name) != materials.end(); }
+    /// Reads the image of the material. One that cannot be shown is a warning, and leaves the plain colour.
+    /// @param place in the model that names the material.
+    /// @return an empty look for a material that does not exist.
+    [[nodiscard]] const ObjLook& lookOf(std::string_view name, const std::string& place, Warnings& warnings);
 
   private:
+    struct Material {
+        ObjLook look;
+        /// The file of an image that is not read yet; empty for none.
+        std::string map;
+        Wrapping wrapping = Wrapping::Repeat;
+    };
+
     void readText(std::string_view text);
+    void readImageOf(Material& material);
+    /// The file of a texture behind its options.
+    static void readMap(std::string_view line, const std::vector<std::string_view>& words,
+                        Material& material);
 
     std::filesystem::path file;
+    ModelImages images;
     /// Names of those asked for, and whether they were read.
     std::map<std::string, bool, std::less<>> libraries;
-    std::map<std::string, std::optional<qel::QelColor3f>, std::less<>> colors;
+    std::map<std::string, Material, std::less<>> materials;
 };
 
 }  // namespace qelview

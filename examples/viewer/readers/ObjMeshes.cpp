@@ -17,7 +17,8 @@ constexpr std::array<float, 3> kWhite{1.0F, 1.0F, 1.0F};
 /// What makes two corners the same vertex.
 struct VertexKey {
     std::uint32_t position = 0;
-    std::uint32_t normal = 0;
+    /// Of the normal; where there are texture coordinates, of the pair of both.
+    std::uint32_t others = 0;
     std::uint32_t mesh = kNoNumber;
     bool operator==(const VertexKey&) const = default;
 };
@@ -40,16 +41,20 @@ class ObjMeshes::VertexNumbers {
         if (firstKey == key) {
             return firstVertex;
         }
-        const std::uint32_t other = others.numberOf({key.position, key.normal, key.mesh});
+        const std::uint32_t other = others.numberOf({key.position, key.others, key.mesh});
         if (other == vertexOfOther.size()) {
             vertexOfOther.push_back(next);
         }
         return vertexOfOther[other];
     }
+    std::uint32_t numberOfPair(std::uint32_t normal, std::uint32_t texCoord) {
+        return pairs.numberOf({normal, texCoord});
+    }
 
   private:
     std::vector<std::pair<VertexKey, std::uint32_t>> firstOfPositions;
     Numbering<std::uint32_t, 3> others{0};
+    Numbering<std::uint32_t, 2> pairs{0};
     std::vector<std::uint32_t> vertexOfOther;
 };
 
@@ -72,20 +77,34 @@ void ObjMeshes::addNormal(const qel::XPnt3d& normal) {
     normals.push_back(unitNormal(normal));
 }
 
-std::size_t ObjMeshes::meshOf(bool hasNormals) {
-    const qel::QelColor3f color = look.value_or(TriangleMesh().color);
-    return meshes.try_emplace({color.r, color.g, color.b, hasNormals}, meshes.size()).first->second;
+std::size_t ObjMeshes::meshOf(bool hasNormals, bool hasTexCoords) {
+    const qel::QelColor3f color = look.color.value_or(TriangleMesh().color);
+    const Texture* const texture = hasTexCoords ? look.texture.get() : nullptr;
+    const auto [known, isNew] =
+        meshes.try_emplace({color.r, color.g, color.b, hasNormals, texture}, meshes.size());
+    if (isNew) {
+        kinds.push_back({look, hasNormals, hasTexCoords});
+    }
+    return known->second;
 }
 
 void ObjMeshes::addFace(std::span<const ObjCorner> corners) {
     const bool hasNormals = std::all_of(corners.begin(), corners.end(),
                                         [](const ObjCorner& corner) { return corner.normal != kNoNumber; });
-    const std::size_t mesh = meshOf(hasNormals);
+    const bool hasTexCoords =
+        look.texture && std::all_of(corners.begin(), corners.end(),
+                                    [](const ObjCorner& corner) { return corner.texCoord != kNoNumber; });
+    const std::size_t mesh = meshOf(hasNormals, hasTexCoords);
     if (sections.empty() || sections.back().mesh != mesh ||
         sections.back().cornersOfAFace != corners.size()) {
-        sections.push_back({mesh, hasNormals, corners.size(), cornersOfFaces.size()});
+        sections.push_back({mesh, corners.size(), cornersOfFaces.size(), texCoordsOfCorners.size()});
     }
-    cornersOfFaces.insert(cornersOfFaces.end(), corners.begin(), corners.end());
+    for (const ObjCorner& corner : corners) {
+        cornersOfFaces.push_back({corner.position, corner.normal});
+        if (hasTexCoords) {
+            texCoordsOfCorners.push_back(corner.texCoord);
+        }
+    }
 }
 
 void ObjMeshes::addLineOrPoints(bool isLine, std::span<const ObjCorner> corners) {
@@ -102,19 +121,32 @@ qel::QelColor3f ObjMeshes::colorOf(std::uint32_t position) const {
     return {share(0), share(1), share(2)};
 }
 
-std::uint32_t ObjMeshes::vertexOf(const ObjCorner& corner, const Section& section, VertexNumbers& numbers,
+ObjCorner ObjMeshes::cornerAt(const Section& section, std::size_t corner) const {
+    const MeshKind& kind = kinds[section.mesh];
+    const FaceCorner& named = cornersOfFaces[corner];
+    return {named.position, kind.hasNormals ? named.normal : kNoNumber,
+            kind.hasTexCoords ? texCoordsOfCorners[section.firstTexCoord + corner - section.firstCorner]
+                              : kNoNumber};
+}
+
+std::uint32_t ObjMeshes::vertexOf(const ObjCorner& corner, std::size_t meshNumber, VertexNumbers& numbers,
                                   TriangleMesh& mesh) const {
-    const std::uint32_t normal = section.hasNormals ? corner.normal : kNoNumber;
+    const MeshKind& kind = kinds[meshNumber];
+    const std::uint32_t others =
+        kind.hasTexCoords ? numbers.numberOfPair(corner.normal, corner.texCoord) : corner.normal;
     const auto next = static_cast<std::uint32_t>(mesh.positions.size());
     const std::uint32_t vertex =
-        numbers.numberOf({corner.position, normal, static_cast<std::uint32_t>(section.mesh)}, next);
+        numbers.numberOf({corner.position, others, static_cast<std::uint32_t>(meshNumber)}, next);
     if (vertex == next) {
         mesh.positions.push_back(positions[corner.position]);
-        if (!colors.empty()) {
+        if (kind.hasTexCoords) {
+            const auto& [u, v] = texCoords[corner.texCoord];
+            mesh.texCoords.push_back(kind.look.placement.placed(u, v));
+        } else if (!colors.empty()) {
             mesh.colors.push_back(colorOf(corner.position));
         }
-        if (section.hasNormals) {
-            mesh.normals.push_back(normals[normal]);
+        if (kind.hasNormals) {
+            mesh.normals.push_back(normals[corner.normal]);
         }
     }
     return vertex;
@@ -135,18 +167,20 @@ Scene ObjMeshes::finished(Warnings& warnings) {
 }
 
 void ObjMeshes::placeFaces(Scene& scene, Warnings& warnings) {
-    scene.meshes.resize(meshes.size());
-    for (const auto& [key, mesh] : meshes) {
-        scene.meshes[mesh].color = {std::get<0>(key), std::get<1>(key), std::get<2>(key)};
+    for (const MeshKind& kind : kinds) {
+        TriangleMesh& mesh = scene.meshes.emplace_back();
+        mesh.color = kind.look.color.value_or(mesh.color);
+        mesh.texture = kind.hasTexCoords ? kind.look.texture : nullptr;
     }
     std::vector<MeshFaces> faces(meshes.size());
     VertexNumbers numbers(positions.size());
     std::vector<std::uint32_t> face;
-    sections.push_back({0, false, 0, cornersOfFaces.size()});
+    sections.push_back({0, 0, cornersOfFaces.size(), 0});
     for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
         const Section& section = sections[i];
         for (std::size_t corner = section.firstCorner; corner < sections[i + 1].firstCorner; ++corner) {
-            face.push_back(vertexOf(cornersOfFaces[corner], section, numbers, scene.meshes[section.mesh]));
+            face.push_back(
+                vertexOf(cornerAt(section, corner), section.mesh, numbers, scene.meshes[section.mesh]));
             if (face.size() == section.cornersOfAFace) {
                 faces[section.mesh].add(face);
                 face.clear();
@@ -154,6 +188,7 @@ void ObjMeshes::placeFaces(Scene& scene, Warnings& warnings) {
         }
     }
     cornersOfFaces = {};
+    texCoordsOfCorners = {};
     for (std::size_t mesh = 0; mesh < faces.size(); ++mesh) {
         giveFaces(scene.meshes[mesh], faces[mesh], warnings);
     }

@@ -4,11 +4,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <span>
 #include <tuple>
 #include <vector>
 
+#include "ObjMaterials.h"
 #include "Scene.h"
 #include "Warnings.h"
 
@@ -21,6 +21,7 @@ struct ObjCorner {
     std::uint32_t position = 0;
     /// Or `kNoNumber`.
     std::uint32_t normal = kNoNumber;
+    std::uint32_t texCoord = kNoNumber;
 };
 
 /// Collects what an OBJ file says, where elements may name what is defined below them, and makes meshes of
@@ -32,8 +33,13 @@ class ObjMeshes {
     void setColor(const std::array<double, 3>& color);
     /// Of any length.
     void addNormal(const qel::XPnt3d& normal);
-    /// Of the faces from here on; nothing for the viewer's own colour.
-    void setLook(const std::optional<qel::QelColor3f>& color) { look = color; }
+    /// With v upwards in the image.
+    void addTexCoord(double u, double v) {
+        texCoords.push_back({static_cast<float>(u), static_cast<float>(v)});
+    }
+    /// Of the faces from here on. A texture shows on those with texture coordinates only, in place of the
+    /// colours of positions.
+    void setLook(const ObjLook& other) { look = other; }
     /// @param corners three at least.
     void addFace(std::span<const ObjCorner> corners);
     void addLineOrPoints(bool isLine, std::span<const ObjCorner> corners);
@@ -43,21 +49,34 @@ class ObjMeshes {
     [[nodiscard]] Scene finished(Warnings& warnings);
 
   private:
-    /// Red, green, blue, and whether the faces have normals of their own.
-    using Look = std::tuple<float, float, float, bool>;
+    /// What faces of the same mesh have in common.
+    struct MeshKind {
+        ObjLook look;
+        bool hasNormals = false;
+        bool hasTexCoords = false;
+    };
+    /// Red, green, blue, whether the faces have normals of their own, and their texture.
+    using MeshKey = std::tuple<float, float, float, bool, const Texture*>;
     /// Faces of the same number of corners, one after the other.
     struct Section {
         std::size_t mesh = 0;
-        bool hasNormals = false;
         std::size_t cornersOfAFace = 0;
         std::size_t firstCorner = 0;
+        /// In `texCoordsOfCorners`, if its mesh has texture coordinates.
+        std::size_t firstTexCoord = 0;
+    };
+    /// A corner of a face; its texture coordinates are kept elsewhere, because most files show none.
+    struct FaceCorner {
+        std::uint32_t position = 0;
+        std::uint32_t normal = kNoNumber;
     };
 
     class VertexNumbers;
 
-    [[nodiscard]] std::size_t meshOf(bool hasNormals);
+    [[nodiscard]] std::size_t meshOf(bool hasNormals, bool hasTexCoords);
+    [[nodiscard]] ObjCorner cornerAt(const Section& section, std::size_t corner) const;
     /// The vertex of a corner, which the mesh gets if it has none.
-    [[nodiscard]] std::uint32_t vertexOf(const ObjCorner& corner, const Section& section,
+    [[nodiscard]] std::uint32_t vertexOf(const ObjCorner& corner, std::size_t meshNumber,
                                          VertexNumbers& numbers, TriangleMesh& mesh) const;
     void placeFaces(Scene& scene, Warnings& warnings);
     void placeLines(Scene& scene) const;
@@ -69,10 +88,13 @@ class ObjMeshes {
     std::vector<std::array<float, 3>> colors;
     float largestChannel = 0.0F;
     std::vector<qel::XPnt3f> normals;
-    std::optional<qel::QelColor3f> look;
-    std::map<Look, std::size_t> meshes;
+    std::vector<std::array<float, 2>> texCoords;
+    ObjLook look;
+    std::map<MeshKey, std::size_t> meshes;
+    std::vector<MeshKind> kinds;
     std::vector<Section> sections;
-    std::vector<ObjCorner> cornersOfFaces;
+    std::vector<FaceCorner> cornersOfFaces;
+    std::vector<std::uint32_t> texCoordsOfCorners;
     std::vector<std::vector<std::uint32_t>> lines;
     std::vector<std::uint32_t> points;
 };

@@ -91,6 +91,8 @@ class HeaderReader {
         } else if (!isLetter(keyword.front())) {
             lines.refuseLine(quoted(keyword) +
                              " is not a statement of a PLY header; end_header may be missing");
+        } else if (keyword == "comment" && words.size() > 2 && words[1] == "TextureFile") {
+            header.textureFiles.emplace_back(behindFirstWord(behindFirstWord(lines.line())));
         } else if (keyword != "comment" && keyword != "obj_info") {
             warnings.add(atLine(lines.number()), "unknown statement " + quoted(keyword));
         }

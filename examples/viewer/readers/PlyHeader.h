@@ -33,6 +33,8 @@ struct PlyHeader {
     bool isAscii = true;
     ByteOrder byteOrder = ByteOrder::Little;
     std::vector<PlyElement> elements;
+    /// Of the comments that name images.
+    std::vector<std::string> textureFiles;
     /// In bytes from the start of the file.
     std::size_t bodyBegin = 0;
     std::size_t bodyFirstLine = 0;

@@ -7,6 +7,7 @@
 #include "MeshLook.h"
 #include "MeshNormals.h"
 #include "TextLines.h"
+#include "TexturePlacement.h"
 
 namespace qelview {
 
@@ -16,7 +17,7 @@ PlyMeaning meaningOf(const PlyElement& element, const PlyProperty& property) {
         std::string_view property;
         PlyMeaning meaning;
     };
-    static constexpr std::array<Name, 22> kNames{{
+    static constexpr std::array<Name, 28> kNames{{
         {"vertex", "x", {PlyUse::Position, 0}},
         {"vertex", "y", {PlyUse::Position, 1}},
         {"vertex", "z", {PlyUse::Position, 2}},
@@ -29,6 +30,12 @@ PlyMeaning meaningOf(const PlyElement& element, const PlyProperty& property) {
         {"vertex", "r", {PlyUse::Color, 0}},
         {"vertex", "g", {PlyUse::Color, 1}},
         {"vertex", "b", {PlyUse::Color, 2}},
+        {"vertex", "s", {PlyUse::TexCoord, 0}},
+        {"vertex", "t", {PlyUse::TexCoord, 1}},
+        {"vertex", "u", {PlyUse::TexCoord, 0}},
+        {"vertex", "v", {PlyUse::TexCoord, 1}},
+        {"vertex", "texture_u", {PlyUse::TexCoord, 0}},
+        {"vertex", "texture_v", {PlyUse::TexCoord, 1}},
         {"vertex", "diffuse_red", {PlyUse::Color, 0}},
         {"vertex", "diffuse_green", {PlyUse::Color, 1}},
         {"vertex", "diffuse_blue", {PlyUse::Color, 2}},
@@ -55,15 +62,19 @@ bool uses(const PlyElement& element, PlyUse use) {
                        [&](const PlyProperty& property) { return meaningOf(element, property).use == use; });
 }
 
-PlyVertices::PlyVertices(const PlyElement& element, bool areOfFaces)
+PlyVertices::PlyVertices(const PlyElement& element, bool areOfFaces, bool areTextured)
     : haveFaces(areOfFaces),
       haveNormals(areOfFaces && uses(element, PlyUse::Normal)),
-      haveColors(uses(element, PlyUse::Color)) {}
+      haveTexCoords(areTextured),
+      haveColors(!areTextured && uses(element, PlyUse::Color)) {}
 
 void PlyVertices::reserve(std::size_t count) {
     mesh.positions.reserve(count);
     if (haveNormals) {
         mesh.normals.reserve(count);
+    }
+    if (haveTexCoords) {
+        mesh.texCoords.reserve(count);
     }
     if (haveColors && haveFaces) {
         mesh.colors.reserve(count);
@@ -76,6 +87,9 @@ void PlyVertices::resize(std::size_t count) {
     mesh.positions.resize(count);
     if (haveNormals) {
         mesh.normals.resize(count);
+    }
+    if (haveTexCoords) {
+        mesh.texCoords.resize(count);
     }
     if (haveColors && haveFaces) {
         mesh.colors.resize(count, qel::QelColor3f(0.0F, 0.0F, 0.0F));
@@ -112,12 +126,31 @@ std::size_t PlyVertices::setColumn(const PlyMeaning& meaning, ScalarType type, s
             break;
         }
         case PlyUse::Color:
-            setColors(meaning.axis, whole, first, values, count);
+            if (haveColors) {
+                setColors(meaning.axis, whole, first, values, count);
+            }
+            break;
+        case PlyUse::TexCoord:
+            if (haveTexCoords) {
+                setTexCoords(meaning.axis, first, values, count);
+            }
             break;
         default:
             break;
     }
     return count;
+}
+
+void PlyVertices::setTexCoords(std::size_t axis, std::size_t first, const double* values, std::size_t count) {
+    const TexturePlacement placement = TexturePlacement::upwards();
+    for (std::size_t i = 0; i < count; ++i) {
+        qel::ArrayTexCoord2f& texCoord = mesh.texCoords[first + i];
+        if (axis == 0) {
+            texCoord.u = placement.placed(values[i], 0.0).u;
+        } else {
+            texCoord.v = placement.placed(0.0, values[i]).v;
+        }
+    }
 }
 
 void PlyVertices::setColors(std::size_t channel, double whole, std::size_t first, const double* values,

@@ -12,11 +12,11 @@
 namespace qelview {
 
 /// What a value of a PLY file is for.
-enum class PlyUse : std::uint8_t { None, Position, Normal, Color, MaterialColor, Corners, Strips };
+enum class PlyUse : std::uint8_t { None, Position, Normal, Color, TexCoord, MaterialColor, Corners, Strips };
 
 struct PlyMeaning {
     PlyUse use = PlyUse::None;
-    /// 0 to 2: x, y, z, or red, green, blue.
+    /// 0 to 2: x, y, z, or red, green, blue; 0 and 1: u and v.
     std::size_t axis = 0;
 };
 
@@ -29,7 +29,8 @@ struct PlyMeaning {
 class PlyVertices {
   public:
     /// @param areOfFaces vertices of faces keep normals and shares of colours, others bytes of colours alone.
-    PlyVertices(const PlyElement& element, bool areOfFaces);
+    /// @param areTextured vertices keep texture coordinates, and no colours.
+    PlyVertices(const PlyElement& element, bool areOfFaces, bool areTextured);
 
     void reserve(std::size_t count);
     /// New ones begin with values of 0.
@@ -42,11 +43,13 @@ class PlyVertices {
     [[nodiscard]] PointCloud takeCloud();
 
   private:
+    void setTexCoords(std::size_t axis, std::size_t first, const double* values, std::size_t count);
     void setColors(std::size_t channel, double whole, std::size_t first, const double* values,
                    std::size_t count);
 
     bool haveFaces;
     bool haveNormals;
+    bool haveTexCoords;
     bool haveColors;
     TriangleMesh mesh;
     std::vector<qel::QelColor3b> colorsOfPoints;

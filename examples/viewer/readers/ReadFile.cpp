@@ -64,7 +64,7 @@ Scene readAs(Kind kind, const std::filesystem::path& file, const ProgressStretch
         case Kind::Obj:
             return readObj(bytes, file, progress);
         case Kind::Ply:
-            return readPly(bytes, progress);
+            return readPly(bytes, file, progress);
         case Kind::Stl:
             return readStl(bytes, progress);
         case Kind::Off:

@@ -11,11 +11,13 @@
 
 #include "GltfFile.h"
 #include "GltfPlacement.h"
+#include "GltfTextures.h"
 #include "JsonText.h"
 #include "MeshLook.h"
 #include "MeshNormals.h"
 #include "ReadError.h"
 #include "TextLines.h"
+#include "Warnings.h"
 
 namespace qelview {
 
@@ -43,8 +45,9 @@ std::vector<std::uint32_t> trianglesOf(const std::vector<std::uint32_t>& corners
 
 class GltfReading {
   public:
-    GltfReading(const GltfFile& gltfFile, const ProgressStretch& progressOfNodes, std::uint64_t most)
-        : file(gltfFile), progress(progressOfNodes), mostCorners(most) {}
+    GltfReading(const GltfFile& gltfFile, const std::filesystem::path& path,
+                const ProgressStretch& progressOfNodes, std::uint64_t most)
+        : file(gltfFile), textures(gltfFile, path), progress(progressOfNodes), mostCorners(most) {}
 
     Scene run() {
         std::vector<std::pair<std::size_t, GltfPlacement>> open;
@@ -73,6 +76,7 @@ class GltfReading {
             }
             progress.report(++done / nodes);
         }
+        scene.warnings = warnings.lines();
         return std::move(scene);
     }
 
@@ -153,6 +157,7 @@ class GltfReading {
             mesh.colors = std::move(colors);
             mesh.color = materialColor(place, primitive);
             mesh.normals = normalsOf(place, attributes, placement, mesh.positions.size());
+            dress(mesh, place, primitive, attributes);
             placeTriangles(std::move(mesh));
         }
     }
@@ -266,6 +271,17 @@ class GltfReading {
         return {shownShare(color[0]), shownShare(color[1]), shownShare(color[2])};
     }
 
+    void dress(TriangleMesh& mesh, const std::string& place, const json& primitive, const json& attributes) {
+        if (!primitive.contains("material")) {
+            return;
+        }
+        try {
+            textures.dress(mesh, place, file.element(place, "materials", primitive["material"]), attributes);
+        } catch (const ReadError& error) {
+            warnings.add("texture", error.what());
+        }
+    }
+
     void placeTriangles(TriangleMesh&& mesh) {
         if (mesh.indices.empty()) {
             return;
@@ -307,6 +323,8 @@ class GltfReading {
     }
 
     const GltfFile& file;
+    GltfTextures textures;
+    Warnings warnings;
     ProgressStretch progress;
     Scene scene;
     std::uint64_t mostCorners;
@@ -318,7 +336,7 @@ class GltfReading {
 Scene readGltf(std::string_view bytes, const std::filesystem::path& file, const ProgressStretch& progress,
                std::uint64_t mostCorners) {
     const GltfFile gltf(bytes, file);
-    Scene scene = GltfReading(gltf, progress, mostCorners).run();
+    Scene scene = GltfReading(gltf, file, progress, mostCorners).run();
     scene.up = UpAxis::Y;
     scene.isUpKnown = true;
     return scene;

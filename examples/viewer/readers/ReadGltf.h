@@ -10,10 +10,10 @@
 namespace qelview {
 
 /// Reads a glTF 2 asset, as text or as one binary file: the meshes that the nodes of its scene place, with
-/// normals, colours of vertices and colours of materials; textures and animations are left out. Triangles,
-/// lines and points become those of a scene. Meshes without normals in the file have none. The format says
+/// normals, colours of vertices, colours and textures of materials; animations are left out. Triangles, lines
+/// and points become those of a scene. Meshes without normals in the file have none. The format says
 /// that Y points up.
-/// @param file beside which the files of its buffers lie.
+/// @param file beside which the files of its buffers and images lie.
 /// @param mostCorners of all meshes as often as they are placed, with their indices: a small file can place a
 /// mesh any number of times.
 /// @throws ReadError at the first thing that is wrong, of those that are shown.

@@ -14,14 +14,15 @@ namespace qelview {
 /// @throws ReadError that names the place and the fault if something would be shown wrong.
 
 /// Wavefront OBJ: vertices with their colours, normals, faces, lines and points. Faces of one material are
-/// one mesh, with the colour of the material, from MTL files beside `file`. Texture coordinates are looked
-/// through and left out.
+/// one mesh, with the colour and the texture of the material, from MTL files and images beside `file`.
 [[nodiscard]] Scene readObj(std::string_view bytes, const std::filesystem::path& file,
                             const ProgressStretch& progress);
 
 /// PLY, ASCII and binary of both byte orders: vertices with normals and colours, faces, triangle strips, the
-/// colour of the first material. Vertices without faces are a cloud.
-[[nodiscard]] Scene readPly(std::string_view bytes, const ProgressStretch& progress);
+/// colour of the first material. Vertices without faces are a cloud. Texture coordinates of vertices show the
+/// first image that a comment names beside `file`, in place of colours.
+[[nodiscard]] Scene readPly(std::string_view bytes, const std::filesystem::path& file,
+                            const ProgressStretch& progress);
 
 /// STL, ASCII and binary, with the colours of binary triangles. Vertices at the same place are one. The first
 /// word of the file decides nothing, since binary files begin with "solid" too.

@@ -84,7 +84,8 @@ class ObjReading {
         if (keyword == "v") {
             readPosition();
         } else if (keyword == "vt") {
-            static_cast<void>(readNumbers(1));
+            const std::array<double, 3> texCoord = readNumbers(1);
+            meshes.addTexCoord(texCoord[0], texCoord[1]);
             ++kinds[1].count;
         } else if (keyword == "vn") {
             const std::array<double, 3> normal = readNumbers(3);
@@ -183,7 +184,7 @@ class ObjReading {
                 numbers.at(kind) = numberNamed(kinds.at(kind), index);
             }
             if (behind == end) {
-                return {numbers[0], numbers[2]};
+                return {numbers[0], numbers[2], numbers[1]};
             }
             at = behind + 1;
         }
@@ -218,7 +219,7 @@ class ObjReading {
         if (!materials.has(name)) {
             warn("there is no material " + quoted(name));
         }
-        meshes.setLook(materials.colorOf(name));
+        meshes.setLook(materials.lookOf(name, atLine(lines.number()), warnings));
     }
 
     /// One name with blanks in it, or several.

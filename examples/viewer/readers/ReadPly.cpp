@@ -9,9 +9,11 @@
 
 #include "MeshFaces.h"
 #include "MeshLook.h"
+#include "ModelImages.h"
 #include "PlyBody.h"
 #include "PlyHeader.h"
 #include "PlyVertices.h"
+#include "ReadError.h"
 #include "ReadMesh.h"
 #include "TextLines.h"
 #include "Warnings.h"
@@ -31,17 +33,43 @@ bool hasFaces(const PlyHeader& header) {
     });
 }
 
+/// The first image that the header names, if faces show it.
+std::shared_ptr<const Texture> textureOf(const PlyHeader& header, const std::filesystem::path& file,
+                                         Warnings& warnings) {
+    if (header.textureFiles.empty() || !hasFaces(header)) {
+        return nullptr;
+    }
+    if (!uses(*header.find("vertex"), PlyUse::TexCoord)) {
+        warnings.add("header", "a texture without texture coordinates of vertices is left out");
+        return nullptr;
+    }
+    if (header.textureFiles.size() > 1) {
+        warnings.add("header", "textures after the first one are left out");
+    }
+    try {
+        return std::make_shared<const Texture>(Texture{ModelImages(file).fileNamed(header.textureFiles[0])});
+    } catch (const ReadError& error) {
+        warnings.add("header", error.what());
+        return nullptr;
+    }
+}
+
 class PlyReading {
   public:
-    PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader, Warnings& warningsOfFile,
-               const ProgressStretch& progressOfFile)
+    PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader, std::shared_ptr<const Texture> textureOfFile,
+               Warnings& warningsOfFile, const ProgressStretch& progressOfFile)
         : body(bodyOfFile),
           header(fileHeader),
           warnings(warningsOfFile),
           progress(progressOfFile),
           vertexElement(*header.find("vertex")),
           haveFaces(hasFaces(header)),
-          vertices(vertexElement, haveFaces) {}
+          texture(std::move(textureOfFile)),
+          vertices(vertexElement, haveFaces, texture != nullptr) {
+        if (texture) {
+            color = {1.0F, 1.0F, 1.0F};
+        }
+    }
 
     Scene run() {
         for (const PlyElement& element : header.elements) {
@@ -76,6 +104,7 @@ class PlyReading {
         if (haveFaces) {
             TriangleMesh mesh = vertices.takeMesh();
             mesh.color = color;
+            mesh.texture = texture;
             giveFaces(mesh, faces, warnings);
             addMeshOrCloud(scene, std::move(mesh));
         } else {
@@ -213,6 +242,8 @@ class PlyReading {
     ProgressStretch progress;
     const PlyElement& vertexElement;
     bool haveFaces;
+    /// Null for none.
+    std::shared_ptr<const Texture> texture;
     PlyVertices vertices;
     MeshFaces faces;
     bool hasMaterial = false;
@@ -225,11 +256,11 @@ class PlyReading {
 
 }  // namespace
 
-Scene readPly(std::string_view bytes, const ProgressStretch& progress) {
+Scene readPly(std::string_view bytes, const std::filesystem::path& file, const ProgressStretch& progress) {
     Warnings warnings;
     const PlyHeader header = readPlyHeader(bytes, warnings);
     const std::unique_ptr<PlyBody> body = bodyOf(bytes, header, warnings, progress);
-    return PlyReading(*body, header, warnings, progress).run();
+    return PlyReading(*body, header, textureOf(header, file, warnings), warnings, progress).run();
 }
 
 }  // namespace qelview

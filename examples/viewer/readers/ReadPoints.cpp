@@ -1,5 +1,6 @@
 #include "ReadPoints.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -20,7 +21,8 @@ constexpr LineStyle kPathStyle{{255, 170, 60}, 2.0F};
 
 class PointReader {
   public:
-    PointReader(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
+    PointReader(std::string_view wholeText, const ProgressStretch& progress)
+        : text(wholeText), lines(text, progress) {}
 
     Scene run() {
         while (lines.next()) {
@@ -67,7 +69,18 @@ class PointReader {
             lines.refuseLine(std::to_string(columns.size()) + " columns instead of " +
                              (columnCount < kFewestColumns ? "at least 3" : std::to_string(columnCount)));
         }
+        if (cloud.positions.empty()) {
+            reserve(line.size());
+        }
         readPoint();
+    }
+
+    /// For lines as long as the first one.
+    void reserve(std::size_t length) {
+        const std::size_t left = text.size() - std::min(lines.position(), text.size());
+        const std::size_t count = left / (length + 1) + 2;
+        cloud.positions.reserve(count);
+        cloud.colors.reserve(meaning.color ? count : 0);
     }
 
     void readPoint() {
@@ -102,6 +115,7 @@ class PointReader {
         return scene;
     }
 
+    std::string_view text;
     TextLines lines;
     std::vector<std::string_view> columns;
     Separator separator = Separator::Blank;

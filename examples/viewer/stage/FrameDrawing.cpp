@@ -65,7 +65,7 @@ void Stage::drawContent() {
     placeKeyLight(*display->getGL());
     display->getGL()->enable(GL_DEPTH_TEST);
     display->getGL()->disable(GL_LIGHTING);
-    content.drawn.draw(*symbol, pixelView(), partsPerDrawn);
+    content.drawn.draw(*symbol, pixelView(), textures, partsPerDrawn);
     findPointUnderMouse();
     drawLocalFrame();
     drawTexts();

@@ -89,6 +89,8 @@ Stage::Stage(qel::ref_ptr<IQelDisplay> attached, Content shown)
 void Stage::setScene(Scene scene) {
     // A scene that does not fit into memory leaves the old one.
     Content other(std::move(scene));
+    display->makeCurrent();
+    textures.release();
     content = std::move(other);
     notes.mark.reset();
     notes.localFrame.reset();

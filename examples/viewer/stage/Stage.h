@@ -12,6 +12,7 @@
 
 #include "Annotations.h"
 #include "HostScene.h"
+#include "HostTextures.h"
 #include "MouseGesture.h"
 #include "PngFile.h"
 #include "QelDisplay64t.h"
@@ -147,6 +148,8 @@ class Stage {
     qel::ref_ptr<IQelDisplay> display;
     qel::ref_ptr<IQelSymbol> symbol;
     Content content;
+    /// Of the context that is drawn to: the window's, but for a capture.
+    HostTextures textures;
     Annotations notes;
     qel::XPnt3d underMouse;
     std::string viewName;

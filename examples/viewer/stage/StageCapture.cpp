@@ -51,11 +51,15 @@ CaptureEnd Stage::capture(const std::filesystem::path& file) {
     shown.localFrame = notes.localFrame;
     std::swap(shown, notes);
     const std::size_t parts = std::exchange(partsPerDrawn, 1);
+    // The bitmap's context has no textures yet.
+    HostTextures texturesOfWindow = std::exchange(textures, {});
     drawContent();
     camera().updateView();
     camera().drawAxes();
     std::swap(shown, notes);
     partsPerDrawn = parts;
+    textures.release();
+    textures = std::move(texturesOfWindow);
     display->saveBitmap();
     return endOf(file, width, height);
 }

@@ -59,12 +59,13 @@ class ThinningScene : public testing::Test {
     /// How many elements each drawing of elements takes.
     Calls drawn(const char* function, std::size_t partsPerDrawn) {
         qel::test::CallTrace trace;
-        scene->draw(*symbol, view(), partsPerDrawn);
+        scene->draw(*symbol, view(), textures, partsPerDrawn);
         return trace.calls(function);
     }
 
     qel::test::GlSurface surface{64, 64};
     qel::ref_ptr<IQelSymbol> symbol{newQelSymbol()};
+    qelview::HostTextures textures;
     std::unique_ptr<qelview::HostScene> scene;
 };
 
@@ -106,7 +107,7 @@ TEST_F(ThinningScene, DrawsEachNthPointOfClouds) {
     scene = std::make_unique<qelview::HostScene>(source);
     const auto shownPoints = [this](std::size_t partsPerDrawn) {
         surface.clear();
-        scene->draw(*symbol, view(), partsPerDrawn);
+        scene->draw(*symbol, view(), textures, partsPerDrawn);
         std::vector<int> shown;
         for (int i = 0; i < 10; ++i) {
             const int x = static_cast<int>((0.1 + 0.2 * i) * 32.0);

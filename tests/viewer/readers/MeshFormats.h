@@ -19,6 +19,10 @@ inline qelview::Scene readObjNowhere(std::string_view bytes, const qelview::Prog
     return qelview::readObj(bytes, "nowhere/model.obj", progress);
 }
 
+inline qelview::Scene readPlyNowhere(std::string_view bytes, const qelview::ProgressStretch& progress) {
+    return qelview::readPly(bytes, "nowhere/model.ply", progress);
+}
+
 inline qelview::Scene sceneOf(Reader reader, const std::string& content) {
     qelview::Progress progress;
     return reader(content, qelview::ProgressStretch(progress, 0.0, 1.0));
@@ -29,7 +33,7 @@ inline std::string refusal(Reader reader, const std::string& content) {
 }
 
 inline constexpr Reader kObj = readObjNowhere;
-inline constexpr Reader kPly = qelview::readPly;
+inline constexpr Reader kPly = readPlyNowhere;
 inline constexpr Reader kStl = qelview::readStl;
 inline constexpr Reader kOff = qelview::readOff;
 
