@@ -66,10 +66,10 @@ struct Row {
     std::size_t expected;
 };
 
-class NumberAll : public testing::TestWithParam<Row> {};
+class NumberingOfAll : public testing::TestWithParam<Row> {};
 
 /// Many keys are numbered on all cores: the same keys come to each of them, and some to one alone.
-TEST_P(NumberAll, NumbersKeysInTheOrderInWhichTheyCome) {
+TEST_P(NumberingOfAll, NumbersKeysInTheOrderInWhichTheyCome) {
     const auto keyAt = [](std::size_t i) {
         return std::array<std::uint32_t, 2>{static_cast<std::uint32_t>(i * i % 1009),
                                             static_cast<std::uint32_t>(i / 5000)};
@@ -92,10 +92,10 @@ const std::vector<Row> kRows{
     {"ManyOnAllCores", 100'001, 100'001},
     {"ManyMoreThanExpected", 100'001, 0},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, NumberAll, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Rows, NumberingOfAll, testing::ValuesIn(kRows),
                          [](const auto& each) { return each.param.name; });
 
-TEST(NumberAll, ThrowsWhatItsKeysThrow) {
+TEST(NumberingOfAll, ThrowsWhatItsKeysThrow) {
     EXPECT_THROW(
         static_cast<void>(qelview::numberAll<std::uint32_t, 1>(100'000, 0,
                                                                [](std::size_t i) {

@@ -19,11 +19,11 @@ std::vector<Place> sorted(const qelview::Points& points) {
     return places;
 }
 
-TEST(BoxOf, IsNotValidWithoutAPoint) {
+TEST(PointBoxesBoxOf, IsNotValidWithoutAPoint) {
     EXPECT_FALSE(qelview::boxOf({}).isValid());
 }
 
-TEST(BoxOf, ReachesEachSideOfItsPoints) {
+TEST(PointBoxesBoxOf, ReachesEachSideOfItsPoints) {
     const qel::Enve3d box = qelview::boxOf({{3, -4, 5}, {-1, -6, 7}, {2, -5, 9}});
     EXPECT_EQ(box.xmin, -1.0);
     EXPECT_EQ(box.xmax, 3.0);
@@ -34,7 +34,7 @@ TEST(BoxOf, ReachesEachSideOfItsPoints) {
 }
 
 /// Enough for both cores: each piece of the row has a farthest point.
-TEST(BoxOf, ReachesEachSideOfManyPoints) {
+TEST(PointBoxesBoxOf, ReachesEachSideOfManyPoints) {
     qelview::Points points(100'000, qel::XPnt3d(1, 1, 1));
     points[10] = {-5, 1, 9};
     points[99'990] = {7, -3, 1};
@@ -47,7 +47,7 @@ TEST(BoxOf, ReachesEachSideOfManyPoints) {
     EXPECT_EQ(box.zmax, 9.0);
 }
 
-TEST(AppendOutline, KeepsFewPointsBehindThoseThatThereAre) {
+TEST(PointBoxesAppendOutline, KeepsFewPointsBehindThoseThatThereAre) {
     qelview::Points outline{{9, 9, 9}};
     qelview::appendOutline(outline, qelview::Points(200'000, qel::XPnt3d(1, 2, 3)));
     ASSERT_EQ(outline.size(), 200'001U);
@@ -55,7 +55,7 @@ TEST(AppendOutline, KeepsFewPointsBehindThoseThatThereAre) {
     EXPECT_EQ(outline.back().z, 3.0);
 }
 
-TEST(AppendOutline, MakesOneBoxOfManyPointsAtOnePlace) {
+TEST(PointBoxesAppendOutline, MakesOneBoxOfManyPointsAtOnePlace) {
     qelview::Points outline;
     qelview::appendOutline(outline, qelview::Points(200'001, qel::XPnt3d(1, 2, 3)));
     EXPECT_EQ(outline.size(), 8U);
@@ -69,10 +69,10 @@ struct Axis {
     qel::XPnt3d direction;
 };
 
-class OutlineAlong : public testing::TestWithParam<Axis> {};
+class PointBoxesOutlineAlong : public testing::TestWithParam<Axis> {};
 
 /// The last one of 262145 points would begin a box by itself.
-TEST_P(OutlineAlong, HasABoxForEachThirtySecondOfARow) {
+TEST_P(PointBoxesOutlineAlong, HasABoxForEachThirtySecondOfARow) {
     constexpr int kPoints = 262'145;
     constexpr int kPointsOfABox = 8192;
     const qel::XPnt3d begin(-100, 50, 7);
@@ -98,11 +98,11 @@ TEST_P(OutlineAlong, HasABoxForEachThirtySecondOfARow) {
 }
 
 const std::vector<Axis> kAxes{{"X", {1, 0, 0}}, {"Y", {0, 2, 0}}, {"Z", {0, 0, 0.5}}, {"All", {1, 2, 4}}};
-INSTANTIATE_TEST_SUITE_P(Axes, OutlineAlong, testing::ValuesIn(kAxes),
+INSTANTIATE_TEST_SUITE_P(Axes, PointBoxesOutlineAlong, testing::ValuesIn(kAxes),
                          [](const auto& each) { return each.param.name; });
 
 /// A lattice of 64 points a side has two of them a side in each box: all are corners.
-TEST(AppendOutline, FillsItsBoxesInAllThreeDirections) {
+TEST(PointBoxesAppendOutline, FillsItsBoxesInAllThreeDirections) {
     constexpr int kSide = 64;
     qelview::Points points;
     for (int i = 0; i < kSide * kSide * kSide; ++i) {

@@ -30,9 +30,9 @@ struct Cost {
     std::uint64_t crossings;
 };
 
-class CostOf : public testing::TestWithParam<Cost> {};
+class TangleCostOf : public testing::TestWithParam<Cost> {};
 
-TEST_P(CostOf, IsThePairsThatOverlapAndTheCrossings) {
+TEST_P(TangleCostOf, IsThePairsThatOverlapAndTheCrossings) {
     qelview::TangleBudget budget{1000, 1000};
     EXPECT_TRUE(qelview::pay(budget, GetParam().contours, GetParam().normal));
     EXPECT_EQ(1000 - budget.pairs, GetParam().pairs);
@@ -59,7 +59,7 @@ const std::vector<Cost> kCosts{
      2},
     {"OneLineEndingOnAnother", {{{0, 0, 0}, {4, 1, 0}}, {{2, 0.5, 0}, {2.5, 3, 0}}}, {0, 0, 1}, 6, 0},
 };
-INSTANTIATE_TEST_SUITE_P(Contours, CostOf, testing::ValuesIn(kCosts),
+INSTANTIATE_TEST_SUITE_P(Contours, TangleCostOf, testing::ValuesIn(kCosts),
                          [](const auto& each) { return each.param.name; });
 
 struct Purse {

@@ -61,9 +61,9 @@ struct Splitting {
     std::string_view behindFirst;
 };
 
-class WordsOf : public testing::TestWithParam<Splitting> {};
+class TextLinesWordsOf : public testing::TestWithParam<Splitting> {};
 
-TEST_P(WordsOf, StandBetweenBlanks) {
+TEST_P(TextLinesWordsOf, StandBetweenBlanks) {
     Words words{"old"};
     qelview::splitWords(GetParam().line, words);
     EXPECT_EQ(words, GetParam().words);
@@ -79,7 +79,7 @@ const std::vector<Splitting> kSplittings{
     {"EachKindOfBlank", "a b\tc\vd\fe", {"a", "b", "c", "d", "e"}, "b\tc\vd\fe"},
     {"OtherControlCharactersAndLetters", "a\x01 \xC3\xA4!", {"a\x01", "\xC3\xA4!"}, "\xC3\xA4!"},
 };
-INSTANTIATE_TEST_SUITE_P(Lines, WordsOf, testing::ValuesIn(kSplittings),
+INSTANTIATE_TEST_SUITE_P(Lines, TextLinesWordsOf, testing::ValuesIn(kSplittings),
                          [](const auto& each) { return each.param.name; });
 
 struct Number {
@@ -89,9 +89,9 @@ struct Number {
     std::string_view refusal;
 };
 
-class NumberIn : public testing::TestWithParam<Number> {};
+class TextLinesNumberIn : public testing::TestWithParam<Number> {};
 
-TEST_P(NumberIn, IsTheWholeWord) {
+TEST_P(TextLinesNumberIn, IsTheWholeWord) {
     qelview::Progress progress;
     const TextLines lines("", qelview::ProgressStretch(progress, 0.0, 1.0));
     EXPECT_EQ(qelview::numberIn(GetParam().word), GetParam().value);
@@ -112,10 +112,10 @@ const std::vector<Number> kNumbers{
     {"TooLarge", "1e999", std::nullopt, "line 0: '1e999' is beyond the range of numbers"},
     {"Infinity", "inf", std::numeric_limits<double>::infinity(), ""},
 };
-INSTANTIATE_TEST_SUITE_P(Words, NumberIn, testing::ValuesIn(kNumbers),
+INSTANTIATE_TEST_SUITE_P(Words, TextLinesNumberIn, testing::ValuesIn(kNumbers),
                          [](const auto& each) { return each.param.name; });
 
-TEST(ReadCoordinate, TakesWhatCanBeDrawn) {
+TEST(TextLinesReadCoordinate, TakesWhatCanBeDrawn) {
     qelview::Progress progress;
     const TextLines lines("", qelview::ProgressStretch(progress, 0.0, 1.0));
     EXPECT_EQ(qelview::readCoordinate("1e15", lines), 1e15);
@@ -126,7 +126,7 @@ TEST(ReadCoordinate, TakesWhatCanBeDrawn) {
               "line 0: the coordinate 'nan' is not finite");
 }
 
-TEST(FaultOfCoordinate, IsEmptyUpToTheLargest) {
+TEST(TextLinesFaultOfCoordinate, IsEmptyUpToTheLargest) {
     EXPECT_EQ(qelview::faultOfCoordinate(1e15), "");
     EXPECT_EQ(qelview::faultOfCoordinate(-1e15), "");
     EXPECT_EQ(qelview::faultOfCoordinate(-1.1e15),
@@ -134,7 +134,7 @@ TEST(FaultOfCoordinate, IsEmptyUpToTheLargest) {
     EXPECT_EQ(qelview::faultOfCoordinate(-std::numeric_limits<double>::infinity()), "is not finite");
 }
 
-TEST(ReadWhole, TakesWholeNumbersAlone) {
+TEST(TextLinesReadWhole, TakesWholeNumbersAlone) {
     qelview::Progress progress;
     const TextLines lines("", qelview::ProgressStretch(progress, 0.0, 1.0));
     EXPECT_EQ(qelview::readWhole("-17", lines), -17);
@@ -145,7 +145,7 @@ TEST(ReadWhole, TakesWholeNumbersAlone) {
     }
 }
 
-TEST(RequireText, RefusesBothByteOrdersOfUtf16AndBytesOfZero) {
+TEST(TextLinesRequireText, RefusesBothByteOrdersOfUtf16AndBytesOfZero) {
     const auto refusal = [](std::string_view text) {
         return refusalOf([text] {
             qelview::requireText(text);
