@@ -24,7 +24,7 @@ TEST_F(Cache, KeepsTheFrameDrawsTheOverlaysSwapsAndRefreshesTheDepth) {
 
 TEST_F(Cache, DrawsTheOverlaysAfterTheReadingAndBeforeTheSwap) {
     drawFrame();
-    camera().onButtonDown(2, 60, 60);
+    camera().onButtonDown(DragRotate, 60, 60);
     camera().onMouseMove(80, 70);
     struct Case {
         bool rings;

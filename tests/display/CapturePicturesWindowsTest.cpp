@@ -174,7 +174,7 @@ TEST_F(CapturePictures, LeaveTheWindowsPictureAloneAndTheNextFrameLandsInTheWind
 
 TEST_F(CapturePictures, OfACameraThatMovesDuringTheCaptureShowTheMovedModelInBoth) {
     ASSERT_EQ(begin(kWidth, kHeight), 0);
-    camera().setStandardView(2);
+    camera().setStandardView(ViewBack);
     camera().updateView();
     drawHostsScene();
     display->saveBitmap();
