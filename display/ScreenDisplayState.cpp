@@ -13,7 +13,7 @@ CQelScreenDisplay::~CQelScreenDisplay() {
     lentFont.follow(previousContext.remembered());
     lentFont.destroy();
     windowFont.destroy();
-    trackBall->ownerGoes();
+    trackBall->detachOwner();
     trackBall->Release();
     cacheColor.reset();
     cacheDepth.reset();

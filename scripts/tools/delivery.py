@@ -26,7 +26,6 @@ CAPTURING_PROJECT = """cmake_minimum_required(VERSION 3.22)
 project(Capturing LANGUAGES CXX)
 find_package(QelDisplay64t 0.1 REQUIRED)
 add_executable(capturing main.cpp)
-target_compile_features(capturing PRIVATE cxx_std_20)
 target_link_libraries(capturing PRIVATE QelDisplay64t::QelDisplay64t QelDisplay64t::Qt5Core)
 """
 CAPTURING_HOST = """#include <windows.h>

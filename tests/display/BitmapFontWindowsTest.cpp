@@ -37,7 +37,7 @@ class HostsContext {
     bool makeCurrentOn(const TestWindow& window) const {
         return wglMakeCurrent(dcOf(window), context) != FALSE;
     }
-    std::int32_t number() const { return number32(reinterpret_cast<std::uintptr_t>(context)); }
+    std::int32_t number() const { return handleNumber(context); }
 
   private:
     HGLRC context;

@@ -25,7 +25,7 @@ inline constexpr GLuint kFirstCharacter = 32;
 
 /// A handle as the display hands it to the system: 32 bits of it, widened with their sign.
 inline HDC widened(std::uintptr_t handle) {
-    return qel::toHandle<HDC>(number32(handle));
+    return handleFromNumber<HDC>(number32(handle));
 }
 
 inline HGLRC currentContext() {
@@ -46,21 +46,14 @@ inline void append(Calls& list, const Calls& more) {
 /// A display of the finished library and the reference that a host holds on it.
 class HeldDisplay {
   public:
-    HeldDisplay() : display(newScreenDisplay()) {}
-    ~HeldDisplay() { release(); }
+    HeldDisplay() = default;
     HeldDisplay(const HeldDisplay&) = delete;
     HeldDisplay& operator=(const HeldDisplay&) = delete;
 
-    IQelDisplay* operator->() const { return display; }
+    IQelDisplay* operator->() const { return display.get(); }
     IQelDisplay& operator*() const { return *display; }
 
-    /// Gives the reference back.
-    void release() {
-        if (display != nullptr) {
-            display->Release();
-        }
-        display = nullptr;
-    }
+    void release() { display.reset(); }
 
     /// The same display with the slot that it adds to its interface.
     CQelScreenDisplay& own() const { return static_cast<CQelScreenDisplay&>(*display); }
@@ -71,7 +64,7 @@ class HeldDisplay {
     }
 
   private:
-    IQelDisplay* display;
+    ref_ptr<IQelDisplay> display = adopt(newScreenDisplay());
 };
 
 /// What the process holds once it has drawn: of the first context, font and bitmap the system keeps something

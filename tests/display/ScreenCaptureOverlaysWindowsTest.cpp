@@ -148,7 +148,7 @@ TEST_P(ScreenCaptureOverlays, TheRingsStandAroundTheRotationCentre) {
     const XPnt3d center = pointAt(110.0, 80.0);
     camera().setRotationCenter(center.x, center.y, center.z);
     const auto drawRings = [&] {
-        camera().onButtonDown(2, 100, 80);
+        camera().onButtonDown(DragRotate, 100, 80);
         camera().onMouseMove(100, 80);
         camera().drawTrackBall();
         camera().onButtonUp();

@@ -174,7 +174,7 @@ TEST_F(ScreenCapturePictures, LeaveTheWindowsPictureAloneAndTheNextFrameLandsInT
 
 TEST_F(ScreenCapturePictures, OfACameraThatMovesDuringTheCaptureShowTheMovedModelInBoth) {
     ASSERT_EQ(begin(kWidth, kHeight), 0);
-    camera().setStandardView(2);
+    camera().setStandardView(ViewBack);
     camera().updateView();
     drawHostsScene();
     display->saveBitmap();

@@ -191,7 +191,7 @@ TEST_F(ScreenCaptureTrace, LeaveTheWindowToAHostThatAttachesItInTheMiddle) {
     const HGLRC ofSection = currentContext();
     const StateSnapshot inSection = StateSnapshot::take();
     // The first time that this display is given a context: its initial state is set there.
-    display->attachDC(display->getDC(), static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(context)));
+    display->attachDC(display->getDC(), handleNumber(context));
     EXPECT_EQ(currentContext(), ofSection);
     EXPECT_TRUE(changesOnly(inSection, StateSnapshot::take()));
     display->saveBitmap();

@@ -14,7 +14,7 @@ TEST_F(ScreenDisplayCachePictures, GivesBackTheFinishedFrameWithoutItsOverlays) 
         SCOPED_TRACE(translucent ? "with a translucent pane" : "opaque");
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        camera().onButtonDown(2, 60, 60);
+        camera().onButtonDown(DragRotate, 60, 60);
         camera().onMouseMove(80, 70);
         const Frame drawn = drawFrame(translucent);
         display->finishFrame();
@@ -58,7 +58,7 @@ class ContextWithAlpha {
     ContextWithAlpha(const ContextWithAlpha&) = delete;
     ContextWithAlpha& operator=(const ContextWithAlpha&) = delete;
 
-    std::int32_t number() const { return number32(reinterpret_cast<std::uintptr_t>(context)); }
+    std::int32_t number() const { return handleNumber(context); }
 
   private:
     HGLRC context = nullptr;

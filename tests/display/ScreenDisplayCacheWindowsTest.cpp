@@ -26,7 +26,7 @@ TEST_F(ScreenDisplayCache, KeepsTheFrameDrawsTheOverlaysSwapsAndRefreshesTheDept
 
 TEST_F(ScreenDisplayCache, DrawsTheOverlaysAfterTheReadingAndBeforeTheSwap) {
     drawFrame();
-    camera().onButtonDown(2, 60, 60);
+    camera().onButtonDown(DragRotate, 60, 60);
     camera().onMouseMove(80, 70);
     struct Case {
         bool rings;

@@ -205,9 +205,7 @@ TEST(ScreenDisplayFaultsOnce, OfTheFontInAHostsContextLeavesItsTextInvisible) {
     {
         CallTrace trace;
         trace.answer("wglUseFontBitmapsW", 0);
-        EXPECT_EQ(display->attachDC(host->getDC(),
-                                    static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(context))),
-                  0);
+        EXPECT_EQ(display->attachDC(host->getDC(), handleNumber(context)), 0);
     }
     glDisable(GL_LIGHTING);
     EXPECT_EQ(textPixels(display, window), 0U);

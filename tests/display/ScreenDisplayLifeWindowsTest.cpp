@@ -78,14 +78,14 @@ TEST(ScreenDisplayLife, LastsUntilTheLastReferenceIsGivenBack) {
 
 /// Whatever a controller can draw, and a sweep of its camera.
 void useAll(CQelTrackBall& controller) {
-    controller.onButtonDown(2, 10, 10);
+    controller.onButtonDown(DragRotate, 10, 10);
     controller.onMouseMove(20, 30);
     controller.drawTrackBall();
     controller.drawAxes();
     controller.drawFrame(0, 0, 0, {1, 0, 0}, {0, 1, 0}, 10.0F, true);
     controller.drawLabel(0, 0, 0, 1, 1, "%d", 7);
     controller.onButtonUp();
-    controller.setStandardView(3);
+    controller.setStandardView(ViewFront);
     controller.setOverlayOption(true);
     controller.drawAxes();
 }

@@ -140,7 +140,7 @@ TEST_F(SteadyFrame, TakesNoMemoryForPicksAndProjections) {
 
 TEST_F(SteadyFrame, TakesNoMemoryForADrag) {
     drawFrame();
-    for (const std::int32_t button : {1, 2, 3}) {
+    for (const std::int32_t button : {DragPan, DragRotate, DragZoom}) {
         EXPECT_EQ(blocksTakenBy([&] {
                       camera.onButtonDown(button, 40, 40);
                       camera.onMouseMove(50, 45);

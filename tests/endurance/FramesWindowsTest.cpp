@@ -22,7 +22,7 @@ class Frames : public ::testing::Test {
         IQelTrackBall& camera = *display->getTrackBall();
         display->beginFrame(0);
         display->beginDraw();
-        camera.onButtonDown(2, 4, 4);
+        camera.onButtonDown(DragRotate, 4, 4);
         camera.onMouseMove(4 + number % 7, 5);
         camera.updateView();
         symbol->drawGeometry(curve.get());
@@ -52,7 +52,7 @@ TEST_F(Frames, LeaveHandlesAndMemoryFlatAndThePictureAsItWas) {
     const int frames = shortOrLong(2'000, 1'000'000);
     // The camera turns a little further in each round of seven frames: pictures are compared from the front.
     const auto frontView = [this] {
-        display->getTrackBall()->setStandardView(0);
+        display->getTrackBall()->setStandardView(ViewTop);
         display->getTrackBall()->zoomToModel(true);
         display->beginFrame(0);
         display->updateView();

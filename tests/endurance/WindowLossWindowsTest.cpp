@@ -64,7 +64,7 @@ TEST_P(WindowLoss, LeavesADisplayThatCanBeUsedAndReleasedAndAttachedElsewhere) {
         HWND const window = windowToLose(40, 30);
         ASSERT_NE(window, nullptr);
         const HeldDisplay display;
-        display->attachWindow(number32(reinterpret_cast<std::uintptr_t>(window)), false);
+        display->attachWindow(handleNumber(window), false);
         display->setViewSize(40, 30);
         if (inTheMiddleOfAFrame) {
             display->beginFrame(0);
@@ -121,7 +121,7 @@ TEST(WindowLossOfADisplay, ThatGoesAfterItsWindowIsReleasedInOrder) {
     const auto round = [](bool drawn) {
         const HeldDisplay display;
         HWND const window = windowToLose(40, 30);
-        display->attachWindow(number32(reinterpret_cast<std::uintptr_t>(window)), false);
+        display->attachWindow(handleNumber(window), false);
         display->setViewSize(40, 30);
         if (drawn) {
             display->beginFrame(0);

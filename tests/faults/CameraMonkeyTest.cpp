@@ -230,7 +230,7 @@ TEST_P(CameraMonkey, LeavesAFiniteCameraAndRefusedCallsChangeNoField) {
     view->setPerspective();
     view->setFieldOfView(27.0);
     view->setExtent({-1.0, 1.0, -1.0, 1.0, -1.0, 1.0}, false);
-    view->setStandardView(4);
+    view->setStandardView(ViewRight);
     const XPnt3d middle = view->project(0.0, 0.0, 0.0);
     EXPECT_NEAR(middle.x, 100.0, 1e-3);
     EXPECT_NEAR(middle.y, 50.0, 1e-3);

@@ -49,7 +49,7 @@ inline void useCamera(IQelTrackBall& camera) {
     }
     const double motion[] = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0};
     camera.applyMotion(motion);
-    camera.setStandardView(6);
+    camera.setStandardView(ViewIsometric);
     camera.zoomToModel(true);
     camera.pickModelPnt(30.0, 30.0);
     camera.drawLabel(0.0, 0.0, 0.0, 1.0, 1.0, "%s", "label");

@@ -30,7 +30,7 @@ TEST_F(GdiDisplayTrace, OfAnAttachCountsTheFrameOfTheWindow) {
     ASSERT_LT(client.bottom, outer.bottom - outer.top);
     {
         const HeldGdiDisplay attached;
-        attached->attachWindow(number32(reinterpret_cast<std::uintptr_t>(framed)));
+        attached->attachWindow(handleNumber(framed));
         attached->setViewExtent({0, 0, 1, 1});
         const Enve2d shown = attached->getViewExtent();
         EXPECT_DOUBLE_EQ(shown.Width() / shown.Hight(),

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <utility>
 
 #include "CGDIScrDisplay.h"
 #include "QelDisplay64t.h"
@@ -27,28 +26,23 @@ constexpr COLORREF kFirstBrushColor = 0x969696;
 /// A display of the finished library and the reference that a host holds on it.
 class HeldGdiDisplay {
   public:
-    HeldGdiDisplay() : display(newGDIScrDisplay()) {}
-    ~HeldGdiDisplay() { release(); }
+    HeldGdiDisplay() = default;
     HeldGdiDisplay(const HeldGdiDisplay&) = delete;
     HeldGdiDisplay& operator=(const HeldGdiDisplay&) = delete;
 
-    IQelScrDisplay2D* operator->() const { return display; }
+    IQelScrDisplay2D* operator->() const { return display.get(); }
     /// The same display with the slots that it adds to its interface.
     CGDIScrDisplay& own() const { return static_cast<CGDIScrDisplay&>(*display); }
 
-    void release() {
-        if (display != nullptr) {
-            std::exchange(display, nullptr)->Release();
-        }
-    }
+    void release() { display.reset(); }
 
   private:
-    IQelScrDisplay2D* display;
+    ref_ptr<IQelScrDisplay2D> display = adopt(newGDIScrDisplay());
 };
 
 /// The device context of a display, widened with its sign.
 inline HDC dcOf(const HeldGdiDisplay& display) {
-    return reinterpret_cast<HDC>(static_cast<std::intptr_t>(display->getDC()));
+    return handleFromNumber<HDC>(display->getDC());
 }
 
 /// What is selected in a device context.

@@ -13,9 +13,7 @@ namespace qel::test {
 
 ViewSubject::ViewSubject(int width, int height) : surface(width, height) {
 #ifdef _WIN32
-    display = newScreenDisplay();
-    // The pointer holds a reference of its own now.
-    display->Release();
+    display = adopt(newScreenDisplay());
     display->attachDC(static_cast<std::int32_t>(surface.dc()), static_cast<std::int32_t>(surface.rc()));
     controller = display->getTrackBall();
 #else

@@ -106,7 +106,7 @@ TEST_P(TrackBallDragProperties, TheFrontOfTheModelFollowsARotation) {
             const double angle = between(0.0, 2.0 * 3.14159);
             for (const glm::dvec2& way :
                  {glm::dvec2(1.0, 0.0), glm::dvec2(0.0, 1.0), glm::dvec2(std::cos(angle), std::sin(angle))}) {
-                camera->onButtonDown(2, from.x, from.y);
+                camera->onButtonDown(DragRotate, from.x, from.y);
                 camera->onMouseMove(from.x + way.x * radius * 0.1, from.y + way.y * radius * 0.1);
                 const glm::dvec2 moved = EyeOracle(*camera).pixel(front) - before.pixel(front);
                 // Twice the sine of the angle on the sphere, times the share of the radius; a perspective
@@ -144,7 +144,7 @@ TEST_P(TrackBallDragProperties, TheModelTurnsByTwiceTheAngleOnTheSphere) {
             const XPnt3d expectedTarget = asPoint(turn.place(asGlm(camera->getTarget())));
             const XPnt3d expectedUp = asPoint(turn.direction(glm::normalize(asGlm(camera->getUp()))));
             const double reach = dist(camera->getEye(), asPoint(view.center));
-            camera->onButtonDown(2, from.x, from.y);
+            camera->onButtonDown(DragRotate, from.x, from.y);
             camera->onMouseMove(to.x, to.y);
             camera->onButtonUp();
             // OpenGL's single precision moves the image of the centre, and with it both ends of the drag.
@@ -168,7 +168,7 @@ TEST_P(TrackBallDragProperties, PanningKeepsTheGrabbedPointUnderTheCursor) {
             std::uniform_int_distribution<std::int32_t> y(0, static_cast<std::int32_t>(size.height) - 1);
             glm::ivec2 cursor(x(random), y(random));
             const glm::dvec3 grabbed = before.pointUnder(glm::dvec2(cursor), view.center);
-            camera->onButtonDown(1, cursor.x, cursor.y);
+            camera->onButtonDown(DragPan, cursor.x, cursor.y);
             for (int move = 0; move < 5; ++move) {
                 cursor = {x(random), y(random)};
                 camera->onMouseMove(cursor.x, cursor.y);
@@ -188,7 +188,7 @@ TEST_P(TrackBallDragProperties, BackAtThePressTheCameraIsThatOfThePress) {
             const RandomView view = place(size, round, true);
             SCOPED_TRACE(view.name);
             std::uniform_int_distribution<std::int32_t> pixel(-200, 1000);
-            for (const std::int32_t button : {1, 2}) {
+            for (const std::int32_t button : {DragPan, DragRotate}) {
                 const Placement before(*camera);
                 const EyeOracle oracle(*camera);
                 const std::int32_t x = pixel(random);
@@ -203,7 +203,7 @@ TEST_P(TrackBallDragProperties, BackAtThePressTheCameraIsThatOfThePress) {
                 const double stepOfAFloat = before.eye.norm() * 1.2e-7;
                 const double ofAPixel =
                     0.01 * oracle.unitsPerPixel(oracle.inEye(view.center).z) + 10.0 * stepOfAFloat;
-                const double tolerance = button == 2 ? lastBits : ofAPixel;
+                const double tolerance = button == DragRotate ? lastBits : ofAPixel;
                 EXPECT_TRUE(isNear(camera->getEye(), before.eye, tolerance)) << button;
                 EXPECT_TRUE(isNear(camera->getTarget(), before.target, tolerance)) << button;
                 EXPECT_TRUE(isNear(camera->getUp(), before.up, 1e-15)) << button;
@@ -219,7 +219,7 @@ TEST_P(TrackBallDragProperties, NoDragMakesTheCameraNotANumber) {
         for (int round = 0; round < kCamerasOfASize; ++round) {
             const RandomView view = place(size, round, false);
             SCOPED_TRACE(view.name);
-            for (const std::int32_t button : {2, 1, 3}) {
+            for (const std::int32_t button : {DragRotate, DragPan, DragZoom}) {
                 camera->onButtonDown(button, any(random), any(random));
                 camera->onMouseMove(any(random), any(random));
                 camera->onButtonUp();
@@ -246,7 +246,7 @@ TEST_P(TrackBallDragPropertiesOfAZoom, KeepsThePointUnderTheCursor) {
             std::uniform_int_distribution<std::int32_t> y(0, static_cast<std::int32_t>(size.height) - 1);
             const glm::ivec2 cursor(x(random), y(random));
             const glm::dvec3 seen = before.pointUnder(glm::dvec2(cursor), view.center);
-            camera->onButtonDown(3, cursor.x, cursor.y);
+            camera->onButtonDown(DragZoom, cursor.x, cursor.y);
             double height = cursor.y;
             for (const double way : {40.0, 25.0, -70.0, 60.0}) {
                 height += way;

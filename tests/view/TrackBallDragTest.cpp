@@ -46,15 +46,15 @@ TEST_F(TrackBallDrag, APressStartsItAndMovesNothing) {
         EXPECT_EQ(camera->onButtonDown(button, 30, 40), 1);
         EXPECT_EQ(camera->getDragButton(), button);
         EXPECT_EQ(camera->onButtonUp(), 1);
-        EXPECT_EQ(camera->getDragButton(), 0);
+        EXPECT_EQ(camera->getDragButton(), DragNone);
     }
     EXPECT_EQ(Placement(*camera), before);
 }
 
 TEST_F(TrackBallDrag, APressOfNoButtonEndsIt) {
-    camera->onButtonDown(1, 10, 10);
-    EXPECT_EQ(camera->onButtonDown(0, 20, 20), 1);
-    EXPECT_EQ(camera->getDragButton(), 0);
+    camera->onButtonDown(DragPan, 10, 10);
+    EXPECT_EQ(camera->onButtonDown(DragNone, 20, 20), 1);
+    EXPECT_EQ(camera->getDragButton(), DragNone);
     const Placement before(*camera);
     EXPECT_EQ(camera->onMouseMove(200, 200), 1);
     EXPECT_EQ(Placement(*camera), before);
@@ -71,7 +71,7 @@ TEST_F(TrackBallDrag, AMoveWithoutOneIsIgnored) {
 }
 
 TEST_F(TrackBallDrag, TheCameraStaysWhereTheDragLeftIt) {
-    camera->onButtonDown(2, 100, 100);
+    camera->onButtonDown(DragRotate, 100, 100);
     camera->onMouseMove(160, 120);
     const Placement moved(*camera);
     camera->onButtonUp();
@@ -87,7 +87,7 @@ TEST_F(TrackBallDrag, AnUnknownButtonOnlyFollowsTheMouse) {
 }
 
 TEST_F(TrackBallDrag, WholePixelsAreTheSameInBothForms) {
-    for (const std::int32_t button : {1, 2, 3}) {
+    for (const std::int32_t button : {DragPan, DragRotate, DragZoom}) {
         const ref_ptr<CQelTrackBall> whole(new CQelTrackBall);
         begin(*whole);
         whole->onButtonDown(button, 130, 90);
@@ -105,11 +105,11 @@ TEST_F(TrackBallDrag, WholePixelsAreTheSameInBothForms) {
 TEST_F(TrackBallDrag, PositionsThatAreNoNumbersAreRefused) {
     const Placement before(*camera);
     for (const double wrong : {kNaN, kInfinity, -kInfinity}) {
-        EXPECT_EQ(camera->onButtonDown(2, wrong, 0.0), 1);
-        EXPECT_EQ(camera->onButtonDown(2, 0.0, wrong), 1);
-        EXPECT_EQ(camera->getDragButton(), 0);
+        EXPECT_EQ(camera->onButtonDown(DragRotate, wrong, 0.0), 1);
+        EXPECT_EQ(camera->onButtonDown(DragRotate, 0.0, wrong), 1);
+        EXPECT_EQ(camera->getDragButton(), DragNone);
     }
-    for (const std::int32_t button : {1, 2, 3}) {
+    for (const std::int32_t button : {DragPan, DragRotate, DragZoom}) {
         camera->onButtonDown(button, 100, 100);
         for (const double wrong : {kNaN, kInfinity, -kInfinity}) {
             EXPECT_EQ(camera->onMouseMove(wrong, 100.0), 1);
@@ -125,7 +125,7 @@ TEST_F(TrackBallDrag, PositionsThatAreNoNumbersAreRefused) {
 
 TEST_F(TrackBallDrag, PanningMovesTheSceneWithTheMouse) {
     const double unitsPerPixel = EyeOracle(*camera).unitsPerPixel(-100.0);
-    camera->onButtonDown(1, 100, 100);
+    camera->onButtonDown(DragPan, 100, 100);
     events();
     camera->onMouseMove(130, 90);
     // OpenGL's matrices are of single precision.
@@ -138,7 +138,7 @@ TEST_F(TrackBallDrag, PanningMovesTheSceneWithTheMouse) {
 }
 
 TEST_F(TrackBallDrag, PanningCountsInSinglePrecision) {
-    camera->onButtonDown(1, 0, 0);
+    camera->onButtonDown(DragPan, 0, 0);
     camera->onMouseMove(7, -13);
     const XPnt3d first = camera->getEye();
     EXPECT_EQ(first.x, static_cast<double>(static_cast<float>(first.x)));
@@ -150,7 +150,7 @@ TEST_F(TrackBallDrag, PanningCountsInSinglePrecision) {
 
 TEST_F(TrackBallDrag, PanningDropsPartsOfAPixelButFollowsTheMouse) {
     const Placement before(*camera);
-    camera->onButtonDown(1, 100.0, 100.0);
+    camera->onButtonDown(DragPan, 100.0, 100.0);
     camera->onMouseMove(100.6, 99.4);
     EXPECT_EQ(Placement(*camera), before);
     // From 100.6 on, again less than a pixel; from the press it would be more than one.
@@ -164,7 +164,7 @@ TEST_F(TrackBallDrag, PanningDropsPartsOfAPixelButFollowsTheMouse) {
 TEST_F(TrackBallDrag, PanningDoesNotDependOnTheLengthOfUp) {
     camera->setCamera({0.0, 0.0, 100.0}, {}, {0.0, 8.0, 0.0});
     const double unitsPerPixel = EyeOracle(*camera).unitsPerPixel(-100.0);
-    camera->onButtonDown(1, 100, 100);
+    camera->onButtonDown(DragPan, 100, 100);
     camera->onMouseMove(110, 120);
     EXPECT_TRUE(isNear(camera->getEye(), {-10.0 * unitsPerPixel, -20.0 * unitsPerPixel, 100.0}, 1e-4));
     EXPECT_TRUE(same(camera->getUp(), {0.0, 8.0, 0.0}));
@@ -173,7 +173,7 @@ TEST_F(TrackBallDrag, PanningDoesNotDependOnTheLengthOfUp) {
 TEST_F(TrackBallDrag, PanningGoesAlongTheStoredUpEvenWhereThatIsSlanted) {
     camera->setCamera({0.0, 0.0, 100.0}, {}, {0.0, 0.6, 0.8});
     const double unitsPerPixel = EyeOracle(*camera).unitsPerPixel(-100.0);
-    camera->onButtonDown(1, 100, 100);
+    camera->onButtonDown(DragPan, 100, 100);
     camera->onMouseMove(100, 110);
     EXPECT_TRUE(isNear(camera->getEye(), {0.0, -6.0 * unitsPerPixel, 100.0 - 8.0 * unitsPerPixel}, 1e-4));
 }
@@ -182,13 +182,13 @@ TEST_F(TrackBallDrag, PanningInAnOrthographicViewCountsItsBox) {
     camera->setOrtho();
     camera->refreshDepth();
     const double unitsPerPixel = 2.0 / camera->getProjectionMatrix()[0] / 400.0;
-    camera->onButtonDown(1, 100, 100);
+    camera->onButtonDown(DragPan, 100, 100);
     camera->onMouseMove(150, 100);
     EXPECT_NEAR(camera->getEye().x, -50.0 * unitsPerPixel, 1e-5);
 }
 
 TEST_F(TrackBallDrag, RotatingShowsTheViewAfterEachMove) {
-    camera->onButtonDown(2, 150, 150);
+    camera->onButtonDown(DragRotate, 150, 150);
     events();
     camera->onMouseMove(160, 150);
     camera->onMouseMove(170, 150);
@@ -196,7 +196,7 @@ TEST_F(TrackBallDrag, RotatingShowsTheViewAfterEachMove) {
 }
 
 TEST_F(TrackBallDrag, ZoomingAimsAtThePressAndCountsTheWayUp) {
-    camera->onButtonDown(3, 120.9, 77.9);
+    camera->onButtonDown(DragZoom, 120.9, 77.9);
     events();
     camera->onMouseMove(300.0, 157.9);
     EXPECT_EQ(events()[0], WatchedCamera::text("zoomAt", 0.1F, 120, 77));
@@ -208,7 +208,7 @@ TEST_F(TrackBallDrag, ZoomingAimsAtThePressAndCountsTheWayUp) {
 }
 
 TEST_F(TrackBallDrag, ZoomingTakesTheWayInSinglePrecision) {
-    camera->onButtonDown(3, 120.0, 0.1);
+    camera->onButtonDown(DragZoom, 120.0, 0.1);
     events();
     camera->onMouseMove(120.0, 40.4);
     const float way = static_cast<float>(40.4 - 0.1);
@@ -217,7 +217,7 @@ TEST_F(TrackBallDrag, ZoomingTakesTheWayInSinglePrecision) {
 }
 
 TEST_F(TrackBallDrag, ZoomingTakesTheWholePixelsOfThePressTowardsZero) {
-    camera->onButtonDown(3, -3.9, -0.9);
+    camera->onButtonDown(DragZoom, -3.9, -0.9);
     events();
     camera->onMouseMove(0.0, 7.1);
     EXPECT_EQ(events()[0], WatchedCamera::text("zoomAt", 0.01F, -3, 0));
@@ -243,7 +243,7 @@ TEST_F(TrackBallDrag, BeginsInItsOwnViewWhileAnotherOneIsCurrent) {
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     glRotated(50.0, 1.0, 0.2, 0.3);
-    camera->onButtonDown(2, 200.0, 150.0);
+    camera->onButtonDown(DragRotate, 200.0, 150.0);
     camera->onMouseMove(250.0, 150.0);
     // A turn about the vertical axis keeps the height of the eye.
     EXPECT_NEAR(camera->getEye().y, 0.0, 1e-4);
@@ -266,7 +266,7 @@ TEST_F(TrackBallDrag, AnUpVectorTooLongToTurnIsKept) {
     // Pixel coordinates of the host's make a matrix that can be inverted again.
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
-    camera->onButtonDown(2, 120.0, 50.0);
+    camera->onButtonDown(DragRotate, 120.0, 50.0);
     camera->onMouseMove(100.0, 80.0);
     EXPECT_TRUE(isFinitePlacement(Placement(*camera))) << Placement(*camera);
 }
@@ -288,7 +288,7 @@ TEST_F(TrackBallDrag, NoLegalCallMakesTheCameraNotANumber) {
     const double positions[] = {0.0, 200.0, -1e9, 2147483647.0, 1e19, -1e160, 1e308};
     for (const HardView& view : views) {
         for (const bool ortho : {false, true}) {
-            for (const std::int32_t button : {1, 2, 3}) {
+            for (const std::int32_t button : {DragPan, DragRotate, DragZoom}) {
                 SCOPED_TRACE(std::string(view.name) + (ortho ? ", ortho, " : ", perspective, ") +
                              std::to_string(button));
                 begin(*camera);
@@ -308,7 +308,7 @@ TEST_F(TrackBallDrag, NoLegalCallMakesTheCameraNotANumber) {
                 camera->setPerspective();
                 camera->setRotationCenter(0.0, 0.0, 0.0);
                 begin(*camera);
-                camera->onButtonDown(1, 100, 100);
+                camera->onButtonDown(DragPan, 100, 100);
                 camera->onMouseMove(130, 90);
                 EXPECT_NEAR(camera->getEye().x,
                             -30.0 * 2.0 * 100.0 * std::tan(27.0 * std::numbers::pi / 360.0) / 300.0, 1e-3);

@@ -88,7 +88,7 @@ TEST_F(TrackBallMotion, RunsTwoRotationsAndAPanEvenWithoutAnyMotion) {
                                         "moveBy 0 0 0", "updateView", "updateSphereRadius", "onButtonUp of 1",
                                         "updateView", "updateSphereRadius"}));
     EXPECT_EQ(trace.count("gluLookAt"), 4U);
-    EXPECT_EQ(camera->getDragButton(), 0);
+    EXPECT_EQ(camera->getDragButton(), DragNone);
     EXPECT_EQ(Placement(*camera), before);
 }
 
@@ -153,11 +153,11 @@ TEST_F(TrackBallMotion, IsTheSameAsTheDragsItStandsFor) {
         double beside[3] = {};
         hand->mapToSphere(c.x + 0.25, c.y, beside);
         const double edge = c.x + 2.0 * static_cast<double>(static_cast<float>(0.25 / beside[0]));
-        hand->onButtonDown(2, c.x, c.y);
+        hand->onButtonDown(DragRotate, c.x, c.y);
         hand->onMouseMove(c.x + values[3], c.y + values[4]);
-        hand->onButtonDown(2, edge, c.y);
+        hand->onButtonDown(DragRotate, edge, c.y);
         hand->onMouseMove(edge, c.y + values[5]);
-        hand->onButtonDown(1, c.x, c.y);
+        hand->onButtonDown(DragPan, c.x, c.y);
         hand->onMouseMove(c.x + values[0], c.y + values[1]);
         hand->onButtonUp();
         EXPECT_TRUE(isNear(played.eye, hand->getEye(), 1e-9)) << round;

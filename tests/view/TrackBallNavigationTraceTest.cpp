@@ -91,7 +91,7 @@ TEST_F(TrackBallNavigationTrace, SetExtentLoadsNothingUnlessItZooms) {
 
 TEST_F(TrackBallNavigationTrace, StandardViewsFitTheModel) {
     view->setExtent(kBox, false);
-    const Calls calls = traced([&] { EXPECT_EQ(view->setStandardView(3), 1); });
+    const Calls calls = traced([&] { EXPECT_EQ(view->setStandardView(ViewFront), 1); });
     EXPECT_TRUE(callsMatch(calls, joined({{"makeCurrent"}, loadView(), measureSphere(kMiddle)})));
 }
 

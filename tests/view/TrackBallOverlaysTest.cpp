@@ -31,7 +31,7 @@ class TrackBallOverlays : public OverlayTest {
             camera->mapToSphere(middle.x + 0.5, middle.y, beside);
             return 0.5 / beside[0];
         }();
-        camera->onButtonDown(2, press.x, press.y);
+        camera->onButtonDown(DragRotate, press.x, press.y);
         camera->onMouseMove(x, y);
         settle();
         const EyeOracle oracle(*camera);
@@ -134,7 +134,7 @@ TEST_F(TrackBallOverlays, AreDrawnOnlyWhileTheModelIsBeingRotated) {
         EXPECT_EQ(camera->drawTrackBall(), 1);
         EXPECT_EQ(trace.calls().size(), before);
     }
-    camera->onButtonDown(2, 100, 100);
+    camera->onButtonDown(DragRotate, 100, 100);
     camera->onButtonUp();
     EXPECT_EQ(camera->drawTrackBall(), 1);
     EXPECT_EQ(trace.count("glBegin"), 0U);

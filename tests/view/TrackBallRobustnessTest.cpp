@@ -106,20 +106,20 @@ const WildCase kOperations[] = {
      }},
     {"RotateDrag",
      [](CQelTrackBall& v, double w) {
-         v.onButtonDown(2, 10.0, w);
+         v.onButtonDown(DragRotate, 10.0, w);
          v.onMouseMove(w, 20.0);
          v.onMouseMove(30.0, w);
          v.onButtonUp();
      }},
     {"PanDrag",
      [](CQelTrackBall& v, double w) {
-         v.onButtonDown(1, 10.0, 10.0);
+         v.onButtonDown(DragPan, 10.0, 10.0);
          v.onMouseMove(w, w);
          v.onButtonUp();
      }},
     {"ZoomDrag",
      [](CQelTrackBall& v, double w) {
-         v.onButtonDown(3, 10.0, 10.0);
+         v.onButtonDown(DragZoom, 10.0, 10.0);
          v.onMouseMove(w, w);
          v.onButtonUp();
      }},
@@ -162,7 +162,7 @@ class TrackBallRobustnessWildArguments : public ::testing::TestWithParam<WildCas
     void expectRecovery(double wild) {
         view->setFieldOfView(27.0);
         view->setExtent({-1.0, 1.0, -1.0, 1.0, -1.0, 1.0}, false);
-        view->setStandardView(4);
+        view->setStandardView(ViewRight);
         view->refreshDepth();
         // An orthographic box is measured with the matrices before it, so the first zoom still sees the wild
         // ones.
@@ -192,7 +192,7 @@ TEST_P(TrackBallRobustnessWildArguments, LeaveACameraThatIsFiniteAndRecovers) {
             view->refreshDepth();
             view->zoomAt(0.05F, 5, 5);
             view->setRotationCenterAt(5, 5);
-            view->onButtonDown(2, 3, 3);
+            view->onButtonDown(DragRotate, 3, 3);
             view->onMouseMove(13, 13);
             view->onButtonUp();
             view->zoomToModel(true);
@@ -239,7 +239,7 @@ TEST_F(TrackBallRobustness, ThatCannotBeTurnedStayFiniteInARotation) {
     const XPnt3d up(0.0, 1.0, 0.0);
     for (const bool isEyeFarOut : {false, true}) {
         isEyeFarOut ? view->setCamera(farOut, {}, up) : view->setCamera({0.0, 0.0, 5.0}, {}, farOut);
-        view->onButtonDown(2, 32, 16);
+        view->onButtonDown(DragRotate, 32, 16);
         view->onMouseMove(45, 20);
         view->onMouseMove(20, 25);
         view->onButtonUp();

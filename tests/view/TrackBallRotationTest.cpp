@@ -46,7 +46,7 @@ class TrackBallRotation : public ::testing::Test {
 
     /// The vertices of the two lines from the middle of the sphere, which begin with the rotation centre.
     Calls radiusLines() const {
-        camera->onButtonDown(2, 10, 10);
+        camera->onButtonDown(DragRotate, 10, 10);
         camera->onMouseMove(20, 10);
         CallTrace trace;
         camera->drawTrackBall();
@@ -217,7 +217,7 @@ TEST_F(TrackBallRotation, ADragTurnsTheModelByTwiceTheAngleOnTheSphere) {
         const glm::dvec3 to = onSphere(x1, y1);
         const ModelTurn turn{glm::dvec3(0.0), glm::cross(from, to),
                              2.0 * std::atan2(glm::length(glm::cross(from, to)), glm::dot(from, to))};
-        EXPECT_EQ(camera->onButtonDown(2, x0, y0), 1);
+        EXPECT_EQ(camera->onButtonDown(DragRotate, x0, y0), 1);
         EXPECT_EQ(camera->onMouseMove(x1, y1), 1);
         EXPECT_EQ(camera->onButtonUp(), 1);
         EXPECT_TRUE(isNear(camera->getEye(), asPoint(turn.place({0.0, 0.0, 100.0})), 100.0 * kSphere));
@@ -228,7 +228,7 @@ TEST_F(TrackBallRotation, ADragTurnsTheModelByTwiceTheAngleOnTheSphere) {
 
 TEST_F(TrackBallRotation, FromTheRimToTheMiddleTheModelTurnsHalfWayRound) {
     const double radius = radiusPx();
-    camera->onButtonDown(2, 200.0 - radius * 1.5, 150.0);
+    camera->onButtonDown(DragRotate, 200.0 - radius * 1.5, 150.0);
     camera->onMouseMove(200.0, 150.0);
     EXPECT_TRUE(isNear(camera->getEye(), {0.0, 0.0, -100.0}, 1e-3));
     EXPECT_TRUE(isNear(camera->getUp(), {0.0, 1.0, 0.0}, 1e-5));
@@ -243,7 +243,7 @@ TEST_F(TrackBallRotation, EyeTargetAndUpTurnTogetherAboutTheCentre) {
     place({60.0, 30.0, 80.0}, {1.0, 2.0, 3.0}, {0.0, 3.0, 0.5});
     const XPnt3d eye = camera->getEye();
     const XPnt3d target = camera->getTarget();
-    camera->onButtonDown(2, 150, 100);
+    camera->onButtonDown(DragRotate, 150, 100);
     camera->onMouseMove(260, 170);
     EXPECT_GT(dist(camera->getEye(), eye), 10.0);
     EXPECT_NEAR(dist(camera->getEye(), center), dist(eye, center), 1e-4);
@@ -255,7 +255,7 @@ TEST_F(TrackBallRotation, EyeTargetAndUpTurnTogetherAboutTheCentre) {
 }
 
 TEST_F(TrackBallRotation, TheWayOfTheMouseDoesNotMatter) {
-    camera->onButtonDown(2, 180, 140);
+    camera->onButtonDown(DragRotate, 180, 140);
     camera->onMouseMove(230, 170);
     const Placement direct(*camera);
     std::mt19937 random(3);
@@ -281,7 +281,7 @@ TEST_F(TrackBallRotation, BackAtThePressTheCameraIsExactlyThatOfThePress) {
         const XPnt3d target = camera->getTarget();
         XPnt3d up = camera->getUp();
         up.normalize();
-        camera->onButtonDown(2, x, y);
+        camera->onButtonDown(DragRotate, x, y);
         camera->onMouseMove(pixel(random), pixel(random));
         camera->onMouseMove(x, y);
         // To and from the centre's own coordinates a coordinate may lose its last bit.
@@ -297,7 +297,7 @@ TEST_F(TrackBallRotation, ManyDragsNeitherApproachNorLeaveTheModel) {
     std::mt19937 random(5);
     std::uniform_int_distribution<std::int32_t> pixel(0, 400);
     for (int drag = 0; drag < 500; ++drag) {
-        camera->onButtonDown(2, pixel(random), pixel(random));
+        camera->onButtonDown(DragRotate, pixel(random), pixel(random));
         for (int move = 0; move < 20; ++move) {
             camera->onMouseMove(pixel(random), pixel(random));
         }

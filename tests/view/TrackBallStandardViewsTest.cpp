@@ -101,7 +101,7 @@ TEST(TrackBallStandardViewsAboveSeven, IsLeftByTheNextOne) {
     const ViewSubject view(200, 100);
     view->setExtent(kModel, false);
     view->setStandardView(8);
-    view->setStandardView(3);
+    view->setStandardView(ViewFront);
     const XPnt3d front = view->getEye();
     EXPECT_LT(front.y, kMiddle.y);
     EXPECT_TRUE(view->isBoxVisible(kModel));

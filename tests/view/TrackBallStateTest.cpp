@@ -28,7 +28,7 @@ TEST(TrackBallStateFresh, HasNoDragNoDisplayAndNothingToDo) {
     const auto view = newTrackBall();
     EXPECT_EQ(view->getMode(), -1);
     EXPECT_EQ(view->isBusy(), 0);
-    EXPECT_EQ(view->getDragButton(), 0);
+    EXPECT_EQ(view->getDragButton(), DragNone);
     EXPECT_FALSE(view->getOverlayOption());
     EXPECT_EQ(view->getDisplay(), nullptr);
     EXPECT_EQ(view->referenceCount(), 1);
@@ -83,7 +83,7 @@ TEST(TrackBallState, ForgetsTheDragWhenTheButtonGoesUp) {
         EXPECT_EQ(view->onButtonDown(button, 10, 10), 1);
         EXPECT_EQ(view->getDragButton(), button);
         EXPECT_EQ(view->onButtonUp(), 1);
-        EXPECT_EQ(view->getDragButton(), 0);
+        EXPECT_EQ(view->getDragButton(), DragNone);
     }
 }
 
@@ -218,7 +218,7 @@ TEST_F(TrackBallStateDisplay, ThatOwnsTheCameraIsNotKeptAlive) {
 TEST_F(TrackBallStateDisplay, IsNoMoreOnceTheOwnerGoes) {
     view->setOwner(display.get());
     view->setDisplay(display.get());
-    view->ownerGoes();
+    view->detachOwner();
     EXPECT_EQ(view->getDisplay(), nullptr);
     EXPECT_EQ(display->referenceCount(), 1);
 }
@@ -226,7 +226,7 @@ TEST_F(TrackBallStateDisplay, IsNoMoreOnceTheOwnerGoes) {
 TEST_F(TrackBallStateDisplay, OfTheHostOutlivesTheOwner) {
     view->setOwner(display.get());
     view->setDisplay(other.get());
-    view->ownerGoes();
+    view->detachOwner();
     EXPECT_EQ(view->getDisplay(), other.get());
     EXPECT_EQ(other->referenceCount(), 2);
 }
@@ -236,8 +236,8 @@ TEST_F(TrackBallStateDisplay, GoneWithTheOwnerLeavesACameraThatDrawsNothing) {
     view->setOwner(display.get());
     view->setDisplay(display.get());
     view->onResize(64, 64);
-    view->onButtonDown(2, 10, 10);
-    view->ownerGoes();
+    view->onButtonDown(DragRotate, 10, 10);
+    view->detachOwner();
     const CallTrace trace;
     EXPECT_EQ(view->drawTrackBall(), 1);
     EXPECT_EQ(view->drawAxes(), 0);
@@ -251,12 +251,12 @@ TEST_F(TrackBallStateDisplay, GoneWithTheOwnerLeavesTheStateOfOtherViewsAlone) {
     view->setOwner(display.get());
     view->setDisplay(display.get());
     view->onResize(64, 64);
-    view->ownerGoes();
+    view->detachOwner();
     const CallTrace trace;
     view->onResize(32, 32);
     view->setViewport(1, 2, 3, 4);
     view->restoreViewport();
-    view->setStandardView(6);
+    view->setStandardView(ViewIsometric);
     view->zoomToModel(true);
     view->zoomAt(0.05F, 10, 10);
     view->setRotationCenterAt(10, 10);
@@ -280,7 +280,7 @@ TEST_F(TrackBallStateDisplay, GoneWithTheOwnerLeavesTheMatricesThatTheCameraHas)
     const glm::dmat4 projection = glm::make_mat4(view->getProjectionMatrix());
     const XPnt3d pixel = view->project(1.0, 1.0, 1.0);
     view->setViewport(1, 2, 30, 40);
-    view->ownerGoes();
+    view->detachOwner();
     // Another view's matrices.
     const GlSurface ofAnotherView(32, 16);
     glMatrixMode(GL_MODELVIEW);
@@ -303,7 +303,7 @@ TEST_F(TrackBallStateDisplay, ThatComesAfterTheOwnerIsAskedForItsMatrices) {
     view->setDisplay(display.get());
     view->onResize(64, 32);
     view->getViewport();
-    view->ownerGoes();
+    view->detachOwner();
     const GlSurface ofTheHost(20, 10);
     view->setDisplay(other.get());
     EXPECT_EQ(view->getViewport()[2], 20);
@@ -315,7 +315,7 @@ TEST_F(TrackBallStateDisplay, GoneWithTheOwnerStaysGoneUntilThereIsAnother) {
     view->onResize(64, 64);
     view->setOwner(display.get());
     view->setDisplay(display.get());
-    view->ownerGoes();
+    view->detachOwner();
     view->setDisplay(nullptr);
     const CallTrace trace;
     view->drawAxes();

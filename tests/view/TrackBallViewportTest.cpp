@@ -174,13 +174,14 @@ TEST_P(TrackBallViewport, TheTrackballSphereAndItsDragsFollowTheMouseInTheViewpo
         camera->onButtonUp();
         return Placement(*camera);
     };
-    for (const std::int32_t button : {1, 2}) {
+    for (const std::int32_t button : {DragPan, DragRotate}) {
         camera->setViewport(0, 0, kWidth, kHeight);
         const Placement whole = dragged(button, {90.0, 60.0}, {130.0, 85.0});
         showThroughViewport();
         const Placement shown = dragged(button, windowOf(90.0, 60.0), windowOf(130.0, 85.0));
         // A pan counts whole pixels of the window.
-        const double tolerance = button == 1 ? 2.0 / static_cast<double>(camera->getPixelsPerUnit()) : 1e-2;
+        const double tolerance =
+            button == DragPan ? 2.0 / static_cast<double>(camera->getPixelsPerUnit()) : 1e-2;
         EXPECT_TRUE(isNear(shown.eye, whole.eye, tolerance)) << button;
         EXPECT_TRUE(isNear(shown.target, whole.target, tolerance)) << button;
     }
@@ -207,7 +208,7 @@ TEST_P(TrackBallViewport, TheSphereKeepsItsSizeInTheModel) {
     const auto [whole, shown] = inBoth([&] {
         camera->setCamera({60.0, -50.0, 70.0}, {2.0, 1.0, -1.0}, {0.0, 0.0, 1.0});
         camera->updateSphereRadius();
-        camera->onButtonDown(2, 100, 75);
+        camera->onButtonDown(DragRotate, 100, 75);
         camera->onMouseMove(110, 80);
         const CallTrace trace;
         camera->drawTrackBall();
@@ -230,7 +231,7 @@ TEST(TrackBallViewportMissing, AnswersAndStaysFinite) {
     const float pixels = camera->getPixelsPerUnit();
     EXPECT_TRUE(std::isfinite(pixels));
     EXPECT_EQ(camera->drawLabel(0.0, 0.0, 0.0, 0.0, 0.0, "text"), 0);
-    camera->onButtonDown(2, 10, 10);
+    camera->onButtonDown(DragRotate, 10, 10);
     camera->onMouseMove(20, 20);
     camera->onButtonUp();
     EXPECT_TRUE(isFinitePlacement(Placement(*camera)));

@@ -227,13 +227,13 @@ const NextCall kNextCalls[] = {
     {"applyStereoModelview", [](CQelTrackBall& v) { v.applyStereoModelview(3.0); }},
     {"a rotation",
      [](CQelTrackBall& v) {
-         v.onButtonDown(2, 20, 20);
+         v.onButtonDown(DragRotate, 20, 20);
          v.onMouseMove(60, 30);
          v.onButtonUp();
      }},
     {"a pan",
      [](CQelTrackBall& v) {
-         v.onButtonDown(1, 20, 20);
+         v.onButtonDown(DragPan, 20, 20);
          v.onMouseMove(60, 30);
          v.onButtonUp();
      }},
@@ -265,7 +265,7 @@ TEST_F(TrackBallZoom, OfAnEyeOnItsTargetGoesOnWithWhateverComesNext) {
         }
         EXPECT_TRUE(std::isfinite(view->getPixelsPerUnit()));
         view->setPerspective();
-        EXPECT_EQ(view->setStandardView(3), 1);
+        EXPECT_EQ(view->setStandardView(ViewFront), 1);
         const XPnt3d middle = view->getTarget();
         EXPECT_TRUE(view->isPntInView(middle.x, middle.y, middle.z));
         EXPECT_GT(view->getPixelsPerUnit(), 0.0F);

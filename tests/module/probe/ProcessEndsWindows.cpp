@@ -23,7 +23,7 @@ class Alive {
     Alive() {
         HWND const window =
             CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 64, 64, nullptr, nullptr, nullptr, nullptr);
-        const auto number = static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window));
+        const auto number = qel::handleNumber(window);
         display = exported<IQelDisplay* (*)()>("newScreenDisplay")();
         display->attachWindow(number, false);
         display->setViewSize(64, 64);

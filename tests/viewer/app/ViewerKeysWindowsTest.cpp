@@ -70,7 +70,7 @@ TEST_F(ViewerKeys, SaysInTheViewThatThereIsNoStereo) {
         GTEST_SKIP() << "this driver has stereo views";
     }
     EXPECT_EQ(cameraNow(), before);
-    EXPECT_EQ(stage().annotations().notice, "The driver has no stereo view");
+    EXPECT_EQ(stage().annotations().notice, "Stereo is not supported");
     EXPECT_GT(signals(), 100U);
     // The window still draws.
     play("key 0");
@@ -132,7 +132,7 @@ TEST_P(ViewerKeysZoomRectangle, FillsTheViewWithWhatItShowed) {
     EXPECT_NEAR(after / before, 4.0, 0.4);
     // Once only: the next drag rotates.
     play("down left 130 119\nmove 150 150");
-    EXPECT_EQ(camera().getDragButton(), 2);
+    EXPECT_EQ(camera().getDragButton(), qel::DragRotate);
 }
 
 INSTANTIATE_TEST_SUITE_P(Projections, ViewerKeysZoomRectangle, testing::Bool(), [](const auto& each) {
@@ -158,7 +158,7 @@ TEST_F(ViewerKeys, TakesATinyRectangleForASlipOfTheHand) {
     play("key Z\ndown left 100 100\nmove 130 103\nup left 130 103");
     EXPECT_EQ(cameraNow(), before);
     play("down left 100 100\nmove 160 160");
-    EXPECT_EQ(camera().getDragButton(), 0);
+    EXPECT_EQ(camera().getDragButton(), qel::DragNone);
 }
 
 class ViewerKeysCaptures : public ViewerKeys {
@@ -288,12 +288,12 @@ TEST_F(ViewerKeys, DoesNotTurnASceneWhoseFileSaysWhatPointsUp) {
     const std::string before = cameraNow();
     play("key U");
     EXPECT_EQ(cameraNow(), before);
-    EXPECT_EQ(stage().annotations().notice, "The file says itself that Y points up");
+    EXPECT_EQ(stage().annotations().notice, "The file defines that Y points up");
 }
 
 TEST_F(ViewerKeys, ListsTheWarningsOfTheFilesUntilTheListIsEnded) {
     play("key W");
-    EXPECT_EQ(stage().annotations().notice, "Nothing was left out of the files");
+    EXPECT_EQ(stage().annotations().notice, "No warnings");
     EXPECT_EQ(stage().annotations().panel, qelview::Panel::None);
     qelview::Scene scene = qelview::makeSampleScene();
     scene.warnings = {"a.obj: line 3: odd", "a.obj: line 4: strange"};

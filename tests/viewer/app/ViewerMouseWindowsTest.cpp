@@ -30,7 +30,7 @@ TEST_F(ViewerMouse, RotatesAboutTheModelWithTheLeftButton) {
     play("down left 160 120\nmove 200 100\nup left 200 100");
     EXPECT_GT(qel::dist(camera().getEye(), eye), 0.1 * before);
     EXPECT_NEAR(distance(), before, 1e-5 * before);
-    EXPECT_EQ(camera().getDragButton(), 0);
+    EXPECT_EQ(camera().getDragButton(), qel::DragNone);
 }
 
 TEST_F(ViewerMouse, BringsTheViewBackWithTheHandThatRotates) {
@@ -104,9 +104,9 @@ TEST_F(ViewerMouse, RotatesAboutThePointOfADoubleClick) {
 TEST_F(ViewerMouse, EndsADragWhenTheMouseIsTakenAway) {
     play("down left 160 120\nmove 200 100");
     const std::string before = cameraNow();
-    EXPECT_EQ(camera().getDragButton(), 2);
+    EXPECT_EQ(camera().getDragButton(), qel::DragRotate);
     send(WM_CAPTURECHANGED, 0, 0);
-    EXPECT_EQ(camera().getDragButton(), 0);
+    EXPECT_EQ(camera().getDragButton(), qel::DragNone);
     play("move 260 60\nup left 260 60");
     EXPECT_EQ(cameraNow(), before);
 }
@@ -120,9 +120,9 @@ TEST_F(ViewerMouse, HoldsTheMouseDuringADragAlone) {
 
 TEST_F(ViewerMouse, KeepsToTheFirstButton) {
     play("down left 160 120\nmove 200 100\ndown right 200 100\nup right 200 100");
-    EXPECT_EQ(camera().getDragButton(), 2);
+    EXPECT_EQ(camera().getDragButton(), qel::DragRotate);
     play("up left 200 100");
-    EXPECT_EQ(camera().getDragButton(), 0);
+    EXPECT_EQ(camera().getDragButton(), qel::DragNone);
 }
 
 TEST_F(ViewerMouse, LetsNothingElseMoveTheCameraDuringADrag) {

@@ -118,7 +118,7 @@ TEST_F(MapPanes, DrawTheSameLinesToWithinAPixelAtEveryZoom) {
         draw();
         expectSameLines(qelview::kOutline, 100);
         expectSameLines(qelview::kLineColor, 100);
-        expectSameLines(qelview::kNetColor, 100);
+        expectSameLines(qelview::kGridColor, 100);
     }
 }
 
