@@ -224,7 +224,7 @@ class PlyReading {
                 color = {0.0F, 0.0F, 0.0F};
                 hasMaterial = true;
             }
-            color.*kChannels.at(meaning.axis) = shownShare(values[0] / wholeShareOf(property.type));
+            color.*kChannels.at(meaning.axis) = shownShare(values[0] / maxValueOf(property.type));
         }
         return count;
     }
