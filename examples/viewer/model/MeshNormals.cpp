@@ -1,6 +1,7 @@
 #include "MeshNormals.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -43,22 +44,27 @@ struct CornersOfPlaces {
 };
 
 /// The same number for vertices at the same place.
-std::vector<std::uint32_t> numberPlaces(const Points& positions, std::size_t& count) {
-    Numbering<std::uint64_t, 3> places(positions.size());
+std::vector<std::uint32_t> numberPlaces(const TriangleMesh& mesh, std::size_t& count) {
+    const Points& positions = mesh.positions;
+    if (mesh.arePlacesDistinct) {
+        count = positions.size();
+        std::vector<std::uint32_t> numbers(count);
+        std::iota(numbers.begin(), numbers.end(), 0U);
+        return numbers;
+    }
     // Adding 0 makes -0 a 0.
     const auto word = [](double coordinate) { return std::bit_cast<std::uint64_t>(coordinate + 0.0); };
-    std::vector<std::uint32_t> placeOfVertex;
-    placeOfVertex.reserve(positions.size());
-    for (const qel::XPnt3d& position : positions) {
-        placeOfVertex.push_back(places.numberOf({word(position.x), word(position.y), word(position.z)}));
-    }
-    count = places.known().size();
-    return placeOfVertex;
+    Numbered<std::uint64_t, 3> places =
+        numberAll<std::uint64_t, 3>(positions.size(), positions.size(), [&](std::size_t i) {
+            return std::array{word(positions[i].x), word(positions[i].y), word(positions[i].z)};
+        });
+    count = places.keys.size();
+    return std::move(places.numbers);
 }
 
 CornersOfPlaces sortCorners(const TriangleMesh& mesh) {
     std::size_t count = 0;
-    const std::vector<std::uint32_t> placeOfVertex = numberPlaces(mesh.positions, count);
+    const std::vector<std::uint32_t> placeOfVertex = numberPlaces(mesh, count);
     CornersOfPlaces places;
     places.begin.assign(count + 1, 0);
     for (const std::uint32_t vertex : mesh.indices) {
@@ -83,22 +89,23 @@ qel::XPnt3d crossOf(const TriangleMesh& mesh, std::size_t triangle) {
 
 std::vector<Facet> facetsOf(const TriangleMesh& mesh) {
     std::vector<Facet> facets(mesh.indices.size() / 3);
+    std::vector<double> areas(facets.size());
     const std::vector<Piece> pieces = piecesOf(facets.size());
     std::vector<double> largestOfPieces(pieces.size());
     onAllCores(pieces, [&](std::size_t number) {
         double largest = 0.0;
         for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
-            largest = std::max(largest, crossOf(mesh, i).norm());
+            const qel::XPnt3d cross = crossOf(mesh, i);
+            // As the norm of a vector does, which is a call into a library.
+            areas[i] = std::hypot(cross.x, cross.y, cross.z);
+            facets[i].normal = areas[i] > 0.0 ? qel::XPnt3f(cross * (1.0 / areas[i])) : qel::XPnt3f();
+            largest = std::max(largest, areas[i]);
         }
         largestOfPieces[number] = largest;
     });
     const double largest = *std::max_element(largestOfPieces.begin(), largestOfPieces.end());
     forEachOnAllCores(facets.size(), [&](std::size_t i) {
-        const qel::XPnt3d cross = crossOf(mesh, i);
-        const double area = cross.norm();
-        if (area > 0.0) {
-            facets[i] = {qel::XPnt3f(cross * (1.0 / area)), static_cast<float>(area / largest)};
-        }
+        facets[i].area = areas[i] > 0.0 ? static_cast<float>(areas[i] / largest) : 0.0F;
     });
     return facets;
 }
@@ -165,7 +172,9 @@ class Smoother {
     }
 
     static qel::XPnt3d weighted(const Facet& facet) {
-        return qel::XPnt3d(facet.normal) * static_cast<double>(facet.area);
+        const auto area = static_cast<double>(facet.area);
+        return {static_cast<double>(facet.normal.x) * area, static_cast<double>(facet.normal.y) * area,
+                static_cast<double>(facet.normal.z) * area};
     }
 
     /// True if all triangles around the place are so near to their mean that no two can be an edge.
@@ -237,7 +246,7 @@ class Smoother {
 qel::XPnt3f unitNormal(const qel::XPnt3d& normal) {
     // The reciprocal of a shorter one is not finite.
     constexpr double kShortest = 1e-300;
-    const double length = normal.norm();
+    const double length = std::hypot(normal.x, normal.y, normal.z);
     const bool isUsable = std::isfinite(length) && length > kShortest;
     return isUsable ? qel::XPnt3f(normal * (1.0 / length)) : qel::XPnt3f(0.0F, 0.0F, 1.0F);
 }
@@ -261,6 +270,7 @@ void makeNormals(TriangleMesh& mesh, double creaseAngleDegrees) {
     for (Smoother& smoother : smoothers) {
         smoother.appendCopies();
     }
+    mesh.arePlacesDistinct = false;
 }
 
 }  // namespace qelview

@@ -42,6 +42,8 @@ struct TriangleMesh {
     std::vector<qel::QelColor3f> colors;
     /// Used where there are no colours.
     qel::QelColor3f color{0.75F, 0.75F, 0.78F};
+    /// True while it is known that no two positions are the same, which saves `makeNormals` comparing them.
+    bool arePlacesDistinct = false;
     /// One shade a triangle instead of a smooth surface.
     bool faceted = false;
     /// Empty, or one a position.

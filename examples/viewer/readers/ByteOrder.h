@@ -9,7 +9,7 @@ namespace qelview {
 
 enum class ByteOrder : std::uint8_t { Little, Big };
 
-/// A number from anywhere in memory, in the byte order of the file.
+/// Reads a number in the byte order of the file; it needs no alignment.
 template <class Scalar>
 [[nodiscard]] Scalar readScalar(const char* from, ByteOrder order) {
     std::array<char, sizeof(Scalar)> bytes;

@@ -32,15 +32,15 @@ std::string readBytes(const std::filesystem::path& file, std::uintmax_t most) {
     return bytes;
 }
 
-bool isNameBeside(std::string_view name) {
+bool isSiblingName(std::string_view name) {
     const bool isAbsolute = name.starts_with('/') || name.starts_with('\\');
     const bool hasScheme = name.find(':') != std::string_view::npos;
     return !name.empty() && !isAbsolute && !hasScheme && name.find("..") == std::string_view::npos;
 }
 
-std::optional<std::string> bytesBeside(const std::filesystem::path& model, std::string_view name,
+std::optional<std::string> siblingBytes(const std::filesystem::path& model, std::string_view name,
                                        std::uintmax_t most) {
-    if (!isNameBeside(name)) {
+    if (!isSiblingName(name)) {
         return std::nullopt;
     }
     try {

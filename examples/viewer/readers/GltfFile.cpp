@@ -34,10 +34,10 @@ std::string bytesNamed(const std::string& place, const json& member, const std::
         return std::move(*bytes);
     }
     const std::string name = percentDecode(uri);
-    if (!isNameBeside(name)) {
+    if (!isSiblingName(name)) {
         refuse(place, qelview::quoted(name) + " is not a file beside this one");
     }
-    bytes = bytesBeside(file, name, room);
+    bytes = siblingBytes(file, name, room);
     if (!bytes) {
         refuse(place, "the file " + qelview::quoted(name) + " cannot be read");
     }
@@ -250,7 +250,7 @@ GltfNumbers GltfFile::numbers(const std::string& place, const json& accessor, st
         for (std::size_t k = 0; k < width; ++k) {
             const double number = readAs(type, first + k * sizeOf(type), ByteOrder::Little);
             // The lowest of a signed type lies beyond -1 by one step.
-            numbers.values.push_back(areShares ? std::max(number / wholeShareOf(type), -1.0) : number);
+            numbers.values.push_back(areShares ? std::max(number / maxValueOf(type), -1.0) : number);
         }
     }
     return numbers;

@@ -26,9 +26,9 @@ std::shared_ptr<const TextureImage> ModelImages::fileNamed(std::string_view name
         refuseIt("too many images");
     }
     std::shared_ptr<const TextureImage>& image = files[std::string(name)];
-    const std::optional<std::string> bytes = bytesBeside(model, name, kLargestImageFile);
+    const std::optional<std::string> bytes = siblingBytes(model, name, kLargestImageFile);
     if (!bytes) {
-        refuseIt(isNameBeside(name) ? "the file cannot be read" : "not a file next to the model");
+        refuseIt(isSiblingName(name) ? "the file cannot be read" : "not a file next to the model");
     }
     try {
         image = decoded(*bytes);

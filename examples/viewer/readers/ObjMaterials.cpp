@@ -73,10 +73,10 @@ bool ObjMaterials::readLibrary(std::string_view name) {
     if (libraries.size() == kMostLibraries) {
         return false;
     }
-    std::optional<std::string> text = bytesBeside(file, name, kLargestLibrary);
+    std::optional<std::string> text = siblingBytes(file, name, kLargestLibrary);
     if (!text) {
         std::filesystem::path likeTheModel = file.filename();
-        text = bytesBeside(file, utf8(likeTheModel.replace_extension("mtl")), kLargestLibrary);
+        text = siblingBytes(file, utf8(likeTheModel.replace_extension("mtl")), kLargestLibrary);
     }
     if (text) {
         readText(*text);

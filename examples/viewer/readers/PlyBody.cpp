@@ -10,7 +10,7 @@ namespace qelview {
 
 namespace {
 
-/// Of an ASCII body: one instance a line.
+/// An ASCII body: one instance a line.
 class AsciiBody final : public PlyBody {
   public:
     AsciiBody(std::string_view bytes, const PlyHeader& header, Warnings& warningsOfFile,
@@ -44,7 +44,7 @@ class AsciiBody final : public PlyBody {
         }
         const std::string reason =
             std::to_string(words.size()) + " values where the header promises " + std::to_string(used);
-        // Where a list says its own length, more values mean that something else is wrong.
+        // After a list, which says its own length, extra values are an error.
         if (current->hasList()) {
             refuseHere(reason);
         }
@@ -54,7 +54,7 @@ class AsciiBody final : public PlyBody {
     [[nodiscard]] std::string here() const override { return atLine(lines.number()); }
     [[nodiscard]] std::string_view records() const override { return {}; }
     void passRecords(std::size_t) override {}
-    /// A digit and what separates it for each value.
+    /// Each value takes a digit and a separator.
     [[nodiscard]] std::uint64_t mostInstances(const PlyElement& element) const override {
         return (text.size() - std::min(lines.position(), text.size())) / (2 * element.properties.size()) + 1;
     }
@@ -68,7 +68,6 @@ class AsciiBody final : public PlyBody {
     const PlyElement* current = nullptr;
 };
 
-/// Of a binary body.
 class BinaryBody final : public PlyBody {
   public:
     BinaryBody(std::string_view bytes, const PlyHeader& header, const ProgressStretch& progressOfBody)
@@ -96,13 +95,13 @@ class BinaryBody final : public PlyBody {
     [[nodiscard]] std::string here() const override { return current->name + " " + std::to_string(instance); }
     [[nodiscard]] std::string_view records() const override { return body.substr(used); }
     void passRecords(std::size_t bytes) override { used += bytes; }
-    /// Lists can be empty: a length each.
+    /// Lists can be empty, so each takes a length.
     [[nodiscard]] std::uint64_t mostInstances(const PlyElement& element) const override {
         std::size_t size = 0;
         for (const PlyProperty& property : element.properties) {
             size += sizeOf(property.countType.value_or(property.type));
         }
-        // Elements without properties take no bytes, and nothing is made of them.
+        // Elements without properties take no bytes and are ignored.
         return size == 0 ? 0 : (body.size() - used) / size;
     }
 

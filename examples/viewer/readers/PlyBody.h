@@ -12,24 +12,24 @@
 
 namespace qelview {
 
-/// Hands out the values of the body one by one, and knows where it stands.
+/// Reads the values of a body one by one, and knows its position.
 class PlyBody {
   public:
     virtual ~PlyBody() = default;
-    /// @throws ReadError if the file ends before.
+    /// @throws ReadError at the end of the file.
     virtual void beginInstance(const PlyElement& element, std::uint64_t index) = 0;
     /// @throws ReadError if there is none.
     virtual double next(ScalarType type) = 0;
-    /// @throws ReadError if there is more, where that is not harmless.
+    /// @throws ReadError if there are more values, unless they are harmless.
     virtual void endInstance() = 0;
     [[noreturn]] virtual void refuseHere(const std::string& reason) const = 0;
     /// "line 12", "face 7": the current instance.
     [[nodiscard]] virtual std::string here() const = 0;
-    /// All that follows, if instances are records of bytes; nothing for lines of text.
+    /// The bytes that follow in a binary body; empty for text.
     [[nodiscard]] virtual std::string_view records() const = 0;
-    /// Leaves so many bytes of records behind.
+    /// Skips bytes of records.
     virtual void passRecords(std::size_t bytes) = 0;
-    /// How many instances of an element can follow at most, to go by the size of the file.
+    /// Upper bound of the instances of an element that can follow, from the size of the file.
     [[nodiscard]] virtual std::uint64_t mostInstances(const PlyElement& element) const = 0;
 };
 

@@ -100,7 +100,7 @@ void PlyVertices::resize(std::size_t count) {
 
 std::size_t PlyVertices::setColumn(const PlyMeaning& meaning, ScalarType type, std::size_t first,
                                    const double* values, std::size_t count) {
-    const double whole = wholeShareOf(type);
+    const double whole = maxValueOf(type);
     switch (meaning.use) {
         case PlyUse::Position: {
             constexpr std::array<double qel::XPnt3d::*, 3> kAxes{&qel::XPnt3d::x, &qel::XPnt3d::y,

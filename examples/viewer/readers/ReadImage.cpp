@@ -14,13 +14,19 @@ namespace {
 
 /// What the decoder on this thread may still allocate. A compressed image of a few pixels can unpack to
 /// gigabytes that no pixel shows.
-thread_local std::size_t bytesLeft = 0;
+struct Budget {
+    std::uint64_t bytesLeft = 0;
+    bool isExceeded = false;
+};
+
+thread_local Budget budget;
 
 bool takeBytes(std::size_t size) {
-    if (size > bytesLeft) {
+    if (size > budget.bytesLeft) {
+        budget.isExceeded = true;
         return false;
     }
-    bytesLeft -= size;
+    budget.bytesLeft -= size;
     return true;
 }
 
@@ -66,6 +72,8 @@ constexpr std::uint64_t kBytesPerPixel = 64;
 /// Tables, and buffers that grow with the file.
 constexpr std::uint64_t kBytesPerImage = 1U << 20U;
 constexpr std::uint64_t kBytesPerFileByte = 8;
+/// Of an image of any size: with what is there of the model, less than a gigabyte.
+constexpr std::uint64_t kMostBytes = 768U << 20U;
 
 struct Release {
     void operator()(stbi_uc* pixels) const { stbi_image_free(pixels); }
@@ -78,7 +86,7 @@ TextureImage readImage(std::string_view bytes, std::uint64_t mostPixels) {
     const int size = bytes.size() > INT_MAX ? 0 : static_cast<int>(bytes.size());
     TextureImage image;
     int channels = 0;
-    bytesLeft = kBytesPerImage;
+    budget = {kBytesPerImage};
     if (stbi_info_from_memory(data, size, &image.width, &image.height, &channels) == 0 || image.width <= 0 ||
         image.height <= 0) {
         throw ReadError("not a PNG, JPEG, TGA or BMP image");
@@ -90,13 +98,14 @@ TextureImage readImage(std::string_view bytes, std::uint64_t mostPixels) {
     }
     // Grey with alpha has two channels, and colour with alpha four.
     image.channels = channels % 2 == 0 ? 4 : 3;
-    bytesLeft = kBytesPerImage + pixels * kBytesPerPixel + bytes.size() * kBytesPerFileByte;
+    budget = {
+        std::min(kBytesPerImage + pixels * kBytesPerPixel + bytes.size() * kBytesPerFileByte, kMostBytes)};
     const std::unique_ptr<stbi_uc, Release> decoded(
         stbi_load_from_memory(data, size, &image.width, &image.height, &channels, image.channels));
     const std::uint64_t decodedPixels =
         static_cast<std::uint64_t>(image.width) * static_cast<std::uint64_t>(image.height);
     if (!decoded || decodedPixels != pixels) {
-        throw ReadError("a damaged image");
+        throw ReadError(budget.isExceeded ? "takes too much memory to decode" : "a damaged image");
     }
     image.pixels.assign(decoded.get(), decoded.get() + pixels * static_cast<std::uint64_t>(image.channels));
     return image;

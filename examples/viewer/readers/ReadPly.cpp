@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "ByteOrder.h"
 #include "MeshFaces.h"
 #include "MeshLook.h"
 #include "ModelImages.h"
@@ -117,6 +118,10 @@ class PlyReading {
     void readInstances(const PlyElement& element) {
         for (std::uint64_t index = 0; index < element.count; ++index) {
             body.beginInstance(element, index);
+            if (const std::uint64_t triangles = readTriangles(element, index); triangles > 0) {
+                index += triangles - 1;
+                continue;
+            }
             if (isVertex) {
                 vertices.resize(index + 1);
             }
@@ -133,6 +138,41 @@ class PlyReading {
             }
             body.endInstance();
         }
+    }
+
+    /// Triangles as most binary files write them, which are most of the bytes: those that follow and can be
+    /// shown, up to a report of progress. Anything else is read value by value.
+    /// @return how many.
+    std::uint64_t readTriangles(const PlyElement& element, std::uint64_t first) {
+        constexpr std::size_t kSize = sizeof(std::uint8_t) + 3 * sizeof(std::uint32_t);
+        constexpr std::uint64_t kMost = 65536;
+        const PlyProperty& property = element.properties.front();
+        const bool isInt = property.type == ScalarType::Int32 || property.type == ScalarType::Uint32;
+        if (meanings.size() > 1 || meanings.front().use != PlyUse::Corners || !isInt ||
+            property.countType != ScalarType::Uint8) {
+            return 0;
+        }
+        const std::string_view records = body.records();
+        const std::uint64_t most = std::min<std::uint64_t>(element.count - first, records.size() / kSize);
+        if (first == 0) {
+            faces.reserveTriangles(most);
+        }
+        // A negative number looks like one beyond these.
+        const auto vertexCount = std::min<std::uint64_t>(vertexElement.count, 1U << 31U);
+        std::uint64_t count = 0;
+        for (const char* at = records.data(); count < std::min(most, kMost) && *at == 3; at += kSize) {
+            std::array<std::uint32_t, 3> triangle;
+            for (std::size_t i = 0; i < triangle.size(); ++i) {
+                triangle[i] = readScalar<std::uint32_t>(at + 1 + i * sizeof(std::uint32_t), header.byteOrder);
+            }
+            if (std::max({triangle[0], triangle[1], triangle[2]}) >= vertexCount) {
+                break;
+            }
+            faces.add(triangle);
+            ++count;
+        }
+        body.passRecords(count * kSize);
+        return count;
     }
 
     /// Instances of a fixed size in bytes, one property of a block of them after the other.
@@ -184,7 +224,7 @@ class PlyReading {
                 color = {0.0F, 0.0F, 0.0F};
                 hasMaterial = true;
             }
-            color.*kChannels.at(meaning.axis) = shownShare(values[0] / wholeShareOf(property.type));
+            color.*kChannels.at(meaning.axis) = shownShare(values[0] / maxValueOf(property.type));
         }
         return count;
     }

@@ -23,6 +23,7 @@ constexpr std::size_t kHeaderSize = 84;
 constexpr std::size_t kRecordSize = 50;
 constexpr std::size_t kCountOffset = 80;
 constexpr std::size_t kNormalSize = 12;
+constexpr std::size_t kPlaceSize = 12;
 constexpr std::size_t kColorOffset = 48;
 
 /// Of a triangle: five bits a channel, if the highest one is set.
@@ -54,25 +55,24 @@ qel::QelColor3f colorOf(std::uint16_t bits) {
     return {share(10), share(5), share(0)};
 }
 
-/// Gives the corners of binary triangles their vertices: places and colours that differ. Looking up what is
-/// known already takes longest, so that each core looks up its own share of the places.
 class BinaryStlReading {
   public:
     BinaryStlReading(std::string_view bytesOfFile, const ProgressStretch& progressOfFile)
         : bytes(bytesOfFile),
           progress(progressOfFile),
           triangles(promisedTriangles(bytes)),
-          // As many as there are cores, if it is worth while.
-          pieces(piecesOf(triangles)),
-          shares(pieces.size()) {}
+          cornersOfFirstCore(piecesOf(triangles * 3).front().end) {}
 
     Scene run() {
         if (triangles == 0) {
             refuse("header", "there is no triangle");
         }
-        mesh.indices.resize(triangles * 3);
-        onAllCores(pieces, [this](std::size_t share) { numberCorners(share); });
-        giveVertices();
+        // Closed surfaces have twice as many triangles as vertices.
+        auto [corners, keys] = numberAll<std::uint32_t, 4>(
+            triangles * 3, triangles / 2 + 2, [this](std::size_t corner) { return keyOf(corner); });
+        TriangleMesh mesh;
+        mesh.indices = std::move(corners);
+        giveVertices(mesh, keys);
         Scene scene;
         scene.meshes.push_back(std::move(mesh));
         if (const std::uint64_t left = bytes.size() - kHeaderSize - kRecordSize * triangles; left > 0) {
@@ -83,42 +83,18 @@ class BinaryStlReading {
     }
 
   private:
+    /// The place and the colour of a vertex.
     using Key = std::array<std::uint32_t, 4>;
 
-    /// The vertices of one core.
-    struct Share {
-        Numbering<std::uint32_t, 4> vertices{0};
-        bool hasColors = false;
-    };
-
-    /// Of all triangles, the corners whose places belong to a share. Until all are known, an index is the
-    /// number within the share, times the number of shares, plus the share.
-    void numberCorners(std::size_t number) {
-        // Closed surfaces have twice as many triangles as vertices.
-        Share share{Numbering<std::uint32_t, 4>(triangles / 2 / shares.size() + 2)};
-        for (std::uint64_t triangle = 0; triangle < triangles; ++triangle) {
-            if (number == 0) {
-                progress.reportPiece(triangle, triangles);
-            }
-            const char* const record = bytes.data() + kHeaderSize + kRecordSize * triangle;
-            const auto bits = readScalar<std::uint16_t>(record + kColorOffset, ByteOrder::Little);
-            const std::uint16_t color = (bits & kHasColor) != 0 ? bits : 0;
-            share.hasColors = share.hasColors || color != 0;
-            for (std::size_t corner = 0; corner < 3; ++corner) {
-                const Key key = keyOf(record + kNormalSize + 3 * corner * sizeof(float), color, triangle);
-                // Bits that neighbours differ in.
-                const std::uint32_t mixed = (key[0] ^ key[1] * 31U ^ key[2] * 97U) * 0x9E3779B1U;
-                if ((mixed >> 16U) % shares.size() == number) {
-                    mesh.indices[3 * triangle + corner] =
-                        static_cast<std::uint32_t>(share.vertices.numberOf(key) * shares.size() + number);
-                }
-            }
+    [[nodiscard]] Key keyOf(std::size_t corner) const {
+        if (corner < cornersOfFirstCore) {
+            progress.reportPiece(corner, cornersOfFirstCore);
         }
-        shares[number] = std::move(share);
-    }
-
-    static Key keyOf(const char* place, std::uint16_t color, std::uint64_t triangle) {
-        Key key{0, 0, 0, color};
+        const std::size_t triangle = corner / 3;
+        const char* const record = bytes.data() + kHeaderSize + kRecordSize * triangle;
+        const char* const place = record + kNormalSize + corner % 3 * kPlaceSize;
+        const auto bits = readScalar<std::uint16_t>(record + kColorOffset, ByteOrder::Little);
+        Key key{0, 0, 0, (bits & kHasColor) != 0 ? std::uint32_t{bits} : 0U};
         for (std::size_t axis = 0; axis < 3; ++axis) {
             const auto value = readScalar<float>(place + axis * sizeof(float), ByteOrder::Little);
             if (!(std::abs(value) <= static_cast<float>(kLargestCoordinate))) {
@@ -126,39 +102,33 @@ class BinaryStlReading {
                        "a coordinate " + faultOfCoordinate(static_cast<double>(value)));
             }
             // Adding 0 makes -0 a 0.
-            key.at(axis) = std::bit_cast<std::uint32_t>(value + 0.0F);
+            key[axis] = std::bit_cast<std::uint32_t>(value + 0.0F);
         }
         return key;
     }
 
-    void giveVertices() {
+    static void giveVertices(TriangleMesh& mesh, const std::vector<Key>& keys) {
         const auto coordinate = [](std::uint32_t word) {
             return static_cast<double>(std::bit_cast<float>(word));
         };
         const bool hasColors =
-            std::any_of(shares.begin(), shares.end(), [](const Share& share) { return share.hasColors; });
-        std::vector<std::uint32_t> firsts;
-        for (const Share& share : shares) {
-            firsts.push_back(static_cast<std::uint32_t>(mesh.positions.size()));
-            for (const auto& [x, y, z, color] : share.vertices.known()) {
-                mesh.positions.emplace_back(coordinate(x), coordinate(y), coordinate(z));
-                if (hasColors) {
-                    mesh.colors.push_back(colorOf(static_cast<std::uint16_t>(color)));
-                }
+            std::any_of(keys.begin(), keys.end(), [](const Key& key) { return key[3] != 0; });
+        // Vertices that differ in their colours alone can share a place.
+        mesh.arePlacesDistinct = !hasColors;
+        mesh.positions.reserve(keys.size());
+        for (const auto& [x, y, z, color] : keys) {
+            mesh.positions.emplace_back(coordinate(x), coordinate(y), coordinate(z));
+            if (hasColors) {
+                mesh.colors.push_back(colorOf(static_cast<std::uint16_t>(color)));
             }
         }
-        const auto count = static_cast<std::uint32_t>(shares.size());
-        forEachOnAllCores(mesh.indices.size(), [&](std::size_t i) {
-            mesh.indices[i] = firsts[mesh.indices[i] % count] + mesh.indices[i] / count;
-        });
     }
 
     std::string_view bytes;
     ProgressStretch progress;
     std::uint64_t triangles;
-    std::vector<Piece> pieces;
-    std::vector<Share> shares;
-    TriangleMesh mesh;
+    /// Its progress is that of all.
+    std::size_t cornersOfFirstCore;
 };
 
 /// Follows the keywords of the text in their order.
@@ -178,6 +148,7 @@ class AsciiStlReading {
         } else if (state != State::Outside) {
             refuse(atLine(lines.number()), "the file ends inside a triangle");
         }
+        numberWaiting();
         if (mesh.indices.empty()) {
             refuse("end of file", "there is no triangle");
         }
@@ -185,6 +156,7 @@ class AsciiStlReading {
     }
 
   private:
+    using Places = Numbering<std::uint64_t, 3>;
     enum class State : std::uint8_t { Outside, Solid, Facet, Loop, LoopDone };
 
     void step() {
@@ -247,13 +219,23 @@ class AsciiStlReading {
         if (words.size() > 4) {
             warnings.add(atLine(lines.number()), "a vertex with more than 3 coordinates");
         }
-        std::array<std::uint64_t, 3> key{};
+        Places::Key key{};
         for (std::size_t i = 0; i < key.size(); ++i) {
             // Adding 0 makes -0 a 0.
             key.at(i) = std::bit_cast<std::uint64_t>(readCoordinate(words[i + 1], lines) + 0.0);
         }
-        mesh.indices.push_back(vertices.numberOf(key));
+        waiting.at(waitingCount++) = key;
+        if (waitingCount == waiting.size()) {
+            numberWaiting();
+        }
         ++cornersOfLoop;
+    }
+
+    void numberWaiting() {
+        const std::size_t known = mesh.indices.size();
+        mesh.indices.resize(known + waitingCount);
+        vertices.numberBlock(waiting.data(), waitingCount, mesh.indices.data() + known);
+        waitingCount = 0;
     }
 
     void closeLoop() {
@@ -264,6 +246,7 @@ class AsciiStlReading {
     }
 
     Scene finished() {
+        mesh.arePlacesDistinct = true;
         mesh.positions.reserve(vertices.known().size());
         for (const auto& [x, y, z] : vertices.known()) {
             mesh.positions.emplace_back(std::bit_cast<double>(x), std::bit_cast<double>(y),
@@ -279,7 +262,10 @@ class AsciiStlReading {
     Warnings warnings;
     std::vector<std::string_view> words;
     State state = State::Outside;
-    Numbering<std::uint64_t, 3> vertices{0};
+    Places vertices{0};
+    /// Corners of the last triangles, whose vertices have no numbers yet.
+    std::array<Places::Key, Places::kBlock> waiting{};
+    std::size_t waitingCount = 0;
     TriangleMesh mesh;
     std::size_t cornersOfLoop = 0;
 };

@@ -10,7 +10,7 @@ namespace {
 
 struct Known {
     std::size_t size;
-    double wholeShare;
+    double maxValue;
     double (*read)(const char*, ByteOrder);
     void (*readColumn)(const char*, std::size_t, std::size_t, ByteOrder, double*);
 };
@@ -67,8 +67,8 @@ void readColumn(ScalarType type, const char* from, std::size_t stride, std::size
     knownOf(type).readColumn(from, stride, count, order, into);
 }
 
-double wholeShareOf(ScalarType type) {
-    return knownOf(type).wholeShare;
+double maxValueOf(ScalarType type) {
+    return knownOf(type).maxValue;
 }
 
 }  // namespace qelview

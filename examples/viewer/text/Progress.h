@@ -8,11 +8,11 @@
 
 namespace qelview {
 
-/// How far a load is; written by the loading thread, read by the one that shows it.
+/// Progress of a load: written by the loading thread, read by the thread that shows it.
 class Progress {
   public:
-    /// @param done the share of the whole work that is done, from 0 to 1.
-    /// @throws ReadCancelled if the user gave up.
+    /// @param done from 0 to 1.
+    /// @throws ReadCancelled after `cancel`.
     void report(double done) {
         share = std::clamp(done, 0.0, 1.0);
         if (cancelled) {
@@ -28,12 +28,12 @@ class Progress {
     std::atomic<bool> cancelled = false;
 };
 
-/// A stretch of a progress, so that a reader counts its own work from 0 to 1.
+/// A range of a progress: a reader reports its own work from 0 to 1.
 class ProgressStretch {
   public:
     ProgressStretch(Progress& whole, double from, double to) : progress(&whole), begin(from), end(to) {}
     void report(double done) const { progress->report(begin + (end - begin) * std::clamp(done, 0.0, 1.0)); }
-    /// Of work in many small pieces: reports before one in thousands, since a report costs more than a piece.
+    /// For work in many small pieces: reports once in thousands, since a report costs more than a piece.
     void reportPiece(std::size_t piece, std::size_t pieces) const {
         constexpr std::size_t kPiecesBetweenReports = 65536;
         if (piece % kPiecesBetweenReports == 0) {
@@ -41,7 +41,7 @@ class ProgressStretch {
         }
     }
     [[nodiscard]] bool isCancelled() const { return progress->isCancelled(); }
-    /// A stretch of this stretch.
+    /// A range of this range.
     [[nodiscard]] ProgressStretch part(double from, double to) const {
         const double length = end - begin;
         return {*progress, begin + from * length, begin + to * length};

@@ -15,13 +15,13 @@ namespace {
 constexpr std::size_t kLinesBetweenReports = 4096;
 constexpr std::string_view kBlanks = " \t\v\f";
 
-/// An object, so that algorithms take it in; the first comparison is enough for most characters.
+/// A lambda, so that algorithms inline it. The first comparison decides most characters.
 constexpr auto kIsBlank = [](char character) {
     return character <= ' ' &&
            (character == ' ' || (character >= '\t' && character <= '\f' && character != '\n'));
 };
 
-/// `std::from_chars` knows no plus sign.
+/// `std::from_chars` does not accept a plus sign.
 std::string_view withoutPlus(std::string_view word) {
     if (word.size() > 1 && word.front() == '+' && word[1] != '-') {
         word.remove_prefix(1);

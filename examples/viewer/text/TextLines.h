@@ -10,12 +10,12 @@
 
 namespace qelview {
 
-/// Goes through the lines of a text and knows where it is. Lines may end in LF or CR LF.
+/// Iterates over the lines of a text and knows its position. Lines end in LF or CR LF.
 class TextLines {
   public:
     TextLines(std::string_view wholeText, const ProgressStretch& progressOfText);
 
-    /// Moves to the next line; false at the end.
+    /// Advances to the next line; false at the end.
     bool next();
     /// The current line without its end.
     [[nodiscard]] std::string_view line() const { return current; }
@@ -34,34 +34,34 @@ class TextLines {
     std::size_t lineNumber = 0;
 };
 
-/// Refuses what is not text at all: UTF-16, and bytes of 0.
+/// @throws ReadError for UTF-16 and for text with null bytes.
 void requireText(std::string_view text);
 
-/// The words of a line, separated by spaces and tabs. The storage of `words` is used again.
+/// Splits a line at spaces and tabs. Reuses the storage of `words`.
 void splitWords(std::string_view line, std::vector<std::string_view>& words);
 
-/// What stands behind the first word of a line, without the blanks around it.
+/// The line after its first word, trimmed.
 [[nodiscard]] std::string_view behindFirstWord(std::string_view line);
 
-/// The decimal number that a word is, whatever the language of the system; nothing if it is none.
+/// Parses a decimal number independently of the locale; nothing if the word is not a number.
 [[nodiscard]] std::optional<double> numberIn(std::string_view word);
 
-/// The same.
-/// @throws ReadError that names the current line if it is no number.
+/// Parses a decimal number.
+/// @throws ReadError that names the current line if the word is not a number.
 [[nodiscard]] double readNumber(std::string_view word, const TextLines& lines);
 
-/// The largest coordinate that is read: its square, which drawing needs, still fits a float.
+/// The largest coordinate accepted: drawing squares it in single precision.
 inline constexpr double kLargestCoordinate = 1e15;
 
-/// What is wrong with a coordinate; empty if nothing is.
+/// Why a coordinate is invalid; empty if it is valid.
 [[nodiscard]] std::string faultOfCoordinate(double value);
 
-/// A finite number that can be drawn.
-/// @throws ReadError that names the current line if it is not one.
+/// Parses a coordinate.
+/// @throws ReadError that names the current line if it is not a number, not finite or too large.
 [[nodiscard]] double readCoordinate(std::string_view word, const TextLines& lines);
 
-/// A whole number.
-/// @throws ReadError that names the current line if it is not one.
+/// Parses an integer.
+/// @throws ReadError that names the current line if the word is not an integer.
 [[nodiscard]] long long readWhole(std::string_view word, const TextLines& lines);
 
 }  // namespace qelview

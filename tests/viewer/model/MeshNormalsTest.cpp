@@ -8,6 +8,7 @@
 #include <limits>
 #include <set>
 #include <tuple>
+#include <vector>
 
 namespace {
 
@@ -58,11 +59,134 @@ TEST(MeshNormals, SmoothsAcrossVerticesThatShareOnlyTheirPlace) {
     EXPECT_NEAR(first.z, 1.0F, 1e-6F);
 }
 
-TEST(MeshNormals, CountsLargeTrianglesMore) {
+TEST(MeshNormals, CountsTrianglesByTheirAreas) {
     TriangleMesh roof;
     roof.positions = {{0, 0, 0}, {0, 1, 0}, {-1, 0, -0.2}, {0, 1, 0}, {0, 0, 0}, {9, 0, -1.8}};
+    // The vector product of two edges is as long as the area is large.
+    qel::XPnt3d expected = qel::cross(roof.positions[0], roof.positions[1], roof.positions[2]) +
+                           qel::cross(roof.positions[3], roof.positions[4], roof.positions[5]);
+    expected.normalize();
     qelview::makeNormals(roof);
-    EXPECT_GT(roof.normals[roof.indices[0]].x, 0.1F);
+    for (const std::size_t corner : {0U, 1U, 3U, 4U}) {
+        const qel::XPnt3f& normal = roof.normals[roof.indices[corner]];
+        EXPECT_NEAR(normal.x, expected.x, 1e-6) << corner;
+        EXPECT_NEAR(normal.y, expected.y, 1e-6) << corner;
+        EXPECT_NEAR(normal.z, expected.z, 1e-6) << corner;
+    }
+    // The other corners have their own triangle alone, whose slope is 1 in 5.
+    EXPECT_NEAR(roof.normals[roof.indices[2]].x, -0.2 / std::sqrt(1.04), 1e-6);
+    EXPECT_NEAR(roof.normals[roof.indices[5]].x, 0.2 / std::sqrt(1.04), 1e-6);
+}
+
+/// Two triangles of the same size that meet in the line x = 0 and share its ends.
+TriangleMesh fold(double degrees) {
+    const double half = 0.5 * degrees * std::acos(-1.0) / 180.0;
+    TriangleMesh mesh;
+    mesh.positions = {
+        {0, 0, 0}, {0, 1, 0}, {-std::cos(half), 0, -std::sin(half)}, {std::cos(half), 0, -std::sin(half)}};
+    mesh.indices = {0, 1, 2, 1, 0, 3};
+    return mesh;
+}
+
+struct Edge {
+    const char* name;
+    double degrees;
+    double crease;
+    bool isSharp;
+};
+
+class EdgeOf : public testing::TestWithParam<Edge> {};
+
+TEST_P(EdgeOf, IsSharpAboveTheCreaseAngle) {
+    TriangleMesh mesh = fold(GetParam().degrees);
+    qelview::makeNormals(mesh, GetParam().crease);
+    EXPECT_EQ(mesh.positions.size(), GetParam().isSharp ? 6U : 4U);
+    EXPECT_EQ(mesh.normals.size(), mesh.positions.size());
+    EXPECT_TRUE(mesh.colors.empty());
+    // A smooth one looks up, a sharp one aside by half of its angle.
+    const double half = 0.5 * GetParam().degrees * std::acos(-1.0) / 180.0;
+    const qel::XPnt3f& left = mesh.normals[mesh.indices[0]];
+    const qel::XPnt3f& right = mesh.normals[mesh.indices[4]];
+    EXPECT_NEAR(left.x, GetParam().isSharp ? -std::sin(half) : 0.0, 1e-6);
+    EXPECT_NEAR(right.x, GetParam().isSharp ? std::sin(half) : 0.0, 1e-6);
+    EXPECT_NEAR(left.z, GetParam().isSharp ? std::cos(half) : 1.0, 1e-6);
+}
+
+const std::vector<Edge> kEdges{
+    {"FarBelow", 10.0, qelview::kCreaseAngleDegrees, false},
+    {"JustBelow", 39.9, qelview::kCreaseAngleDegrees, false},
+    {"JustAbove", 40.1, qelview::kCreaseAngleDegrees, true},
+    // Each face is nearer to the mean than the crease angle.
+    {"FarAbove", 75.0, qelview::kCreaseAngleDegrees, true},
+    {"ASteepOne", 120.0, qelview::kCreaseAngleDegrees, true},
+    {"JustBelowAnotherAngle", 99.0, 100.0, false},
+    {"JustAboveAnotherAngle", 101.0, 100.0, true},
+};
+INSTANTIATE_TEST_SUITE_P(Angles, EdgeOf, testing::ValuesIn(kEdges),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(MakeNormals, TakesBothZerosForOnePlace) {
+    TriangleMesh roof = fold(20.0);
+    roof.indices.clear();
+    roof.positions = {roof.positions[0], roof.positions[1],  roof.positions[2],
+                      {-0.0, 1, -0.0},   {-0.0, -0.0, -0.0}, roof.positions[3]};
+    qelview::makeNormals(roof);
+    EXPECT_NEAR(roof.normals[0].x, 0.0F, 1e-6F);
+    EXPECT_NEAR(roof.normals[4].x, 0.0F, 1e-6F);
+}
+
+TEST(MakeNormals, LeavesOutCornersOfNoWholeTriangle) {
+    TriangleMesh mesh;
+    mesh.positions = {{0, 0, 0}, {0, 1, 0}, {0, 0, 1}, {5, 5, 5}, {6, 5, 5}};
+    qelview::makeNormals(mesh);
+    EXPECT_EQ(mesh.indices, (std::vector<std::uint32_t>{0, 1, 2}));
+    EXPECT_EQ(mesh.normals[0].x, 1.0F);
+    // A vertex without a triangle looks up.
+    ASSERT_EQ(mesh.normals.size(), 5U);
+    EXPECT_EQ(mesh.normals[4].x, 0.0F);
+    EXPECT_EQ(mesh.normals[4].z, 1.0F);
+}
+
+TEST(MakeNormals, MakesNoMoreVerticesThanThereAreNormalsAtAPlace) {
+    // Four triangles around a vertex: two of a floor and two of a wall.
+    TriangleMesh mesh;
+    mesh.positions = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1}};
+    mesh.indices = {0, 1, 2, 0, 2, 3, 0, 4, 1, 0, 3, 4};
+    qelview::makeNormals(mesh);
+    // The middle, and the two ends of the edge between them.
+    EXPECT_EQ(mesh.positions.size(), 8U);
+    EXPECT_EQ(mesh.indices[0], 0U);
+    EXPECT_EQ(mesh.indices[3], 0U);
+    EXPECT_EQ(mesh.indices[6], mesh.indices[9]);
+    EXPECT_GE(mesh.indices[6], 5U);
+    EXPECT_EQ(mesh.normals[0].z, 1.0F);
+    EXPECT_EQ(mesh.normals[mesh.indices[6]].y, 1.0F);
+}
+
+/// Triangles of a floor around a vertex, and one of a wall on it.
+TriangleMesh floorWithAWall(std::uint32_t trianglesOfTheFloor) {
+    TriangleMesh mesh;
+    mesh.positions = {{0, 0, 0}, {0, 0, 0.01}, {0.01, 0, 0}};
+    for (std::uint32_t i = 0; i <= trianglesOfTheFloor; ++i) {
+        const double angle = 0.02 * i;
+        mesh.positions.emplace_back(std::cos(angle), std::sin(angle), 0.0);
+    }
+    mesh.indices = {0, 1, 2};
+    for (std::uint32_t i = 0; i < trianglesOfTheFloor; ++i) {
+        mesh.indices.insert(mesh.indices.end(), {0, 3 + i, 4 + i});
+    }
+    return mesh;
+}
+
+TEST(MakeNormals, KeepsEdgesSharpAroundUpTo256Triangles) {
+    TriangleMesh mesh = floorWithAWall(255);
+    const std::size_t vertices = mesh.positions.size();
+    qelview::makeNormals(mesh);
+    EXPECT_EQ(mesh.positions.size(), vertices + 1);
+    mesh = floorWithAWall(256);
+    qelview::makeNormals(mesh);
+    EXPECT_EQ(mesh.positions.size(), vertices + 1);
+    EXPECT_EQ(mesh.indices[0], mesh.indices[3]);
 }
 
 TEST(MeshNormals, GivesTrianglesWithoutAnAreaSomeUnitNormal) {

@@ -13,10 +13,10 @@ TEST(FileBytes, AreReadBesideAModelUpToTheirMost) {
     const TemporaryFile file("beside.bin", "12345");
     const std::filesystem::path model = file.path().parent_path() / "model.gltf";
     const std::string name = file.path().filename().string();
-    EXPECT_EQ(qelview::bytesBeside(model, name, 5), "12345");
-    EXPECT_EQ(qelview::bytesBeside(model, name, 4), std::nullopt);
-    EXPECT_EQ(qelview::bytesBeside(model, "absent.bin", 5), std::nullopt);
-    EXPECT_EQ(qelview::bytesBeside(model, "", 5), std::nullopt);
+    EXPECT_EQ(qelview::siblingBytes(model, name, 5), "12345");
+    EXPECT_EQ(qelview::siblingBytes(model, name, 4), std::nullopt);
+    EXPECT_EQ(qelview::siblingBytes(model, "absent.bin", 5), std::nullopt);
+    EXPECT_EQ(qelview::siblingBytes(model, "", 5), std::nullopt);
 }
 
 TEST(FileBytes, AreRefusedBeyondTheirMost) {

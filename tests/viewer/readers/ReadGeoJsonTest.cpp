@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "ReadGeoJson.h"
 #include "viewer/ViewerData.h"
@@ -88,6 +89,62 @@ TEST(ReadGeoJson, LeavesOutWhatHasNoGeometry) {
     EXPECT_TRUE(read(collection("")).isEmpty());
 }
 
+TEST(ReadGeoJson, NamesPlacesInAnyOfThreeWaysAndOnlySinglePoints) {
+    const auto named = [](const char* properties, const char* geometry) {
+        const qelview::Scene scene = read(R"({"type":"Feature","properties":)" + std::string(properties) +
+                                          R"(,"geometry":)" + geometry + "}");
+        return scene.labels.empty() ? "" : scene.labels[0].text;
+    };
+    constexpr const char* kPoint = R"({"type":"Point","coordinates":[1,2]})";
+    EXPECT_EQ(named(R"({"NAME":"A"})", kPoint), "A");
+    EXPECT_EQ(named(R"({"Name":"B"})", kPoint), "B");
+    EXPECT_EQ(named(R"({"Name":"B","NAME":"A","name":"C"})", kPoint), "C");
+    EXPECT_EQ(named(R"({"name":"","NAME":"A"})", kPoint), "A");
+    EXPECT_EQ(named(R"({"title":"A"})", kPoint), "");
+    EXPECT_EQ(named(R"(["name"])", kPoint), "");
+    EXPECT_EQ(named(R"({"name":"A"})", R"({"type":"MultiPoint","coordinates":[[1,2]]})"), "A");
+    EXPECT_EQ(named(R"({"name":"A"})", R"({"type":"MultiPoint","coordinates":[[1,2],[3,4]]})"), "");
+    EXPECT_EQ(named(R"({"name":"A"})", kSquareWithHole), "");
+}
+
+TEST(ReadGeoJson, GivesEachKindItsColourAndWidth) {
+    const qelview::Scene scene =
+        read(collection(feature(R"({"type":"Point","coordinates":[1,2]})") + "," + feature(kSquareWithHole) +
+                        "," + feature(R"({"type":"LineString","coordinates":[[0,0],[1,1]]})")));
+    const auto rgb = [](const qel::QelColor4b& color) { return std::vector<int>{color.r, color.g, color.b}; };
+    EXPECT_EQ(rgb(scene.polylines.at(0).style.color), (std::vector<int>{240, 225, 190}));
+    EXPECT_EQ(scene.polylines[0].style.width, 1.0F);
+    EXPECT_EQ(rgb(scene.polygons.at(0).style.color), (std::vector<int>{150, 205, 235}));
+    EXPECT_EQ(scene.polygons[0].style.width, 1.0F);
+    EXPECT_EQ(scene.clouds.at(0).color.r, 1.0F);
+    EXPECT_EQ(scene.clouds[0].color.g, 0.55F);
+    EXPECT_EQ(scene.clouds[0].color.b, 0.25F);
+    EXPECT_EQ(scene.clouds[0].size, 5.0F);
+    EXPECT_TRUE(read(kSquareWithHole).clouds.empty());
+}
+
+TEST(ReadGeoJson, ReadsCollectionsSixteenDeep) {
+    std::string geometry = kSquareWithHole;
+    for (int depth = 0; depth < 16; ++depth) {
+        geometry = R"({"type":"GeometryCollection","geometries":[)" + geometry + "]}";
+    }
+    EXPECT_EQ(read(geometry).polygons.size(), 1U);
+    EXPECT_NE(
+        refusalOf([&] { return read(R"({"type":"GeometryCollection","geometries":[)" + geometry + "]}"); }),
+        "");
+}
+
+TEST(ReadGeoJson, ReportsItsProgressFeatureByFeature) {
+    qelview::Progress progress;
+    const std::string point = feature(R"({"type":"Point","coordinates":[1,2]})");
+    static_cast<void>(qelview::readGeoJson(collection(point + "," + point + "," + point + "," + point),
+                                           qelview::ProgressStretch(progress, 0.0, 1.0)));
+    // Reading the text is 0.6 of the work; three of four features are behind the last report.
+    EXPECT_NEAR(progress.done(), 0.6 + 0.4 * 0.75, 1e-12);
+    static_cast<void>(qelview::readGeoJson(point, qelview::ProgressStretch(progress, 0.0, 1.0)));
+    EXPECT_NEAR(progress.done(), 0.6, 1e-12);
+}
+
 struct Bad {
     const char* text;
     const char* reason;
@@ -113,7 +170,27 @@ TEST(ReadGeoJson, SaysInOneLineWhereAFileIsWrongAndWhy) {
         {R"({"type":"Point","coordinates":[1]})", "file: a position is no array of two numbers or more"},
         {R"({"type":"Point","coordinates":[1,"2"]})", "file: a coordinate is no number"},
         {R"({"type":"Point","coordinates":[1,null]})", "file: a coordinate is no number"},
-        {R"({"type":"Point","coordinates":[1,1e99]})", "file: "},
+        {R"({"type":"Point","coordinates":[1,1e99]})", "file: is beyond 1e15"},
+        {R"({"type":"Point","coordinates":[-1e99,1]})", "file: is beyond 1e15"},
+        {R"({"type":"Point","coordinates":[1,2,"3"]})", "file: a coordinate is no number"},
+        {R"({"type":"Point","coordinates":{"x":1,"y":2}})", "file: the coordinates are no array"},
+        {R"({"type":"MultiPoint","coordinates":[7]})", "file, part 1: the coordinates are no array"},
+        {R"({"type":"GeometryCollection"})", "file: the geometries are no array"},
+        {R"({"type":"GeometryCollection","geometries":[7]})",
+         "file, geometry 1: there is no object with a type"},
+        // What was read before leaves no trace in the place.
+        {R"({"type":"GeometryCollection","geometries":[{"type":"MultiPoint","coordinates":[[1,2]]},)"
+         R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,0]]]},{"type":"Fog"}]})",
+         "file, geometry 3: unknown type 'Fog'"},
+        {R"({"type":"MultiPolygon","coordinates":[[[[0,0],[1,0],[1,1],[0,0]]],[[[0,0]]]]})",
+         "file, part 2, ring 1: 1 positions instead of at least 4"},
+        {R"({"type":"FeatureCollection","features":[{"type":"Feature","geometry":)"
+         R"({"type":"GeometryCollection","geometries":[]}},{"type":"Feature","geometry":{}}]})",
+         "feature 2: there is no type"},
+        {R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[5,0]]]})",
+         "file, ring 1: the ring is not closed"},
+        {R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,5]]]})",
+         "file, ring 1: the ring is not closed"},
         {R"({"type":"Point","coordinates":[1,1e999]})", "file: a number is too large"},
         {R"({"type":"LineString","coordinates":[[1,2]]})", "file: 1 positions instead of at least 2"},
         {R"({"type":"MultiLineString","coordinates":[[[0,0],[1,1]],[[2,2]]]})",

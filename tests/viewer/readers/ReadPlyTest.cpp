@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "MeshFormats.h"
 
@@ -33,6 +34,103 @@ TEST(ReadPly, ReadsBinaryFilesOfBothByteOrders) {
         EXPECT_EQ(sceneOf(kPly, binaryPly('\0', isBigEndian)).meshes.at(0).positions.at(0).x, 1.0);
     }
     EXPECT_EQ(refusal(kPly, binaryPly('\1')), "face 0: vertex 1 does not exist: there are 1, counted from 0");
+}
+
+struct Faces {
+    const char* name;
+    const char* indexType;
+    /// Of faces: a count and so many numbers each.
+    std::vector<std::vector<std::uint32_t>> faces;
+    std::string refusal;
+    Corners corners;
+};
+
+/// A binary PLY file of five vertices and faces.
+std::string binaryFaces(const Faces& faces, bool isBigEndian) {
+    const auto word = [isBigEndian](std::uint32_t value) {
+        std::string bytes(4, '\0');
+        for (std::size_t i = 0; i < 4; ++i) {
+            bytes[isBigEndian ? 3 - i : i] = static_cast<char>(value >> (8 * i) & 0xFFU);
+        }
+        return bytes;
+    };
+    std::string bytes = std::string("ply\nformat binary_") + (isBigEndian ? "big" : "little") +
+                        "_endian 1.0\nelement vertex 5\nproperty int x\nproperty int y\nproperty int z\n"
+                        "element face " +
+                        std::to_string(faces.faces.size()) + "\nproperty list uchar " + faces.indexType +
+                        " vertex_indices\nend_header\n";
+    // A pentagon, seen from above.
+    for (const std::uint32_t coordinate : {0U, 0U, 0U, 2U, 0U, 0U, 3U, 2U, 0U, 1U, 3U, 0U, 0U, 2U, 0U}) {
+        bytes += word(coordinate);
+    }
+    for (const std::vector<std::uint32_t>& face : faces.faces) {
+        bytes += static_cast<char>(face.size());
+        for (const std::uint32_t corner : face) {
+            bytes += word(corner);
+        }
+    }
+    return bytes;
+}
+
+class BinaryFaces : public testing::TestWithParam<Faces> {};
+
+TEST_P(BinaryFaces, AreTrianglesOrSayWhatIsWrong) {
+    for (const bool isBigEndian : {true, false}) {
+        const std::string bytes = binaryFaces(GetParam(), isBigEndian);
+        ASSERT_EQ(refusal(kPly, bytes), GetParam().refusal);
+        if (GetParam().refusal.empty()) {
+            EXPECT_EQ(sceneOf(kPly, bytes).meshes.at(0).indices, GetParam().corners);
+        }
+    }
+}
+
+const std::vector<Faces> kFaces{
+    {"Triangles", "int", {{0, 1, 2}, {0, 2, 3}, {0, 3, 4}}, "", {0, 1, 2, 0, 2, 3, 0, 3, 4}},
+    {"TrianglesOfUnsignedNumbers", "uint", {{0, 1, 2}, {4, 3, 2}}, "", {0, 1, 2, 4, 3, 2}},
+    {"TrianglesOfFloats", "float", {{0, 0, 0}, {0, 0, 0}}, "", {0, 0, 0, 0, 0, 0}},
+    // Larger faces are cut once all are known.
+    {"AFaceOfFourAmongTriangles",
+     "int",
+     {{0, 1, 2}, {0, 1, 2, 3}, {0, 3, 4}},
+     "",
+     {0, 1, 2, 0, 3, 4, 0, 1, 2, 0, 2, 3}},
+    {"AFaceOfTwoAmongTriangles", "int", {{0, 1, 2}, {0, 1}, {0, 3, 4}}, "", {0, 1, 2, 0, 3, 4}},
+    {"AnIndexTooHigh",
+     "int",
+     {{0, 1, 2}, {0, 1, 5}},
+     "face 1: vertex 5 does not exist: there are 5, counted from 0",
+     {}},
+    {"AnIndexBelowZero",
+     "int",
+     {{0, 1, 2}, {0xFFFFFFFF, 1, 2}},
+     "face 1: vertex -1 does not exist: there are 5, counted from 0",
+     {}},
+    {"TheHighestIndexOfUnsignedNumbers",
+     "uint",
+     {{0xFFFFFFFF, 1, 2}},
+     "face 0: vertex 4294967295 does not exist: there are 5, counted from 0",
+     {}},
+};
+INSTANTIATE_TEST_SUITE_P(Files, BinaryFaces, testing::ValuesIn(kFaces),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(ReadPly, NamesTheTriangleAtWhichABinaryFileEnds) {
+    const std::string whole = binaryFaces({"", "int", {{0, 1, 2}, {0, 2, 3}, {0, 3, 4}}, "", {}}, true);
+    EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 1)), "face 2: the file ends here");
+    EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 13)), "face 2: the file ends here");
+    const qelview::Scene scene = sceneOf(kPly, whole + "!");
+    ASSERT_EQ(scene.warnings.size(), 1U);
+    EXPECT_EQ(scene.warnings[0], "end of file: 1 bytes behind the last element are left out");
+}
+
+/// More of them than between two reports of progress.
+TEST(ReadPly, ReadsManyTrianglesInTheirOrder) {
+    Faces faces{"", "int", {}, "", {}};
+    for (std::uint32_t i = 0; i < 150'000; ++i) {
+        faces.faces.push_back({i % 5, i / 5 % 5, i / 25 % 5});
+        faces.corners.insert(faces.corners.end(), faces.faces.back().begin(), faces.faces.back().end());
+    }
+    EXPECT_EQ(sceneOf(kPly, binaryFaces(faces, false)).meshes.at(0).indices, faces.corners);
 }
 
 TEST(ReadPly, NamesTheInstanceAtWhichABinaryFileEnds) {

@@ -1,0 +1,28 @@
+#include "ReadError.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "viewer/ViewerData.h"
+
+namespace {
+
+TEST(ReadError, NamesThePlaceBeforeTheReason) {
+    EXPECT_EQ(qel::test::refusalOf([]() -> int { qelview::refuse(qelview::atLine(7), "odd"); }),
+              "line 7: odd");
+}
+
+TEST(Quoted, ShowsTheFirstLettersAndNothingUnreadable) {
+    EXPECT_EQ(qelview::quoted(""), "''");
+    EXPECT_EQ(qelview::quoted(" ~\x1F\x7F\xC3"), "' ~\?\?\?'");
+    EXPECT_EQ(qelview::quoted(std::string(32, 'a')), "'" + std::string(32, 'a') + "'");
+    EXPECT_EQ(qelview::quoted(std::string(33, 'a')), "'" + std::string(32, 'a') + "...'");
+}
+
+TEST(OneLine, HasSingleSpacesBetweenItsWords) {
+    EXPECT_EQ(qelview::oneLine(""), "");
+    EXPECT_EQ(qelview::oneLine("\r\n a \t b\n\nc\x7F\n"), "a b c");
+}
+
+}  // namespace
