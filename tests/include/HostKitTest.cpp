@@ -86,7 +86,7 @@ TEST(HostKitArrays, HaveNoMemoryWhenTheyAreEmpty) {
     EXPECT_EQ(nowhere->points(), nullptr);
 }
 
-TEST(FitClippingPlanes, EncloseTheBoxSeenFromOutside) {
+TEST(HostKitClippingPlanes, EncloseTheBoxSeenFromOutside) {
     const ViewSubject view;
     view->setCamera({0, -100, 0}, {0, 0, 0}, {0, 0, 1});
     qel::fitClippingPlanes(*view, {-3, 3, -4, 4, -12, 12});  // a diagonal of 26
@@ -94,7 +94,7 @@ TEST(FitClippingPlanes, EncloseTheBoxSeenFromOutside) {
     EXPECT_DOUBLE_EQ(view->getFarPlane(), 119.5);
 }
 
-TEST(FitClippingPlanes, StayInFrontOfAnEyeInsideTheBox) {
+TEST(HostKitClippingPlanes, StayInFrontOfAnEyeInsideTheBox) {
     const ViewSubject view;
     view->setCamera({0, -1, 0}, {0, 0, 0}, {0, 0, 1});
     qel::fitClippingPlanes(*view, {-3, 3, -4, 4, -12, 12});
@@ -102,7 +102,7 @@ TEST(FitClippingPlanes, StayInFrontOfAnEyeInsideTheBox) {
     EXPECT_DOUBLE_EQ(view->getFarPlane(), 20.5);
 }
 
-TEST(FitClippingPlanes, EncloseATargetThatLiesOutsideTheBox) {
+TEST(HostKitClippingPlanes, EncloseATargetThatLiesOutsideTheBox) {
     const Enve3d box{-3, 3, -4, 4, -12, 12};
     const ViewSubject view;
     view->setCamera({0, -100, 0}, {0, -60, 0}, {0, 0, 1});
@@ -115,7 +115,7 @@ TEST(FitClippingPlanes, EncloseATargetThatLiesOutsideTheBox) {
     EXPECT_DOUBLE_EQ(view->getFarPlane(), 210.0);
 }
 
-TEST(FitClippingPlanes, KeepTheTargetBetweenThem) {
+TEST(HostKitClippingPlanes, KeepTheTargetBetweenThem) {
     const ViewSubject view;
     for (const double distance : {20.0, 60.0, 100.0, 200.0}) {
         view->setCamera({0, -100, 0}, {0, distance - 100, 0}, {0, 0, 1});
@@ -127,7 +127,7 @@ TEST(FitClippingPlanes, KeepTheTargetBetweenThem) {
     }
 }
 
-TEST(FitClippingPlanes, AreLoadedWithTheNextView) {
+TEST(HostKitClippingPlanes, AreLoadedWithTheNextView) {
     const ViewSubject view;
     const CallTrace trace;
     qel::fitClippingPlanes(*view, {-1, 1, -1, 1, -1, 1});
@@ -136,7 +136,7 @@ TEST(FitClippingPlanes, AreLoadedWithTheNextView) {
     EXPECT_EQ(trace.count("gluPerspective"), 1U);
 }
 
-TEST(FitClippingPlanes, StandAroundTheTargetOfASinglePoint) {
+TEST(HostKitClippingPlanes, StandAroundTheTargetOfASinglePoint) {
     const ViewSubject view;
     view->setCamera({0, -100, 0}, {0, 0, 0}, {0, 0, 1});
     qel::fitClippingPlanes(*view, {0, 0, 0, 0, 0, 0});
@@ -144,7 +144,7 @@ TEST(FitClippingPlanes, StandAroundTheTargetOfASinglePoint) {
     EXPECT_DOUBLE_EQ(view->getFarPlane(), 105.0);
 }
 
-TEST(FitClippingPlanes, IgnoreAnInvalidBox) {
+TEST(HostKitClippingPlanes, IgnoreAnInvalidBox) {
     const ViewSubject view;
     Enve3d invalid;
     invalid.setInvalid();

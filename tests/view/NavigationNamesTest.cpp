@@ -7,14 +7,14 @@
 namespace qel::test {
 namespace {
 
-TEST(NamesOfDrags, HaveTheNumbersThatHostsWereBuiltWith) {
+TEST(NavigationNamesOfDrags, HaveTheNumbersThatHostsWereBuiltWith) {
     EXPECT_EQ(std::int32_t{qel::DragNone}, 0);
     EXPECT_EQ(std::int32_t{qel::DragPan}, 1);
     EXPECT_EQ(std::int32_t{qel::DragRotate}, 2);
     EXPECT_EQ(std::int32_t{qel::DragZoom}, 3);
 }
 
-TEST(NamesOfStandardViews, CountFromTheTopToTheIsometricViewFromBelow) {
+TEST(NavigationNamesOfStandardViews, CountFromTheTopToTheIsometricViewFromBelow) {
     const std::uint32_t views[] = {qel::ViewTop,       qel::ViewBottom,        qel::ViewBack,
                                    qel::ViewFront,     qel::ViewRight,         qel::ViewLeft,
                                    qel::ViewIsometric, qel::ViewIsometricBelow};

@@ -95,9 +95,9 @@ struct Edge {
     bool isSharp;
 };
 
-class EdgeOf : public testing::TestWithParam<Edge> {};
+class MeshNormalsEdgeOf : public testing::TestWithParam<Edge> {};
 
-TEST_P(EdgeOf, IsSharpAboveTheCreaseAngle) {
+TEST_P(MeshNormalsEdgeOf, IsSharpAboveTheCreaseAngle) {
     TriangleMesh mesh = fold(GetParam().degrees);
     qelview::makeNormals(mesh, GetParam().crease);
     EXPECT_EQ(mesh.positions.size(), GetParam().isSharp ? 6U : 4U);
@@ -122,10 +122,10 @@ const std::vector<Edge> kEdges{
     {"JustBelowAnotherAngle", 99.0, 100.0, false},
     {"JustAboveAnotherAngle", 101.0, 100.0, true},
 };
-INSTANTIATE_TEST_SUITE_P(Angles, EdgeOf, testing::ValuesIn(kEdges),
+INSTANTIATE_TEST_SUITE_P(Angles, MeshNormalsEdgeOf, testing::ValuesIn(kEdges),
                          [](const auto& each) { return each.param.name; });
 
-TEST(MakeNormals, TakesBothZerosForOnePlace) {
+TEST(MeshNormals, TakesBothZerosForOnePlace) {
     TriangleMesh roof = fold(20.0);
     roof.indices.clear();
     roof.positions = {roof.positions[0], roof.positions[1],  roof.positions[2],
@@ -135,7 +135,7 @@ TEST(MakeNormals, TakesBothZerosForOnePlace) {
     EXPECT_NEAR(roof.normals[4].x, 0.0F, 1e-6F);
 }
 
-TEST(MakeNormals, LeavesOutCornersOfNoWholeTriangle) {
+TEST(MeshNormals, LeavesOutCornersOfNoWholeTriangle) {
     TriangleMesh mesh;
     mesh.positions = {{0, 0, 0}, {0, 1, 0}, {0, 0, 1}, {5, 5, 5}, {6, 5, 5}};
     qelview::makeNormals(mesh);
@@ -147,7 +147,7 @@ TEST(MakeNormals, LeavesOutCornersOfNoWholeTriangle) {
     EXPECT_EQ(mesh.normals[4].z, 1.0F);
 }
 
-TEST(MakeNormals, MakesNoMoreVerticesThanThereAreNormalsAtAPlace) {
+TEST(MeshNormals, MakesNoMoreVerticesThanThereAreNormalsAtAPlace) {
     // Four triangles around a vertex: two of a floor and two of a wall.
     TriangleMesh mesh;
     mesh.positions = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1}};
@@ -178,7 +178,7 @@ TriangleMesh floorWithAWall(std::uint32_t trianglesOfTheFloor) {
     return mesh;
 }
 
-TEST(MakeNormals, KeepsEdgesSharpAroundUpTo256Triangles) {
+TEST(MeshNormals, KeepsEdgesSharpAroundUpTo256Triangles) {
     TriangleMesh mesh = floorWithAWall(255);
     const std::size_t vertices = mesh.positions.size();
     qelview::makeNormals(mesh);

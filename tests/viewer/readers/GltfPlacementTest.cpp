@@ -29,9 +29,9 @@ struct Node {
     qel::XPnt3d normal;
 };
 
-class PlacementOf : public testing::TestWithParam<Node> {};
+class GltfPlacementPlacementOf : public testing::TestWithParam<Node> {};
 
-TEST_P(PlacementOf, MovesPointsAndTurnsNormals) {
+TEST_P(GltfPlacementPlacementOf, MovesPointsAndTurnsNormals) {
     const GltfPlacement placed = placement(GetParam().node);
     expectNear(placed.point({1, 2, 3}), GetParam().point);
     qel::XPnt3d normal = placed.normal({1, 2, 3});
@@ -59,7 +59,7 @@ const std::vector<Node> kNodes{
      {34, 22, 38},
      {0.375, 0.5, 0.5}},
 };
-INSTANTIATE_TEST_SUITE_P(Nodes, PlacementOf, testing::ValuesIn(kNodes),
+INSTANTIATE_TEST_SUITE_P(Nodes, GltfPlacementPlacementOf, testing::ValuesIn(kNodes),
                          [](const auto& each) { return each.param.name; });
 
 TEST(GltfPlacement, AppliesTheInnerOneFirst) {

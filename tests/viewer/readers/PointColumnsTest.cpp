@@ -17,9 +17,9 @@ struct Line {
     Columns columns;
 };
 
-class ColumnsOf : public testing::TestWithParam<Line> {};
+class PointColumnsColumnsOf : public testing::TestWithParam<Line> {};
 
-TEST_P(ColumnsOf, StandBetweenSeparatorsWithoutBlanksAndQuotes) {
+TEST_P(PointColumnsColumnsOf, StandBetweenSeparatorsWithoutBlanksAndQuotes) {
     EXPECT_EQ(qelview::separatorOf(GetParam().line), GetParam().separator);
     Columns columns{"old"};
     qelview::splitColumns(GetParam().line, GetParam().separator, columns);
@@ -34,7 +34,7 @@ const std::vector<Line> kLines{
     {"EmptyColumns", ",1,,", Separator::Comma, {"", "1", "", ""}},
     {"SemicolonsBeforeCommas", "1,5;2,5", Separator::Semicolon, {"1,5", "2,5"}},
 };
-INSTANTIATE_TEST_SUITE_P(Lines, ColumnsOf, testing::ValuesIn(kLines),
+INSTANTIATE_TEST_SUITE_P(Lines, PointColumnsColumnsOf, testing::ValuesIn(kLines),
                          [](const auto& each) { return each.param.name; });
 
 struct Header {
@@ -46,9 +46,9 @@ struct Header {
     bool hasTime;
 };
 
-class MeaningOf : public testing::TestWithParam<Header> {};
+class PointColumnsMeaningOf : public testing::TestWithParam<Header> {};
 
-TEST_P(MeaningOf, FollowsTheNames) {
+TEST_P(PointColumnsMeaningOf, FollowsTheNames) {
     const auto meaning = qelview::columnsByName(GetParam().names);
     ASSERT_EQ(meaning.has_value(), GetParam().isKnown);
     if (meaning) {
@@ -70,10 +70,10 @@ const std::vector<Header> kHeaders{
     {"NoHeight", {"x", "y", "time"}, false, {}, {}, false},
     {"Numbers", {"1", "2", "3"}, false, {}, {}, false},
 };
-INSTANTIATE_TEST_SUITE_P(Headers, MeaningOf, testing::ValuesIn(kHeaders),
+INSTANTIATE_TEST_SUITE_P(Headers, PointColumnsMeaningOf, testing::ValuesIn(kHeaders),
                          [](const auto& each) { return each.param.name; });
 
-TEST(ColumnsByPosition, AreColoursWhereThereAreExactlySix) {
+TEST(PointColumnsColumnsByPosition, AreColoursWhereThereAreExactlySix) {
     for (const std::size_t count : {3U, 5U, 7U}) {
         EXPECT_FALSE(qelview::columnsByPosition(count).color) << count;
     }

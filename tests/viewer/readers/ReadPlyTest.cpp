@@ -72,9 +72,9 @@ std::string binaryFaces(const Faces& faces, bool isBigEndian) {
     return bytes;
 }
 
-class BinaryFaces : public testing::TestWithParam<Faces> {};
+class ReadPlyBinaryFaces : public testing::TestWithParam<Faces> {};
 
-TEST_P(BinaryFaces, AreTrianglesOrSayWhatIsWrong) {
+TEST_P(ReadPlyBinaryFaces, AreTrianglesOrSayWhatIsWrong) {
     for (const bool isBigEndian : {true, false}) {
         const std::string bytes = binaryFaces(GetParam(), isBigEndian);
         ASSERT_EQ(refusal(kPly, bytes), GetParam().refusal);
@@ -111,7 +111,7 @@ const std::vector<Faces> kFaces{
      "face 0: vertex 4294967295 does not exist: there are 5, counted from 0",
      {}},
 };
-INSTANTIATE_TEST_SUITE_P(Files, BinaryFaces, testing::ValuesIn(kFaces),
+INSTANTIATE_TEST_SUITE_P(Files, ReadPlyBinaryFaces, testing::ValuesIn(kFaces),
                          [](const auto& each) { return each.param.name; });
 
 TEST(ReadPly, NamesTheTriangleAtWhichABinaryFileEnds) {

@@ -21,9 +21,9 @@ struct Scalar {
     double whole;
 };
 
-class ScalarOf : public testing::TestWithParam<Scalar> {};
+class ScalarTypeScalarOf : public testing::TestWithParam<Scalar> {};
 
-TEST_P(ScalarOf, IsReadInBothByteOrders) {
+TEST_P(ScalarTypeScalarOf, IsReadInBothByteOrders) {
     const Scalar& scalar = GetParam();
     ASSERT_EQ(qelview::sizeOf(scalar.type), scalar.bytes.size());
     EXPECT_EQ(qelview::readAs(scalar.type, scalar.bytes.data(), ByteOrder::Little), scalar.value);
@@ -31,7 +31,7 @@ TEST_P(ScalarOf, IsReadInBothByteOrders) {
     EXPECT_EQ(qelview::readAs(scalar.type, turned.data(), ByteOrder::Big), scalar.value);
 }
 
-TEST_P(ScalarOf, IsReadFromEachRecord) {
+TEST_P(ScalarTypeScalarOf, IsReadFromEachRecord) {
     const Scalar& scalar = GetParam();
     const std::string record = "x" + scalar.bytes + "yz";
     const std::string records = record + std::string(record.size(), '\0') + record;
@@ -50,7 +50,7 @@ const std::vector<Scalar> kScalars{
     {"Float32", ScalarType::Float32, std::string("\x00\x00\x20\xC0", 4), -2.5, 1.0},
     {"Float64", ScalarType::Float64, std::string("\x00\x00\x00\x00\x00\x00\x04\xC0", 8), -2.5, 1.0},
 };
-INSTANTIATE_TEST_SUITE_P(Types, ScalarOf, testing::ValuesIn(kScalars),
+INSTANTIATE_TEST_SUITE_P(Types, ScalarTypeScalarOf, testing::ValuesIn(kScalars),
                          [](const auto& each) { return each.param.name; });
 
 }  // namespace

@@ -15,9 +15,9 @@ struct Fault {
     const char* refusal;
 };
 
-class JsonFault : public testing::TestWithParam<Fault> {};
+class JsonTextJsonFault : public testing::TestWithParam<Fault> {};
 
-TEST_P(JsonFault, IsNamedWithItsLine) {
+TEST_P(JsonTextJsonFault, IsNamedWithItsLine) {
     EXPECT_EQ(qel::test::refusalOf([] { return qelview::parseJson(GetParam().text); }), GetParam().refusal);
 }
 
@@ -29,10 +29,10 @@ const std::vector<Fault> kFaults{
     {"MoreThanOneText", "{}\n{}", "line 2: no JSON at '{}'"},
     {"ALargeNumber", "[1e999]", "file: a number is too large"},
 };
-INSTANTIATE_TEST_SUITE_P(Texts, JsonFault, testing::ValuesIn(kFaults),
+INSTANTIATE_TEST_SUITE_P(Texts, JsonTextJsonFault, testing::ValuesIn(kFaults),
                          [](const auto& each) { return each.param.name; });
 
-TEST(MemberOf, IsNullWhereThereIsNone) {
+TEST(JsonTextMemberOf, IsNullWhereThereIsNone) {
     const nlohmann::json object = qelview::parseJson(R"({"a": 7, "b": null})");
     EXPECT_EQ(qelview::memberOf(object, "a"), 7);
     EXPECT_TRUE(qelview::memberOf(object, "b").is_null());

@@ -13,14 +13,14 @@ TEST(ReadError, NamesThePlaceBeforeTheReason) {
               "line 7: odd");
 }
 
-TEST(Quoted, ShowsTheFirstLettersAndNothingUnreadable) {
+TEST(ReadErrorQuoted, ShowsTheFirstLettersAndNothingUnreadable) {
     EXPECT_EQ(qelview::quoted(""), "''");
     EXPECT_EQ(qelview::quoted(" ~\x1F\x7F\xC3"), "' ~\?\?\?'");
     EXPECT_EQ(qelview::quoted(std::string(32, 'a')), "'" + std::string(32, 'a') + "'");
     EXPECT_EQ(qelview::quoted(std::string(33, 'a')), "'" + std::string(32, 'a') + "...'");
 }
 
-TEST(OneLine, HasSingleSpacesBetweenItsWords) {
+TEST(ReadErrorOneLine, HasSingleSpacesBetweenItsWords) {
     EXPECT_EQ(qelview::oneLine(""), "");
     EXPECT_EQ(qelview::oneLine("\r\n a \t b\n\nc\x7F\n"), "a b c");
 }
