@@ -119,7 +119,7 @@ class CQelTrackBall : public IQelTrackBall {
     void setOwner(IQelDisplay* newOwner);
     /// Forgets the owner, which is being destroyed. A camera that the host still holds then has no display
     /// and draws nothing, since the current context belongs to someone else.
-    void ownerGoes();
+    void detachOwner();
 
     /// The point of the trackball's unit sphere under a window position; on the rim for positions outside its
     /// outline.
@@ -136,7 +136,7 @@ class CQelTrackBall : public IQelTrackBall {
     void readDepthBuffer();
     /// Reads back what the dirty flags name. Without its owner a camera reads nothing and uses what it has.
     /// Returns 1 if nothing was dirty, else 0.
-    std::int32_t updateGlMatrices() { return held.isDirty() && !ownerGone ? readGlMatrices() : 1; }
+    std::int32_t updateGlMatrices() { return held.isDirty() && !ownerDetached ? readGlMatrices() : 1; }
     /// OpenGL's model-view matrix, transposed for row vectors.
     void getModelViewMatrix(qel::matrix<double>& m);
 
@@ -257,7 +257,7 @@ class CQelTrackBall : public IQelTrackBall {
     IQelDisplay* display = nullptr;
     IQelDisplay* owner = nullptr;
     /// True once the owner is gone. OpenGL is then left alone: the current context belongs to someone else.
-    bool ownerGone = false;
+    bool ownerDetached = false;
     qel::Enve3d extent{10.0, 100.0, 10.0, 100.0, 10.0, 100.0};
     qel::XPnt3d eye{0.0, 0.0, 100.0};
     qel::XPnt3d target;

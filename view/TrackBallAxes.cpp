@@ -59,7 +59,7 @@ void CQelTrackBall::drawLongAxes(double length) {
 }
 
 std::int32_t CQelTrackBall::drawAxes() {
-    if (ownerGone) {
+    if (ownerDetached) {
         return 0;
     }
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
@@ -90,7 +90,7 @@ std::int32_t CQelTrackBall::drawAxes() {
 
 std::int32_t CQelTrackBall::drawFrame(double x, double y, double z, const qel::XPnt3d& xDir,
                                       const qel::XPnt3d& yDir, float size, bool depthTest) {
-    if (ownerGone || !qel::areFinite(x, y, z, size) || !qel::isFinite(xDir) || !qel::isFinite(yDir)) {
+    if (ownerDetached || !qel::areFinite(x, y, z, size) || !qel::isFinite(xDir) || !qel::isFinite(yDir)) {
         return 0;
     }
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);

@@ -30,7 +30,7 @@ std::int32_t CQelTrackBall::updateView() {
 }
 
 std::int32_t CQelTrackBall::applyProjection() {
-    if (ownerGone) {
+    if (ownerDetached) {
         return 0;
     }
     makeDisplayCurrent();
@@ -47,7 +47,7 @@ std::int32_t CQelTrackBall::applyProjection() {
 }
 
 std::int32_t CQelTrackBall::applyModelview() {
-    if (ownerGone) {
+    if (ownerDetached) {
         return 0;
     }
     makeDisplayCurrent();
@@ -61,7 +61,7 @@ std::int32_t CQelTrackBall::applyModelview() {
 // applyModelview restores the mono view. The cached model-view stays the mono one meanwhile, so picking does
 // not depend on the eye drawn last.
 std::int32_t CQelTrackBall::applyStereoModelview(double offset) {
-    if (ownerGone || !qel::areFinite(offset)) {
+    if (ownerDetached || !qel::areFinite(offset)) {
         return 0;
     }
     const qel::XPnt3d direction = eye - target;

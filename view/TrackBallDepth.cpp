@@ -42,7 +42,7 @@ void CQelTrackBall::readDepthBuffer() {
         // Pixels outside OpenGL's buffer are never read and stay background.
         std::fill_n(depthCopy.values.get(), qel::pixelArea(width, height), qel::kBackgroundDepth);
     }
-    if (!ownerGone) {
+    if (!ownerDetached) {
         glReadBuffer(GL_BACK);
         const qel::PixelPackScope packing;
         glReadPixels(0, 0, depthCopy.width, depthCopy.height, GL_DEPTH_COMPONENT, GL_FLOAT,

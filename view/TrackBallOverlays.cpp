@@ -63,7 +63,7 @@ struct Ring {
 }  // namespace
 
 std::int32_t CQelTrackBall::drawTrackBall() {
-    if (drag.button != qel::DragRotate || ownerGone) {
+    if (drag.button != qel::DragRotate || ownerDetached) {
         return 1;
     }
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
@@ -124,7 +124,7 @@ void CQelTrackBall::printText(const char* text) {
 
 std::int32_t CQelTrackBall::drawLabel(double x, double y, double z, double dx, double dy, const char* format,
                                       ...) {
-    if (ownerGone || !qel::areFinite(x, y, z, dx, dy)) {
+    if (ownerDetached || !qel::areFinite(x, y, z, dx, dy)) {
         return -1;
     }
     const qel::XPnt3d window = project(x, y, z);

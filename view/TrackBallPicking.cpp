@@ -64,7 +64,7 @@ bool meanDepthAround(double x, double y, const qel::Enve2d& view, double& mean) 
 }  // namespace
 
 float CQelTrackBall::depthAt(double x, double y) {
-    if (ownerGone) {
+    if (ownerDetached) {
         return qel::kBackgroundDepth;
     }
     glReadBuffer(GL_BACK);
@@ -85,7 +85,7 @@ qel::XPnt3d CQelTrackBall::pickModelPnt(double x, double y) {
         return target;
     }
     double depth = static_cast<double>(depthAt(x, y));
-    if (depth >= 1.0 && (ownerGone || !meanDepthAround(x, y, viewInWindow(), depth))) {
+    if (depth >= 1.0 && (ownerDetached || !meanDepthAround(x, y, viewInWindow(), depth))) {
         depth = getMeanDepth();
     }
     return unProject(x, y, depth);

@@ -33,7 +33,7 @@ const double* CQelTrackBall::getProjectionMatrix() {
 
 void CQelTrackBall::getModelViewMatrix(qel::matrix<double>& m) {
     double values[16] = {};
-    if (ownerGone) {
+    if (ownerDetached) {
         std::copy(std::begin(held.modelview), std::end(held.modelview), values);
     } else {
         glGetDoublev(GL_MODELVIEW_MATRIX, values);

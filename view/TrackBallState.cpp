@@ -30,10 +30,10 @@ void CQelTrackBall::holdDisplay(IQelDisplay* newDisplay) {
 std::int32_t CQelTrackBall::setDisplay(IQelDisplay* newDisplay) {
     if (newDisplay != display) {
         holdDisplay(newDisplay);
-        if (ownerGone) {
+        if (ownerDetached) {
             // The cached values belong to the destroyed context.
             held.setDirty();
-            ownerGone = false;
+            ownerDetached = false;
         }
     }
     return 0;
@@ -43,12 +43,12 @@ void CQelTrackBall::setOwner(IQelDisplay* newOwner) {
     owner = newOwner;
 }
 
-void CQelTrackBall::ownerGoes() {
+void CQelTrackBall::detachOwner() {
     if (display == owner) {
         display = nullptr;
     }
     owner = nullptr;
-    ownerGone = display == nullptr;
+    ownerDetached = display == nullptr;
 }
 
 IQelDisplay* CQelTrackBall::getDisplay() {

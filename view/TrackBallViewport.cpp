@@ -13,7 +13,7 @@ double scaleOf(std::int32_t viewportSide, float viewSide) {
 
 std::int32_t CQelTrackBall::setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
                                         std::int32_t height) {
-    if (!ownerGone) {
+    if (!ownerDetached) {
         glViewport(x, y, width, height);
         held.viewportDirty = true;
     }

@@ -62,7 +62,7 @@ inline constexpr std::array<HelpLine, 17> kHelpLines{{
     {"S", "stereo, if the driver supports it"},
     {"Z", "drag a rectangle to zoom into"},
     {"C", "capture the view to a BMP file"},
-    {"Ctrl+O", "open files; or drop them here"},
+    {"Ctrl+O", "open files; or drop them on the window"},
     {"W", "warnings about the files"},
     {"H", "this help"},
     {"Esc", "close or cancel; else quit"},
