@@ -39,7 +39,7 @@ bool isSiblingName(std::string_view name) {
 }
 
 std::optional<std::string> siblingBytes(const std::filesystem::path& model, std::string_view name,
-                                       std::uintmax_t most) {
+                                        std::uintmax_t most) {
     if (!isSiblingName(name)) {
         return std::nullopt;
     }
