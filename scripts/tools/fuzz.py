@@ -9,7 +9,9 @@ import shutil
 
 from tools import tree
 
-FORMATS = ("obj", "ply", "stl", "off", "gltf", "glb", "mtl", "xyz", "csv", "geojson", "script", "motion")
+FORMATS = ("obj", "ply", "stl", "off", "gltf", "glb", "mtl", "image", "xyz", "csv", "geojson", "script", "motion")
+# Of the corpus, where a reader takes others than its own.
+EXTENSIONS = {"image": ("png", "jpg", "tga", "bmp")}
 BUILD = tree.ROOT / "build/fuzz"
 CORPUS = tree.ROOT / "tests/viewer/corpus"
 # The viewer's limits for one input: 10 seconds and 1 GiB.
@@ -20,7 +22,7 @@ def fuzz(reader, seconds):
     """(problems, number of inputs tried)"""
     learnt = BUILD / "learnt" / reader
     learnt.mkdir(parents=True, exist_ok=True)
-    seeds = sorted(CORPUS.glob(f"*.{reader}"))
+    seeds = sorted(seed for extension in EXTENSIONS.get(reader, (reader,)) for seed in CORPUS.glob(f"*.{extension}"))
     for seed in seeds:
         shutil.copy(seed, learnt)
     command = (BUILD / f"bin/fuzz_{reader}", *OPTIONS, f"-max_total_time={seconds}", f"-artifact_prefix={BUILD}/found/{reader}-", learnt)

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <initializer_list>
 
+#include "PowersOfTwo.h"
 #include "QelGl.h"
 
 namespace qelview {
@@ -57,6 +58,18 @@ bool loadImage(const TextureImage& image) {
     return isLoaded;
 }
 
+/// GLU would scale images itself, but leaves the last row of some black.
+bool loadInAnySize(const TextureImage& image) {
+    GLint most = 1;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &most);
+    const int width = nearestPowerOfTwo(image.width, most);
+    const int height = nearestPowerOfTwo(image.height, most);
+    if (width == image.width && height == image.height) {
+        return loadImage(image);
+    }
+    return loadImage(scaledImage(image, width, height));
+}
+
 }  // namespace
 
 std::uint32_t HostTextures::nameOf(const Texture& texture) {
@@ -69,7 +82,7 @@ std::uint32_t HostTextures::nameOf(const Texture& texture) {
     glGenTextures(1, &name);
     glBindTexture(GL_TEXTURE_2D, name);
     setParameters(texture);
-    if (!loadImage(*texture.image)) {
+    if (!loadInAnySize(*texture.image)) {
         glDeleteTextures(1, &name);
         name = 0;
     }

@@ -8,13 +8,13 @@
 
 namespace qelview {
 
-/// Numbers of a row that are worked on one after the other.
+/// A range of indices that one core works on.
 struct Piece {
     std::size_t begin = 0;
     std::size_t end = 0;
 };
 
-/// Cuts the numbers below `count` into as many pieces as the machine has cores, or fewer where there are few.
+/// Splits the indices below `count` into one piece a core, or fewer if there are few indices.
 [[nodiscard]] inline std::vector<Piece> piecesOf(std::size_t count) {
     constexpr std::size_t kSmallest = 16384;
     const std::size_t cores = std::max(std::thread::hardware_concurrency(), 1U);
@@ -25,8 +25,8 @@ struct Piece {
     return pieces;
 }
 
-/// Does the same with all pieces at once.
-/// @param work called with the number of each piece. What it throws is thrown on when all have ended.
+/// Runs `work` for all pieces in parallel.
+/// @param work called with the number of each piece. Its exception is rethrown after all have ended.
 template <class Work>
 void onAllCores(const std::vector<Piece>& pieces, const Work& work) {
     std::vector<std::future<void>> others;
@@ -39,8 +39,8 @@ void onAllCores(const std::vector<Piece>& pieces, const Work& work) {
     }
 }
 
-/// Does the same with all numbers below `count`.
-/// @param work called with each number.
+/// Runs `work` for all indices below `count` in parallel.
+/// @param work called with each index.
 template <class Work>
 void forEachOnAllCores(std::size_t count, const Work& work) {
     const std::vector<Piece> pieces = piecesOf(count);

@@ -10,7 +10,7 @@ namespace qelview {
 
 namespace {
 
-/// Twice the area as its length, whatever the shape.
+/// Its length is twice the area, whatever the shape.
 /// Source: M. E. Newell's method, in I. Sutherland et al., A Characterization of Ten Hidden-Surface
 /// Algorithms, Computing Surveys 6(1), 1974.
 qel::XPnt3d normalOf(const Points& outline) {
@@ -96,7 +96,7 @@ class Cutting {
         }
     }
 
-    /// With a blend of what the vertices around it have.
+    /// Interpolates the attributes of the vertices around it.
     std::uint32_t addVertex(const PolygonCutter::Crossing& crossing, const qel::XPnt3d& first) {
         qel::XPnt3d blended;
         qel::QelColor3f color{0.0F, 0.0F, 0.0F};

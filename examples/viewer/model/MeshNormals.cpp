@@ -18,7 +18,7 @@ namespace qelview {
 
 namespace {
 
-/// Around a place with more triangles than this no edge is kept sharp: looking at all pairs would take long.
+/// No edges are kept sharp around a place with more triangles than this: comparing all pairs is quadratic.
 constexpr std::size_t kMostTrianglesOfASharpPlace = 256;
 /// Normals nearer to each other than this share a vertex.
 constexpr double kSameNormal = 1.0 - 1e-6;
@@ -31,13 +31,13 @@ struct Facet {
     float area = 0.0F;
 };
 
-/// A vertex more, for a corner where the vertex that it has already has another normal.
+/// A duplicate of a vertex, for corners with another normal.
 struct Copy {
     std::uint32_t vertex = 0;
     qel::XPnt3f normal;
 };
 
-/// The corners of triangles at each place, as one array with a beginning for each place.
+/// The corners of triangles at each place: one array, with the index of the first corner of each place.
 struct CornersOfPlaces {
     std::vector<std::uint32_t> begin;
     std::vector<std::uint32_t> corners;
@@ -96,7 +96,7 @@ std::vector<Facet> facetsOf(const TriangleMesh& mesh) {
         double largest = 0.0;
         for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
             const qel::XPnt3d cross = crossOf(mesh, i);
-            // As the norm of a vector does, which is a call into a library.
+            // Inlined, unlike `norm`, which is exported by a library.
             areas[i] = std::hypot(cross.x, cross.y, cross.z);
             facets[i].normal = areas[i] > 0.0 ? qel::XPnt3f(cross * (1.0 / areas[i])) : qel::XPnt3f();
             largest = std::max(largest, areas[i]);
@@ -110,7 +110,7 @@ std::vector<Facet> facetsOf(const TriangleMesh& mesh) {
     return facets;
 }
 
-/// Makes the normals around one place after the other.
+/// Computes the normals around one place at a time.
 class Smoother {
   public:
     Smoother(TriangleMesh& target, const CornersOfPlaces& cornersOfPlaces,
@@ -233,9 +233,9 @@ class Smoother {
     const std::vector<Facet>& facets;
     double creaseCosine;
     double halfCreaseCosine;
-    /// Of the place at work.
+    /// Of the current place.
     std::span<const std::uint32_t> corners;
-    /// Vertices of the place at work, with the number of a copy.
+    /// Vertices of the current place, with the number of a copy.
     std::vector<std::pair<std::uint32_t, std::uint32_t>> copiesOfPlace;
     std::vector<Copy> copies;
     std::vector<std::pair<std::uint32_t, std::uint32_t>> cornersOfCopies;
@@ -259,7 +259,7 @@ void makeNormals(TriangleMesh& mesh, double creaseAngleDegrees) {
     mesh.normals.assign(mesh.positions.size(), qel::XPnt3f(0.0F, 0.0F, 1.0F));
     const CornersOfPlaces places = sortCorners(mesh);
     const std::vector<Facet> facets = facetsOf(mesh);
-    // Each vertex and each corner belongs to one place, so that pieces write nothing in common.
+    // Each vertex and each corner belongs to one place, so pieces share no writes.
     const std::vector<Piece> pieces = piecesOf(places.begin.size() - 1);
     std::vector<Smoother> smoothers(pieces.size(), Smoother(mesh, places, facets, creaseAngleDegrees));
     onAllCores(pieces, [&](std::size_t number) {

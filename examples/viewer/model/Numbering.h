@@ -12,7 +12,7 @@
 
 namespace qelview {
 
-/// Numbers different keys from 0 on, in the order in which they come; equal keys have the same number.
+/// Assigns numbers to keys, from 0, in the order of first appearance; equal keys have the same number.
 template <class Word, std::size_t kWords>
 class Numbering {
   public:
@@ -20,7 +20,7 @@ class Numbering {
 
     static constexpr std::size_t kBlock = 64;
 
-    /// @param expected how many different keys may come; there can be more.
+    /// @param expected number of different keys, for the size of the table; there can be more.
     explicit Numbering(std::size_t expected)
         : slots(std::bit_ceil(std::max(expected * 2, kFewestSlots)), kFree) {
         keys.reserve(expected);
@@ -28,8 +28,8 @@ class Numbering {
 
     std::uint32_t numberOf(const Key& key) { return numberOf(key, hashOf(key)); }
 
-    /// The same for each of a few keys. Slots are too many for the processor's cache: it waits for those of
-    /// all keys at once.
+    /// The numbers of a few keys. The table does not fit into the processor's cache: the loads of a block
+    /// overlap.
     /// @param count up to `kBlock`.
     void numberBlock(const Key* block, std::size_t count, std::uint32_t* numbers) {
         std::array<std::size_t, kBlock> hashes;
@@ -43,7 +43,7 @@ class Numbering {
             }
         }
     }
-    /// By their numbers.
+    /// Indexed by number.
     [[nodiscard]] const std::vector<Key>& known() const { return keys; }
     [[nodiscard]] std::vector<Key> takeKnown() { return std::move(keys); }
 
@@ -61,7 +61,7 @@ class Numbering {
         return hash;
     }
 
-    /// Without a branch for each word, and without the call that comparing arrays becomes.
+    /// Branch-free; `operator==` of arrays is a library call.
     static bool areEqual(const Key& a, const Key& b) {
         Word difference = 0;
         for (std::size_t i = 0; i < kWords; ++i) {
@@ -82,7 +82,7 @@ class Numbering {
         return slot;
     }
 
-    /// The slot of a key, or the free one where it belongs.
+    /// The slot of a key, or the free slot for it.
     std::uint32_t& slotOf(const Key& key, std::size_t hash) {
         const std::size_t mask = slots.size() - 1;
         std::size_t at = hash & mask;
@@ -104,17 +104,17 @@ class Numbering {
     std::vector<std::uint32_t> slots;
 };
 
-/// Many keys with their numbers.
+/// The result of `numberAll`.
 template <class Word, std::size_t kWords>
 struct Numbered {
-    /// Of all keys that came.
+    /// One for each key.
     std::vector<std::uint32_t> numbers;
-    /// The different ones, by their numbers.
+    /// The different keys, indexed by number.
     std::vector<std::array<Word, kWords>> keys;
 };
 
-/// Numbers `count` keys as `Numbering` does, on all cores.
-/// @param keyAt called with each number below `count`, by several cores at once.
+/// Numbers `count` keys in parallel, with the numbers that one `Numbering` would assign.
+/// @param keyAt called with each index below `count`, on several threads.
 template <class Word, std::size_t kWords, class KeyAt>
 [[nodiscard]] Numbered<Word, kWords> numberAll(std::size_t count, std::size_t expected, const KeyAt& keyAt) {
     constexpr std::size_t kBlock = Numbering<Word, kWords>::kBlock;
@@ -123,7 +123,7 @@ template <class Word, std::size_t kWords, class KeyAt>
     const std::vector<Piece> pieces = piecesOf(count);
     std::vector<Numbering<Word, kWords>> known(pieces.size(), Numbering<Word, kWords>(0));
     onAllCores(pieces, [&](std::size_t number) {
-        // The first one takes in the others.
+        // The others are merged into the first one.
         Numbering<Word, kWords> own(number == 0 ? expected : expected / pieces.size());
         std::array<std::array<Word, kWords>, kBlock> block;
         for (std::size_t i = pieces[number].begin; i < pieces[number].end; i += kBlock) {

@@ -11,11 +11,11 @@ namespace qelview {
 
 namespace {
 
-/// A pass over so many takes no time that anybody could notice.
+/// A pass over this many points takes no noticeable time.
 constexpr std::size_t kFew = 200'000;
 constexpr std::size_t kBoxesOfASide = 32;
 
-/// Grows quicker than an envelope, which looks at its validity for each point.
+/// Faster than an envelope, which checks its validity for each point.
 struct Reach {
     qel::XPnt3d low{kInfinite, kInfinite, kInfinite};
     qel::XPnt3d high{-kInfinite, -kInfinite, -kInfinite};
@@ -52,7 +52,7 @@ Reach reachOf(const Points& points) {
     return reaches.front();
 }
 
-/// Small boxes that fill a large one, row by row.
+/// A regular grid of small boxes in a large one.
 class Grid {
   public:
     explicit Grid(const Reach& reach) : low(reach.low) {

@@ -4,10 +4,10 @@
 
 namespace qelview {
 
-/// The box of points; not valid without any.
+/// The bounding box of points; invalid if there are none.
 [[nodiscard]] qel::Enve3d boxOf(const Points& points);
 
-/// A few points that reach as far as many: the points themselves where they are few, else the corners of
+/// Appends few points with the same extent as many: the points themselves if they are few, else the corners of
 /// small boxes around them, which are at most a thirty-second of the whole box wide.
 void appendOutline(Points& outline, const Points& points);
 

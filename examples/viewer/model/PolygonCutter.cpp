@@ -10,7 +10,7 @@ namespace qelview {
 
 namespace {
 
-/// The function type that the library takes for all of its callbacks.
+/// The type of all callbacks of GLU.
 using Callback = void (*)();
 
 struct TessellatorCloser {
@@ -76,7 +76,7 @@ class PolygonCutter::Work {
     static void takeVertex(void* vertex, void* user) {
         static_cast<Work*>(user)->result.corners.push_back(static_cast<const Corner*>(vertex)->number);
     }
-    /// Its presence alone makes the library give triangles one by one instead of fans and strips.
+    /// With this callback, GLU emits separate triangles instead of fans and strips.
     static void takeEdgeFlag(GLboolean /*isEdge*/, void* /*user*/) {}
     static void takeError(GLenum /*code*/, void* user) { static_cast<Work*>(user)->hasFailed = true; }
     static void combine(GLdouble* place, void** neighbours, const GLfloat* weights, void** made, void* user) {
@@ -94,7 +94,7 @@ class PolygonCutter::Work {
     }
 
     std::unique_ptr<GLUtesselator, TessellatorCloser> tessellator;
-    /// Stay where they are while there are more: the library holds on to them.
+    /// A deque, because GLU keeps pointers to its elements.
     std::deque<Corner> corners;
     Triangles result;
     TangleBudget budget;

@@ -10,7 +10,7 @@
 
 namespace qelview {
 
-/// Which places contours enclose, by how often they run around a place.
+/// The winding rule: which areas contours enclose.
 enum class Filling : std::uint8_t {
     /// An odd number of times: an area that is enclosed twice is a hole.
     Odd,
@@ -18,13 +18,13 @@ enum class Filling : std::uint8_t {
     NonZero,
 };
 
-/// Areas of any shape as triangles.
+/// Triangulates areas of any shape.
 class PolygonCutter {
   public:
-    /// A corner that is none of the contours' points: where edges cross or points meet.
+    /// A corner that is not a point of the contours: where edges cross or points coincide.
     struct Crossing {
         qel::XPnt3d position;
-        /// The points that it lies between, and the share of each; numbers with a share of 0 mean nothing.
+        /// The points that it lies between, and their weights; a point of weight 0 has no meaning.
         std::array<std::uint32_t, 4> points{};
         std::array<float, 4> shares{};
     };
@@ -41,7 +41,7 @@ class PolygonCutter {
     PolygonCutter(const PolygonCutter&) = delete;
     PolygonCutter& operator=(const PolygonCutter&) = delete;
 
-    /// Cuts the area that closed contours enclose together.
+    /// Triangulates the area that closed contours enclose.
     /// @param normal of the plane that the contours lie in, more or less; of any length but 0.
     /// @return valid until the next call; empty if nothing is enclosed, or the contours run through each
     /// other so often that this cutter has no budget left for them.

@@ -25,19 +25,19 @@ struct Edge {
     auto operator<=>(const Edge&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
-/// Which side of an edge a place lies on.
+/// Positive to the left of the edge, negative to its right.
 double sideOf(const Edge& edge, const Place& place) {
     return (edge.to.x - edge.from.x) * (place.y - edge.from.y) -
            (edge.to.y - edge.from.y) * (place.x - edge.from.x);
 }
 
-/// True if they cross anywhere but in their ends.
+/// True if they cross other than at their ends.
 bool areCrossing(const Edge& a, const Edge& b) {
     return sideOf(a, b.from) * sideOf(a, b.to) < 0.0 && sideOf(b, a.from) * sideOf(b, a.to) < 0.0;
 }
 
 std::vector<Edge> edgesOf(std::span<const Points> contours, const qel::XPnt3d& normal) {
-    // The two axes that the plane turns its face to, as the library chooses them.
+    // Drops the longest axis of the normal, as GLU does.
     const std::array<double, 3> sizes{std::abs(normal.x), std::abs(normal.y), std::abs(normal.z)};
     const auto longest = std::max_element(sizes.begin(), sizes.end()) - sizes.begin();
     const auto flat = [longest](const qel::XPnt3d& point) {
@@ -63,7 +63,7 @@ std::vector<Edge> edgesOf(std::span<const Points> contours, const qel::XPnt3d& n
 bool pay(TangleBudget& budget, std::span<const Points> contours, const qel::XPnt3d& normal) {
     std::vector<Edge> edges = edgesOf(contours, normal);
     std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a < b; });
-    // Edges that lie on each other cross others together.
+    // Coincident edges have common crossings.
     const auto isRepeated = [&edges](std::size_t i) { return i > 0 && edges[i] == edges[i - 1]; };
     for (std::size_t i = 0; i < edges.size(); ++i) {
         for (std::size_t k = i + 1; k < edges.size() && edges[k].from.x <= edges[i].to.x; ++k) {

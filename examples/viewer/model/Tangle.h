@@ -7,14 +7,14 @@
 
 namespace qelview {
 
-/// How much work it may be to cut contours. Cutting goes through all pairs of edges that overlap in one
+/// Limits the work of cutting contours. Cutting visits all pairs of edges that overlap in one
 /// direction, and through all crossings, of which a few thousand corners can have millions.
 struct TangleBudget {
     std::uint64_t pairs = 20'000'000;
     std::uint64_t crossings = 50'000;
 };
 
-/// Takes what closed contours would cost from the budget.
+/// Subtracts the cost of cutting closed contours from the budget.
 /// @param normal of the plane that they lie in.
 /// @return false if the budget is spent.
 [[nodiscard]] bool pay(TangleBudget& budget, std::span<const Points> contours, const qel::XPnt3d& normal);

@@ -6,7 +6,7 @@
 
 namespace qelview {
 
-/// The bytes that Base64 text stands for; nothing if it is not such text, padded to whole groups of four.
+/// Decodes Base64 text, which must be padded; nothing if it is invalid.
 [[nodiscard]] std::optional<std::string> decodeBase64(std::string_view text);
 
 }  // namespace qelview

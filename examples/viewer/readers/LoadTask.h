@@ -20,10 +20,10 @@ namespace qelview {
 [[nodiscard]] Scene loadScene(const std::vector<std::string>& files, UpAxis up, Progress& progress,
                               Stopwatch& watch);
 
-/// Says on standard error what was left out of the files of a scene.
+/// Writes the warnings of a scene to stderr.
 void printWarnings(const Scene& scene);
 
-/// `loadScene` on a thread of its own, so that whoever waits stays responsive.
+/// Runs `loadScene` on its own thread, so that the caller stays responsive.
 class LoadTask {
   public:
     using Work = std::function<Scene(Progress&, Stopwatch&)>;
@@ -31,12 +31,12 @@ class LoadTask {
     LoadTask(std::vector<std::string> files, UpAxis up);
     /// Any other work that ends in a scene.
     explicit LoadTask(Work work);
-    /// Gives up on a load that still runs, and waits for its thread.
+    /// Cancels a running load and waits for its thread.
     ~LoadTask();
     LoadTask(const LoadTask&) = delete;
     LoadTask& operator=(const LoadTask&) = delete;
 
-    /// What the parts of a load took, once it is done.
+    /// The times of the parts, once the load is done.
     [[nodiscard]] const Stopwatch& times() const { return watch; }
     [[nodiscard]] bool isDone() const { return done; }
     /// From 0 to 1.

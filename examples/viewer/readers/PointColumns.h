@@ -8,7 +8,7 @@
 
 namespace qelview {
 
-/// Which columns of a point file mean what.
+/// The meaning of the columns of a point file.
 struct PointColumns {
     /// Of x, y and z.
     std::array<std::size_t, 3> position{0, 1, 2};
@@ -24,7 +24,7 @@ enum class Separator : char { Semicolon = ';', Comma = ',', Blank = ' ' };
 /// Semicolon before comma before blanks.
 [[nodiscard]] Separator separatorOf(std::string_view line);
 
-/// Columns of a line, without the blanks and quotes around them. The storage of `columns` is used again.
+/// Splits a line into columns, without blanks and quotes around them. Reuses the storage of `columns`.
 void splitColumns(std::string_view line, Separator separator, std::vector<std::string_view>& columns);
 
 /// The meaning of the columns by their names, in any order and case: x or easting, y or northing, z or height

@@ -87,8 +87,8 @@ TextureImage readImage(std::string_view bytes, std::uint64_t mostPixels) {
     TextureImage image;
     int channels = 0;
     budget = {kBytesPerImage};
-    if (stbi_info_from_memory(data, size, &image.width, &image.height, &channels) == 0 || image.width <= 0 ||
-        image.height <= 0) {
+    if (size == 0 || stbi_info_from_memory(data, size, &image.width, &image.height, &channels) == 0 ||
+        image.width <= 0 || image.height <= 0) {
         throw ReadError("not a PNG, JPEG, TGA or BMP image");
     }
     const auto pixels = static_cast<std::uint64_t>(image.width) * static_cast<std::uint64_t>(image.height);

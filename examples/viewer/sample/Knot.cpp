@@ -1,8 +1,10 @@
 #include "Knot.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <numbers>
 
 namespace qelview {
@@ -30,12 +32,43 @@ qel::QelColor3f colorAlong(double share) {
     return {0.18F + 0.77F * wave, 0.66F - 0.22F * wave + 0.08F * middle, 0.66F - 0.32F * wave};
 }
 
+/// Strands that wind around the tube, with dark joints between them. Its edges continue each other.
+std::shared_ptr<const TextureImage> makeStrands() {
+    constexpr int kAlong = 1024;
+    constexpr int kAround = 64;
+    constexpr double kStrandsAlong = 48.0;
+    constexpr double kStrandsAround = 3.0;
+    constexpr double kJointBrightness = 0.35;
+    TextureImage image;
+    image.width = kAlong;
+    image.height = kAround;
+    for (int row = 0; row < kAround; ++row) {
+        for (int column = 0; column < kAlong; ++column) {
+            const double along = (column + 0.5) / kAlong;
+            const double around = (row + 0.5) / kAround;
+            const double strand = kStrandsAlong * along + kStrandsAround * around;
+            const double hump = std::sin(std::numbers::pi * (strand - std::floor(strand)));
+            const auto brightness =
+                static_cast<float>(kJointBrightness + (1.0 - kJointBrightness) * std::sqrt(hump));
+            const qel::QelColor3f color = colorAlong(along);
+            for (const float share : {color.r, color.g, color.b}) {
+                image.pixels.push_back(
+                    static_cast<std::uint8_t>(std::min(share * brightness, 1.0F) * 255.0F));
+            }
+        }
+    }
+    return std::make_shared<const TextureImage>(std::move(image));
+}
+
 }  // namespace
 
 TriangleMesh makeKnot() {
     TriangleMesh knot;
     knot.name = "knot";
-    for (std::size_t step = 0; step < kSteps; ++step) {
+    knot.color = {1.0F, 1.0F, 1.0F};
+    knot.texture = std::make_shared<const Texture>(Texture{makeStrands()});
+    // Where the tube closes, vertices are there twice: at the beginning of the image and at its end.
+    for (std::size_t step = 0; step <= kSteps; ++step) {
         const double share = static_cast<double>(step) / static_cast<double>(kSteps);
         const qel::XPnt3d middle = onKnot(share * kTurn);
         qel::XPnt3d along = onKnot(share * kTurn + 1e-4) - onKnot(share * kTurn - 1e-4);
@@ -43,20 +76,21 @@ TriangleMesh makeKnot() {
         qel::XPnt3d across = qel::cross(along, middle - kKnotCenter);
         across.normalize();
         const qel::XPnt3d outward = qel::cross(across, along);
-        for (std::size_t side = 0; side < kSides; ++side) {
-            const double angle = kTurn * static_cast<double>(side) / static_cast<double>(kSides);
+        for (std::size_t side = 0; side <= kSides; ++side) {
+            const double shareAround = static_cast<double>(side) / static_cast<double>(kSides);
+            const double angle = kTurn * shareAround;
             const qel::XPnt3d normal = outward * std::cos(angle) + across * std::sin(angle);
             knot.positions.push_back(middle + normal * kTubeRadius);
             knot.normals.emplace_back(normal);
-            knot.colors.push_back(colorAlong(share));
+            knot.texCoords.push_back({static_cast<float>(share), static_cast<float>(shareAround)});
         }
     }
     for (std::size_t step = 0; step < kSteps; ++step) {
-        const std::size_t next = (step + 1) % kSteps;
+        const std::size_t next = step + 1;
         for (std::size_t side = 0; side < kSides; ++side) {
-            const std::size_t beside = (side + 1) % kSides;
+            const std::size_t beside = side + 1;
             const auto number = [](std::size_t ring, std::size_t place) {
-                return static_cast<std::uint32_t>(ring * kSides + place);
+                return static_cast<std::uint32_t>(ring * (kSides + 1) + place);
             };
             knot.indices.insert(knot.indices.end(),
                                 {number(step, side), number(step, beside), number(next, beside),

@@ -7,7 +7,7 @@ namespace qelview {
 /// The middle of the knot that hangs over the ground of the sample scene.
 inline constexpr qel::XPnt3d kKnotCenter{2.6, -2.4, 4.0};
 
-/// A tube along a trefoil knot: indexed, smooth, with colours that run along the tube.
+/// A tube along a trefoil knot: indexed, smooth, with a texture that winds around the tube.
 [[nodiscard]] TriangleMesh makeKnot();
 
 /// The box that the knot just fits into.

@@ -12,7 +12,7 @@ namespace {
 
 using nlohmann::json;
 
-/// The line of a byte that is counted from 1.
+/// The line of a byte; both are counted from 1.
 std::size_t lineOf(std::string_view text, std::size_t byte) {
     const std::string_view before = text.substr(0, std::min(text.size(), byte == 0 ? 0 : byte - 1));
     return 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
@@ -29,7 +29,7 @@ nlohmann::json parseJson(std::string_view text) {
                isAtEnd ? "the file ends in the middle of the JSON text"
                        : "no JSON at " + qelview::quoted(text.substr(error.byte == 0 ? 0 : error.byte - 1)));
     } catch (const json::exception&) {
-        // The only other thing that parsing throws.
+        // The only other exception of the parser.
         refuse("file", "a number is too large");
     }
 }

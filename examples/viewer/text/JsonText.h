@@ -5,11 +5,11 @@
 
 namespace qelview {
 
-/// A text of JSON whole, of any depth.
-/// @throws ReadError that names the line at which it is none.
+/// Parses JSON text, nested to any depth.
+/// @throws ReadError that names the line of a syntax error.
 [[nodiscard]] nlohmann::json parseJson(std::string_view text);
 
-/// A member of an object, or null.
+/// A member of an object; null if there is none.
 [[nodiscard]] const nlohmann::json& memberOf(const nlohmann::json& object, const char* name);
 
 }  // namespace qelview

@@ -7,13 +7,13 @@
 
 namespace qelview {
 
-/// A file that cannot be shown. The text is one line: the place in the file, and what is wrong there.
+/// A file cannot be shown. The text is one line: the place in the file and the reason.
 class ReadError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// The user gave up on a load.
+/// The user cancelled a load.
 class ReadCancelled : public std::runtime_error {
   public:
     ReadCancelled() : std::runtime_error("cancelled") {}
@@ -25,10 +25,10 @@ class ReadCancelled : public std::runtime_error {
 /// "line 12".
 [[nodiscard]] std::string atLine(std::size_t number);
 
-/// A piece of a file as it can be shown in one line: cut, and without control characters.
+/// Part of a file for a message: truncated, in quotes, without control characters.
 [[nodiscard]] std::string quoted(std::string_view text);
 
-/// Text of another library as one line of readable characters.
+/// Text of another library as one line of printable characters.
 [[nodiscard]] std::string oneLine(std::string_view text);
 
 }  // namespace qelview

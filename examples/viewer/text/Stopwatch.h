@@ -7,7 +7,7 @@
 
 namespace qelview {
 
-/// How long the parts of a run take, one after the other.
+/// Measures the consecutive parts of a run.
 class Stopwatch {
   public:
     struct Part {
@@ -15,7 +15,7 @@ class Stopwatch {
         double seconds = 0.0;
     };
 
-    /// Ends the part that runs, which begins where the last one ended. Parts of the same name are one.
+    /// Ends the current part, which began at the end of the last one. Parts of the same name are summed.
     void lap(const std::string& name) {
         const Clock::time_point now = Clock::now();
         const double seconds = std::chrono::duration<double>(now - std::exchange(last, now)).count();

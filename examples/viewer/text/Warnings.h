@@ -6,8 +6,8 @@
 
 namespace qelview {
 
-/// What a reader passes over because the rest of the file is shown right without it. The same reason is kept
-/// once, with its first place, however often it comes up.
+/// What a reader ignores because the rest of the file is shown correctly without it. Equal reasons are
+/// counted, and listed once with their first place.
 class Warnings {
   public:
     /// @param place in the file, such as "line 12".

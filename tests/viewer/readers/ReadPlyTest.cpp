@@ -114,6 +114,17 @@ const std::vector<Faces> kFaces{
 INSTANTIATE_TEST_SUITE_P(Files, ReadPlyBinaryFaces, testing::ValuesIn(kFaces),
                          [](const auto& each) { return each.param.name; });
 
+TEST(ReadPly, LeavesTheChannelsBlackThatItDoesNotHave) {
+    const qelview::Scene scene =
+        sceneOf(kPly, PLY_HEAD "property uchar green\nend_header\n0 0 0 7\n1 0 0 255\n");
+    const std::vector<qel::QelColor3b>& colors = scene.clouds.at(0).colors;
+    ASSERT_EQ(colors.size(), 2U);
+    EXPECT_EQ(colors[0].r, 0);
+    EXPECT_EQ(colors[0].g, 7);
+    EXPECT_EQ(colors[1].g, 255);
+    EXPECT_EQ(colors[1].b, 0);
+}
+
 TEST(ReadPly, NamesTheTriangleAtWhichABinaryFileEnds) {
     const std::string whole = binaryFaces({"", "int", {{0, 1, 2}, {0, 2, 3}, {0, 3, 4}}, "", {}}, true);
     EXPECT_EQ(refusal(kPly, whole.substr(0, whole.size() - 1)), "face 2: the file ends here");

@@ -38,6 +38,8 @@ TEST(SampleScene, HasMeshesWithAndWithoutIndicesSmoothAndFaceted) {
     EXPECT_TRUE(has([](const qelview::TriangleMesh& mesh) { return !mesh.indices.empty(); }));
     EXPECT_TRUE(has([](const qelview::TriangleMesh& mesh) { return mesh.faceted; }));
     EXPECT_TRUE(has([](const qelview::TriangleMesh& mesh) { return !mesh.faceted; }));
+    EXPECT_TRUE(has([](const qelview::TriangleMesh& mesh) { return mesh.texture != nullptr; }));
+    EXPECT_TRUE(has([](const qelview::TriangleMesh& mesh) { return !mesh.colors.empty(); }));
 }
 
 TEST(SampleScene, HasAHoleInItsParcel) {
@@ -52,7 +54,8 @@ TEST(SampleScene, HasWholeArrays) {
     const qelview::Scene scene = qelview::makeSampleScene();
     for (const qelview::TriangleMesh& mesh : scene.meshes) {
         EXPECT_EQ(mesh.normals.size(), mesh.positions.size()) << mesh.name;
-        EXPECT_EQ(mesh.colors.size(), mesh.positions.size()) << mesh.name;
+        const std::size_t coloured = mesh.texture ? mesh.texCoords.size() : mesh.colors.size();
+        EXPECT_EQ(coloured, mesh.positions.size()) << mesh.name;
         EXPECT_EQ((mesh.indices.empty() ? mesh.positions.size() : mesh.indices.size()) % 3, 0U) << mesh.name;
         for (const std::uint32_t index : mesh.indices) {
             ASSERT_LT(index, mesh.positions.size()) << mesh.name;

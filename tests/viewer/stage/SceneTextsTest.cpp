@@ -23,6 +23,10 @@ TEST(SceneTextsSummary, TellsTheOriginOfAMovedScene) {
     scene.points.push_back({{0, 0, 0}});
     scene.origin = qel::XPnt3d(635000.4, -1234.6, 0.2);
     EXPECT_EQ(qelview::summaryOf(scene), "1 points; around 635,000 -1,235 0");
+    scene.origin = qel::XPnt3d(-0.5, -0.49, 0.5);
+    EXPECT_EQ(qelview::summaryOf(scene), "1 points; around -1 0 1");
+    scene.origin = qel::XPnt3d(0.49, -0.49, 0.0);
+    EXPECT_EQ(qelview::summaryOf(scene), "1 points");
 }
 
 TEST(SceneTextsSummary, CountsWarnings) {
