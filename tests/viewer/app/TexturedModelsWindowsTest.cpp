@@ -83,13 +83,13 @@ void expectShown(const Model& model) {
     std::filesystem::remove(capture);
 }
 
-class TexturedModel : public testing::TestWithParam<Model> {};
+class TexturedModelsTexturedModel : public testing::TestWithParam<Model> {};
 
-TEST_P(TexturedModel, ShowsEachPixelOfItsImageAtItsPlaceInWindowAndCapture) {
+TEST_P(TexturedModelsTexturedModel, ShowsEachPixelOfItsImageAtItsPlaceInWindowAndCapture) {
     expectShown(GetParam());
 }
 
-TEST_P(TexturedModel, DoesSoUnderOpenGl11WithoutExtensions) {
+TEST_P(TexturedModelsTexturedModel, DoesSoUnderOpenGl11WithoutExtensions) {
     // What Mesa's drivers take; others draw with what they have.
     const Variable version(L"MESA_GL_VERSION_OVERRIDE", L"1.1");
     const Variable extensions(L"MESA_EXTENSION_OVERRIDE", L"");
@@ -97,7 +97,7 @@ TEST_P(TexturedModel, DoesSoUnderOpenGl11WithoutExtensions) {
 }
 
 // glTF squares stand upright.
-INSTANTIATE_TEST_SUITE_P(Formats, TexturedModel,
+INSTANTIATE_TEST_SUITE_P(Formats, TexturedModelsTexturedModel,
                          testing::Values(Model{"textured.obj", L"0"}, Model{"textured.ply", L"0"},
                                          Model{"textured.glb", L"3"}),
                          [](const auto& test) { return std::string(test.param.name).substr(9); });

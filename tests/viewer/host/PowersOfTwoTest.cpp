@@ -11,7 +11,7 @@ using qelview::nearestPowerOfTwo;
 using qelview::scaledImage;
 using qelview::TextureImage;
 
-TEST(NearestPowerOfTwo, IsTheNearerOneUpToTheLargest) {
+TEST(PowersOfTwoNearestPowerOfTwo, IsTheNearerOneUpToTheLargest) {
     struct Size {
         int size;
         int nearest;
@@ -23,14 +23,14 @@ TEST(NearestPowerOfTwo, IsTheNearerOneUpToTheLargest) {
     }
 }
 
-TEST(ScaledImage, HasTheMeanOfWhatEachPixelCovers) {
+TEST(PowersOfTwoScaledImage, HasTheMeanOfWhatEachPixelCovers) {
     const TextureImage image{3, 1, 3, {0, 0, 0, 90, 30, 0, 240, 0, 255}};
     // The first covers all of the first pixel and half of the next one.
     EXPECT_EQ(scaledImage(image, 2, 1).pixels, (std::vector<std::uint8_t>{30, 10, 0, 190, 10, 170}));
     EXPECT_EQ(scaledImage(image, 1, 1).pixels, (std::vector<std::uint8_t>{110, 10, 85}));
 }
 
-TEST(ScaledImage, KeepsColoursWhenItGrowsInEitherDirection) {
+TEST(PowersOfTwoScaledImage, KeepsColoursWhenItGrowsInEitherDirection) {
     const TextureImage image{1, 3, 4, {10, 20, 30, 40, 50, 60, 70, 80, 255, 255, 255, 255}};
     const TextureImage scaled = scaledImage(image, 2, 4);
     ASSERT_EQ(scaled.width, 2);

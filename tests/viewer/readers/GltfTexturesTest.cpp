@@ -149,9 +149,9 @@ struct BadGltf {
     std::string reason;
 };
 
-class BadGltfTexture : public testing::TestWithParam<BadGltf> {};
+class GltfTexturesBadGltfTexture : public testing::TestWithParam<BadGltf> {};
 
-TEST_P(BadGltfTexture, IsAWarningAndLeavesThePlainColour) {
+TEST_P(GltfTexturesBadGltfTexture, IsAWarningAndLeavesThePlainColour) {
     const Scene scene = gltfScene(GetParam().changes);
     ASSERT_EQ(scene.warnings.size(), 1U);
     EXPECT_NE(scene.warnings[0].find(GetParam().reason), std::string::npos) << scene.warnings[0];
@@ -161,7 +161,7 @@ TEST_P(BadGltfTexture, IsAWarningAndLeavesThePlainColour) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Textures, BadGltfTexture,
+    Textures, GltfTexturesBadGltfTexture,
     testing::Values(
         BadGltf{"Missing", {{"/images/0/uri", "absent.png"}}, "'absent.png': the file cannot be read"},
         BadGltf{"Elsewhere", {{"/images/0/uri", "%2e%2e/a.png"}}, "not a file next to the model"},

@@ -105,9 +105,9 @@ struct BadImage {
     std::string reason;
 };
 
-class BadObjImage : public testing::TestWithParam<BadImage> {};
+class ObjTexturesBadObjImage : public testing::TestWithParam<BadImage> {};
 
-TEST_P(BadObjImage, IsAWarningAndLeavesThePlainColour) {
+TEST_P(ObjTexturesBadObjImage, IsAWarningAndLeavesThePlainColour) {
     const TemporaryFile image("bad.tga", GetParam().image);
     const Scene scene =
         objScene("Kd 1 0 0.5\nmap_Kd " + GetParam().named + "\n", "f 1/1 2/2 3/3\nusemtl m\nf 1/1 3/3 4/4\n");
@@ -121,7 +121,7 @@ TEST_P(BadObjImage, IsAWarningAndLeavesThePlainColour) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Images, BadObjImage,
+    Images, ObjTexturesBadObjImage,
     testing::Values(BadImage{"Missing", "x", "absent.png", "the file cannot be read"},
                     BadImage{"Damaged", "x", "qelview-test-bad.tga", "not a PNG, JPEG, TGA or BMP image"},
                     BadImage{"Empty", "", "qelview-test-bad.tga", "the file cannot be read"},
@@ -131,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BadImage{"Absolute", "x", "/tmp/four.tga", "not a file next to the model"}),
     [](const auto& test) { return test.param.name; });
 
-TEST(TexturedMeshes, HaveCoordinatesWhereEdgesOfAFaceCross) {
+TEST(ObjTexturesTexturedMeshes, HaveCoordinatesWhereEdgesOfAFaceCross) {
     // The quadrangle's edges cross in its middle.
     const Scene scene = objScene(kMap, "f 1/1 3/3 2/2 4/4\n");
     const TriangleMesh& mesh = scene.meshes.at(0);

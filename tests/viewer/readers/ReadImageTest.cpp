@@ -46,9 +46,9 @@ struct ImageFile {
     int tolerance;
 };
 
-class EachImageFile : public testing::TestWithParam<ImageFile> {};
+class ReadImageEachImageFile : public testing::TestWithParam<ImageFile> {};
 
-TEST_P(EachImageFile, GivesItsPixelsFromTheTopRowDown) {
+TEST_P(ReadImageEachImageFile, GivesItsPixelsFromTheTopRowDown) {
     const TextureImage image = qelview::readImage(corpusBytes(GetParam().name));
     ASSERT_EQ(image.width, 16);
     ASSERT_EQ(image.height, 16);
@@ -65,7 +65,7 @@ TEST_P(EachImageFile, GivesItsPixelsFromTheTopRowDown) {
 constexpr int kLossOfJpeg = 4;
 
 INSTANTIATE_TEST_SUITE_P(
-    Formats, EachImageFile,
+    Formats, ReadImageEachImageFile,
     testing::Values(ImageFile{"quadrants.png", 3, 255, 0}, ImageFile{"palette.png", 3, 255, 0},
                     ImageFile{"half.png", 4, 0, 0}, ImageFile{"quadrants.jpg", 3, 255, kLossOfJpeg},
                     ImageFile{"progressive.jpg", 3, 255, kLossOfJpeg}, ImageFile{"quadrants.tga", 3, 255, 0},
