@@ -2,17 +2,48 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "GltfSquare.h"
 #include "MeshNormals.h"
 #include "kit/LongRun.h"
+#include "viewer/ViewerData.h"
 
 namespace {
 
-using namespace qel::test::gltf;
+using nlohmann::json;
+
+/// A buffer of four corners of a square (VEC3 of floats), four colours (VEC4 of bytes that stand for shares)
+/// and the indices 0 1 2 3 (bytes), in the order of its views.
+json square() {
+    return json::parse(R"({"asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0]}],
+        "nodes": [{"mesh": 0}],
+        "meshes": [{"primitives": [{"attributes": {"POSITION": 0}, "indices": 2, "mode": 5}]}],
+        "accessors": [{"bufferView": 0, "componentType": 5126, "count": 4, "type": "VEC3"},
+                      {"bufferView": 1, "componentType": 5121, "count": 4, "type": "VEC4", "normalized": true},
+                      {"bufferView": 2, "componentType": 5121, "count": 4, "type": "SCALAR"}],
+        "bufferViews": [{"buffer": 0, "byteLength": 48}, {"buffer": 0, "byteOffset": 48, "byteLength": 16},
+                        {"buffer": 0, "byteOffset": 64, "byteLength": 4}],
+        "buffers": [{"byteLength": 68, "uri": "data:application/octet-stream;base64,AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAAAAAAAAgD8AAAAAAACAPwAAgD8AAAAA/wAA/wD/AP8AAP8AMzMzMwABAgM="}]})");
+}
+
+qelview::Scene read(std::string_view bytes, const std::filesystem::path& file = "nowhere/model.gltf") {
+    qelview::Progress progress;
+    return qelview::readGltf(bytes, file, qelview::ProgressStretch(progress, 0.0, 1.0));
+}
+
+std::string refusal(const std::string& bytes) {
+    return qel::test::refusalOf([&] { return read(bytes); });
+}
+
+/// With one value of the square changed.
+json squareWith(const char* pointer, const json& value) {
+    json changed = square();
+    changed[json::json_pointer(pointer)] = value;
+    return changed;
+}
 
 TEST(ReadGltf, TurnsEverySecondTriangleOfAStrip) {
     qelview::Scene scene = read(square().dump());
@@ -162,6 +193,34 @@ TEST(ReadGltf, ReadsNumbersAndSharesOfEveryType) {
     EXPECT_EQ(largestOf(5126, true, std::string("\0\0\x20\xC0", 4)), -2.5);
 }
 
+std::string glb(const json& root, const std::string& binary) {
+    const auto word = [](std::size_t value) {
+        std::string bytes;
+        for (int i = 0; i < 4; ++i) {
+            bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
+        }
+        return bytes;
+    };
+    const std::string text = root.dump();
+    const std::string chunks =
+        word(text.size()) + "JSON" + text + word(binary.size()) + std::string("BIN\0", 4) + binary;
+    return "glTF" + word(2) + word(12 + chunks.size()) + chunks;
+}
+
+TEST(ReadGltf, ReadsTheChunkOfABinaryFile) {
+    json inside = square();
+    inside["buffers"] = json::parse(R"([{"byteLength": 68}])");
+    const std::string file = glb(inside, std::string(68, '\0'));
+    EXPECT_EQ(read(file).triangleCount(), 2U);
+    EXPECT_EQ(refusal(glb(inside, "short")), "buffer 0: it promises 68 bytes, there are 5");
+    std::string longChunk = file;
+    longChunk[15] = '\1';
+    EXPECT_EQ(refusal(longChunk).substr(0, 24), "first chunk: it promises");
+    EXPECT_EQ(refusal(file.substr(0, file.size() - 1)), "header: it promises " + std::to_string(file.size()) +
+                                                            " bytes, the file has " +
+                                                            std::to_string(file.size() - 1));
+}
+
 TEST(ReadGltf, StandsAnyDepth) {
     const std::size_t depth = qel::test::shortOrLong(std::size_t{20000}, std::size_t{100000});
     json deep = square();
@@ -175,6 +234,113 @@ TEST(ReadGltf, StandsAnyDepth) {
     std::string text = square().dump();
     text.insert(1, "\"extras\": " + brackets + ", ");
     EXPECT_EQ(read(text).triangleCount(), 2U);
+}
+
+struct WrongValue {
+    const char* name;
+    const char* pointer;
+    json value;
+    const char* refusal;
+};
+
+class ReadGltfWrong : public testing::TestWithParam<WrongValue> {};
+
+TEST_P(ReadGltfWrong, IsRefusedAtItsPlace) {
+    EXPECT_EQ(refusal(squareWith(GetParam().pointer, GetParam().value).dump()), GetParam().refusal);
+}
+
+const std::vector<WrongValue> kWrong{
+    {"Asset", "/asset", 5, "file: there is no glTF asset"},
+    {"Version", "/asset/version", "1.0", "file: it is not of version 2 of glTF"},
+    {"Extension", "/extensionsRequired", json::array({"KHR_draco_mesh_compression"}),
+     "file: it needs the extension 'KHR_draco_mesh_compression', which is not read"},
+    {"Scene", "/scene", 3, "file: it names one of the scenes that does not exist"},
+    {"NodeOfScene", "/scenes/0/nodes", json::array({-1}),
+     "scene: it names one of the nodes that does not exist"},
+    {"Cycle", "/nodes/0/children", json::array({0}), "node 0: it hangs below more than one other"},
+    {"NodeIsNone", "/nodes/0", "node", "scene: it names one of the nodes that does not exist"},
+    {"Matrix", "/nodes/0/matrix", json::array({1, 2}), "node 0: its 'matrix' are not 16 numbers"},
+    {"Scale", "/nodes/0/scale", "large", "node 0: its 'scale' are not 3 numbers"},
+    {"Far", "/nodes/0/translation", json::array({1e300, 0, 0}),
+     "mesh 0, vertex 0: a coordinate is beyond 1e15, the largest coordinate that can be drawn"},
+    {"Mesh", "/nodes/0/mesh", 1, "node 0: it names one of the meshes that does not exist"},
+    {"Primitives", "/meshes/0/primitives", json::array({1}), "mesh 0: its primitives are none"},
+    {"NoPositions", "/meshes/0/primitives/0/attributes", json::object(), "mesh 0: it has no positions"},
+    {"Mode", "/meshes/0/primitives/0/mode", 7, "mesh 0: its mode is 7, which is none"},
+    {"Accessor", "/meshes/0/primitives/0/indices", 7,
+     "mesh 0: it names one of the accessors that does not exist"},
+    {"WideIndices", "/meshes/0/primitives/0/indices", 0, "mesh 0, accessor 0: its elements have 3 numbers"},
+    {"NoVertex", "/accessors/2/bufferView", 1,
+     "mesh 0: one of its indices names no vertex: there are 4, counted from 0"},
+    {"ShortAttribute", "/meshes/0/primitives/0/attributes", json({{"POSITION", 0}, {"COLOR_0", 3}}),
+     "mesh 0: it names one of the accessors that does not exist"},
+    {"Material", "/meshes/0/primitives/0/material", "red",
+     "mesh 0: it names one of the materials that does not exist"},
+    {"NoData", "/accessors/0", json({{"count", 4}, {"type", "VEC3"}}), "mesh 0, accessor 0: it has no data"},
+    {"Sparse", "/accessors/0/sparse", json::object(), "mesh 0, accessor 0: sparse numbers are not read"},
+    {"Type", "/accessors/0/type", "MAT4",
+     "mesh 0, accessor 0: its accessor is of the type 'MAT4', which is not one of vertices"},
+    {"Component", "/accessors/0/componentType", 5124,
+     "mesh 0, accessor 0: its accessor has components of the type 5124"},
+    {"Nothing", "/accessors/0/count", 0, "mesh 0, accessor 0: it has no elements"},
+    {"FewPositions", "/accessors/0/count", 3,
+     "mesh 0: one of its indices names no vertex: there are 3, counted from 0"},
+    {"TooMany", "/accessors/0/count", 5, "mesh 0, accessor 0: it lies beyond the end of its buffer"},
+    {"FarTooMany", "/accessors/0/count", 4294967295,
+     "mesh 0, accessor 0: it lies beyond the end of its buffer"},
+    {"HugeCount", "/accessors/0/count", 4294967296,
+     "mesh 0, accessor 0: its 'count' is not a whole number that can be"},
+    {"HugeStride", "/bufferViews/0/byteStride", 4294967295,
+     "mesh 0, accessor 0: it lies beyond the end of its buffer"},
+    {"Offset", "/accessors/0/byteOffset", 1, "mesh 0, accessor 0: it lies beyond the end of its buffer"},
+    {"View", "/accessors/0/bufferView", 9,
+     "mesh 0, accessor 0: it names one of the bufferViews that does not exist"},
+    {"ViewBeyond", "/bufferViews/0/byteOffset", 4294967295,
+     "mesh 0, accessor 0: it lies beyond the end of its buffer"},
+    {"Buffer", "/bufferViews/0/buffer", 1, "mesh 0, accessor 0: it lies in a buffer that does not exist"},
+    {"Promise", "/buffers/0/byteLength", 70, "buffer 0: it promises 70 bytes, there are 68"},
+    {"WrongLetter", "/buffers/0/uri", "data:;base64,AA?=", "buffer 0: its data are not Base64 text"},
+    {"WrongLength", "/buffers/0/uri", "data:;base64,AAA", "buffer 0: its data are not Base64 text"},
+    {"PlainData", "/buffers/0/uri", "data:,AAAA", "buffer 0: its data are not Base64 text"},
+    {"Missing", "/buffers/0/uri", "parts/wheel.bin", "buffer 0: the file 'parts/wheel.bin' cannot be read"},
+    {"Above", "/buffers/0/uri", "%2e%2E/a.bin", "buffer 0: '../a.bin' is not a file beside this one"},
+    {"Elsewhere", "/buffers/0/uri", "C:/a.bin", "buffer 0: 'C:/a.bin' is not a file beside this one"},
+    {"OtherMachine", "/buffers/0/uri", "//host/a.bin",
+     "buffer 0: '//host/a.bin' is not a file beside this one"},
+};
+INSTANTIATE_TEST_SUITE_P(In, ReadGltfWrong, testing::ValuesIn(kWrong),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(ReadGltf, RefusesAttributesOfAnotherLength) {
+    json colors = square();
+    colors["meshes"][0]["primitives"][0]["attributes"]["COLOR_0"] = 1;
+    colors["accessors"][1]["count"] = 3;
+    EXPECT_EQ(refusal(colors.dump()), "mesh 0: its attribute 'COLOR_0' is not as long as its positions");
+}
+
+TEST(ReadGltf, NamesTheLineAtWhichTheTextIsDamaged) {
+    EXPECT_EQ(refusal("{\"asset\": {},\n\"buffers\": ["),
+              "line 2: the file ends in the middle of the JSON text");
+    EXPECT_EQ(refusal("{\"asset\": 1e999}"), "file: a number is too large");
+    EXPECT_EQ(refusal("[1, 2]"), "file: there is no glTF asset");
+    EXPECT_EQ(refusal("glTF"),
+              "header: a binary glTF file begins with glTF, its version, its length and a first chunk");
+    EXPECT_EQ(refusal("glTF2222....aaaaJSON"), "header: it promises 774778414 bytes, the file has 20");
+}
+
+TEST(ReadGltf, RefusesMeshesPlacedTooOften) {
+    json twice = square();
+    twice["nodes"].push_back(twice["nodes"][0]);
+    twice["scenes"][0]["nodes"].push_back(1);
+    qelview::Progress progress;
+    const auto readMost = [&](std::uint64_t mostCorners) {
+        return qel::test::refusalOf([&] {
+            return qelview::readGltf(twice.dump(), "model.gltf", {progress, 0.0, 1.0}, mostCorners);
+        });
+    };
+    // Each has four vertices and four indices.
+    EXPECT_EQ(readMost(16), "");
+    EXPECT_EQ(readMost(15), "mesh 0: with it, the nodes place more than 15 corners");
 }
 
 TEST(ReadGltf, ReadsNumbersThatStandApart) {
@@ -257,6 +423,14 @@ TEST(ReadGltf, GivesTrianglesTheColoursOfTheirVertices) {
     EXPECT_EQ(colors[1].g, 1.0F);
     EXPECT_EQ(colors[2].b, 1.0F);
     EXPECT_EQ(colors[3].b, 0.2F);
+}
+
+TEST(ReadGltf, NamesTheSecondChunkThatIsTooLong) {
+    std::string file = glb(square(), std::string(8, '\0'));
+    file[file.size() - 16] = '\x09';
+    EXPECT_EQ(refusal(file), "second chunk: it promises 9 bytes, there are 8");
+    EXPECT_EQ(refusal(std::string("glTF\2\0\0\0\x13\0\0\0\0\0\0\0JSO", 19)),
+              "header: a binary glTF file begins with glTF, its version, its length and a first chunk");
 }
 
 }  // namespace
