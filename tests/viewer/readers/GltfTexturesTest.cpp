@@ -125,6 +125,10 @@ TEST(GltfTextures, AreMovedTurnedAndScaledByTheirTransform) {
     const Scene turned = gltfScene({{kTransform, {{"rotation", std::numbers::pi / 2.0}}}});
     expectCoord(turned.meshes.at(0), 2, 0, -1);
     expectCoord(turned.meshes[0], 0, 1, 0);
+    // Scaled before it is turned, by 60 degrees here.
+    const Scene both = gltfScene({{kTransform, {{"scale", {2, 4}}, {"rotation", std::numbers::pi / 3.0}}}});
+    expectCoord(both.meshes.at(0), 2, 1, -std::numbers::sqrt3);
+    expectCoord(both.meshes[0], 0, 2 * std::numbers::sqrt3, 2);
     const Scene other = gltfScene({{kTransform, {{"texCoord", 1}}}});
     expectCoord(other.meshes.at(0), 0, 0, 1.0 / 255.0);
 }

@@ -140,4 +140,15 @@ TEST(ObjTexturesTexturedMeshes, HaveCoordinatesWhereEdgesOfAFaceCross) {
     expectCoord(mesh, 4, 0.5, 0.5);
 }
 
+TEST(ObjTextures, OfARealModelAreShown) {
+    QEL_SKIP_WITHOUT_VIEWER_DATA();
+    const Scene scene = readWhole(qel::test::viewerData() / "meshes/spot_textured/spot.obj");
+    EXPECT_TRUE(scene.warnings.empty());
+    ASSERT_EQ(scene.meshes.size(), 1U);
+    EXPECT_EQ(scene.triangleCount(), 5856U);
+    ASSERT_NE(scene.meshes[0].texture, nullptr);
+    EXPECT_EQ(scene.meshes[0].texture->image->width, 1024);
+    EXPECT_EQ(scene.meshes[0].texCoords.size(), scene.meshes[0].positions.size());
+}
+
 }  // namespace
