@@ -18,7 +18,7 @@ namespace {
 
 using qelview::MapWindow;
 
-class MapWindow : public testing::Test {
+class MapWindowTest : public testing::Test {
   protected:
     void SetUp() override { ASSERT_TRUE(window.open({500, 400}, true)); }
 
@@ -44,7 +44,7 @@ class MapWindow : public testing::Test {
     MapWindow window{qelview::makeSampleMap()};
 };
 
-TEST_F(MapWindow, ShowsAPaneForEachOfThreeKeys) {
+TEST_F(MapWindowTest, ShowsAPaneForEachOfThreeKeys) {
     EXPECT_EQ(window.chosen(), MapWindow::Pane::Gdi);
     EXPECT_GT(pixelsOf(qelview::kLand), 5000U);
     key('2');
@@ -61,7 +61,7 @@ TEST_F(MapWindow, ShowsAPaneForEachOfThreeKeys) {
     EXPECT_EQ(window.chosen(), MapWindow::Pane::Gdi);
 }
 
-TEST_F(MapWindow, MovesWithTheMouseThatDragsIt) {
+TEST_F(MapWindowTest, MovesWithTheMouseThatDragsIt) {
     const qel::XPnt2d grabbed = window.view().worldAt(100, 120);
     send(WM_MOUSEMOVE, 0, 90, 90);
     EXPECT_NEAR(window.view().pixelOf(grabbed).x, 100, 1e-6) << "no button is down";
@@ -75,7 +75,7 @@ TEST_F(MapWindow, MovesWithTheMouseThatDragsIt) {
     EXPECT_NEAR(window.view().pixelOf(grabbed).x, 160, 1e-6) << "the button is up again";
 }
 
-TEST_F(MapWindow, LetsGoWhenSomethingElseTakesTheMouse) {
+TEST_F(MapWindowTest, LetsGoWhenSomethingElseTakesTheMouse) {
     const qel::XPnt2d grabbed = window.view().worldAt(100, 120);
     send(WM_LBUTTONDOWN, MK_LBUTTON, 100, 120);
     send(WM_MOUSEMOVE, MK_LBUTTON, 130, 100);
@@ -84,7 +84,7 @@ TEST_F(MapWindow, LetsGoWhenSomethingElseTakesTheMouse) {
     EXPECT_NEAR(window.view().pixelOf(grabbed).x, 130, 1e-6);
 }
 
-TEST_F(MapWindow, ZoomsAtTheCursorAndFitsAgain) {
+TEST_F(MapWindowTest, ZoomsAtTheCursorAndFitsAgain) {
     const double fitted = window.view().unitsPerPixel();
     const qel::XPnt2d under = window.view().worldAt(400, 300);
     wheel(2, 400, 300);
@@ -97,7 +97,7 @@ TEST_F(MapWindow, ZoomsAtTheCursorAndFitsAgain) {
     EXPECT_NEAR(window.view().unitsPerPixel(), fitted, 1e-12 * fitted);
 }
 
-TEST_F(MapWindow, SharesItsViewBetweenBothPlanePanes) {
+TEST_F(MapWindowTest, SharesItsViewBetweenBothPlanePanes) {
     wheel(3, 100, 100);
     const double zoomed = window.view().unitsPerPixel();
     const std::size_t byGdi = pixelsOf(qelview::kLand);
@@ -106,7 +106,7 @@ TEST_F(MapWindow, SharesItsViewBetweenBothPlanePanes) {
     EXPECT_NEAR(static_cast<double>(pixelsOf(qelview::kLand)), static_cast<double>(byGdi), 0.02 * 500 * 400);
 }
 
-TEST_F(MapWindow, TurnsTheReliefAndLeavesTheMapAlone) {
+TEST_F(MapWindowTest, TurnsTheReliefAndLeavesTheMapAlone) {
     key('3');
     const double units = window.view().unitsPerPixel();
     const std::size_t before = pixelsOf({27, 32, 40});
@@ -118,7 +118,7 @@ TEST_F(MapWindow, TurnsTheReliefAndLeavesTheMapAlone) {
     EXPECT_EQ(window.view().unitsPerPixel(), units);
 }
 
-TEST_F(MapWindow, FollowsTheSizeOfItsWindow) {
+TEST_F(MapWindowTest, FollowsTheSizeOfItsWindow) {
     SetWindowPos(window.handle(), nullptr, 0, 0, 333, 222, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     EXPECT_EQ(window.view().width(), 333);
     EXPECT_EQ(window.view().height(), 222);
