@@ -1,13 +1,13 @@
 #include "PublicSymbol.h"
 
+#include <atomic>
+
 #include "QelDisplay64t.h"
 
 #if defined(_WIN32)
 // Declared by hand: the portable folders include no Windows header.
 extern "C" __declspec(dllimport) void AcquireSRWLockExclusive(void** lock);
 extern "C" __declspec(dllimport) void ReleaseSRWLockExclusive(void** lock);
-#else
-#include <atomic>
 #endif
 
 namespace qel {
@@ -22,7 +22,6 @@ class SlotLock {
   public:
     void lock() noexcept { AcquireSRWLockExclusive(&word); }
     void unlock() noexcept { ReleaseSRWLockExclusive(&word); }
-    void forgetHolder() noexcept { word = nullptr; }
 
   private:
     void* word = nullptr;
@@ -39,7 +38,6 @@ class SlotLock {
         isHeld.clear(std::memory_order_release);
         isHeld.notify_one();
     }
-    void forgetHolder() noexcept { isHeld.clear(); }
 
   private:
     std::atomic_flag isHeld;
@@ -47,6 +45,30 @@ class SlotLock {
 #endif
 
 SlotLock slotLock;
+
+/// Set at process exit. The system may still be stopping the other threads then, and one that stops with the
+/// lock would never release it.
+std::atomic<bool> isUnlockedForGood = false;
+
+/// Holds the lock for a scope, as long as there is one.
+class SlotScope {
+  public:
+    SlotScope() noexcept : isLocked(!isUnlockedForGood) {
+        if (isLocked) {
+            slotLock.lock();
+        }
+    }
+    ~SlotScope() {
+        if (isLocked) {
+            slotLock.unlock();
+        }
+    }
+    SlotScope(const SlotScope&) = delete;
+    SlotScope& operator=(const SlotScope&) = delete;
+
+  private:
+    const bool isLocked;
+};
 
 /// Deliberately never destroyed: threads may still end, and hosts still call, during process exit.
 IQelSymbol* slot = nullptr;
@@ -57,10 +79,12 @@ void setPublicSymbol(IQelSymbol* fresh) {
     if (fresh != nullptr) {
         fresh->ref();
     }
-    slotLock.lock();
-    IQelSymbol* const old = slot;
-    slot = fresh;
-    slotLock.unlock();
+    IQelSymbol* old = nullptr;
+    {
+        const SlotScope scope;
+        old = slot;
+        slot = fresh;
+    }
     // Outside the lock: the last reference runs a destructor.
     if (old != nullptr) {
         old->unref();
@@ -68,14 +92,12 @@ void setPublicSymbol(IQelSymbol* fresh) {
 }
 
 void unlockPublicSymbolForGood() {
-    slotLock.forgetHolder();
+    isUnlockedForGood = true;
 }
 
 ref_ptr<IQelSymbol> getPubSymbol() {
-    slotLock.lock();
-    ref_ptr<IQelSymbol> symbol(slot);
-    slotLock.unlock();
-    return symbol;
+    const SlotScope scope;
+    return ref_ptr<IQelSymbol>(slot);
 }
 
 }  // namespace qel

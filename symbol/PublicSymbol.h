@@ -8,7 +8,8 @@ namespace qel {
 /// slot. Symbols returned earlier stay alive with their holders.
 void setPublicSymbol(IQelSymbol* fresh);
 
-/// For process exit: the other threads are gone already, and one of them may have held the slot's lock.
+/// For process exit: the other threads are stopped wherever they are, perhaps with the slot's lock held. From
+/// now on nothing waits for it.
 void unlockPublicSymbolForGood();
 
 }  // namespace qel
