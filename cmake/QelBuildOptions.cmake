@@ -33,7 +33,8 @@ if(QEL_CCACHE AND NOT CMAKE_HOST_WIN32)
         # Precompiled headers are large, so their hashes are kept; CMake writes what they include just before they are compiled.
         set(CMAKE_${language}_COMPILER_LAUNCHER env "CCACHE_DIR=${QEL_CACHE_DIR}/ccache" "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}"
             CCACHE_NOHASHDIR=1 CCACHE_INODECACHE=1
-            CCACHE_SLOPPINESS=pch_defines,time_macros,locale,include_file_mtime,include_file_ctime "${QEL_CCACHE}")
+            CCACHE_SLOPPINESS=pch_defines,time_macros,locale,include_file_mtime,include_file_ctime
+            "${CMAKE_CURRENT_LIST_DIR}/compile-cached")
     endforeach()
     # Tells ccache which precompiled header a source was compiled with.
     add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
