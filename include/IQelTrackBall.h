@@ -119,8 +119,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t drawAxes() = 0;
     /// Draws a labelled coordinate frame at a model point.
     /// @param xDir, yDir its first two directions, of any length; the third is their vector product.
-    /// @param size length of the axes in 1/400 of half the view's height at the point; not used in
-    /// orthographic views.
+    /// @param size length of the axes: 400 reaches over half the view's height at the point. Orthographic
+    /// views ignore it; their axes are as long as 1/20 of half the view's width.
     /// @param depthTest false draws the frame over the scene.
     /// @return 0. Leaves the line width at 2, or at 1 with long axes.
     virtual std::int32_t drawFrame(double x, double y, double z, const qel::XPnt3d& xDir,
