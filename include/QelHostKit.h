@@ -8,6 +8,7 @@
 /// C++ library need not match.
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -172,8 +173,7 @@ class HostSegment final : public IQelGeometry, public CQelLineSeg {
 /// `attachWindow` asks for 16 bits of depth. Spread over the distances that `setExtent` chooses (1 to 16,000)
 /// they let surfaces show through each other and make picks coarse; planes that fit make both as good as the
 /// depth buffer allows. What lies outside the planes is cut off: pass the box of everything that is drawn.
-/// Around it the planes leave a quarter of its diagonal, enough for frames and crosses at its corners. They
-/// are measured towards its middle: of a distant box at the edge of the view they may cut the near side. The
+/// Around it the planes leave a quarter of its diagonal, enough for frames and crosses at its corners. The
 /// tripod is drawn at the depth of the camera's target, so the planes enclose the target as well, unless it
 /// is closer to the eye than 1/800 of the diagonal.
 ///
@@ -185,8 +185,11 @@ inline void fitClippingPlanes(IQelTrackBall& camera, const Enve3d& box) {
     constexpr double kRoomAtTarget = 0.05;
     const double reach = kReachInDiagonals * box.getDiagonal();
     const XPnt3d eye = camera.getEye();
-    const double middle = dist(eye, box.MidPoint());
-    const double target = dist(eye, camera.getTarget());
+    const XPnt3d ahead = camera.getTarget() - eye;
+    const XPnt3d toMiddle = box.MidPoint() - eye;
+    const double target = std::sqrt(dot(ahead, ahead));
+    // Planes stand across the view, so the depth of a box beside its axis is less than its distance.
+    const double middle = target > 0.0 ? dot(toMiddle, ahead) / target : std::sqrt(dot(toMiddle, toMiddle));
     // In brackets, since <windows.h> may define macros of these names.
     const double nearest = (std::min)(middle - reach, target * (1.0 - kRoomAtTarget));
     const double farthest = (std::max)(middle + reach, target * (1.0 + kRoomAtTarget));
