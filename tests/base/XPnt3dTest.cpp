@@ -5,6 +5,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "ExtremeNumbers.h"
 #include "XPnt2d.h"
 #include "XPnt3d.h"
 #include "XPnt3f.h"
@@ -142,7 +143,6 @@ TEST(XPnt3d, NormalizingZeroLeavesZero) {
 }
 
 TEST(XPnt3d, NormalizingBearsNoNaN) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
     constexpr double kTiny = std::numeric_limits<double>::denorm_min();
     const XPnt3d vectors[] = {{kInfinity, 0.0, 0.0},
                               {kInfinity, -kInfinity, 1.0},

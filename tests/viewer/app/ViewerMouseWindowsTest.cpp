@@ -135,12 +135,11 @@ TEST_F(ViewerMouse, LetsNothingElseMoveTheCameraDuringADrag) {
 }
 
 TEST_F(ViewerMouse, ShowsRingsWhileItRotatesAndOnlyThen) {
-    constexpr qel::test::Rgba kWhite{255, 255, 255, 255};
-    const std::size_t before = picture().countOf(kWhite);
+    const std::size_t before = picture().countOf(qel::test::kWhite);
     play("down left 160 120\nmove 200 100");
-    EXPECT_GT(picture().countOf(kWhite), before + 100);
+    EXPECT_GT(picture().countOf(qel::test::kWhite), before + 100);
     play("up left 200 100\nkey 6");
-    EXPECT_EQ(picture().countOf(kWhite), before);
+    EXPECT_EQ(picture().countOf(qel::test::kWhite), before);
 }
 
 TEST_F(ViewerMouse, MarksThePointOfAClickWithItsCoordinates) {
