@@ -133,7 +133,7 @@ int loadWithoutPath() {
 
 int loadWithoutThread() {
     loadFoundations();
-    const ExportStandIn thread("msvcrt.dll", "_beginthread", reinterpret_cast<void*>(&noThread));
+    const ExportStandIn thread(kRuntime, "_beginthread", reinterpret_cast<void*>(&noThread));
     std::printf("loading\n");
     std::fflush(stdout);
     LoadLibraryW(kLibrary);
@@ -144,7 +144,7 @@ int loadWithoutThread() {
 int loadWithoutHold() {
     loadFoundations();
     const ExportStandIn hold("kernel32.dll", "GetModuleHandleExW", reinterpret_cast<void*>(&noHandle));
-    const ExportStandIn thread("msvcrt.dll", "_beginthread", reinterpret_cast<void*>(&watchedThread));
+    const ExportStandIn thread(kRuntime, "_beginthread", reinterpret_cast<void*>(&watchedThread));
     HMODULE const library = LoadLibraryW(kLibrary);
     std::printf("loaded: %d\nthreads started: %d\n", library != nullptr ? 1 : 0, threadsStarted.load());
     FreeLibrary(library);
@@ -155,7 +155,7 @@ int loadWithoutHold() {
 int loadAndWatchThread() {
     loadFoundations();
     const ExportStandIn sleep("kernel32.dll", "Sleep", reinterpret_cast<void*>(&sleepShortly));
-    const ExportStandIn thread("msvcrt.dll", "_beginthread", reinterpret_cast<void*>(&watchedThread));
+    const ExportStandIn thread(kRuntime, "_beginthread", reinterpret_cast<void*>(&watchedThread));
     HMODULE const library = LoadLibraryW(kLibrary);
     FreeLibrary(library);
     std::printf("threads started: %d\n", threadsStarted.load());
