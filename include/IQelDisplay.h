@@ -173,6 +173,6 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
 
   private:
     // Nothing reads them, but they are part of the class layout that hosts were built with.
-    std::int32_t displayWord0 = 0;
-    std::int32_t displayWord1 = 0;
+    [[maybe_unused]] std::int32_t displayWord0 = 0;
+    [[maybe_unused]] std::int32_t displayWord1 = 0;
 };
