@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "QelGl.h"
 #include "QelHostKit.h"
@@ -7,6 +8,7 @@
 #include "Stage.h"
 #include "TextPlaces.h"
 #include "TextRoom.h"
+#include "WrappedText.h"
 
 namespace qelview {
 
@@ -93,16 +95,33 @@ void Stage::drawTexts() {
             }
         }
     }
-    const double top = static_cast<double>(camera().getHeight()) - kMargin;
-    {
-        const QelTmpGlStateCtrl color(kTitleColor);
-        printAt(kMargin, top - kLineHeight * 0.5, content.title);
-    }
-    {
-        const QelTmpGlStateCtrl color(kSummaryColor);
-        printAt(kMargin, top - kLineHeight * 1.5, content.summary);
-    }
+    drawHeading();
     drawStrip();
+}
+
+std::vector<Stage::HeadingLine> Stage::heading() {
+    // The tripod stands at the right.
+    constexpr double kTripodWidth = 60.0;
+    constexpr double kLetterWidth = 8.0;
+    const double room = static_cast<double>(camera().getWidth()) - kMargin - kTripodWidth;
+    const auto letters = static_cast<std::size_t>(std::max(room / kLetterWidth, 1.0));
+    std::vector<HeadingLine> lines;
+    for (const auto& [text, color] :
+         {std::pair(&content.title, kTitleColor), std::pair(&content.summary, kSummaryColor)}) {
+        for (std::string& line : wrappedText(*text, letters)) {
+            lines.push_back({std::move(line), color});
+        }
+    }
+    return lines;
+}
+
+void Stage::drawHeading() {
+    double y = static_cast<double>(camera().getHeight()) - kMargin - kLineHeight * 0.5;
+    for (const HeadingLine& line : heading()) {
+        const QelTmpGlStateCtrl color(line.color);
+        printAt(kMargin, y, line.text);
+        y -= kLineHeight;
+    }
 }
 
 void Stage::drawLabel(const Label& label, const qel::XPnt3d& place) {

@@ -9,6 +9,7 @@
 #include "QelTmpGlStateCtrl.h"
 #include "Stage.h"
 #include "TextPlaces.h"
+#include "ViewName.h"
 
 namespace qelview {
 
@@ -114,7 +115,8 @@ void Stage::findPointUnderMouse() {
 }
 
 void Stage::drawStrip() {
-    std::string text = viewName + (camera().isOrtho() ? ", orthographic" : ", perspective") +
+    std::string text = viewName(upright(camera().getEye() - camera().getTarget(), content.up)) +
+                       (camera().isOrtho() ? ", orthographic" : ", perspective") +
                        (content.up == UpAxis::Y ? ", Y up" : "");
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     if (notes.hasStrip) {

@@ -1,7 +1,6 @@
 #include "Stage.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <iterator>
@@ -11,14 +10,13 @@
 #include "CameraFit.h"
 #include "QelGl.h"
 #include "SceneSummary.h"
+#include "TextPlaces.h"
 
 namespace qelview {
 
 namespace {
 
 constexpr qel::QelColor3f kBackColor{0.105F, 0.125F, 0.155F};
-constexpr std::array<const char*, 8> kViewNames{"Top",   "Bottom", "Back",      "Front",
-                                                "Right", "Left",   "Isometric", "Isometric from below"};
 
 /// Share of the way to the scene for a notch of the wheel.
 constexpr double kStepOfANotch = 0.1;
@@ -68,7 +66,6 @@ std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
     }
     std::unique_ptr<Stage> moved(new Stage(other, content));
     moved->notes = notes;
-    moved->viewName = viewName;
     moved->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
     moved->camera().setExtent(camera().getExtent(), false);
     moved->camera().setCamera(camera().getEye(), camera().getTarget(), camera().getUp());
@@ -117,7 +114,6 @@ void Stage::resize(const ClientSize& size) {
 void Stage::setView(unsigned number) {
     camera().setExtent(content.extent, false);
     camera().setStandardView(number);
-    viewName = kViewNames.at(number);
     turnCamera(UpAxis::Z, content.up);
     fit();
 }
@@ -147,7 +143,7 @@ void Stage::fit() {
     camera().setRotationCenter(middle.x, middle.y, middle.z);
     const CameraPlace place =
         placeToSee(content.outline, {camera().getEye(), camera().getTarget(), camera().getUp()},
-                   camera().getFieldOfView(), aspect());
+                   camera().getFieldOfView(), aspect(), usableView());
     camera().setCamera(place.eye, place.target, place.up);
     if (wasOrtho) {
         switchProjection();
@@ -155,12 +151,24 @@ void Stage::fit() {
     }
 }
 
+UsableView Stage::usableView() {
+    // Below the heading, as long as that leaves most of the view.
+    constexpr double kLeastAbove = 0.6;
+    constexpr double kUnderHeading = 5.0;
+    UsableView usable;
+    const double headingHeight =
+        kMargin + (static_cast<double>(heading().size()) - 0.5) * kLineHeight + kUnderHeading;
+    usable.above = std::clamp(1.0 - 2.0 * headingHeight / static_cast<double>(camera().getHeight()),
+                              kLeastAbove, usable.above);
+    return usable;
+}
+
 void Stage::shrinkIntoView() {
     std::vector<qel::XPnt3d> places;
     std::transform(content.outline.begin(), content.outline.end(), std::back_inserter(places),
                    [this](const qel::XPnt3d& point) { return camera().projectPnt(point); });
     const double excess = shareOfUsableView(places, static_cast<double>(camera().getWidth()),
-                                            static_cast<double>(camera().getHeight()));
+                                            static_cast<double>(camera().getHeight()), usableView());
     if (excess <= 1.0) {
         return;
     }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "Annotations.h"
+#include "CameraFit.h"
 #include "HostScene.h"
 #include "HostTextures.h"
 #include "MouseGesture.h"
@@ -121,6 +122,8 @@ class Stage {
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
     [[nodiscard]] double aspect();
+    /// What a fitted scene may fill: the view without its heading.
+    [[nodiscard]] UsableView usableView();
     /// The camera that OpenGL holds.
     [[nodiscard]] PixelView pixelView();
     /// Draws into the back buffer, up to and without the exchange of the buffers.
@@ -128,6 +131,13 @@ class Stage {
     /// The scene with everything on it, into whatever the display draws to.
     void drawContent();
     void drawTexts();
+    struct HeadingLine {
+        std::string text;
+        qel::QelColor3f color;
+    };
+    /// Title and counts, in as many lines as they need beside the tripod.
+    [[nodiscard]] std::vector<HeadingLine> heading();
+    void drawHeading();
     void drawLabel(const Label& label, const qel::XPnt3d& place);
     [[nodiscard]] bool isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place);
     void drawMark();
@@ -152,7 +162,6 @@ class Stage {
     HostTextures textures;
     Annotations notes;
     qel::XPnt3d underMouse;
-    std::string viewName;
     std::size_t partsPerDrawn = 1;
 };
 
