@@ -69,6 +69,12 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
         case Command::Open:
             openFiles(askForFiles(window.get()));
             break;
+        case Command::Measure:
+            switchMeasuring();
+            break;
+        case Command::CopyMeasurements:
+            copyMeasurements();
+            break;
         case Command::Leave:
             leave();
             break;
@@ -94,6 +100,8 @@ void ViewerWindow::leave() {
         stage->annotations().panel = Panel::None;
     } else if (choosesRectangle) {
         chooseRectangle(false);
+    } else if (stage->annotations().isMeasuring) {
+        switchMeasuring();
     } else {
         ended = true;
     }

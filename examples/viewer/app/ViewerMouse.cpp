@@ -150,15 +150,6 @@ void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     moved();
 }
 
-void ViewerWindow::markPoint(const PixelPlace& place) {
-    const qel::XPnt3d point = stage->pointAt(place);
-    std::optional<PointMark>& mark = stage->annotations().mark;
-    mark.reset();
-    if (point.isValid()) {
-        mark = PointMark{point, stage->textOf(point)};
-    }
-}
-
 std::optional<PixelBox> ViewerWindow::drawnRectangle() const {
     const bool isDrawn = gesture.isDrag() && gesture.tool() == DragTool::Rectangle;
     return isDrawn ? std::optional(gesture.box()) : std::nullopt;

@@ -146,7 +146,8 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             // The frame covers everything; erasing first would flicker.
             return true;
         case WM_KEYDOWN:
-            return take(commandOf(static_cast<unsigned>(wParam), GetKeyState(VK_CONTROL) < 0));
+            return take(commandOf(
+                {static_cast<unsigned>(wParam), GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_SHIFT) < 0}));
         case WM_COMMAND:
             return take(commandOfMenu(LOWORD(wParam)));
         case WM_INITMENU:

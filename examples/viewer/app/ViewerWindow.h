@@ -109,6 +109,8 @@ class ViewerWindow {
     void rotateAbout(LPARAM position);
     void zoom(WPARAM wParam, LPARAM position);
     void markPoint(const PixelPlace& place);
+    void switchMeasuring();
+    void copyMeasurements();
     [[nodiscard]] std::optional<PixelBox> drawnRectangle() const;
     /// The mouse position of a message in the stage's coordinates: y from the lower edge.
     [[nodiscard]] PixelPlace placeOf(LPARAM position) const;

@@ -21,6 +21,8 @@ enum class Command : std::uint8_t {
     Capture,
     Help,
     Open,
+    Measure,
+    CopyMeasurements,
     Leave,
     /// Only in the menu.
     Recent,
@@ -35,12 +37,18 @@ struct KeyCommand {
     unsigned number = 0;
 };
 
-/// @param key the system's code: that of a capital letter or digit, else a virtual key.
-/// @param withControl true while a control key is held.
-[[nodiscard]] KeyCommand commandOf(unsigned key, bool withControl);
+/// A key with the modifier keys that are held.
+struct KeyPress {
+    /// The system's code: that of a capital letter or digit, else a virtual key; 0 for no key.
+    unsigned key = 0;
+    bool withControl = false;
+    bool withShift = false;
 
-/// The key of a word such as "F", "3" or "Esc", upper or lower case; 0 for other words.
-[[nodiscard]] unsigned keyOf(std::string word);
+    bool operator==(const KeyPress&) const = default;
+};
+
+/// The key of a word such as "F", "3", "Esc" or "Ctrl+Shift+C", upper or lower case; no key for other words.
+[[nodiscard]] KeyPress keyOf(std::string_view word);
 
 /// What a key or a mouse movement does.
 struct HelpLine {
@@ -48,7 +56,7 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 17> kHelpLines{{
+inline constexpr std::array<HelpLine, 19> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
@@ -61,6 +69,8 @@ inline constexpr std::array<HelpLine, 17> kHelpLines{{
     {"U", "switch the up axis: Y or Z"},
     {"S", "stereo, if the driver supports it"},
     {"Z", "drag a rectangle to zoom into"},
+    {"M", "measure between clicked points"},
+    {"Ctrl+C", "copy the clicked points as a table"},
     {"C", "capture the view to a BMP file"},
     {"Ctrl+O", "open files; or drop them on the window"},
     {"W", "warnings about the files"},

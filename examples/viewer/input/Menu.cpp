@@ -15,7 +15,13 @@ constexpr std::array<MenuLine, 6> kFileLines{{
     {"&Quit", "Alt+F4", {Command::Quit}},
 }};
 
-constexpr std::array<MenuLine, 17> kViewLines{{
+constexpr std::array<MenuLine, 3> kToolLines{{
+    {"&Measure", "M", {Command::Measure}},
+    {"&Copy the points", "Ctrl+C", {Command::CopyMeasurements}},
+    {"&Zoom into a rectangle", "Z", {Command::ZoomRectangle}},
+}};
+
+constexpr std::array<MenuLine, 16> kViewLines{{
     {"&Top", "0", {Command::StandardView, 0}},
     {"&Bottom", "1", {Command::StandardView, 1}},
     {"Bac&k", "2", {Command::StandardView, 2}},
@@ -26,7 +32,6 @@ constexpr std::array<MenuLine, 17> kViewLines{{
     {"Isometric from b&elow", "7", {Command::StandardView, 7}},
     {},
     {"Fit the &model", "F", {Command::Fit}},
-    {"&Zoom into a rectangle", "Z", {Command::ZoomRectangle}},
     {},
     {"&Orthographic", "O", {Command::SwitchProjection}},
     {"Long &axes", "A", {Command::LongAxes}},
@@ -40,9 +45,10 @@ constexpr std::array<MenuLine, 2> kHelpLinesOfMenu{{
     {"&About qelview", "", {Command::About}},
 }};
 
-constexpr std::array<MenuColumn, 3> kColumns{{
+constexpr std::array<MenuColumn, 4> kColumns{{
     {"&File", kFileLines},
     {"&View", kViewLines},
+    {"&Tools", kToolLines},
     {"&Help", kHelpLinesOfMenu},
 }};
 
@@ -51,10 +57,42 @@ constexpr unsigned kFirstNumber = 1000;
 /// More than the number of views, and of recent files.
 constexpr unsigned kNumbersOfACommand = 16;
 
+/// Keys of the number pad have codes of their own.
+constexpr unsigned kFirstPadDigit = 0x60;
+constexpr unsigned kPadDigits = 10;
+
+KeyCommand lineOf(const KeyPress& press) {
+    for (const MenuColumn& column : kColumns) {
+        for (const MenuLine& line : column.lines) {
+            if (keyOf(line.key) == press) {
+                return line.meaning;
+            }
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 std::span<const MenuColumn> menuColumns() {
     return kColumns;
+}
+
+KeyCommand commandOf(const KeyPress& press) {
+    KeyPress wanted = press;
+    // Below the first one the subtraction wraps to a large number.
+    if (wanted.key - kFirstPadDigit < kPadDigits) {
+        wanted.key = wanted.key - kFirstPadDigit + '0';
+    }
+    if (wanted.key == 0 || wanted == keyOf("Esc")) {
+        return {wanted.key == 0 ? Command::Nothing : Command::Leave};
+    }
+    const KeyCommand exactly = lineOf(wanted);
+    if (exactly.command != Command::Nothing || !wanted.withShift) {
+        return exactly;
+    }
+    wanted.withShift = false;
+    return lineOf(wanted);
 }
 
 unsigned menuNumberOf(const KeyCommand& meaning) {

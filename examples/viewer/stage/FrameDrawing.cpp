@@ -16,7 +16,6 @@ namespace {
 
 constexpr qel::QelColor3f kTitleColor{0.95F, 0.96F, 0.98F};
 constexpr qel::QelColor3f kSummaryColor{0.62F, 0.68F, 0.76F};
-constexpr qel::QelColor3f kMarkColor{1.0F, 0.85F, 0.25F};
 constexpr qel::QelColor3f kLabelColor{0.98F, 0.98F, 0.94F};
 
 /// The display lights the scene with a bluish light from the eye. A warm one from above makes the two
@@ -71,7 +70,7 @@ void Stage::drawContent() {
     findPointUnderMouse();
     drawLocalFrame();
     drawTexts();
-    drawMark();
+    drawMarks();
     drawNotice();
     drawPanel();
 }
@@ -156,25 +155,6 @@ void Stage::drawLocalFrame() {
     // The frame loads the camera of both eyes in the end, and is the last that needs one.
     camera().drawFrame(frame.at.x, frame.at.y, frame.at.z, frame.xDirection, frame.yDirection, frame.size,
                        frame.isHiddenByScene);
-}
-
-void Stage::drawMark() {
-    constexpr double kReach = 7.0;
-    constexpr double kBeside = 12.0;
-    if (!notes.mark) {
-        return;
-    }
-    const qel::XPnt3d& at = notes.mark->at;
-    const qel::XPnt3d place = camera().projectPnt(at);
-    if (place.z <= 0.0 || place.z >= 1.0) {
-        return;
-    }
-    display->setOrtho2D();
-    symbol->drawDiagonalCross({place.x, place.y, 0.0}, kReach, 2.0F, kMarkColor, false, false);
-    camera().updateView();
-    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    const QelTmpGlStateCtrl color(kMarkColor);
-    camera().drawLabel(at.x, at.y, at.z, kBeside, kBeside * 0.5, "%s", notes.mark->label.c_str());
 }
 
 }  // namespace qelview

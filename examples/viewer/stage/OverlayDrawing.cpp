@@ -22,7 +22,6 @@ constexpr qel::QelColor3f kPlateEdgeColor{0.30F, 0.34F, 0.40F};
 constexpr qel::QelColor3f kRectangleColor{1.0F, 0.85F, 0.25F};
 constexpr std::uint16_t kDashes = 0xF0F0;
 
-constexpr double kStripHeight = 40.0;
 /// Below a line of text, so that descenders stay on the plate.
 constexpr double kUnderLine = 8.0;
 

@@ -89,7 +89,7 @@ void Stage::setScene(Scene scene) {
     display->makeCurrent();
     textures.release();
     content = std::move(other);
-    notes.mark.reset();
+    notes.marks.clear();
     notes.localFrame.reset();
 }
 

@@ -79,6 +79,9 @@ class Stage {
     /// A point as the user reads it, in the coordinates of the files.
     [[nodiscard]] std::string textOf(const qel::XPnt3d& point) const;
 
+    /// The marked points and what they measure as lines of columns that tabulators part, for other programs.
+    [[nodiscard]] std::string measurementTable() const;
+
     [[nodiscard]] Annotations& annotations() { return notes; }
     /// The title of the view, in place of the scene's own and its counts.
     void setTitle(const std::string& text);
@@ -140,7 +143,12 @@ class Stage {
     void drawHeading();
     void drawLabel(const Label& label, const qel::XPnt3d& place);
     [[nodiscard]] bool isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place);
-    void drawMark();
+    void drawMarks();
+    void drawMark(const PointMark& mark);
+    /// The lines between the marks.
+    void drawPath();
+    void drawMeasurement();
+    [[nodiscard]] Points markedPoints() const;
     void drawLocalFrame();
     void printAt(double x, double y, const std::string& text);
 

@@ -47,7 +47,8 @@ CaptureEnd Stage::capture(const std::filesystem::path& file) {
         return CaptureEnd::NotWritten;
     }
     Annotations shown;
-    shown.mark = notes.mark;
+    shown.marks = notes.marks;
+    shown.isMeasuring = notes.isMeasuring;
     shown.localFrame = notes.localFrame;
     std::swap(shown, notes);
     const std::size_t parts = std::exchange(partsPerDrawn, 1);

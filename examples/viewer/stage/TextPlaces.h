@@ -6,4 +6,7 @@ namespace qelview {
 inline constexpr double kMargin = 18.0;
 inline constexpr double kLineHeight = 22.0;
 
+/// Of the strip at the lower edge.
+inline constexpr double kStripHeight = 40.0;
+
 }  // namespace qelview

@@ -1,0 +1,44 @@
+#include "Clipboard.h"
+
+#include <cstring>
+
+#include "SystemWindow.h"
+
+namespace qelview {
+
+namespace {
+
+/// Memory that the clipboard takes over; null if there is none.
+HGLOBAL sharedCopyOf(const void* bytes, std::size_t count) {
+    HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, count);
+    void* const place = memory != nullptr ? GlobalLock(memory) : nullptr;
+    if (place != nullptr) {
+        std::memcpy(place, bytes, count);
+        GlobalUnlock(memory);
+    }
+    return place != nullptr ? memory : nullptr;
+}
+
+bool copy(HWND owner, UINT format, const void* bytes, std::size_t count) {
+    if (OpenClipboard(owner) == FALSE) {
+        return false;
+    }
+    EmptyClipboard();
+    HGLOBAL const memory = sharedCopyOf(bytes, count);
+    const bool isTaken = memory != nullptr && SetClipboardData(format, memory) != nullptr;
+    if (memory != nullptr && !isTaken) {
+        GlobalFree(memory);
+    }
+    CloseClipboard();
+    return isTaken;
+}
+
+}  // namespace
+
+bool copyText(HWND owner, const std::string& text) {
+    const std::wstring wide = toWide(text);
+    // With its terminating zero.
+    return copy(owner, CF_UNICODETEXT, wide.c_str(), (wide.size() + 1) * sizeof(wchar_t));
+}
+
+}  // namespace qelview
