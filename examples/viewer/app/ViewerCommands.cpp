@@ -75,6 +75,12 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
         case Command::CopyMeasurements:
             copyMeasurements();
             break;
+        case Command::Colours:
+            nextColours();
+            break;
+        case Command::PointSize:
+            growPoints(wanted.number == 0 ? 1.0F : -1.0F);
+            break;
         case Command::Leave:
             leave();
             break;

@@ -111,6 +111,8 @@ class ViewerWindow {
     void markPoint(const PixelPlace& place);
     void switchMeasuring();
     void copyMeasurements();
+    void nextColours();
+    void growPoints(float pixels);
     [[nodiscard]] std::optional<PixelBox> drawnRectangle() const;
     /// The mouse position of a message in the stage's coordinates: y from the lower edge.
     [[nodiscard]] PixelPlace placeOf(LPARAM position) const;

@@ -13,6 +13,7 @@ namespace qelview {
 
 namespace {
 
+constexpr qel::QelColor3f kPlainColor{0.75F, 0.75F, 0.78F};
 constexpr std::uint16_t kDashes = 0x0F0F;
 
 template <class Element>
@@ -130,6 +131,63 @@ void HostScene::addGeometries(const Scene& scene) {
     }
 }
 
+HeightRange HostScene::heights(UpAxis up) const {
+    HeightRange range = HeightRange::nothing(up);
+    const auto include = [&range](const auto& parts) {
+        for (const auto& part : parts) {
+            for (int i = 0; part.vertices && i < part.vertices->count(); ++i) {
+                range.include(part.vertices->data()[i]);
+            }
+        }
+    };
+    include(meshes);
+    include(clouds);
+    return range;
+}
+
+void HostScene::setColouring(Colouring wanted, const HeightRange& range) {
+    shownColouring = wanted;
+    const auto colour = [&](auto& parts, const auto& convert) {
+        for (auto& part : parts) {
+            part.heightColors = {};
+            if (wanted == Colouring::Height && part.vertices) {
+                using Color = decltype(convert(qel::QelColor3f()));
+                part.heightColors = convertAll<Color>(
+                    part.vertices->content(),
+                    [&](const qel::ArrayVertex& vertex) { return convert(colorIn(range, vertex)); });
+            }
+        }
+    };
+    colour(meshes, [](const qel::QelColor3f& color) {
+        return qel::ArrayColor4f{color.r, color.g, color.b, 1.0F};
+    });
+    colour(clouds, [](const qel::QelColor3f& color) {
+        const auto byte = [](float part) { return static_cast<std::int8_t>(std::lround(part * 127.0F)); };
+        return qel::ArrayColor3b{byte(color.r), byte(color.g), byte(color.b)};
+    });
+}
+
+float HostScene::growPoints(float pixels) {
+    constexpr float kSmallest = 1.0F;
+    constexpr float kLargest = 16.0F;
+    for (Cloud& cloud : clouds) {
+        cloud.size = std::clamp(cloud.size + pixels, kSmallest, kLargest);
+    }
+    return clouds.empty() ? 0.0F : clouds.front().size;
+}
+
+template <class Part>
+auto HostScene::shownColors(const Part& part) const {
+    switch (shownColouring) {
+        case Colouring::Height:
+            return part.heightColors;
+        case Colouring::Plain:
+            return decltype(part.colors)();
+        default:
+            return part.colors;
+    }
+}
+
 void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
                      std::size_t partsPerDrawn) {
     drawMeshes(symbol, textures, partsPerDrawn);
@@ -151,7 +209,7 @@ void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size
             thin(mesh, partsPerDrawn);
         }
         const Array<qel::ArrayIndex>& indices = partsPerDrawn > 1 ? mesh.thinned : mesh.indices;
-        if (mesh.texture) {
+        if (mesh.texture && shownColouring == Colouring::Own) {
             drawTextured(symbol, mesh, indices, textures);
         } else {
             drawMesh(symbol, mesh, indices, 0);
@@ -166,7 +224,8 @@ void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_
     const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
     for (Cloud& cloud : clouds) {
         orderVisiblePoints(cloud.positions, view, depths, partsPerDrawn, cloud.order->content());
-        symbol.drawPointCloud(cloud.vertices, cloud.order, cloud.colors, cloud.size, cloud.color);
+        const qel::QelColor3f& color = shownColouring == Colouring::Plain ? kPlainColor : cloud.color;
+        symbol.drawPointCloud(cloud.vertices, cloud.order, shownColors(cloud), cloud.size, color);
     }
 }
 
@@ -194,7 +253,7 @@ void HostScene::thin(Mesh& mesh, std::size_t partsPerDrawn) {
 }
 
 void HostScene::drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                             HostTextures& textures) {
+                             HostTextures& textures) const {
     const std::uint32_t name = textures.nameOf(*mesh.texture);
     {
         const QelTmpGlStateCtrl holes(GL_ALPHA_TEST, name != 0 && mesh.texture->alphaCutoff > 0.0F);
@@ -206,15 +265,18 @@ void HostScene::drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<q
 }
 
 void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                         std::uint32_t texture) {
-    const QelTmpGlStateCtrl color(mesh.color);
+                         std::uint32_t texture) const {
+    const QelTmpGlStateCtrl color(shownColouring == Colouring::Plain ? kPlainColor : mesh.color);
+    const Array<qel::ArrayColor4f> colors = shownColors(mesh);
+    const Array<qel::ArrayTexCoord2f> texCoords =
+        shownColouring == Colouring::Own ? mesh.texCoords : Array<qel::ArrayTexCoord2f>();
     const qel::MeshStyle style;
     if (mesh.indices) {
-        symbol.drawIndexedMesh(mesh.vertices, indices, mesh.normals, mesh.colors, mesh.texCoords, texture,
+        symbol.drawIndexedMesh(mesh.vertices, indices, mesh.normals, colors, texCoords, texture,
                                mesh.shadeModel, GL_FILL, GL_FILL, style);
     } else {
-        symbol.drawMesh(mesh.vertices, indices, mesh.byteNormals, mesh.colors, mesh.texCoords, texture,
-                        mesh.shadeModel, GL_FILL, GL_FILL, style);
+        symbol.drawMesh(mesh.vertices, indices, mesh.byteNormals, colors, texCoords, texture, mesh.shadeModel,
+                        GL_FILL, GL_FILL, style);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "HeightColors.h"
 #include "HostTextures.h"
 #include "IQelSymbol.h"
 #include "PointOrder.h"
@@ -36,6 +37,16 @@ class HostScene {
     /// @param x, y in pixels from the lower left of the view.
     [[nodiscard]] std::optional<qel::XPnt3d> cloudPointAt(const PixelView& view, double x, double y) const;
 
+    /// The heights of meshes and clouds; not valid if there are none.
+    [[nodiscard]] HeightRange heights(UpAxis up) const;
+    /// Colours meshes and clouds from now on.
+    /// @param range with `Colouring::Height`, what the colours stand for.
+    void setColouring(Colouring wanted, const HeightRange& range);
+    [[nodiscard]] Colouring colouring() const { return shownColouring; }
+    /// Makes the points of clouds larger or smaller.
+    /// @return the size of the first cloud's points in pixels; 0 if there are none.
+    float growPoints(float pixels);
+
   private:
     template <class Element>
     using Array = qel::ref_ptr<qel::HostArray<Element>>;
@@ -49,6 +60,8 @@ class HostScene {
         Array<qel::ArrayNormal4f> normals;
         Array<qel::ArrayNormal3b> byteNormals;
         Array<qel::ArrayColor4f> colors;
+        /// Only while they are shown, here and in clouds.
+        Array<qel::ArrayColor4f> heightColors;
         Array<qel::ArrayTexCoord2f> texCoords;
         /// Null for none.
         std::shared_ptr<const Texture> texture;
@@ -60,6 +73,7 @@ class HostScene {
         Array<qel::ArrayVertex> vertices;
         Array<qel::ArrayIndex> order;
         Array<qel::ArrayColor3b> colors;
+        Array<qel::ArrayColor3b> heightColors;
         qel::QelColor3f color;
         float size = 1.0F;
     };
@@ -74,10 +88,13 @@ class HostScene {
     void addGeometries(const Scene& scene);
 
     static void thin(Mesh& mesh, std::size_t partsPerDrawn);
-    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                         std::uint32_t texture);
-    static void drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                             HostTextures& textures);
+    /// The colours of a mesh or cloud, as they are coloured.
+    template <class Part>
+    [[nodiscard]] auto shownColors(const Part& part) const;
+    void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                  std::uint32_t texture) const;
+    void drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                      HostTextures& textures) const;
     static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn);
     static void drawMarker(IQelSymbol& symbol, const Marker& marker);
     void drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn);
@@ -87,6 +104,7 @@ class HostScene {
     std::vector<Cloud> clouds;
     std::vector<Geometry> geometries;
     std::vector<Marker> markers;
+    Colouring shownColouring = Colouring::Own;
 };
 
 }  // namespace qelview

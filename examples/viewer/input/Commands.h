@@ -22,6 +22,9 @@ enum class Command : std::uint8_t {
     Help,
     Open,
     Measure,
+    Colours,
+    /// Number 0 makes the points larger, 1 smaller.
+    PointSize,
     CopyMeasurements,
     Leave,
     /// Only in the menu.
@@ -56,7 +59,7 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 19> kHelpLines{{
+inline constexpr std::array<HelpLine, 22> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
@@ -71,6 +74,9 @@ inline constexpr std::array<HelpLine, 19> kHelpLines{{
     {"Z", "drag a rectangle to zoom into"},
     {"M", "measure between clicked points"},
     {"Ctrl+C", "copy the clicked points as a table"},
+    {"E", "colour by elevation, plainly, or as the files say"},
+    {"P", "larger points"},
+    {"Shift+P", "smaller points"},
     {"C", "capture the view to a BMP file"},
     {"Ctrl+O", "open files; or drop them on the window"},
     {"W", "warnings about the files"},

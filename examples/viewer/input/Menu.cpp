@@ -21,7 +21,7 @@ constexpr std::array<MenuLine, 3> kToolLines{{
     {"&Zoom into a rectangle", "Z", {Command::ZoomRectangle}},
 }};
 
-constexpr std::array<MenuLine, 16> kViewLines{{
+constexpr std::array<MenuLine, 21> kViewLines{{
     {"&Top", "0", {Command::StandardView, 0}},
     {"&Bottom", "1", {Command::StandardView, 1}},
     {"Bac&k", "2", {Command::StandardView, 2}},
@@ -36,6 +36,11 @@ constexpr std::array<MenuLine, 16> kViewLines{{
     {"&Orthographic", "O", {Command::SwitchProjection}},
     {"Long &axes", "A", {Command::LongAxes}},
     {"&Y points up", "U", {Command::TurnUp}},
+    {},
+    {"&Elevation, plain or own colours", "E", {Command::Colours}},
+    {"Larger &points", "P", {Command::PointSize, 0}},
+    {"Smaller poi&nts", "Shift+P", {Command::PointSize, 1}},
+    {},
     {"&Stereo", "S", {Command::Stereo}},
     {"&Warnings", "W", {Command::Warnings}},
 }};

@@ -70,6 +70,7 @@ void Stage::drawContent() {
     findPointUnderMouse();
     drawLocalFrame();
     drawTexts();
+    drawLegend();
     drawMarks();
     drawNotice();
     drawPanel();

@@ -66,6 +66,7 @@ std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
     }
     std::unique_ptr<Stage> moved(new Stage(other, content));
     moved->notes = notes;
+    moved->heightRange = heightRange;
     moved->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
     moved->camera().setExtent(camera().getExtent(), false);
     moved->camera().setCamera(camera().getEye(), camera().getTarget(), camera().getUp());
@@ -124,6 +125,7 @@ bool Stage::turnUp() {
     }
     const UpAxis before = content.up;
     content.up = before == UpAxis::Y ? UpAxis::Z : UpAxis::Y;
+    setColouring(colouring());
     turnCamera(before, content.up);
     fit();
     return true;

@@ -88,6 +88,12 @@ class Stage {
     /// From now on draws one of so many parts of the scene; 1 draws all.
     void setPartsPerDrawn(std::size_t parts) { partsPerDrawn = parts; }
 
+    /// Colours meshes and clouds; false, with nothing changed, if there are none.
+    bool setColouring(Colouring wanted);
+    [[nodiscard]] Colouring colouring() const { return content.drawn.colouring(); }
+    /// Makes the points of clouds larger or smaller by pixels. Returns their size; 0 if there are none.
+    float growPoints(float pixels) { return content.drawn.growPoints(pixels); }
+
     /// Draws a frame and shows it.
     void show();
     /// Draws a frame, with the overlays of the moment, and reads it back.
@@ -148,6 +154,7 @@ class Stage {
     /// The lines between the marks.
     void drawPath();
     void drawMeasurement();
+    void drawLegend();
     [[nodiscard]] Points markedPoints() const;
     void drawLocalFrame();
     void printAt(double x, double y, const std::string& text);
@@ -171,6 +178,8 @@ class Stage {
     Annotations notes;
     qel::XPnt3d underMouse;
     std::size_t partsPerDrawn = 1;
+    /// What the colours of heights stand for.
+    HeightRange heightRange;
 };
 
 }  // namespace qelview
