@@ -40,7 +40,7 @@ void pressKey(const ViewerWindow& viewer, const KeyPress& press) {
     // The window asks the system which modifier keys are held.
     constexpr BYTE kHeld = 0x80;
     std::array<BYTE, 256> keys{};
-    const std::array<BYTE, 256> none = keys;
+    std::array<BYTE, 256> none = keys;
     keys[VK_CONTROL] = press.withControl ? kHeld : BYTE{0};
     keys[VK_SHIFT] = press.withShift ? kHeld : BYTE{0};
     SetKeyboardState(keys.data());
