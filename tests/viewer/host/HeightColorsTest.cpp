@@ -79,8 +79,8 @@ TEST_F(HeightColorsOfAScene, ReplaceItsOwnColoursUntilTheseReturn) {
     const qel::test::Picture own = drawn(host);
     host.setColouring(Colouring::Height, host.heights(UpAxis::Y));
     const qel::test::Picture byHeight = drawn(host);
-    EXPECT_GT(byHeight.at(16, 1).b, byHeight.at(16, 1).r);
-    EXPECT_GT(byHeight.at(16, 30).r, byHeight.at(16, 30).b);
+    EXPECT_GT(byHeight.at(16, 1)[2], byHeight.at(16, 1)[0]);
+    EXPECT_GT(byHeight.at(16, 30)[0], byHeight.at(16, 30)[2]);
     EXPECT_EQ(byHeight.at(5, 20), byHeight.at(25, 20)) << "of one height";
     host.setColouring(Colouring::Plain, {});
     EXPECT_EQ(drawn(host).at(16, 1), drawn(host).at(16, 30));
@@ -98,8 +98,8 @@ TEST_F(HeightColorsOfAScene, ColourCloudsToo) {
     HostScene host(points);
     host.setColouring(Colouring::Height, host.heights(UpAxis::Y));
     const qel::test::Picture byHeight = drawn(host);
-    EXPECT_GT(byHeight.at(8, 8).b, byHeight.at(8, 8).r);
-    EXPECT_GT(byHeight.at(24, 24).r, byHeight.at(24, 24).b);
+    EXPECT_GT(byHeight.at(8, 8)[2], byHeight.at(8, 8)[0]);
+    EXPECT_GT(byHeight.at(24, 24)[0], byHeight.at(24, 24)[2]);
 }
 
 TEST_F(HeightColorsOfAScene, GrowTheirPointsWithinBounds) {
