@@ -84,8 +84,12 @@ std::optional<std::pair<int, int>> parseSize(std::string_view text) {
 
 void addWindowOptions(CLI::App& app, Options& options) {
     app.add_option("--capture", options.capture,
-                   "Capture the view to a BMP file and exit; with --script, the file for the key C")
-        ->type_name("FILE.bmp");
+                   "Capture the view to a BMP or PNG file and exit; with --script, the file for the key C")
+        ->type_name("FILE");
+    app.add_option("--capture-size", options.captureTimes,
+                   "How many times as large as the view captures are (1)")
+        ->check(CLI::IsMember({1, 2, 4}))
+        ->type_name("1|2|4");
     CLI::Option* const script =
         app.add_option("--script", options.script, "Play a script of mouse and keys and exit")
             ->type_name("FILE");

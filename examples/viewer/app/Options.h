@@ -37,8 +37,10 @@ struct Options {
     std::string out;
     /// Prefix of the names of eight pictures, one for each standard view; empty for none.
     std::string viewsOut;
-    /// Bitmap file of a capture: of the view, and for the key C in a window or script. Empty for none.
+    /// BMP or PNG file of a capture: of the view, and for the key C in a window or script. Empty for none.
     std::string capture;
+    /// How many times as large as the view captures are.
+    int captureTimes = 1;
     /// Script of mouse and keys; empty for none.
     std::string script;
     /// Recorded six-axis input, replayed in the window; empty for none.

@@ -1,7 +1,5 @@
 #include <cstdio>
-#include <filesystem>
 
-#include "CaptureName.h"
 #include "FileInput.h"
 #include "LoadTask.h"
 #include "ReadError.h"
@@ -81,6 +79,12 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
         case Command::PointSize:
             growPoints(wanted.number == 0 ? 1.0F : -1.0F);
             break;
+        case Command::CopyPicture:
+            copyView();
+            break;
+        case Command::CaptureSize:
+            nextCaptureSize();
+            break;
         case Command::Leave:
             leave();
             break;
@@ -150,22 +154,6 @@ void ViewerWindow::switchStereo() {
     if (isVisible) {
         ShowWindow(window.get(), SW_SHOW);
     }
-}
-
-void ViewerWindow::captureToFreeName() {
-    const std::filesystem::path folder = std::filesystem::current_path();
-    const std::filesystem::path file =
-        captureFile.empty() ? freeCaptureName(folder) : std::filesystem::path(toWide(captureFile));
-    static_cast<void>(capture(file));
-}
-
-bool ViewerWindow::capture(const std::filesystem::path& file) {
-    refresh();
-    const CaptureEnd end = file.empty() ? CaptureEnd::NotWritten : stage->capture(file);
-    const std::string name = toUtf8(file.filename().wstring());
-    const bool isWhole = end == CaptureEnd::Whole;
-    say(isWhole ? "Captured " + name : "The capture " + name + " " + reasonOf(end));
-    return isWhole;
 }
 
 bool ViewerWindow::openFiles(const std::vector<std::string>& files) {

@@ -73,6 +73,7 @@ bool ViewerWindow::open(const Options& options, Scene scene) {
         return false;
     }
     captureFile = options.capture;
+    captureTimes = options.captureTimes;
     firstView = options.view;
     setCaption(title);
     stage->annotations().hasStrip = true;

@@ -68,7 +68,7 @@ class ViewerWindow {
     /// Replays six-axis input, one step per tick of the system's timer.
     void replay(std::vector<MotionStep> steps);
     [[nodiscard]] bool isReplaying() const { return nextMotion < motion.size(); }
-    /// Writes the view to a BMP file and shows a message. Returns false if that failed.
+    /// Writes the view to a BMP or PNG file and shows a message. Returns false if that failed.
     bool capture(const std::filesystem::path& file);
 
     /// Puts files at the head of the recent files.
@@ -131,6 +131,8 @@ class ViewerWindow {
     void chooseRectangle(bool isChosen);
     void switchStereo();
     void captureToFreeName();
+    void copyView();
+    void nextCaptureSize();
     /// Returns false if loading failed, which keeps the old scene.
     bool openFiles(const std::vector<std::string>& files);
     void accept(Scene scene);
@@ -142,6 +144,8 @@ class ViewerWindow {
     OwnedWindow window;
     std::unique_ptr<Stage> stage;
     std::string captureFile;
+    /// How many times as large as the view captures and copies are.
+    int captureTimes = 1;
     RecentFiles recent;
     /// Full names; empty for a scene that comes from no file.
     std::vector<std::string> shownFiles;

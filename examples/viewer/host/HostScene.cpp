@@ -189,14 +189,14 @@ auto HostScene::shownColors(const Part& part) const {
 }
 
 void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
-                     std::size_t partsPerDrawn) {
-    drawMeshes(symbol, textures, partsPerDrawn);
-    drawClouds(symbol, view, partsPerDrawn);
+                     const DrawingDetail& detail) {
+    drawMeshes(symbol, textures, detail.partsPerDrawn);
+    drawClouds(symbol, view, detail);
     for (const Geometry& drawn : geometries) {
-        drawGeometry(symbol, drawn);
+        drawGeometry(symbol, drawn, detail.pixelScale);
     }
     for (const Marker& marker : markers) {
-        drawMarker(symbol, marker);
+        drawMarker(symbol, marker, detail.pixelScale);
     }
 }
 
@@ -217,15 +217,16 @@ void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size
     }
 }
 
-void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn) {
+void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, const DrawingDetail& detail) {
     if (clouds.empty()) {
         return;
     }
     const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
     for (Cloud& cloud : clouds) {
-        orderVisiblePoints(cloud.positions, view, depths, partsPerDrawn, cloud.order->content());
+        orderVisiblePoints(cloud.positions, view, depths, detail.partsPerDrawn, cloud.order->content());
         const qel::QelColor3f& color = shownColouring == Colouring::Plain ? kPlainColor : cloud.color;
-        symbol.drawPointCloud(cloud.vertices, cloud.order, shownColors(cloud), cloud.size, color);
+        symbol.drawPointCloud(cloud.vertices, cloud.order, shownColors(cloud), cloud.size * detail.pixelScale,
+                              color);
     }
 }
 
@@ -280,20 +281,21 @@ void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::
     }
 }
 
-void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn) {
+void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pixelScale) {
+    const float width = drawn.style.width * pixelScale;
     symbol.setColor(drawn.style.color);
-    symbol.setLineWidth(drawn.style.width);
+    symbol.setLineWidth(width);
     switch (static_cast<qel::GeometryKind>(drawn.geometry->geometryType())) {
         case qel::GeometryKind::LineSegment:
             // Alone, a segment takes whatever colour and width OpenGL holds.
-            symbol.drawGeometryWith(drawn.geometry.get(), static_cast<double>(drawn.style.width),
+            symbol.drawGeometryWith(drawn.geometry.get(), static_cast<double>(width),
                                     drawn.style.color.toColor3b());
             break;
         case qel::GeometryKind::Ball: {
             // So does a ball.
             const qel::QelColor4b& color = drawn.style.color;
             glColor3ub(color.r, color.g, color.b);
-            glLineWidth(drawn.style.width);
+            glLineWidth(width);
             symbol.drawGeometry(drawn.geometry.get());
             break;
         }
@@ -303,20 +305,21 @@ void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn) {
     }
 }
 
-void HostScene::drawMarker(IQelSymbol& symbol, const Marker& marker) {
-    const auto width = static_cast<double>(marker.width);
+void HostScene::drawMarker(IQelSymbol& symbol, const Marker& marker, float pixelScale) {
+    const float widthF = marker.width * pixelScale;
+    const auto width = static_cast<double>(widthF);
     switch (marker.shape) {
         case MarkerShape::Cross:
-            symbol.drawCross(marker.at, marker.size, marker.width, marker.color, false, true);
+            symbol.drawCross(marker.at, marker.size, widthF, marker.color, false, true);
             break;
         case MarkerShape::DiagonalCross:
-            symbol.drawDiagonalCross(marker.at, marker.size, marker.width, marker.color, false, true);
+            symbol.drawDiagonalCross(marker.at, marker.size, widthF, marker.color, false, true);
             break;
         case MarkerShape::Square:
             symbol.drawSquare(marker.at, marker.size, width, marker.color, false, true);
             break;
         case MarkerShape::Circle:
-            symbol.drawCircle(marker.at, marker.size, marker.width, marker.color, false, true);
+            symbol.drawCircle(marker.at, marker.size, widthF, marker.color, false, true);
             break;
         case MarkerShape::Box:
             symbol.drawBox(marker.box, width, marker.color, false, true);

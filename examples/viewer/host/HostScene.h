@@ -17,6 +17,14 @@
 
 namespace qelview {
 
+/// How finely a scene is drawn.
+struct DrawingDetail {
+    /// Draws only one of so many points of clouds and parts of meshes; 1 draws all.
+    std::size_t partsPerDrawn = 1;
+    /// Widths of lines and points are multiplied by it.
+    float pixelScale = 1.0F;
+};
+
 /// A scene in the form that symbols draw: host geometries for lines, arrays of floats for meshes and clouds.
 /// Positions must be near the origin (`Scene::moveToOrigin`), since arrays are narrowed to float here.
 class HostScene {
@@ -28,9 +36,8 @@ class HostScene {
     /// are expected; the current colour and line width change.
     /// @param view the camera that OpenGL holds.
     /// @param textures of the context.
-    /// @param partsPerDrawn draws only one of so many points of clouds and parts of meshes; 1 draws all.
     void draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
-              std::size_t partsPerDrawn = 1);
+              const DrawingDetail& detail = {});
 
     /// The point of a cloud that the last drawing showed at a place; nothing if there is none.
     /// @param view the camera of that drawing.
@@ -95,10 +102,10 @@ class HostScene {
                   std::uint32_t texture) const;
     void drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
                       HostTextures& textures) const;
-    static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn);
-    static void drawMarker(IQelSymbol& symbol, const Marker& marker);
+    static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pixelScale);
+    static void drawMarker(IQelSymbol& symbol, const Marker& marker, float pixelScale);
     void drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn);
-    void drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn);
+    void drawClouds(IQelSymbol& symbol, const PixelView& view, const DrawingDetail& detail);
 
     std::vector<Mesh> meshes;
     std::vector<Cloud> clouds;

@@ -25,6 +25,8 @@ enum class Command : std::uint8_t {
     Colours,
     /// Number 0 makes the points larger, 1 smaller.
     PointSize,
+    CopyPicture,
+    CaptureSize,
     CopyMeasurements,
     Leave,
     /// Only in the menu.
@@ -59,7 +61,7 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 22> kHelpLines{{
+inline constexpr std::array<HelpLine, 24> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
@@ -77,7 +79,9 @@ inline constexpr std::array<HelpLine, 22> kHelpLines{{
     {"E", "colour by elevation, plainly, or as the files say"},
     {"P", "larger points"},
     {"Shift+P", "smaller points"},
-    {"C", "capture the view to a BMP file"},
+    {"C", "capture the view to a file"},
+    {"Ctrl+Shift+C", "copy the view"},
+    {"R", "captures and copies once, twice, four times as large"},
     {"Ctrl+O", "open files; or drop them on the window"},
     {"W", "warnings about the files"},
     {"H", "this help"},

@@ -6,11 +6,13 @@ namespace qelview {
 
 namespace {
 
-constexpr std::array<MenuLine, 6> kFileLines{{
+constexpr std::array<MenuLine, 8> kFileLines{{
     {"&Open...", "Ctrl+O", {Command::Open}},
     {"&Recent files", "", {Command::Recent}},
     {},
     {"&Capture", "C", {Command::Capture}},
+    {"Cop&y the view", "Ctrl+Shift+C", {Command::CopyPicture}},
+    {"Capture &size", "R", {Command::CaptureSize}},
     {},
     {"&Quit", "Alt+F4", {Command::Quit}},
 }};

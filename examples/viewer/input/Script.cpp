@@ -40,7 +40,8 @@ constexpr std::array<Verb, 12> kVerbs{{
      "writes a picture of the window"},
     {"camera", ScriptAction::Camera, Operands::FileName, "camera FILE.txt",
      "writes eye, target and up at full precision"},
-    {"capture", ScriptAction::Capture, Operands::FileName, "capture FILE.bmp", "captures the view"},
+    {"capture", ScriptAction::Capture, Operands::FileName, "capture FILE",
+     "captures the view to a BMP or PNG file"},
 }};
 
 constexpr int kLargestPlace = 16384;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "QelGl.h"
@@ -66,7 +67,7 @@ void Stage::drawContent() {
     placeKeyLight(*display->getGL());
     display->getGL()->enable(GL_DEPTH_TEST);
     display->getGL()->disable(GL_LIGHTING);
-    content.drawn.draw(*symbol, pixelView(), textures, partsPerDrawn);
+    content.drawn.draw(*symbol, pixelView(), textures, {partsPerDrawn, static_cast<float>(unit())});
     findPointUnderMouse();
     drawLocalFrame();
     drawTexts();
@@ -77,38 +78,42 @@ void Stage::drawContent() {
 }
 
 void Stage::drawTexts() {
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    drawLabels();
+    drawHeading();
+    drawStrip();
+}
+
+void Stage::drawLabels() {
+    constexpr double kBeside = 7.0;
     // Places are asked for while the camera is loaded; text is drawn in pixels.
     std::vector<qel::XPnt3d> places;
     for (const Label& label : content.labels) {
         const qel::XPnt3d place = camera().projectPnt(label.at);
-        places.push_back(isHidden(label.at, place) ? qel::XPnt3d::invalid() : place);
+        places.push_back(isHidden(label.at, place) ? qel::XPnt3d::invalid() : inLayout(place));
     }
-    display->setOrtho2D();
-    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    {
-        const QelTmpGlStateCtrl color(kLabelColor);
-        TextRoom room;
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            const Label& label = content.labels[i];
-            if (places[i].isValid() && room.take(places[i].x, places[i].y, label.text)) {
-                drawLabel(label, places[i]);
-            }
+    beginLayout();
+    const QelTmpGlStateCtrl color(kLabelColor);
+    TextRoom room;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const std::string& text = content.labels[i].text;
+        if (places[i].isValid() && room.take(places[i].x, places[i].y, text)) {
+            printAt(places[i].x + kBeside, places[i].y + kBeside * 0.5, text);
         }
     }
-    drawHeading();
-    drawStrip();
 }
 
 std::vector<Stage::HeadingLine> Stage::heading() {
     // The tripod stands at the right.
     constexpr double kTripodWidth = 60.0;
-    constexpr double kLetterWidth = 8.0;
-    const double room = static_cast<double>(camera().getWidth()) - kMargin - kTripodWidth;
-    const auto letters = static_cast<std::size_t>(std::max(room / kLetterWidth, 1.0));
+    const double room = layoutWidth() - kMargin - kTripodWidth;
+    const auto fits = [&](const std::string& line) {
+        return font.widthOf(line, letterHeight(kLetterHeight)) <= room * unit();
+    };
     std::vector<HeadingLine> lines;
     for (const auto& [text, color] :
          {std::pair(&content.title, kTitleColor), std::pair(&content.summary, kSummaryColor)}) {
-        for (std::string& line : wrappedText(*text, letters)) {
+        for (std::string& line : wrappedText(*text, fits)) {
             lines.push_back({std::move(line), color});
         }
     }
@@ -116,7 +121,7 @@ std::vector<Stage::HeadingLine> Stage::heading() {
 }
 
 void Stage::drawHeading() {
-    double y = static_cast<double>(camera().getHeight()) - kMargin - kLineHeight * 0.5;
+    double y = layoutHeight() - kMargin - kLineHeight * 0.5;
     for (const HeadingLine& line : heading()) {
         const QelTmpGlStateCtrl color(line.color);
         printAt(kMargin, y, line.text);
@@ -124,14 +129,22 @@ void Stage::drawHeading() {
     }
 }
 
-void Stage::drawLabel(const Label& label, const qel::XPnt3d& place) {
-    constexpr double kBeside = 7.0;
-    printAt(place.x + kBeside, place.y + kBeside * 0.5, label.text);
+void Stage::beginLayout() {
+    display->setOrtho2D();
+    glScaled(unit(), unit(), 1.0);
+}
+
+int Stage::letterHeight(double units) const {
+    return static_cast<int>(std::lround(units * unit()));
 }
 
 void Stage::printAt(double x, double y, const std::string& text) {
-    glRasterPos2d(x, y);
-    display->printText("%s", text.c_str());
+    // A position inside the view is always valid; the text may begin outside.
+    glRasterPos2d(1.0, 1.0);
+    const auto pixels = [this](double units) {
+        return static_cast<int>(std::lround((units - 1.0) * unit()));
+    };
+    font.print(text, letterHeight(kLetterHeight), pixels(x), pixels(y));
 }
 
 bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {

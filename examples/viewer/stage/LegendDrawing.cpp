@@ -51,9 +51,9 @@ void Stage::drawLegend() {
     constexpr double kBesideBar = 8.0;
     constexpr double kHalfLetter = 6.0;
     const double bottom = kStripHeight + 2.0 * kLineHeight + kMargin;
-    const double room = static_cast<double>(camera().getHeight()) - bottom - kMargin - 5.0 * kLineHeight;
+    const double room = layoutHeight() - bottom - kMargin - 5.0 * kLineHeight;
     const double height = std::clamp(room, kLineHeight, kTallestBar);
-    display->setOrtho2D();
+    beginLayout();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     drawRamp(kMargin, bottom, height);
     const QelTmpGlStateCtrl color(kTextColor);

@@ -42,10 +42,11 @@ void Stage::drawPath() {
     const std::vector<PointMark>& marks = notes.marks;
     camera().updateView();
     for (std::size_t i = 1; i < marks.size(); ++i) {
-        symbol->drawLine(marks[i - 1].at, marks[i].at, kWidth, kMarkColor, false, false);
+        symbol->drawLine(marks[i - 1].at, marks[i].at, kWidth * unit(), kMarkColor, false, false);
     }
     if (marks.size() > 2) {
-        symbol->drawStippledLine(marks.back().at, marks.front().at, 1.0, kMarkColor, false, false, kDashes);
+        symbol->drawStippledLine(marks.back().at, marks.front().at, unit(), kMarkColor, false, false,
+                                 kDashes);
     }
 }
 
@@ -56,12 +57,14 @@ void Stage::drawMark(const PointMark& mark) {
     if (place.z <= 0.0 || place.z >= 1.0) {
         return;
     }
-    display->setOrtho2D();
-    symbol->drawDiagonalCross({place.x, place.y, 0.0}, kReach, 2.0F, kMarkColor, false, false);
-    camera().updateView();
+    const qel::XPnt3d at = inLayout(place);
+    beginLayout();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    symbol->drawDiagonalCross({at.x, at.y, 0.0}, kReach, static_cast<float>(2.0 * unit()), kMarkColor, false,
+                              false);
     const QelTmpGlStateCtrl color(kMarkColor);
-    camera().drawLabel(mark.at.x, mark.at.y, mark.at.z, kBeside, kBeside * 0.5, "%s", mark.label.c_str());
+    printAt(at.x + kBeside, at.y + kBeside * 0.5, mark.label);
+    camera().updateView();
 }
 
 void Stage::drawMeasurement() {
@@ -73,9 +76,9 @@ void Stage::drawMeasurement() {
     }
     const std::vector<MeasurementLine> lines =
         measurementLines(markedPoints(), content.origin, content.up, content.extent.getDiagonal());
-    display->setOrtho2D();
+    beginLayout();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    const double left = static_cast<double>(camera().getWidth()) - kMargin - kWidth;
+    const double left = layoutWidth() - kMargin - kWidth;
     const double bottom = kStripHeight + kMargin * 0.5;
     const double top = bottom + (static_cast<double>(lines.size()) + 0.6) * kLineHeight;
     drawPlate(left, bottom, left + kWidth, top);

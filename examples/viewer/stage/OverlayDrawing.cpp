@@ -66,7 +66,7 @@ void Stage::drawOverlay(const std::optional<PixelBox>& rectangle) {
     display->restoreCache();
     camera().updateView();
     findPointUnderMouse();
-    display->setOrtho2D();
+    beginLayout();
     drawStrip();
     if (rectangle) {
         drawRectangle(*rectangle);
@@ -120,7 +120,7 @@ void Stage::drawStrip() {
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     if (notes.hasStrip) {
         // Opaque, so that it can be drawn anew over a frame that has it already.
-        drawPlate(-1.0, -1.0, static_cast<double>(camera().getWidth()) + 1.0, kStripHeight);
+        drawPlate(-1.0, -1.0, layoutWidth() + 1.0, kStripHeight);
         if (notes.frameMilliseconds) {
             text += "   " + inMilliseconds(*notes.frameMilliseconds);
         }
@@ -136,7 +136,7 @@ void Stage::drawNotice() {
     if (notes.notice.empty()) {
         return;
     }
-    display->setOrtho2D();
+    beginLayout();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     const QelTmpGlStateCtrl color(kNoticeColor);
     printAt(kMargin, kMargin + kStripHeight, notes.notice);
@@ -151,10 +151,10 @@ void Stage::drawPanel() {
     if (notes.panel == Panel::None || lines == 0) {
         return;
     }
-    display->setOrtho2D();
+    beginLayout();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    const double top = static_cast<double>(camera().getHeight()) - kMargin - 3.0 * kLineHeight;
-    const double right = isHelp ? kMargin + kWidthOfHelp : static_cast<double>(camera().getWidth()) - kMargin;
+    const double top = layoutHeight() - kMargin - 3.0 * kLineHeight;
+    const double right = isHelp ? kMargin + kWidthOfHelp : layoutWidth() - kMargin;
     drawPlate(kMargin, top - static_cast<double>(lines + 1) * kLineHeight, right, top);
     const QelTmpGlStateCtrl color(kTextColor);
     double y = top - kLineHeight - kUnderLine * 0.5;
@@ -163,7 +163,7 @@ void Stage::drawPanel() {
             printAt(kMargin + kInputColumn, y, std::string(kHelpLines.at(i).input));
             printAt(kMargin + kMeaningColumn, y, std::string(kHelpLines.at(i).meaning));
         } else {
-            printAt(kMargin + kInputColumn, y, toPlainLetters(content.warnings[i]));
+            printAt(kMargin + kInputColumn, y, content.warnings[i]);
         }
         y -= kLineHeight;
     }
@@ -174,7 +174,7 @@ void Stage::drawPlate(double left, double bottom, double right, double top) {
 }
 
 void Stage::drawRectangle(const PixelBox& rectangle) {
-    const auto place = [](int x, int y) { return qel::XPnt3d(x + 0.5, y + 0.5, 0.0); };
+    const auto place = [this](int x, int y) { return inLayout({x + 0.5, y + 0.5, 0.0}); };
     const auto [from, to] = rectangle;
     const auto edge = [&](int x1, int y1, int x2, int y2) {
         symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false, kDashes);

@@ -27,17 +27,13 @@ Stage::Content::Content(Scene&& scene)
     : extent(scene.bounds()),
       outline(scene.outline()),
       labels(scene.labels),
-      title(toPlainLetters(scene.title)),
+      title(scene.title),
       summary(summaryOf(scene)),
       origin(scene.origin),
       up(scene.up),
       isUpKnown(scene.isUpKnown),
       warnings(scene.warnings),
-      drawn(std::move(scene)) {
-    for (Label& label : labels) {
-        label.text = toPlainLetters(label.text);
-    }
-}
+      drawn(std::move(scene)) {}
 
 qel::ref_ptr<IQelDisplay> Stage::attach(HWND window, bool isStereo) {
     qel::ref_ptr<IQelDisplay> display = qel::adopt(newScreenDisplay());
@@ -66,6 +62,7 @@ std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
     }
     std::unique_ptr<Stage> moved(new Stage(other, content));
     moved->notes = notes;
+    moved->setScale(scale);
     moved->heightRange = heightRange;
     moved->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
     moved->camera().setExtent(camera().getExtent(), false);
@@ -160,8 +157,7 @@ UsableView Stage::usableView() {
     UsableView usable;
     const double headingHeight =
         kMargin + (static_cast<double>(heading().size()) - 0.5) * kLineHeight + kUnderHeading;
-    usable.above = std::clamp(1.0 - 2.0 * headingHeight / static_cast<double>(camera().getHeight()),
-                              kLeastAbove, usable.above);
+    usable.above = std::clamp(1.0 - 2.0 * headingHeight / layoutHeight(), kLeastAbove, usable.above);
     return usable;
 }
 

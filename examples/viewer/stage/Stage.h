@@ -18,6 +18,7 @@
 #include "PngFile.h"
 #include "QelDisplay64t.h"
 #include "Scene.h"
+#include "ScreenFont.h"
 #include "SystemWindow.h"
 
 namespace qelview {
@@ -30,6 +31,8 @@ enum class CaptureEnd : std::uint8_t {
     NotWritten,
     /// The file was begun, but is not complete: the disk may be full. What there is of it is left.
     NotWhole,
+    /// The driver cannot draw a picture of that size; no file was begun.
+    TooLarge,
 };
 
 /// What to tell the user about the file of a capture that failed.
@@ -49,6 +52,8 @@ class Stage {
     /// Another scene; the view stays as it is.
     void setScene(Scene scene);
     void resize(const ClientSize& size);
+    /// How many pixels a pixel of a screen of 96 dots per inch is; 1 at first. Texts, lines and margins follow it.
+    void setScale(double pixels) { scale = pixels; }
     /// One of the eight standard views, filled by the scene.
     void setView(unsigned number);
     /// The axis of the scene's coordinates that points up.
@@ -101,9 +106,12 @@ class Stage {
     /// Shows the last frame again with the strip of the moment and, over everything, a rectangle.
     void showOverlay(const std::optional<PixelBox>& rectangle);
     [[nodiscard]] PixelImage overlayPicture(const std::optional<PixelBox>& rectangle);
-    /// Writes the view, without strip, help and notice, into a BMP file. Of views whose width is not a
-    /// multiple of four the last pixels of each row are left out, because programs disagree about such files.
-    [[nodiscard]] CaptureEnd capture(const std::filesystem::path& file);
+    /// Writes the view, without strip, help and notice, into a PNG file if its name ends so, else into a BMP file. Of pictures for BMP
+    /// whose width is not a multiple of four the last pixels of each row are left out, because programs disagree about such files.
+    /// @param times how many times as large as the view.
+    [[nodiscard]] CaptureEnd capture(const std::filesystem::path& file, int times = 1);
+    /// The same picture as pixels; nothing if the driver cannot draw it so large.
+    [[nodiscard]] std::optional<PixelImage> capturedPixels(int times = 1);
 
   private:
     /// A scene and what is asked of it again and again.
@@ -133,6 +141,19 @@ class Stage {
     [[nodiscard]] double aspect();
     /// What a fitted scene may fill: the view without its heading.
     [[nodiscard]] UsableView usableView();
+    [[nodiscard]] CaptureEnd captureBitmap(const std::filesystem::path& file, int times);
+    [[nodiscard]] CaptureEnd capturePng(const std::filesystem::path& file, int times);
+    void drawCapture(int times);
+    /// Coordinates of layout, with the origin at the lower left; what is drawn in them is as large on every screen.
+    void beginLayout();
+    /// Pixels of a unit of layout.
+    [[nodiscard]] double unit() const { return scale * captureTimes; }
+    [[nodiscard]] qel::XPnt3d inLayout(const qel::XPnt3d& pixel) const {
+        return {pixel.x / unit(), pixel.y / unit(), pixel.z};
+    }
+    [[nodiscard]] double layoutWidth() { return static_cast<double>(camera().getWidth()) / scale; }
+    [[nodiscard]] double layoutHeight() { return static_cast<double>(camera().getHeight()) / scale; }
+    [[nodiscard]] int letterHeight(double units) const;
     /// The camera that OpenGL holds.
     [[nodiscard]] PixelView pixelView();
     /// Draws into the back buffer, up to and without the exchange of the buffers.
@@ -147,7 +168,7 @@ class Stage {
     /// Title and counts, in as many lines as they need beside the tripod.
     [[nodiscard]] std::vector<HeadingLine> heading();
     void drawHeading();
-    void drawLabel(const Label& label, const qel::XPnt3d& place);
+    void drawLabels();
     [[nodiscard]] bool isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place);
     void drawMarks();
     void drawMark(const PointMark& mark);
@@ -178,6 +199,10 @@ class Stage {
     Annotations notes;
     qel::XPnt3d underMouse;
     std::size_t partsPerDrawn = 1;
+    double scale = 1.0;
+    /// Of the picture that is drawn: more than 1 in captures only.
+    int captureTimes = 1;
+    ScreenFont font;
     /// What the colours of heights stand for.
     HeightRange heightRange;
 };

@@ -5,7 +5,10 @@
 namespace {
 
 using Lines = std::vector<std::string>;
-using qelview::wrappedText;
+
+Lines wrappedText(std::string_view text, std::size_t letters) {
+    return qelview::wrappedText(text, [letters](const std::string& line) { return line.size() <= letters; });
+}
 
 TEST(WrappedText, BreaksAtBlanksWhereALineIsFull) {
     EXPECT_EQ(wrappedText("2,760 triangles, 11 points", 26), (Lines{"2,760 triangles, 11 points"}));
