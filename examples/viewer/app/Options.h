@@ -28,6 +28,8 @@ struct Options {
     /// Size of the view in pixels.
     int width = 1280;
     int height = 800;
+    /// True if the command line says so: then the last window's size does not count.
+    bool hasSize = false;
     /// One of the eight standard views.
     unsigned view = 6;
     bool isOrthographic = false;

@@ -25,6 +25,12 @@ bool ViewerWindow::take(const KeyCommand& wanted) {
         return true;
     }
     stage->annotations().notice.clear();
+    // A key that is held is one movement.
+    const bool isStep =
+        wanted.command == Command::Turn || wanted.command == Command::Pan || wanted.command == Command::Zoom;
+    if (wanted.command != Command::PreviousCamera && !(isStep && isMoving)) {
+        rememberCamera();
+    }
     // User input ends a demonstration.
     motion.clear();
     execute(wanted);
@@ -78,6 +84,17 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
             break;
         case Command::PointSize:
             growPoints(wanted.number == 0 ? 1.0F : -1.0F);
+            break;
+        case Command::Reload:
+            reload();
+            break;
+        case Command::Turn:
+        case Command::Pan:
+        case Command::Zoom:
+            moveByKey(wanted);
+            break;
+        case Command::PreviousCamera:
+            returnToPreviousCamera();
             break;
         case Command::CopyPicture:
             copyView();
@@ -156,7 +173,17 @@ void ViewerWindow::switchStereo() {
     }
 }
 
-bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
+void ViewerWindow::reload() {
+    if (shownFiles.empty()) {
+        say("No file is open");
+        return;
+    }
+    // Opening changes the list.
+    const std::vector<std::string> files = shownFiles;
+    openFiles(files, true);
+}
+
+bool ViewerWindow::openFiles(const std::vector<std::string>& files, bool isReload) {
     // A load handles messages while it runs, and one of them may be the next drop.
     if (files.empty() || isLoading) {
         return true;
@@ -165,7 +192,7 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     EnableWindow(window.get(), FALSE);
     std::string reason;
     try {
-        accept(environment.load(files, recent.upOf(absoluteName(files.front()))));
+        accept(environment.load(files, recent.upOf(absoluteName(files.front()))), isReload);
         remember(files);
     } catch (const ReadCancelled&) {
         say("Loading cancelled");
@@ -184,12 +211,18 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     return reason.empty();
 }
 
-void ViewerWindow::accept(Scene scene) {
+void ViewerWindow::accept(Scene scene, bool isReload) {
     printWarnings(scene);
     const std::string title = scene.title;
-    stage->setScene(std::move(scene));
     budget.reset();
-    stage->setView(firstView);
+    if (isReload) {
+        stage->renewScene(std::move(scene));
+        say("Loaded again");
+    } else {
+        stage->setScene(std::move(scene));
+        cameras.clear();
+        stage->setView(firstView);
+    }
     setCaption(title);
     redraw(Stale::Frame);
 }

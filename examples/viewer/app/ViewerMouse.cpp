@@ -72,6 +72,7 @@ void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
     }
     stage->annotations().notice.clear();
     motion.clear();
+    rememberCamera();
     SetCapture(window.get());
     stage->camera().onButtonDown(dragOf(gesture.tool()), place.x, place.y);
 }
@@ -145,6 +146,9 @@ void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     ScreenToClient(window.get(), &onScreen);
     refresh();
+    if (!isMoving) {
+        rememberCamera();
+    }
     stage->zoom(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA,
                 placeOf(MAKELPARAM(onScreen.x, onScreen.y)));
     moved();

@@ -9,12 +9,14 @@
 #include <string>
 #include <vector>
 
+#include "CameraHistory.h"
 #include "Commands.h"
 #include "DetailBudget.h"
 #include "MotionFile.h"
 #include "MouseGesture.h"
 #include "Options.h"
 #include "RecentFiles.h"
+#include "RecentStore.h"
 #include "Scene.h"
 #include "Stage.h"
 #include "SystemWindow.h"
@@ -32,6 +34,11 @@ struct Environment {
     /// Where the names of recent files are stored; empty stores none.
     std::function<std::vector<std::string>()> readRecent;
     std::function<void(const std::vector<std::string>&)> writeRecent;
+    /// Where the look of the last window is stored; empty stores none.
+    std::function<std::optional<WindowLook>()> readLook;
+    std::function<void(const WindowLook&)> writeLook;
+    /// Dots per inch of a window's screen; of the system for no window.
+    std::function<unsigned(HWND)> dotsPerInch;
 
     /// A user, the system's clock, a progress window for long loads, the program's registry key.
     [[nodiscard]] static Environment attended();
@@ -85,6 +92,9 @@ class ViewerWindow {
 
     static LRESULT CALLBACK dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] OwnedWindow create(const ClientSize& size);
+    /// The scale of a window's screen, or of the system's for none: 1 for 96 dots per inch.
+    [[nodiscard]] double scaleOf(HWND shown) const;
+    void changeScale(unsigned dotsPerInch, const RECT& place);
 
     /// True if the message needs no further handling.
     bool handle(UINT message, WPARAM wParam, LPARAM lParam);
@@ -125,6 +135,10 @@ class ViewerWindow {
     void keepRecent();
     void turnUp();
     void showAbout();
+    void moveByKey(const KeyCommand& wanted);
+    void rememberCamera();
+    void returnToPreviousCamera();
+    void reload();
     void switchPanel(Panel panel);
     void showWarnings();
     void leave();
@@ -134,8 +148,9 @@ class ViewerWindow {
     void copyView();
     void nextCaptureSize();
     /// Returns false if loading failed, which keeps the old scene.
-    bool openFiles(const std::vector<std::string>& files);
-    void accept(Scene scene);
+    /// @param isReload keeps the camera.
+    bool openFiles(const std::vector<std::string>& files, bool isReload = false);
+    void accept(Scene scene, bool isReload);
     void reportFailure(const std::string& reason);
     void setCaption(const std::string& title);
     void say(const std::string& notice);
@@ -150,6 +165,9 @@ class ViewerWindow {
     /// Full names; empty for a scene that comes from no file.
     std::vector<std::string> shownFiles;
     unsigned firstView = 0;
+    /// Without the size of a maximised window.
+    ClientSize ownSize;
+    CameraHistory cameras;
     Stale stale = Stale::Frame;
     MouseGesture gesture;
     DetailBudget budget;

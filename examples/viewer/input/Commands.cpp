@@ -13,8 +13,17 @@ struct NamedKey {
 };
 
 /// The system's codes of keys other than letters and digits.
-constexpr std::array<NamedKey, 1> kNamedKeys{{
+constexpr std::array<NamedKey, 10> kNamedKeys{{
     {"ESC", 0x1B},
+    {"BACKSPACE", 0x08},
+    {"HOME", 0x24},
+    {"LEFT", 0x25},
+    {"UP", 0x26},
+    {"RIGHT", 0x27},
+    {"DOWN", 0x28},
+    {"F5", 0x74},
+    {"+", 0xBB},
+    {"-", 0xBD},
 }};
 
 bool takePrefix(std::string_view& word, std::string_view prefix) {

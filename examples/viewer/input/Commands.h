@@ -21,6 +21,13 @@ enum class Command : std::uint8_t {
     Capture,
     Help,
     Open,
+    Reload,
+    /// Number 0 to the left, 1 to the right, 2 up, 3 down, here and in Pan.
+    Turn,
+    Pan,
+    /// Number 0 nearer, 1 away.
+    Zoom,
+    PreviousCamera,
     Measure,
     Colours,
     /// Number 0 makes the points larger, 1 smaller.
@@ -61,14 +68,17 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 24> kHelpLines{{
+inline constexpr std::array<HelpLine, 28> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
     {"Wheel", "zoom at the cursor"},
     {"Double click", "set the rotation centre"},
     {"0 to 7", "top, bottom, back, front, right, left, isometric"},
-    {"F", "fit the model into the view"},
+    {"Arrow keys", "turn; with Shift pan"},
+    {"+ and -", "zoom"},
+    {"F, Home", "fit the model into the view"},
+    {"Backspace", "back to the camera before"},
     {"O", "perspective or orthographic"},
     {"A", "long axes through the origin of the view"},
     {"U", "switch the up axis: Y or Z"},
@@ -83,6 +93,7 @@ inline constexpr std::array<HelpLine, 24> kHelpLines{{
     {"Ctrl+Shift+C", "copy the view"},
     {"R", "captures and copies once, twice, four times as large"},
     {"Ctrl+O", "open files; or drop them on the window"},
+    {"F5", "load the files again"},
     {"W", "warnings about the files"},
     {"H", "this help"},
     {"Esc", "close or cancel; else quit"},

@@ -1,14 +1,17 @@
 #include "Menu.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace qelview {
 
 namespace {
 
-constexpr std::array<MenuLine, 8> kFileLines{{
+constexpr std::array<MenuLine, 9> kFileLines{{
     {"&Open...", "Ctrl+O", {Command::Open}},
     {"&Recent files", "", {Command::Recent}},
+    {"Re&load", "F5", {Command::Reload}},
     {},
     {"&Capture", "C", {Command::Capture}},
     {"Cop&y the view", "Ctrl+Shift+C", {Command::CopyPicture}},
@@ -47,14 +50,32 @@ constexpr std::array<MenuLine, 21> kViewLines{{
     {"&Warnings", "W", {Command::Warnings}},
 }};
 
+constexpr std::array<MenuLine, 14> kCameraLines{{
+    {"Turn &left", "Left", {Command::Turn, 0}},
+    {"Turn &right", "Right", {Command::Turn, 1}},
+    {"Turn &up", "Up", {Command::Turn, 2}},
+    {"Turn &down", "Down", {Command::Turn, 3}},
+    {},
+    {"Pan le&ft", "Shift+Left", {Command::Pan, 0}},
+    {"Pan ri&ght", "Shift+Right", {Command::Pan, 1}},
+    {"Pan u&p", "Shift+Up", {Command::Pan, 2}},
+    {"Pan d&own", "Shift+Down", {Command::Pan, 3}},
+    {},
+    {"Zoom &in", "+", {Command::Zoom, 0}},
+    {"&Zoom out", "-", {Command::Zoom, 1}},
+    {},
+    {"&Back to the camera before", "Backspace", {Command::PreviousCamera}},
+}};
+
 constexpr std::array<MenuLine, 2> kHelpLinesOfMenu{{
     {"&Mouse and keys", "H", {Command::Help}},
     {"&About qelview", "", {Command::About}},
 }};
 
-constexpr std::array<MenuColumn, 4> kColumns{{
+constexpr std::array<MenuColumn, 5> kColumns{{
     {"&File", kFileLines},
     {"&View", kViewLines},
+    {"&Camera", kCameraLines},
     {"&Tools", kToolLines},
     {"&Help", kHelpLinesOfMenu},
 }};
@@ -65,8 +86,27 @@ constexpr unsigned kFirstNumber = 1000;
 constexpr unsigned kNumbersOfACommand = 16;
 
 /// Keys of the number pad have codes of their own.
-constexpr unsigned kFirstPadDigit = 0x60;
-constexpr unsigned kPadDigits = 10;
+unsigned mainKeyOf(unsigned key) {
+    constexpr unsigned kFirstPadDigit = 0x60;
+    constexpr unsigned kPadDigits = 10;
+    constexpr unsigned kPadPlus = 0x6B;
+    constexpr unsigned kPadMinus = 0x6D;
+    // Below the first one the subtraction wraps to a large number.
+    if (key - kFirstPadDigit < kPadDigits) {
+        return key - kFirstPadDigit + '0';
+    }
+    const char* const sign = key == kPadPlus ? "+" : key == kPadMinus ? "-" : "";
+    return *sign == '\0' ? key : keyOf(sign).key;
+}
+
+/// Keys that no menu line shows.
+KeyCommand hiddenLineOf(const KeyPress& press) {
+    const std::array<std::pair<KeyPress, Command>, 3> lines{
+        {{{}, Command::Nothing}, {keyOf("Esc"), Command::Leave}, {keyOf("Home"), Command::Fit}}};
+    const auto* const found =
+        std::find_if(lines.begin(), lines.end(), [&](const auto& line) { return line.first == press; });
+    return {found == lines.end() ? Command::Nothing : found->second};
+}
 
 KeyCommand lineOf(const KeyPress& press) {
     for (const MenuColumn& column : kColumns) {
@@ -87,19 +127,19 @@ std::span<const MenuColumn> menuColumns() {
 
 KeyCommand commandOf(const KeyPress& press) {
     KeyPress wanted = press;
-    // Below the first one the subtraction wraps to a large number.
-    if (wanted.key - kFirstPadDigit < kPadDigits) {
-        wanted.key = wanted.key - kFirstPadDigit + '0';
+    wanted.key = mainKeyOf(press.key);
+    if (wanted.key == 0) {
+        return {};
     }
-    if (wanted.key == 0 || wanted == keyOf("Esc")) {
-        return {wanted.key == 0 ? Command::Nothing : Command::Leave};
+    for (const bool withShift : {press.withShift, false}) {
+        wanted.withShift = withShift;
+        for (const KeyCommand& found : {lineOf(wanted), hiddenLineOf(wanted)}) {
+            if (found.command != Command::Nothing) {
+                return found;
+            }
+        }
     }
-    const KeyCommand exactly = lineOf(wanted);
-    if (exactly.command != Command::Nothing || !wanted.withShift) {
-        return exactly;
-    }
-    wanted.withShift = false;
-    return lineOf(wanted);
+    return {};
 }
 
 unsigned menuNumberOf(const KeyCommand& meaning) {

@@ -28,7 +28,7 @@ struct MenuColumn {
 /// list of recent files.
 [[nodiscard]] std::span<const MenuColumn> menuColumns();
 
-/// The command of a key: that of the menu line which shows the key, or Leave for Esc. Digits of the number pad are digits, and Shift changes
+/// The command of a key: that of the menu line which shows the key; Leave for Esc, Fit for Home. Keys of the number pad are like the others, and Shift changes
 /// nothing unless a line shows it.
 [[nodiscard]] KeyCommand commandOf(const KeyPress& press);
 

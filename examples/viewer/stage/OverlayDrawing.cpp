@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -155,9 +156,12 @@ void Stage::drawPanel() {
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     const double top = layoutHeight() - kMargin - 3.0 * kLineHeight;
     const double right = isHelp ? kMargin + kWidthOfHelp : layoutWidth() - kMargin;
-    drawPlate(kMargin, top - static_cast<double>(lines + 1) * kLineHeight, right, top);
+    // All of it, in a low window too.
+    const double lineHeight =
+        std::clamp((top - kMargin) / static_cast<double>(lines + 1), kLetterHeight, kLineHeight);
+    drawPlate(kMargin, top - static_cast<double>(lines + 1) * lineHeight, right, top);
     const QelTmpGlStateCtrl color(kTextColor);
-    double y = top - kLineHeight - kUnderLine * 0.5;
+    double y = top - lineHeight - kUnderLine * 0.5;
     for (std::size_t i = 0; i < lines; ++i) {
         if (isHelp) {
             printAt(kMargin + kInputColumn, y, std::string(kHelpLines.at(i).input));
@@ -165,7 +169,7 @@ void Stage::drawPanel() {
         } else {
             printAt(kMargin + kInputColumn, y, content.warnings[i]);
         }
-        y -= kLineHeight;
+        y -= lineHeight;
     }
 }
 

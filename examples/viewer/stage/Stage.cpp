@@ -91,6 +91,31 @@ void Stage::setScene(Scene scene) {
     notes.localFrame.reset();
 }
 
+void Stage::renewScene(Scene scene) {
+    const qel::XPnt3d originBefore = content.origin;
+    const Colouring colouringBefore = colouring();
+    setScene(std::move(scene));
+    setColouring(colouringBefore);
+    // The view shows the same coordinates of the files, wherever the scene's own origin is now.
+    const qel::XPnt3d moved = originBefore - content.origin;
+    const qel::XPnt3d middle = content.extent.MidPoint();
+    camera().setExtent(content.extent, false);
+    camera().setRotationCenter(middle.x, middle.y, middle.z);
+    camera().setCamera(camera().getEye() + moved, camera().getTarget() + moved, camera().getUp());
+}
+
+CameraState Stage::cameraState() {
+    return {{camera().getEye(), camera().getTarget(), camera().getUp()}, camera().isOrtho()};
+}
+
+void Stage::setCameraState(const CameraState& state) {
+    camera().setPerspective();
+    camera().setCamera(state.place.eye, state.place.target, state.place.up);
+    if (state.isOrthographic) {
+        switchProjection();
+    }
+}
+
 std::string Stage::driverText() {
     display->makeCurrent();
     const auto textOf = [](GLenum name) {

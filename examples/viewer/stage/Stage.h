@@ -12,6 +12,7 @@
 
 #include "Annotations.h"
 #include "CameraFit.h"
+#include "CameraHistory.h"
 #include "HostScene.h"
 #include "HostTextures.h"
 #include "MouseGesture.h"
@@ -51,6 +52,8 @@ class Stage {
 
     /// Another scene; the view stays as it is.
     void setScene(Scene scene);
+    /// The same scene as its files are now: camera and colours stay.
+    void renewScene(Scene scene);
     void resize(const ClientSize& size);
     /// How many pixels a pixel of a screen of 96 dots per inch is; 1 at first. Texts, lines and margins follow it.
     void setScale(double pixels) { scale = pixels; }
@@ -72,6 +75,8 @@ class Stage {
     void zoom(double notches, const PixelPlace& place);
     /// Makes the part of the scene that a rectangle shows fill the view.
     void zoomInto(const PixelBox& rectangle);
+    [[nodiscard]] CameraState cameraState();
+    void setCameraState(const CameraState& state);
     /// Rotates from now on about the point that is shown at a place.
     void rotateAbout(const PixelPlace& place);
     [[nodiscard]] IQelTrackBall& camera() { return *display->getTrackBall(); }

@@ -45,8 +45,9 @@ class ViewerMenu : public OpenViewer {
 TEST_F(ViewerMenu, StandsAboveAViewOfTheWantedSize) {
     EXPECT_EQ(textOf(bar(), 0), "&File");
     EXPECT_EQ(textOf(bar(), 1), "&View");
-    EXPECT_EQ(textOf(bar(), 2), "&Tools");
-    EXPECT_EQ(textOf(bar(), 3), "&Help");
+    EXPECT_EQ(textOf(bar(), 2), "&Camera");
+    EXPECT_EQ(textOf(bar(), 3), "&Tools");
+    EXPECT_EQ(textOf(bar(), 4), "&Help");
     EXPECT_EQ(textOf(GetSubMenu(bar(), 0), 0), "&Open...\tCtrl+O");
     EXPECT_EQ(picture().width(), kWidth);
     EXPECT_EQ(picture().height(), kHeight);
@@ -158,6 +159,22 @@ TEST_F(ViewerMenu, KeepsRecentFilesWhereItsSurroundingsSay) {
     play("drop " + file.path().string());
     EXPECT_EQ(stage().up(), qelview::UpAxis::Y);
     EXPECT_EQ(kept.front(), file.path().string() + "|y");
+}
+
+TEST(ViewerMenuRecentStore, KeepsTheLookOfTheLastWindowInItsKey) {
+    constexpr const wchar_t* kKey = L"Software\\QelDisplay64t\\qelview-look";
+    RegDeleteKeyW(HKEY_CURRENT_USER, kKey);
+    EXPECT_FALSE(qelview::readWindowLook(kKey).has_value());
+    qelview::writeWindowLook(kKey, {1000, 700, true});
+    const auto look = qelview::readWindowLook(kKey);
+    ASSERT_TRUE(look.has_value());
+    EXPECT_EQ(look->width, 1000);
+    EXPECT_EQ(look->height, 700);
+    EXPECT_TRUE(look->isOrthographic);
+    // Nobody can use a window of this size.
+    qelview::writeWindowLook(kKey, {3, -700, false});
+    EXPECT_FALSE(qelview::readWindowLook(kKey).has_value());
+    EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, kKey), ERROR_SUCCESS);
 }
 
 TEST(ViewerMenuRecentStore, KeepsNamesOfAnyLanguageInItsKey) {

@@ -49,6 +49,20 @@ TEST(Commands, LetModifiersChangeTheMeaning) {
     // Shift is held by accident, or for capital letters.
     EXPECT_EQ(commandOf({'F', false, true}).command, Command::Fit);
     EXPECT_EQ(commandOf({}).command, Command::Nothing);
+    EXPECT_EQ(commandOf(keyOf("Left")).command, Command::Turn);
+    EXPECT_EQ(commandOf(keyOf("Shift+Left")).command, Command::Pan);
+}
+
+TEST(Commands, KnowTheSignsOfBothKeyboardsAndHome) {
+    constexpr unsigned kPadPlus = 0x6B;
+    constexpr unsigned kPadMinus = 0x6D;
+    for (const KeyPress& plus : {keyOf("+"), KeyPress{kPadPlus}, KeyPress{keyOf("+").key, false, true}}) {
+        EXPECT_EQ(commandOf(plus).command, Command::Zoom);
+        EXPECT_EQ(commandOf(plus).number, 0U);
+    }
+    EXPECT_EQ(commandOf({kPadMinus}).number, 1U);
+    EXPECT_EQ(commandOf(keyOf("Home")).command, Command::Fit);
+    EXPECT_EQ(commandOf(keyOf("Shift+Esc")).command, Command::Leave);
 }
 
 TEST(CommandsKeyOf, ReadsNamesInEitherCase) {
