@@ -93,6 +93,13 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
         case Command::Zoom:
             moveByKey(wanted);
             break;
+        case Command::Section:
+            nextSection();
+            break;
+        case Command::MoveSection:
+        case Command::FlipSection:
+            changeSection(wanted);
+            break;
         case Command::PreviousCamera:
             returnToPreviousCamera();
             break;

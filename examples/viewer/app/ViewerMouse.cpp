@@ -142,6 +142,13 @@ void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     if (gesture.isActive()) {
         return;
     }
+    const double notches = static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA;
+    if ((GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) != 0 && stage->section() != SectionAxis::None) {
+        constexpr double kShareOfANotch = 0.01;
+        stage->moveSection(kShareOfANotch * notches);
+        saySection();
+        return;
+    }
     // Only the wheel message has screen coordinates.
     POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     ScreenToClient(window.get(), &onScreen);
@@ -149,8 +156,7 @@ void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     if (!isMoving) {
         rememberCamera();
     }
-    stage->zoom(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA,
-                placeOf(MAKELPARAM(onScreen.x, onScreen.y)));
+    stage->zoom(notches, placeOf(MAKELPARAM(onScreen.x, onScreen.y)));
     moved();
 }
 

@@ -139,6 +139,9 @@ class ViewerWindow {
     void rememberCamera();
     void returnToPreviousCamera();
     void reload();
+    void nextSection();
+    void changeSection(const KeyCommand& wanted);
+    void saySection();
     void switchPanel(Panel panel);
     void showWarnings();
     void leave();

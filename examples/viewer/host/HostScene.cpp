@@ -131,6 +131,18 @@ void HostScene::addGeometries(const Scene& scene) {
     }
 }
 
+Points HostScene::sectionLines(const SectionPlane& plane) const {
+    static const std::vector<qel::ArrayIndex> kNone;
+    Points lines;
+    for (const Mesh& mesh : meshes) {
+        if (mesh.vertices) {
+            appendSectionLines(plane, mesh.vertices->content(),
+                               mesh.indices ? mesh.indices->content() : kNone, lines);
+        }
+    }
+    return lines;
+}
+
 HeightRange HostScene::heights(UpAxis up) const {
     HeightRange range = HeightRange::nothing(up);
     const auto include = [&range](const auto& parts) {
@@ -224,6 +236,12 @@ void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, const Draw
     const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
     for (Cloud& cloud : clouds) {
         orderVisiblePoints(cloud.positions, view, depths, detail.partsPerDrawn, cloud.order->content());
+        if (detail.section) {
+            // Clipping hides these points; picking must not find them.
+            std::erase_if(cloud.order->content(), [&](qel::ArrayIndex i) {
+                return detail.section->beyond(cloud.positions[i]) > 0.0;
+            });
+        }
         const qel::QelColor3f& color = shownColouring == Colouring::Plain ? kPlainColor : cloud.color;
         symbol.drawPointCloud(cloud.vertices, cloud.order, shownColors(cloud), cloud.size * detail.pixelScale,
                               color);

@@ -14,6 +14,7 @@
 #include "QelHostKit.h"
 #include "QelRefPtr.h"
 #include "Scene.h"
+#include "SectionPlane.h"
 
 namespace qelview {
 
@@ -23,6 +24,8 @@ struct DrawingDetail {
     std::size_t partsPerDrawn = 1;
     /// Widths of lines and points are multiplied by it.
     float pixelScale = 1.0F;
+    /// What cuts the scene; nothing for none. OpenGL must hold it as a clipping plane.
+    std::optional<SectionPlane> section;
 };
 
 /// A scene in the form that symbols draw: host geometries for lines, arrays of floats for meshes and clouds.
@@ -44,6 +47,8 @@ class HostScene {
     /// @param x, y in pixels from the lower left of the view.
     [[nodiscard]] std::optional<qel::XPnt3d> cloudPointAt(const PixelView& view, double x, double y) const;
 
+    /// The lines in which meshes meet a plane, two points for each.
+    [[nodiscard]] Points sectionLines(const SectionPlane& plane) const;
     /// The heights of meshes and clouds; not valid if there are none.
     [[nodiscard]] HeightRange heights(UpAxis up) const;
     /// Colours meshes and clouds from now on.

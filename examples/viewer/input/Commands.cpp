@@ -13,9 +13,11 @@ struct NamedKey {
 };
 
 /// The system's codes of keys other than letters and digits.
-constexpr std::array<NamedKey, 10> kNamedKeys{{
+constexpr std::array<NamedKey, 12> kNamedKeys{{
     {"ESC", 0x1B},
     {"BACKSPACE", 0x08},
+    {"PAGEUP", 0x21},
+    {"PAGEDOWN", 0x22},
     {"HOME", 0x24},
     {"LEFT", 0x25},
     {"UP", 0x26},

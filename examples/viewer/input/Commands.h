@@ -35,6 +35,10 @@ enum class Command : std::uint8_t {
     CopyPicture,
     CaptureSize,
     CopyMeasurements,
+    Section,
+    /// Number 0 forward, 1 back.
+    MoveSection,
+    FlipSection,
     Leave,
     /// Only in the menu.
     Recent,
@@ -68,7 +72,7 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 28> kHelpLines{{
+inline constexpr std::array<HelpLine, 31> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
@@ -86,6 +90,9 @@ inline constexpr std::array<HelpLine, 28> kHelpLines{{
     {"Z", "drag a rectangle to zoom into"},
     {"M", "measure between clicked points"},
     {"Ctrl+C", "copy the clicked points as a table"},
+    {"X", "cut across x, y, z, the view, nothing"},
+    {"PageUp, PageDown", "move the cut; also Ctrl with the wheel"},
+    {"I", "turn the cut round"},
     {"E", "colour by elevation, plainly, or as the files say"},
     {"P", "larger points"},
     {"Shift+P", "smaller points"},

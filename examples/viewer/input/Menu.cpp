@@ -20,10 +20,15 @@ constexpr std::array<MenuLine, 9> kFileLines{{
     {"&Quit", "Alt+F4", {Command::Quit}},
 }};
 
-constexpr std::array<MenuLine, 3> kToolLines{{
+constexpr std::array<MenuLine, 8> kToolLines{{
     {"&Measure", "M", {Command::Measure}},
     {"&Copy the points", "Ctrl+C", {Command::CopyMeasurements}},
     {"&Zoom into a rectangle", "Z", {Command::ZoomRectangle}},
+    {},
+    {"&Section across x, y, z, the view", "X", {Command::Section}},
+    {"Section &forward", "PageUp", {Command::MoveSection, 0}},
+    {"Section &back", "PageDown", {Command::MoveSection, 1}},
+    {"&Turn the section round", "I", {Command::FlipSection}},
 }};
 
 constexpr std::array<MenuLine, 21> kViewLines{{

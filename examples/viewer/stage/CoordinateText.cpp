@@ -15,6 +15,12 @@ int decimalsFor(double size) {
     return std::clamp(static_cast<int>(std::ceil(-finest)), 0, kMostDecimals);
 }
 
+std::string decimalText(double value, double size) {
+    std::array<char, 400> text{};
+    std::snprintf(text.data(), text.size(), "%.*f", decimalsFor(size), value);
+    return text.data();
+}
+
 std::string coordinateText(const qel::XPnt3d& point, const qel::XPnt3d& origin, double size) {
     const int decimals = decimalsFor(size);
     std::array<char, 256> text{};

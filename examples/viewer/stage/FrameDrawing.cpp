@@ -67,7 +67,7 @@ void Stage::drawContent() {
     placeKeyLight(*display->getGL());
     display->getGL()->enable(GL_DEPTH_TEST);
     display->getGL()->disable(GL_LIGHTING);
-    content.drawn.draw(*symbol, pixelView(), textures, {partsPerDrawn, static_cast<float>(unit())});
+    drawScene();
     findPointUnderMouse();
     drawLocalFrame();
     drawTexts();
@@ -148,7 +148,7 @@ void Stage::printAt(double x, double y, const std::string& text) {
 }
 
 bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {
-    if (place.z <= 0.0 || place.z >= 1.0) {
+    if (place.z <= 0.0 || place.z >= 1.0 || (plane && plane->beyond(point) > 0.0)) {
         return true;
     }
     const qel::XPnt3d inFront = camera().getModelPntAt(place.x, place.y);

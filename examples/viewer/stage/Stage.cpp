@@ -64,6 +64,10 @@ std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
     moved->notes = notes;
     moved->setScale(scale);
     moved->heightRange = heightRange;
+    moved->setSection(sectionAxis);
+    moved->sectionNormal = sectionNormal;
+    moved->isSectionFlipped = isSectionFlipped;
+    moved->moveSection(sectionShare - moved->sectionShare);
     moved->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
     moved->camera().setExtent(camera().getExtent(), false);
     moved->camera().setCamera(camera().getEye(), camera().getTarget(), camera().getUp());
@@ -88,6 +92,7 @@ void Stage::setScene(Scene scene) {
     textures.release();
     content = std::move(other);
     notes.marks.clear();
+    setSection(SectionAxis::None);
     notes.localFrame.reset();
 }
 

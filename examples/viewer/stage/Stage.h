@@ -39,6 +39,9 @@ enum class CaptureEnd : std::uint8_t {
 /// What to tell the user about the file of a capture that failed.
 [[nodiscard]] std::string reasonOf(CaptureEnd end);
 
+/// The direction across which a plane cuts the scene: an axis of the coordinates, or the view at the time.
+enum class SectionAxis : std::uint8_t { None, X, Y, Z, View };
+
 /// A scene on a window: the module's display, its camera, a symbol, and what is drawn with them. Lives on the
 /// thread of the window. Places in the view are pixels from its lower left corner. Everything is drawn with
 /// OpenGL 1.1; no extension is asked for.
@@ -103,6 +106,16 @@ class Stage {
     [[nodiscard]] Colouring colouring() const { return content.drawn.colouring(); }
     /// Makes the points of clouds larger or smaller by pixels. Returns their size; 0 if there are none.
     float growPoints(float pixels) { return content.drawn.growPoints(pixels); }
+
+    /// Cuts the scene by a plane through its middle.
+    void setSection(SectionAxis axis);
+    [[nodiscard]] SectionAxis section() const { return sectionAxis; }
+    /// @param share of the scene's size along the plane's normal.
+    void moveSection(double share);
+    /// Shows what was cut away, and cuts away what was shown.
+    void flipSection();
+    /// Where the plane is, in the coordinates of the files; only with a section.
+    [[nodiscard]] std::string sectionText() const;
 
     /// Draws a frame and shows it.
     void show();
@@ -181,6 +194,9 @@ class Stage {
     void drawPath();
     void drawMeasurement();
     void drawLegend();
+    void drawScene();
+    /// Places the plane anew and finds where it meets meshes.
+    void cutScene();
     [[nodiscard]] Points markedPoints() const;
     void drawLocalFrame();
     void printAt(double x, double y, const std::string& text);
@@ -204,6 +220,12 @@ class Stage {
     Annotations notes;
     qel::XPnt3d underMouse;
     std::size_t partsPerDrawn = 1;
+    SectionAxis sectionAxis = SectionAxis::None;
+    qel::XPnt3d sectionNormal;
+    double sectionShare = 0.5;
+    bool isSectionFlipped = false;
+    std::optional<SectionPlane> plane;
+    Points sectionLines;
     double scale = 1.0;
     /// Of the picture that is drawn: more than 1 in captures only.
     int captureTimes = 1;
