@@ -131,63 +131,6 @@ void HostScene::addGeometries(const Scene& scene) {
     }
 }
 
-Points HostScene::sectionLines(const SectionPlane& plane) const {
-    static const std::vector<qel::ArrayIndex> kNone;
-    Points lines;
-    for (const Mesh& mesh : meshes) {
-        if (mesh.vertices) {
-            appendSectionLines(plane, mesh.vertices->content(),
-                               mesh.indices ? mesh.indices->content() : kNone, lines);
-        }
-    }
-    return lines;
-}
-
-HeightRange HostScene::heights(UpAxis up) const {
-    HeightRange range = HeightRange::nothing(up);
-    const auto include = [&range](const auto& parts) {
-        for (const auto& part : parts) {
-            for (int i = 0; part.vertices && i < part.vertices->count(); ++i) {
-                range.include(part.vertices->data()[i]);
-            }
-        }
-    };
-    include(meshes);
-    include(clouds);
-    return range;
-}
-
-void HostScene::setColouring(Colouring wanted, const HeightRange& range) {
-    shownColouring = wanted;
-    const auto colour = [&](auto& parts, const auto& convert) {
-        for (auto& part : parts) {
-            part.heightColors = {};
-            if (wanted == Colouring::Height && part.vertices) {
-                using Color = decltype(convert(qel::QelColor3f()));
-                part.heightColors = convertAll<Color>(
-                    part.vertices->content(),
-                    [&](const qel::ArrayVertex& vertex) { return convert(colorIn(range, vertex)); });
-            }
-        }
-    };
-    colour(meshes, [](const qel::QelColor3f& color) {
-        return qel::ArrayColor4f{color.r, color.g, color.b, 1.0F};
-    });
-    colour(clouds, [](const qel::QelColor3f& color) {
-        const auto byte = [](float part) { return static_cast<std::int8_t>(std::lround(part * 127.0F)); };
-        return qel::ArrayColor3b{byte(color.r), byte(color.g), byte(color.b)};
-    });
-}
-
-float HostScene::growPoints(float pixels) {
-    constexpr float kSmallest = 1.0F;
-    constexpr float kLargest = 16.0F;
-    for (Cloud& cloud : clouds) {
-        cloud.size = std::clamp(cloud.size + pixels, kSmallest, kLargest);
-    }
-    return clouds.empty() ? 0.0F : clouds.front().size;
-}
-
 template <class Part>
 auto HostScene::shownColors(const Part& part) const {
     switch (shownColouring) {
