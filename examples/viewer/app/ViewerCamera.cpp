@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "SixAxisReports.h"
 #include "ViewerWindow.h"
 
 /// The camera of the viewer window by keys, and the way back.
@@ -35,6 +36,21 @@ void ViewerWindow::moveByKey(const KeyCommand& wanted) {
         const std::size_t first = wanted.command == Command::Pan ? 0 : 3;
         step.at(first) = pixels * direction.right;
         step.at(first + 1) = pixels * direction.up;
+        stage->camera().applyMotion(step.data());
+    }
+    moved();
+}
+
+void ViewerWindow::followReports(const DeviceReports& reports) {
+    const std::vector<MotionStep> steps = motionsOf(reports.bytes, reports.bytesOfOne);
+    if (steps.empty() || gesture.isActive()) {
+        return;
+    }
+    if (!isMoving) {
+        rememberCamera();
+    }
+    motion.clear();
+    for (const MotionStep& step : steps) {
         stage->camera().applyMotion(step.data());
     }
     moved();

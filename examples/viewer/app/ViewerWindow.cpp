@@ -132,6 +132,7 @@ ExitCode ViewerWindow::run(const Options& options, Scene scene) {
         }
     }
     remember(options.files);
+    listenToSixAxes(window.get());
     ShowWindow(window.get(), SW_SHOW);
     MSG message;
     while (!ended && GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -192,6 +193,10 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DPICHANGED:
             changeScale(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return true;
+        case WM_INPUT:
+            followReports(takeReports(lParam));
+            // The system cleans up after it.
+            return false;
         case WM_CLOSE:
             ended = true;
             return true;

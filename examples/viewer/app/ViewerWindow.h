@@ -18,6 +18,7 @@
 #include "RecentFiles.h"
 #include "RecentStore.h"
 #include "Scene.h"
+#include "SixAxisInput.h"
 #include "Stage.h"
 #include "SystemWindow.h"
 
@@ -74,6 +75,8 @@ class ViewerWindow {
     [[nodiscard]] bool hasFailedToOpen() const { return openFailed; }
     /// Replays six-axis input, one step per tick of the system's timer.
     void replay(std::vector<MotionStep> steps);
+    /// Moves the camera as the reports of a multi-axis controller say; during a drag they are dropped.
+    void followReports(const DeviceReports& reports);
     [[nodiscard]] bool isReplaying() const { return nextMotion < motion.size(); }
     /// Writes the view to a BMP or PNG file and shows a message. Returns false if that failed.
     bool capture(const std::filesystem::path& file);

@@ -79,6 +79,35 @@ TEST_F(ViewerCamera, GoesBackToTheProjectionToo) {
     EXPECT_FALSE(camera().isOrtho());
 }
 
+TEST_F(ViewerCamera, FollowsTheReportsOfAMultiAxisController) {
+    const std::string first = cameraNow();
+    // Pushed to the right by half, then twisted.
+    viewer->followReports({{1, 175, 0, 0, 0, 0, 0, 2, 0, 0, 0, 0, 94, 1}, 7});
+    const std::string moved = cameraNow();
+    EXPECT_NE(moved, first);
+    play("key Backspace");
+    EXPECT_EQ(cameraNow(), first);
+    // The same as a recording of these steps.
+    viewer->replay({{6, 0, 0, 0, 0, 0}, {0, 0, 0, -12, 0, 0}});
+    while (viewer->isReplaying()) {
+        send(WM_TIMER, qelview::ViewerWindow::kReplayTimer, 0);
+    }
+    EXPECT_EQ(cameraNow(), moved);
+}
+
+TEST_F(ViewerCamera, IgnoresReportsDuringADragAndThoseThatAreNone) {
+    const std::string before = cameraNow();
+    viewer->followReports({});
+    viewer->followReports({{9, 9, 9, 9, 9, 9, 9}, 7});
+    EXPECT_EQ(cameraNow(), before);
+    play("down left 160 120");
+    viewer->followReports({{1, 175, 0, 0, 0, 0, 0}, 7});
+    EXPECT_EQ(cameraNow(), before);
+    // A message without a device's input.
+    send(WM_INPUT, 0, 0);
+    EXPECT_EQ(cameraNow(), before);
+}
+
 TEST_F(ViewerCamera, StaysWhenFilesAreLoadedAgain) {
     play("key F5");
     EXPECT_EQ(stage().annotations().notice, "No file is open");
