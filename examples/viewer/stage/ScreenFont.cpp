@@ -23,7 +23,8 @@ class BlendScope {
         glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        for (const GLenum off : {GL_TEXTURE_2D, GL_LIGHTING, GL_DEPTH_TEST, GL_ALPHA_TEST}) {
+        constexpr std::array<GLenum, 4> kOff{GL_TEXTURE_2D, GL_LIGHTING, GL_DEPTH_TEST, GL_ALPHA_TEST};
+        for (const GLenum off : kOff) {
             glDisable(off);
         }
         // Pixels of alpha alone are black: this adds the colour.
