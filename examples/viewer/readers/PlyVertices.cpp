@@ -17,7 +17,7 @@ PlyMeaning meaningOf(const PlyElement& element, const PlyProperty& property) {
         std::string_view property;
         PlyMeaning meaning;
     };
-    static constexpr std::array<Name, 28> kNames{{
+    static constexpr std::array<Name, 30> kNames{{
         {"vertex", "x", {PlyUse::Position, 0}},
         {"vertex", "y", {PlyUse::Position, 1}},
         {"vertex", "z", {PlyUse::Position, 2}},
@@ -44,6 +44,8 @@ PlyMeaning meaningOf(const PlyElement& element, const PlyProperty& property) {
         {"material", "diffuse_blue", {PlyUse::MaterialColor, 2}},
         {"face", "vertex_indices", {PlyUse::Corners, 0}},
         {"face", "vertex_index", {PlyUse::Corners, 0}},
+        {"face", "texcoord", {PlyUse::CornerTexCoords, 0}},
+        {"face", "texnumber", {PlyUse::Image, 0}},
         {"tristrips", "vertex_indices", {PlyUse::Strips, 0}},
         {"tristrips", "vertex_index", {PlyUse::Strips, 0}},
     }};
@@ -53,7 +55,8 @@ PlyMeaning meaningOf(const PlyElement& element, const PlyProperty& property) {
     if (found == kNames.end()) {
         return {};
     }
-    const bool isList = found->meaning.use == PlyUse::Corners || found->meaning.use == PlyUse::Strips;
+    const PlyUse use = found->meaning.use;
+    const bool isList = use == PlyUse::Corners || use == PlyUse::CornerTexCoords || use == PlyUse::Strips;
     return isList == property.countType.has_value() ? found->meaning : PlyMeaning();
 }
 

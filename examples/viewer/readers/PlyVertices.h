@@ -12,7 +12,22 @@
 namespace qelview {
 
 /// What a value of a PLY file is for.
-enum class PlyUse : std::uint8_t { None, Position, Normal, Color, TexCoord, MaterialColor, Corners, Strips };
+enum class PlyUse : std::uint8_t {
+    None,
+    Position,
+    Normal,
+    Color,
+    TexCoord,
+    MaterialColor,
+    /// The vertices of a face.
+    Corners,
+    /// u and v of each corner of a face.
+    CornerTexCoords,
+    /// The number of the image that a face shows.
+    Image,
+    /// Vertices of triangle strips.
+    Strips,
+};
 
 struct PlyMeaning {
     PlyUse use = PlyUse::None;

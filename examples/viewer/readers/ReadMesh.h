@@ -19,8 +19,9 @@ namespace qelview {
                             const ProgressStretch& progress);
 
 /// PLY, ASCII and binary of both byte orders: vertices with normals and colours, faces, triangle strips, the
-/// colour of the first material. Vertices without faces are a cloud. Texture coordinates of vertices show the
-/// first image that a comment names beside `file`, in place of colours.
+/// colour of the first material. Vertices without faces are a cloud. Texture coordinates show the images that
+/// comments name beside `file`, in place of colours: those of faces the image with the number of the face,
+/// those of vertices the first one.
 [[nodiscard]] Scene readPly(std::string_view bytes, const std::filesystem::path& file,
                             const ProgressStretch& progress);
 

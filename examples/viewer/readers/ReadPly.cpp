@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,9 +11,10 @@
 #include "ByteOrder.h"
 #include "MeshFaces.h"
 #include "MeshLook.h"
-#include "ModelImages.h"
 #include "PlyBody.h"
 #include "PlyHeader.h"
+#include "PlyTexturedFaces.h"
+#include "PlyTextures.h"
 #include "PlyVertices.h"
 #include "ReadError.h"
 #include "ReadMesh.h"
@@ -28,36 +30,9 @@ constexpr double kLongestList = 4294967295.0;
 /// Values of one property that are converted at a time: few enough to stay in the processor's cache.
 constexpr std::size_t kBlock = 1024;
 
-bool hasFaces(const PlyHeader& header) {
-    return std::any_of(header.elements.begin(), header.elements.end(), [](const PlyElement& element) {
-        return element.count > 0 && (uses(element, PlyUse::Corners) || uses(element, PlyUse::Strips));
-    });
-}
-
-/// The first image that the header names, if faces show it.
-std::shared_ptr<const Texture> textureOf(const PlyHeader& header, const std::filesystem::path& file,
-                                         Warnings& warnings) {
-    if (header.textureFiles.empty() || !hasFaces(header)) {
-        return nullptr;
-    }
-    if (!uses(*header.find("vertex"), PlyUse::TexCoord)) {
-        warnings.add("header", "a texture without texture coordinates of vertices is left out");
-        return nullptr;
-    }
-    if (header.textureFiles.size() > 1) {
-        warnings.add("header", "textures after the first one are left out");
-    }
-    try {
-        return std::make_shared<const Texture>(Texture{ModelImages(file).fileNamed(header.textureFiles[0])});
-    } catch (const ReadError& error) {
-        warnings.add("header", error.what());
-        return nullptr;
-    }
-}
-
 class PlyReading {
   public:
-    PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader, std::shared_ptr<const Texture> textureOfFile,
+    PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader, const std::filesystem::path& file,
                Warnings& warningsOfFile, const ProgressStretch& progressOfFile)
         : body(bodyOfFile),
           header(fileHeader),
@@ -65,10 +40,13 @@ class PlyReading {
           progress(progressOfFile),
           vertexElement(*header.find("vertex")),
           haveFaces(hasFaces(header)),
-          texture(std::move(textureOfFile)),
+          texture(textureOfVertices(header, file, warnings)),
           vertices(vertexElement, haveFaces, texture != nullptr) {
         if (texture) {
             color = {1.0F, 1.0F, 1.0F};
+        }
+        if (hasTexturedFaces(header)) {
+            texturedFaces.emplace(header.textureFiles, file);
         }
     }
 
@@ -83,6 +61,7 @@ class PlyReading {
                 meanings.push_back(meaningOf(element, property));
             }
             isVertex = &element == &vertexElement;
+            isFace = uses(element, PlyUse::Corners);
             if (isVertex) {
                 vertices.reserve(std::min(element.count, body.mostInstances(element)));
             }
@@ -103,16 +82,29 @@ class PlyReading {
     Scene finished() {
         Scene scene;
         if (haveFaces) {
-            TriangleMesh mesh = vertices.takeMesh();
-            mesh.color = color;
-            mesh.texture = texture;
-            giveFaces(mesh, faces, warnings);
-            addMeshOrCloud(scene, std::move(mesh));
+            placeFaces(scene);
         } else {
             scene.clouds.push_back(vertices.takeCloud());
         }
         scene.warnings = warnings.lines();
         return scene;
+    }
+
+    void placeFaces(Scene& scene) {
+        TriangleMesh mesh = vertices.takeMesh();
+        if (texturedFaces) {
+            scene.meshes = texturedFaces->takeMeshes(mesh, warnings);
+            for (TriangleMesh& textured : scene.meshes) {
+                textured.color = hasMaterial ? color : textured.color;
+            }
+        }
+        if (!scene.meshes.empty() && faces.isEmpty()) {
+            return;
+        }
+        mesh.color = color;
+        mesh.texture = texture;
+        giveFaces(mesh, faces, warnings);
+        addMeshOrCloud(scene, std::move(mesh));
     }
 
     void readInstances(const PlyElement& element) {
@@ -137,6 +129,9 @@ class PlyReading {
                 }
             }
             body.endInstance();
+            if (isFace) {
+                addFace();
+            }
         }
     }
 
@@ -217,7 +212,9 @@ class PlyReading {
         if (isVertex) {
             return vertices.setColumn(meaning, property.type, first, values, count);
         }
-        if (meaning.use == PlyUse::MaterialColor && first == 0) {
+        if (meaning.use == PlyUse::Image) {
+            imageOfFace = values[0];
+        } else if (meaning.use == PlyUse::MaterialColor && first == 0) {
             constexpr std::array<float qel::QelColor3f::*, 3> kChannels{
                 &qel::QelColor3f::r, &qel::QelColor3f::g, &qel::QelColor3f::b};
             if (!hasMaterial) {
@@ -238,7 +235,6 @@ class PlyReading {
         if (!(length >= 0.0 && length <= kLongestList) || length != std::floor(length)) {
             body.refuseHere("a list cannot have " + std::to_string(length) + " values");
         }
-        corners.clear();
         const auto count = static_cast<std::uint64_t>(length);
         for (std::uint64_t i = 0; i < count; ++i) {
             const double value = body.next(property.type);
@@ -246,15 +242,29 @@ class PlyReading {
                 addStrip();
             } else if (use == PlyUse::Corners || use == PlyUse::Strips) {
                 corners.push_back(cornerOf(value));
+            } else if (use == PlyUse::CornerTexCoords && texturedFaces) {
+                texCoords.push_back(value);
             }
         }
         if (use == PlyUse::Strips) {
             addStrip();
-        } else if (use == PlyUse::Corners && corners.size() < 3) {
+        }
+    }
+
+    /// Of the instance that was read, whose properties can come in any order.
+    void addFace() {
+        if (corners.size() < 3) {
             warnings.add(body.here(), "a face of fewer than 3 vertices is left out");
-        } else if (use == PlyUse::Corners) {
+        } else if (texCoords.empty()) {
+            faces.add(corners);
+        } else if (texCoords.size() != 2 * corners.size()) {
+            warnings.add(body.here(), "a face needs 2 texture coordinates a vertex; it has no texture");
+            faces.add(corners);
+        } else if (!texturedFaces->add(corners, texCoords, imageOfFace, warnings)) {
             faces.add(corners);
         }
+        corners.clear();
+        texCoords.clear();
     }
 
     std::uint32_t cornerOf(double index) const {
@@ -282,16 +292,24 @@ class PlyReading {
     ProgressStretch progress;
     const PlyElement& vertexElement;
     bool haveFaces;
-    /// Null for none.
+    /// Of vertices; null for none.
     std::shared_ptr<const Texture> texture;
     PlyVertices vertices;
+    /// Those that show no texture, or that of their vertices.
     MeshFaces faces;
+    /// Nothing if faces bring no texture coordinates.
+    std::optional<PlyTexturedFaces> texturedFaces;
     bool hasMaterial = false;
     qel::QelColor3f color = TriangleMesh().color;
     /// Of the properties of the element at work.
     std::vector<PlyMeaning> meanings;
     bool isVertex = false;
+    bool isFace = false;
+    /// Of the face or strip at work.
     std::vector<std::uint32_t> corners;
+    /// Of the face at work: u and v of each corner.
+    std::vector<double> texCoords;
+    double imageOfFace = 0.0;
 };
 
 }  // namespace
@@ -300,7 +318,7 @@ Scene readPly(std::string_view bytes, const std::filesystem::path& file, const P
     Warnings warnings;
     const PlyHeader header = readPlyHeader(bytes, warnings);
     const std::unique_ptr<PlyBody> body = bodyOf(bytes, header, warnings, progress);
-    return PlyReading(*body, header, textureOf(header, file, warnings), warnings, progress).run();
+    return PlyReading(*body, header, file, warnings, progress).run();
 }
 
 }  // namespace qelview

@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <string>
 
 #include "Contours.h"
+#include "Landscape.h"
 
 namespace {
 
@@ -79,6 +81,69 @@ TEST(SampleScene, TurnsItsSurfacesOutwards) {
             ASSERT_GE(qel::dot(plane, qel::XPnt3d(mesh.normals[vertex(i)])), 0.0) << mesh.name << i;
         }
     }
+}
+
+/// The first marker of a shape.
+const qelview::Marker& marker(const qelview::Scene& scene, qelview::MarkerShape shape) {
+    const auto found = std::find_if(scene.markers.begin(), scene.markers.end(),
+                                    [shape](const qelview::Marker& each) { return each.shape == shape; });
+    return scene.markers.at(static_cast<std::size_t>(found - scene.markers.begin()));
+}
+
+const qelview::Label& label(const qelview::Scene& scene, const std::string& text) {
+    const auto found = std::find_if(scene.labels.begin(), scene.labels.end(),
+                                    [&text](const qelview::Label& each) { return each.text == text; });
+    return scene.labels.at(static_cast<std::size_t>(found - scene.labels.begin()));
+}
+
+TEST(SampleScene, HangsTheKnotInABoxOverTheGround) {
+    const qelview::Scene scene = qelview::makeSampleScene();
+    const auto knot = std::find_if(scene.meshes.begin(), scene.meshes.end(),
+                                   [](const qelview::TriangleMesh& mesh) { return mesh.name == "knot"; });
+    ASSERT_NE(knot, scene.meshes.end());
+    qel::Enve3d box;
+    box.setInvalid();
+    for (const qel::XPnt3d& position : knot->positions) {
+        box.SetBox(position);
+    }
+    const qelview::Marker& around = marker(scene, qelview::MarkerShape::Box);
+    EXPECT_EQ(around.box.xmin, box.xmin);
+    EXPECT_EQ(around.box.ymax, box.ymax);
+    EXPECT_EQ(around.box.zmax, box.zmax);
+    EXPECT_GT(around.color.b, around.color.r);
+    const qelview::Marker& plumb = marker(scene, qelview::MarkerShape::StippledLine);
+    EXPECT_EQ(qel::dist(plumb.at, {2.6, -2.4, box.zmin}), 0.0);
+    EXPECT_EQ(qel::dist(plumb.to, qelview::onGround(2.6, -2.4)), 0.0);
+    EXPECT_EQ(plumb.width, 1.5F);
+    EXPECT_TRUE(plumb.color.r == 1.0F && plumb.color.g == 1.0F && plumb.color.b == 1.0F);
+    EXPECT_NEAR(qel::dist(label(scene, "Trefoil").at, {2.6, -2.4, box.zmax + 0.2}), 0.0, 1e-12);
+}
+
+TEST(SampleScene, HasACompassNextToTheBlock) {
+    const qelview::Scene scene = qelview::makeSampleScene();
+    const qel::XPnt3d middle(14.2, -7.0, 0.0);
+    const qelview::Marker& circle = marker(scene, qelview::MarkerShape::Circle);
+    EXPECT_EQ(qel::dist(circle.at, middle), 0.0);
+    EXPECT_EQ(circle.size, 1.2);
+    EXPECT_EQ(circle.width, 1.5F);
+    const qelview::Marker& cross = scene.markers.back();
+    EXPECT_EQ(cross.shape, qelview::MarkerShape::DiagonalCross);
+    EXPECT_EQ(qel::dist(cross.at, middle), 0.0);
+    EXPECT_EQ(cross.size, 0.4);
+    const qelview::Segment& needle = scene.segments.back();
+    EXPECT_EQ(qel::dist(needle.from, middle), 0.0);
+    EXPECT_NEAR(qel::dist(needle.to, {14.2, -5.2, 0.0}), 0.0, 1e-12);
+    EXPECT_EQ(needle.style.width, 2.0F);
+    EXPECT_EQ(qel::dist(label(scene, "N").at, needle.to), 0.0);
+}
+
+TEST(SampleScene, DrawsEveryFifthContourWider) {
+    const qelview::Scene scene = qelview::makeSampleScene();
+    ASSERT_EQ(scene.polylines.size(), 2U);
+    EXPECT_EQ(scene.polylines[0].style.width, 1.0F);
+    EXPECT_EQ(scene.polylines[1].style.width, 2.0F);
+    EXPECT_LT(scene.polylines[1].style.color.g, scene.polylines[0].style.color.g);
+    EXPECT_GT(scene.polylines[0].parts.size(), scene.polylines[1].parts.size());
 }
 
 TEST(SampleScene, IsTheSameEachTime) {

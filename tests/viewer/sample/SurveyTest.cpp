@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -52,6 +53,100 @@ TEST(Survey, ScansTreesOfALittleWood) {
     EXPECT_NEAR(sum / 1500.0, 1.0 / 3.0, 0.03);
 }
 
+struct Tree {
+    double x;
+    double y;
+    double height;
+};
+
+TEST(Survey, HasTreesOfDifferentHeightsInTheirPlaces) {
+    constexpr std::array<Tree, 14> kTrees{{
+        {-10.4, -2.2, 1.9},
+        {-9.3, -1.2, 2.3},
+        {-8.2, -2.4, 2.0},
+        {-9.6, -3.4, 2.5},
+        {-8.4, -4.2, 2.2},
+        {-7.2, -3.2, 2.6},
+        {-7.0, -5.0, 1.9},
+        {-9.8, -5.2, 2.1},
+        {-8.6, -6.2, 2.4},
+        {-10.6, -6.6, 2.0},
+        {-7.4, -7.0, 2.2},
+        {-6.0, -6.2, 2.4},
+        {-9.4, -7.8, 1.8},
+        {-5.8, -4.2, 2.0},
+    }};
+    Scene scene;
+    qelview::addScannedWood(scene);
+    const Points& points = scene.clouds.at(0).positions;
+    ASSERT_EQ(points.size(), kTrees.size() * 1500);
+    for (std::size_t tree = 0; tree < kTrees.size(); ++tree) {
+        const auto& [x, y, height] = kTrees.at(tree);
+        qel::XPnt3d sum;
+        double top = 0.0;
+        for (std::size_t i = tree * 1500; i < (tree + 1) * 1500; ++i) {
+            sum += points[i];
+            top = std::max(top, points[i].z);
+        }
+        // 1500 points within a cone: their mean misses its axis by a hundredth, the highest its tip by more.
+        EXPECT_NEAR(sum.x / 1500.0, x, 0.05) << tree;
+        EXPECT_NEAR(sum.y / 1500.0, y, 0.05) << tree;
+        EXPECT_NEAR(top, qelview::onGround(x, y, 0.25).z + height, 0.15 * height) << tree;
+    }
+}
+
+struct Style {
+    const char* name;
+    qelview::LineStyle shown;
+    qelview::LineStyle expected;
+};
+
+TEST(Survey, DrawsEachOfItsPartsInAColourOfItsOwn) {
+    Scene scene;
+    qelview::addOutlines(scene);
+    qelview::addStations(scene);
+    for (const auto& [name, shown, expected] :
+         {Style{"parcel", scene.polygons.at(0).style, {{250, 176, 84}, 2.5F}},
+          Style{"shore", scene.rings.at(0).style, {{120, 205, 255}, 3.0F}},
+          Style{"flight", scene.curves.at(0).style, {{236, 130, 200}, 2.0F}},
+          Style{"line of sight", scene.segments.at(5).style, {{250, 226, 120}, 1.5F}},
+          Style{"station", scene.balls.at(0).style, {{250, 240, 210}, 1.0F}},
+          Style{"mast", scene.segments.at(0).style, {{250, 240, 210}, 1.0F}}}) {
+        EXPECT_EQ(shown.color.r, expected.color.r) << name;
+        EXPECT_EQ(shown.color.g, expected.color.g) << name;
+        EXPECT_EQ(shown.color.b, expected.color.b) << name;
+        EXPECT_EQ(shown.width, expected.width) << name;
+    }
+}
+
+TEST(Survey, MarksHeadAndFootOfItsStationsInRed) {
+    using qelview::MarkerShape;
+    Scene scene;
+    qelview::addStations(scene);
+    struct Mark {
+        MarkerShape shape;
+        double height;
+        double size;
+        float width;
+    };
+    constexpr std::array<Mark, 3> kMarks{{{MarkerShape::Cross, 1.1, 0.16, 2.0F},
+                                          {MarkerShape::DiagonalCross, 0.03, 0.5, 2.0F},
+                                          {MarkerShape::Square, 0.12, 0.55, 1.5F}}};
+    constexpr std::array<std::array<double, 2>, 3> kPlaces{{{-6.0, 3.6}, {6.4, 5.0}, {8.6, -5.6}}};
+    ASSERT_EQ(scene.markers.size(), 9U);
+    for (std::size_t i = 0; i < scene.markers.size(); ++i) {
+        const qelview::Marker& marker = scene.markers[i];
+        const Mark& expected = kMarks.at(i % 3);
+        EXPECT_EQ(marker.shape, expected.shape) << i;
+        EXPECT_EQ(marker.at.x, kPlaces.at(i / 3)[0]) << i;
+        EXPECT_EQ(marker.at.y, kPlaces.at(i / 3)[1]) << i;
+        EXPECT_NEAR(heightOver(marker.at), expected.height, 1e-12) << i;
+        EXPECT_EQ(marker.size, expected.size) << i;
+        EXPECT_EQ(marker.width, expected.width) << i;
+        EXPECT_TRUE(marker.color.r == 1.0F && marker.color.g == 0.35F && marker.color.b == 0.30F) << i;
+    }
+}
+
 TEST(Survey, DrapesItsLinesOverTheGround) {
     Scene scene;
     qelview::addOutlines(scene);
@@ -65,6 +160,20 @@ TEST(Survey, DrapesItsLinesOverTheGround) {
         for (const qel::XPnt3d& point : ring) {
             ASSERT_NEAR(heightOver(point), 0.03, 1e-12);
         }
+    }
+    constexpr std::array<std::array<double, 2>, 9> kCorners{{{4.4, 0.6},
+                                                             {10.2, 1.4},
+                                                             {10.6, 7.4},
+                                                             {5.2, 8.0},
+                                                             {3.6, 4.6},
+                                                             {6.6, 3.2},
+                                                             {8.4, 3.6},
+                                                             {8.0, 5.6},
+                                                             {6.2, 5.2}}};
+    for (std::size_t i = 0; i < kCorners.size(); ++i) {
+        const qel::XPnt3d& corner = i < 5 ? rings[0].at(14 * i) : rings[1].at(14 * (i - 5));
+        EXPECT_NEAR(corner.x, kCorners.at(i)[0], 1e-12) << i;
+        EXPECT_NEAR(corner.y, kCorners.at(i)[1], 1e-12) << i;
     }
     // Half of the way along the first edge.
     EXPECT_NEAR(rings[0][7].x, 7.3, 1e-12);
