@@ -1,6 +1,7 @@
 #include "XPnt3d.h"
 
 #include <cmath>
+#include <limits>
 
 #include "XPnt2d.h"
 #include "XPnt3f.h"
@@ -16,7 +17,7 @@ XPnt2d XPnt3d::to2d() const noexcept {
 
 XPnt3d& XPnt3d::normalize() noexcept {
     const double length = norm();
-    if (length > 0.0) {
+    if (length > 0.0 && std::isfinite(length)) {
         x /= length;
         y /= length;
         z /= length;
@@ -26,7 +27,9 @@ XPnt3d& XPnt3d::normalize() noexcept {
 
 // std::hypot does not overflow or underflow in between: a vector of length 1e200 keeps its length.
 double XPnt3d::norm() const noexcept {
-    return std::hypot(x, y, z);
+    // Of an infinite coordinate some C++ libraries make a NaN.
+    const bool isInfinite = std::isinf(x) || std::isinf(y) || std::isinf(z);
+    return isInfinite ? std::numeric_limits<double>::infinity() : std::hypot(x, y, z);
 }
 
 double XPnt3d::norm_2d() const noexcept {

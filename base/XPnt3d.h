@@ -66,9 +66,10 @@ struct QEL_BASE_API XPnt3d {
     /// The point without its z.
     [[nodiscard]] XPnt2d to2d() const noexcept;
 
-    /// Scales the vector to unit length in place and returns it. A zero vector stays zero.
+    /// Scales the vector to unit length in place and returns it. A vector stays as it is if its length is zero
+    /// or not finite.
     XPnt3d& normalize() noexcept;
-    /// Euclidean length.
+    /// Euclidean length; infinite if a coordinate is.
     [[nodiscard]] double norm() const noexcept;
     /// Length of (x, y).
     [[nodiscard]] double norm_2d() const noexcept;

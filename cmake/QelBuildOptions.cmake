@@ -51,3 +51,12 @@ elseif(NOT QEL_FUZZ)
         -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wnull-dereference -Wduplicated-cond
         -Wlogical-op -Wdouble-promotion)
 endif()
+
+# qel_debugger_views(TARGET): puts the views of our values into the library's PDB, where Visual Studio's debugger finds them.
+function(qel_debugger_views target)
+    if(MSVC)
+        set(views "${PROJECT_SOURCE_DIR}/base/QelDisplay64t.natvis")
+        target_link_options(${target} PRIVATE "/NATVIS:${views}")
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${views}")
+    endif()
+endfunction()

@@ -10,7 +10,7 @@ endif()
 set(QEL_CACHE_DIR "${default_cache}" CACHE PATH "Folder of what scripts/setup builds once")
 
 # Sets QEL_QT_KEY and the like; a changed key reconfigures.
-set(keys_file "${CMAKE_CURRENT_SOURCE_DIR}/scripts/cache-keys")
+set(keys_file "${CMAKE_CURRENT_LIST_DIR}/../scripts/cache-keys")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${keys_file}")
 file(STRINGS "${keys_file}" keys REGEX "^QEL_[A-Z]+_KEY=")
 foreach(key IN LISTS keys)

@@ -8,6 +8,12 @@ set(document_folder share/doc/QelDisplay64t)
 
 install(TARGETS QelBase64t QelGeometry64t QelDisplay64t qel_include EXPORT QelDisplay64tTargets
     RUNTIME DESTINATION bin ARCHIVE DESTINATION lib LIBRARY DESTINATION lib INCLUDES DESTINATION include/QelDisplay64t)
+if(MSVC)
+    # With the debugger's views of our values.
+    foreach(library QelBase64t QelGeometry64t QelDisplay64t)
+        install(FILES $<TARGET_PDB_FILE:${library}> DESTINATION bin OPTIONAL)
+    endforeach()
+endif()
 set_target_properties(qel_include PROPERTIES EXPORT_NAME Headers)
 install(EXPORT QelDisplay64tTargets NAMESPACE QelDisplay64t:: DESTINATION ${package_folder})
 foreach(program qelview qelminimal qelhostcontext)
@@ -19,7 +25,9 @@ endforeach()
 # base/detail/ is for the libraries themselves.
 install(DIRECTORY include/ base/ DESTINATION include/QelDisplay64t FILES_MATCHING PATTERN "*.h" PATTERN detail EXCLUDE)
 install(DIRECTORY examples/minimal examples/hostcontext DESTINATION share/QelDisplay64t/examples)
-install(FILES cmake/mingw-w64-posix.cmake DESTINATION share/QelDisplay64t/cmake)
+if(MINGW)
+    install(FILES cmake/mingw-w64-posix.cmake DESTINATION share/QelDisplay64t/cmake)
+endif()
 
 include(CMakePackageConfigHelpers)
 configure_package_config_file(cmake/QelDisplay64tConfig.cmake.in "${CMAKE_BINARY_DIR}/QelDisplay64tConfig.cmake"
@@ -46,11 +54,16 @@ install(FILES docs/package.md DESTINATION . RENAME README.md)
 # The cross build brings along what its binaries load, with the licences of all that is in them; elsewhere Qt and the compiler's
 # libraries are the machine's own.
 if(CMAKE_CROSSCOMPILING)
-    set(qt_home "${QEL_CACHE_DIR}/${QEL_QT_KEY}")
     install(FILES ${QEL_RUNTIME_DLLS} DESTINATION bin)
-    install(FILES "${qt_home}/lib/libQt5Core.a" DESTINATION lib)
-    install(DIRECTORY "${qt_home}/include/QtCore" DESTINATION include)
-    install(FILES "${qt_home}/LICENSE.LGPL3" "${qt_home}/LICENSE.GPL3" DESTINATION ${document_folder}/licences/qt5core)
+    install(FILES "${QEL_QT_HOME}/${QEL_QT_LIBRARY}" DESTINATION lib)
+    install(DIRECTORY "${QEL_QT_HOME}/include/QtCore" DESTINATION include)
+    install(FILES "${QEL_QT_HOME}/LICENSE.LGPL3" "${QEL_QT_HOME}/LICENSE.GPL3" DESTINATION ${document_folder}/licences/qt5core)
+endif()
+# Nothing that is built with the tests' runtime is packed.
+if(MSVC AND CMAKE_CROSSCOMPILING)
+    return()
+endif()
+if(CMAKE_CROSSCOMPILING)
     foreach(package qtbase5-dev gcc-mingw-w64-x86-64-posix-runtime mingw-w64-x86-64-dev libcli11-dev libstb-dev nlohmann-json3-dev)
         install(FILES "/usr/share/doc/${package}/copyright" DESTINATION ${document_folder}/licences RENAME ${package}.txt)
     endforeach()

@@ -1,8 +1,13 @@
-# QEL_RUNTIME_DLLS: the stripped DLLs that the cross-built programs load, next to the programs.
+# QEL_RUNTIME_DLLS: the stripped DLLs that the cross-built programs load, next to the programs. A build for the Microsoft C++ ABI needs only
+# Qt here: Wine has the runtime.
 
 if(WIN32 AND CMAKE_CROSSCOMPILING)
-    set(runtime_files "${QEL_CACHE_DIR}/${QEL_QT_KEY}/bin/Qt5Core.dll")
-    foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+    set(runtime_files "${QEL_QT_HOME}/bin/Qt5Core.dll")
+    set(runtime_names)
+    if(MINGW)
+        set(runtime_names libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+    endif()
+    foreach(name IN LISTS runtime_names)
         execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${name}"
             OUTPUT_VARIABLE found OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
         if(NOT IS_ABSOLUTE "${found}")
@@ -15,7 +20,9 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
     foreach(file IN LISTS runtime_files)
         get_filename_component(name "${file}" NAME)
         set(stripped "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}")
-        if("${file}" IS_NEWER_THAN "${stripped}")
+        if(MSVC)
+            file(COPY_FILE "${file}" "${stripped}" ONLY_IF_DIFFERENT)
+        elseif("${file}" IS_NEWER_THAN "${stripped}")
             execute_process(COMMAND "${CMAKE_STRIP}" --strip-unneeded -o "${stripped}" "${file}" COMMAND_ERROR_IS_FATAL ANY)
         endif()
         list(APPEND QEL_RUNTIME_DLLS "${stripped}")

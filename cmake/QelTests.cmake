@@ -1,14 +1,15 @@
 # The entries of ctest: each is a group of test cases or a check. The results of a group are in build/results as NAME.json, where
 # scripts/sum-results counts them. The labels are native, windows and check; `ctest -C Long` adds the label long, whose groups run at full
-# length what the others repeat a few times.
+# length what the others repeat a few times, and like `ctest -C Microsoft` the label microsoft: the Windows cases under the C++ ABI of Visual
+# Studio.
 
 set(QEL_RESULTS "${PROJECT_SOURCE_DIR}/build/results")
 file(MAKE_DIRECTORY "${QEL_RESULTS}")
 
-# qel_test_group(NAME [LONG] [SERIAL] [COST SECONDS] [LEFT_OUT SUITES] [ENVIRONMENT NAME=VALUE...]): cases of qel_tests, limited by
-# GTEST_FILTER if that is set. COST is their approximate time, so that the longest start first.
+# qel_test_group(NAME [LONG] [SERIAL] [COST SECONDS] [LEFT_OUT SUITES] [PROGRAM TARGET] [ENVIRONMENT NAME=VALUE...]): cases of qel_tests or of
+# another program, limited by GTEST_FILTER if that is set. COST is their approximate time, so that the longest start first.
 function(qel_test_group name)
-    cmake_parse_arguments(PARSE_ARGV 1 group "LONG;SERIAL" "COST;LEFT_OUT" "ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 1 group "LONG;SERIAL" "COST;LEFT_OUT;PROGRAM" "ENVIRONMENT")
     set(title ${name})
     set(label native)
     if(WIN32)
@@ -17,6 +18,10 @@ function(qel_test_group name)
     set(most_seconds 900)
     set(environment GTEST_COLOR=no GTEST_OUTPUT=json:${name}.json ${group_ENVIRONMENT})
     set(configurations)
+    if(MSVC AND CMAKE_CROSSCOMPILING)
+        set(label microsoft)
+        set(configurations CONFIGURATIONS Microsoft Long)
+    endif()
     if(group_LONG)
         set(title long.${name})
         set(label long)
@@ -24,7 +29,10 @@ function(qel_test_group name)
         list(APPEND environment QEL_LONG_TESTS=1)
         set(configurations CONFIGURATIONS Long)
     endif()
-    set(command $<TARGET_FILE:qel_tests>)
+    if(NOT group_PROGRAM)
+        set(group_PROGRAM qel_tests)
+    endif()
+    set(command $<TARGET_FILE:${group_PROGRAM}>)
     if(WIN32 AND CMAKE_CROSSCOMPILING)
         # Ends from within if it hangs, so that its screen ends too.
         set(command "${PROJECT_SOURCE_DIR}/scripts/with-screen" timeout -k 20 ${most_seconds} wine ${command})
@@ -63,10 +71,22 @@ function(qel_windows_groups)
         math(EXPR index "${half} - 1")
         qel_test_group(windows.${half} COST 60 LEFT_OUT ${speeds} ENVIRONMENT GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=${index})
     endforeach()
+    qel_test_group(loading PROGRAM qel_loading_host COST 20)
     qel_test_group(windows.speed SERIAL ENVIRONMENT "GTEST_FILTER=${speeds}")
     qel_test_group(guarded COST 50 ENVIRONMENT ${guarded} "GTEST_FILTER=GuardedSuite*:ScreenDisplay*:Symbol*-${not_guarded}")
     qel_test_group(windows LONG)
     qel_test_group(guarded LONG LEFT_OUT ${not_guarded} ENVIRONMENT ${guarded})
+endfunction()
+
+# The other C++ ABI. Left out is what takes this compiler's code apart, or counts what the other C runtime does.
+function(qel_microsoft_groups)
+    foreach(half 1 2)
+        math(EXPR index "${half} - 1")
+        qel_test_group(microsoft.${half} COST 60 LEFT_OUT "*Speed*" ENVIRONMENT GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=${index})
+    endforeach()
+    qel_test_group(microsoft.loading PROGRAM qel_loading_host COST 20)
+    add_test(NAME check.microsoft COMMAND "${PROJECT_SOURCE_DIR}/scripts/check" microsoft CONFIGURATIONS Microsoft Long)
+    set_tests_properties(check.microsoft PROPERTIES LABELS microsoft TIMEOUT 900)
 endfunction()
 
 # qel_check(NAME COMMAND...): a program that prints "ok SENTENCE" or "not ok SENTENCE" for each thing it checks.
@@ -84,13 +104,13 @@ function(qel_check name)
 endfunction()
 
 # The checks of scripts/check. Those of Windows programs need the Windows build as well. The named analyses take minutes: `ctest -C Whole`
-# runs the one of all sources.
+# runs the one of all sources. That of the other C++ ABI belongs to its build.
 function(qel_checks)
     set(check "${PROJECT_SOURCE_DIR}/scripts/check")
     execute_process(COMMAND "${check}" --list OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${check}")
     string(REGEX MATCHALL "[^\n]+" names "${listed}")
-    list(FILTER names EXCLUDE REGEX "^tidy-")
+    list(FILTER names EXCLUDE REGEX "^(tidy-|microsoft$)")
     foreach(name IN LISTS names)
         qel_check(${name} COMMAND "${check}" ${name})
     endforeach()
@@ -99,11 +119,13 @@ function(qel_checks)
     qel_check(coverage LABEL coverage CONFIGURATION Coverage COMMAND "${PROJECT_SOURCE_DIR}/scripts/coverage")
 endfunction()
 
-if(WIN32)
+if(MSVC AND CMAKE_CROSSCOMPILING)
+    qel_microsoft_groups()
+elseif(WIN32)
     qel_windows_groups()
 elseif(NOT QEL_COVERAGE)
     qel_native_groups()
     qel_checks()
-    # If there is a Windows build, its groups run with these.
+    # If there are Windows builds, their groups run with these.
     set_property(DIRECTORY "${PROJECT_SOURCE_DIR}" APPEND PROPERTY TEST_INCLUDE_FILES "${CMAKE_CURRENT_LIST_DIR}/WindowsBuildTests.cmake")
 endif()

@@ -1,5 +1,7 @@
-# Read by ctest with the native build's entries: adds those of the Windows build if there is one.
+# Read by ctest with the native build's entries: adds those of the Windows builds that exist.
 
-if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/../build/windows/CTestTestfile.cmake")
-    subdirs("${CMAKE_CURRENT_LIST_DIR}/../build/windows")
-endif()
+foreach(preset windows microsoft)
+    if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/../build/${preset}/CTestTestfile.cmake")
+        subdirs("${CMAKE_CURRENT_LIST_DIR}/../build/${preset}")
+    endif()
+endforeach()

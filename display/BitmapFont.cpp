@@ -1,8 +1,6 @@
 #include "BitmapFont.h"
 
-#include <QString>
 #include <cstring>
-#include <string>
 
 #include "QelGl.h"
 
@@ -14,9 +12,8 @@ constexpr GLsizei kCharacters = 96;
 constexpr int kCharacterHeight = -18;
 
 HFONT createFont() {
-    const std::wstring face = QString("Segoe UI").toStdWString();
     return CreateFontW(kCharacterHeight, 0, 0, 0, FW_THIN, FALSE, FALSE, FALSE, ANSI_CHARSET, OUT_TT_PRECIS,
-                       CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, face.c_str());
+                       CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, L"Segoe UI");
 }
 
 /// Some drivers refuse an empty bitmap and leave an error that the host did not cause. If an error of the

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 #include <new>
-#include <string>
 #include <utility>
 
 namespace {
@@ -168,8 +167,9 @@ bool ScreenCapture::write() {
     if (captureDC != nullptr) {
         readPixels();
     }
-    const std::wstring name = captureFileName.toStdWString();
-    const HANDLE file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+    // UTF-16 is what Windows reads. Qt's conversions to std::wstring belong to the C++ library that Qt was built with.
+    const auto* const name = reinterpret_cast<const wchar_t*>(captureFileName.utf16());
+    const HANDLE file = CreateFileW(name, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
         return false;

@@ -4,7 +4,7 @@
 
 #include "ICancelTail.h"
 
-/// The cancel check by elapsed time. It allows the stop at any time.
+/// The cancel check of an operation with a known start. It allows the stop at any time.
 class QEL_DISPLAY_API CQelCancelTail : public ICancelTail {
   public:
     /// Always true.

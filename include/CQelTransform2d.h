@@ -26,7 +26,7 @@ struct DeviceRect {
 ///
 /// Large model coordinates lose precision in OpenGL, so a local origin is subtracted first: draw a model
 /// point p at p - getOrigin(). Depth grows upwards: with the depth test on, lower parts hide higher ones, so
-/// disable it and draw in order. The visible z range is -(top + 3000) to 3000 - bottom of the view extent,
+/// disable it and draw in order. The visible z range is -(zmax + 3000) to 3000 - zmin of the view extent,
 /// relative to the origin.
 ///
 /// There is no factory: construct it with `new` and keep it in a `qel::ref_ptr`.

@@ -157,7 +157,7 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     virtual std::int32_t UpdateWindow();
     /// @}
     /// The view controller. Owned by the display; adds no reference. A host that keeps it longer adds one;
-    /// the controller then works without a display.
+    /// the controller makes no OpenGL calls once the display is destroyed.
     virtual IQelTrackBall* getTrackBall() = 0;
     /// Keeps an object of the host alive with the display and releases the one attached before. Returns 1;
     /// -1 for null, which changes nothing.
@@ -173,6 +173,6 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
 
   private:
     // Nothing reads them, but they are part of the class layout that hosts were built with.
-    std::int32_t displayWord0 = 0;
-    std::int32_t displayWord1 = 0;
+    [[maybe_unused]] std::int32_t displayWord0 = 0;
+    [[maybe_unused]] std::int32_t displayWord1 = 0;
 };

@@ -23,7 +23,7 @@ enum class GeometryKind : std::int32_t {
 
 /// A host's geometry, drawn by `IQelSymbol::drawGeometry`.
 ///
-/// - Kind: a geometry implements the interface that its kind code stands for.
+/// - Kind: a geometry implements the interface that its kind code stands for; otherwise it is not drawn.
 /// - Ownership: the module holds a reference only while it draws, and the host must hold one of its own: the
 ///   call may otherwise destroy the geometry.
 /// - Context: none is needed; the module calls a geometry only while it draws, and changes nothing in it.

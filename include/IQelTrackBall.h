@@ -61,20 +61,24 @@ enum StandardView : std::uint32_t {
 /// A display has one (`IQelDisplay::getTrackBall`) and reports the window size to it.
 ///
 /// - Thread: every operation runs on the thread that owns the window and its context.
-/// - Window coordinates are OpenGL's: pixels, origin at the lower-left corner of the viewport, y up, depth
-///   from 0 (near) to 1 (far, background). A host flips the y of its mouse positions. While a capture or
-///   `setViewport` shows the view at another size, they count that viewport's pixels; labels, tripod and
-///   visibility tests follow it.
+/// - Window coordinates are OpenGL's: pixels of the window, or of the bitmap in a capture, origin at its
+///   lower-left corner, y up, depth from 0 (near) to 1 (far, background). A host flips the y of its mouse
+///   positions. `setViewport` and captures move and scale the view in the window; mouse positions, picks,
+///   `project`, `isBoxInRect` and the offsets of labels count pixels of the window all the same. `getWidth`,
+///   `getPixelsPerUnit`, `pan` and `zoomInRect` count pixels of the view, as `onResize` set it.
 /// - Context: an operation that changes the camera loads it into OpenGL at once, unless it says otherwise,
-///   and leaves the display's context current and GL_MODELVIEW selected; without a display it uses the
-///   current context. Operations that read the back buffer (`getModelPntAt`, `pickModelPnt`,
+///   and leaves the display's context current and GL_MODELVIEW selected; before the display is attached it
+///   uses the current context. Operations that read the back buffer (`getModelPntAt`, `pickModelPnt`,
 ///   `setRotationCenterAt`, `refreshDepth`), `setViewport` and the overlays act on the current context: call
 ///   the display's `makeCurrent` first, as `beginDraw` does. Reading leaves GL_BACK selected for reading.
+/// - Lifetime: a controller that outlives its display makes no OpenGL calls. It draws nothing and finds no
+///   depth; eye and target still move, and it projects with the matrices that it read last.
 /// - Overlays (`drawTrackBall`, `drawAxes`, `drawFrame`, `drawLabel`) draw at once and need the camera
 ///   loaded. They restore lighting, depth test, texturing and, except for the rings, the colour; tripod,
 ///   frame and label change OpenGL's raster position and load the camera again.
-/// - Arguments that are not finite are refused: the operation returns its refusal value, or its ordinary
-///   result where it has none, and changes nothing.
+/// - Arguments that are not finite change nothing. -1 or an invalid point reports them where the operation
+///   names such a result; all others return as on success, so check doubtful numbers with `std::isfinite`
+///   first. `project`, `unProject` and the visibility tests compute with every number as it is.
 /// - Results: 0 or 1 is success, whichever the operation names. OpenGL errors are not reported.
 class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
   public:
@@ -90,19 +94,22 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t onResize(std::uint32_t width, std::uint32_t height) = 0;
     /// Starts a drag (`qel::Drag`) at a window position; `qel::DragNone` ends it. Returns 1.
     virtual std::int32_t onButtonDown(std::int32_t button, std::int32_t x, std::int32_t y) = 0;
-    /// One step of the running drag; nothing without one. Returns 1.
+    /// One step of the running drag; nothing without one. A step of `qel::DragZoom` is a `zoomAt` at the
+    /// press, by 1/800 of the way per pixel. Returns 1.
     virtual std::int32_t onMouseMove(std::int32_t x, std::int32_t y) = 0;
     /// Ends the drag; returns 1.
     virtual std::int32_t onButtonUp() = 0;
     /// The running drag (`qel::Drag`); `qel::DragNone` if there is none.
     virtual std::int32_t getDragButton() = 0;
-    /// Replays six-axis input: pan x and y in pixels, dolly, turn x and y in pixels, roll in pixels.
+    /// Replays six-axis input: pan x and y in pixels, dolly in 1/150 of the model's diagonal, turn x and y in
+    /// pixels, roll in pixels.
     /// @param values six numbers, each from -1000 to 1000.
     /// @return 1; -1 if a value is out of range, which changes nothing.
     virtual std::int32_t applyMotion(const double* values) = 0;
     /// Places the camera. `up` is kept as given, not normalised. Returns 0.
     virtual std::int32_t setCamera(qel::XPnt3d eye, qel::XPnt3d target, qel::XPnt3d up) = 0;
-    /// Recomputes the radius of the trackball sphere from the view; returns 0.
+    /// Fits the radius of the trackball sphere to the view, as most camera changes do. Call it after
+    /// `setCamera`, `zoomInRect` and `zoomOutRect`, which do not. Returns 0.
     virtual std::int32_t updateSphereRadius() = 0;
     /// Draws the trackball rings while a rotation drag is running; leaves the colour white and the line width
     /// at 1 if it does. Returns 1.
@@ -112,8 +119,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t drawAxes() = 0;
     /// Draws a labelled coordinate frame at a model point.
     /// @param xDir, yDir its first two directions, of any length; the third is their vector product.
-    /// @param size length of the axes in 1/400 of half the view's height at the point; not used in
-    /// orthographic views.
+    /// @param size length of the axes: 400 reaches over half the view's height at the point. Orthographic
+    /// views ignore it; their axes are as long as 1/20 of half the view's width.
     /// @param depthTest false draws the frame over the scene.
     /// @return 0. Leaves the line width at 2, or at 1 with long axes.
     virtual std::int32_t drawFrame(double x, double y, double z, const qel::XPnt3d& xDir,
@@ -127,8 +134,9 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
                                    ...) = 0;
     /// Always 0.
     virtual std::int32_t isBusy() = 0;
-    /// Reads the depth of the whole back buffer and applies a pending switch to orthographic. A display calls
-    /// it at the end of each frame, after the buffer swap. Returns 1 if it applied a switch, else 0.
+    /// Copies the depth of the whole back buffer, for `zoomAt`, and applies a pending switch to orthographic.
+    /// `finishFrame` calls it after the buffer swap: the copy then shows the drawn frame only if the driver
+    /// keeps the back buffer. Returns 1 if it applied a switch, else 0.
     virtual std::int32_t refreshDepth() = 0;
     /// Sets the point that drags rotate about, in model units; the camera does not move. Returns 1.
     virtual std::int32_t setRotationCenter(double x, double y, double z) = 0;
@@ -147,8 +155,9 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setPerspective() = 0;
     /// Moves the scene by a model vector, that is eye and target against it. Returns 1.
     virtual std::int32_t moveBy(double dx, double dy, double dz) = 0;
-    /// Moves eye and target by a screen delta in hundredths of the view's smaller side, in model units.
-    /// Returns 1.
+    /// Moves eye and target so that the scene moves right by `dx` and up by `dy`. The unit of both is a
+    /// hundredth of the view's smaller side in pixels, taken as model units whatever the zoom: 1 is 6 model
+    /// units in a view of 800 x 600. `qel::DragPan` follows the mouse instead. Returns 1.
     virtual std::int32_t pan(double dx, double dy) = 0;
     /// One of eight standard views (`qel::StandardView`), fitted to the model. A number above 7 is not
     /// refused: eye and target both end in the middle of the model, without an up vector, until the next
@@ -168,9 +177,11 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setExtent(qel::Enve3d extent, bool zoom) = 0;
     /// The model's extent; 10 to 100 in each direction at first.
     virtual qel::Enve3d getExtent() = 0;
-    /// Moves eye and target by `factor` of the way to the scene under a window position; negative moves away.
-    /// In perspective a factor above 0.1 is slowed to 0.067 while the scene lies near the far end of the
-    /// depth range. Returns 1.
+    /// Moves eye and target by `factor` of the way to the point under a window position at the mean depth of
+    /// the scene; a negative factor moves away. It reads no depth: the mean is that of the last
+    /// `refreshDepth`, or the depth of the model's middle if nothing was drawn then. In perspective a factor
+    /// above 0.1 is slowed to 0.067 while the mean lies beyond 0.97. Orthographic views compute their view
+    /// volume from it. Returns 1.
     virtual std::int32_t zoomAt(float factor, std::int32_t x, std::int32_t y) = 0;
     /// True while the projection is orthographic.
     virtual bool isOrtho() = 0;
@@ -192,9 +203,10 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t setFieldOfView(double degrees) = 0;
     /// @{
     /// Clipping distances from the eye in model units; 0.001 and 50000 at first. The setters return 0 and
-    /// take effect with the next `updateView`, in an orthographic view when its view volume is next computed.
-    /// Perspective needs 0 < near < far; this is not checked. `qel::fitClippingPlanes` (QelHostKit.h) sets
-    /// both close around a model.
+    /// take effect with the next `updateView`. An orthographic view takes them later, when its view volume is
+    /// next computed: by `onResize`, `setFieldOfView`, `setOrthoView`, `zoomAt`, `qel::DragZoom`,
+    /// `applyMotion`, or `refreshDepth` after `setOrtho`. Perspective needs 0 < near < far; this is not
+    /// checked. `qel::fitClippingPlanes` (QelHostKit.h) sets both close around a model.
     virtual double getNearPlane() = 0;
     virtual std::int32_t setNearPlane(double distance) = 0;
     virtual double getFarPlane() = 0;
@@ -217,7 +229,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// view stay. The next `onResize` uses the whole window again. Returns 0.
     virtual std::int32_t setViewport(std::int32_t x, std::int32_t y, std::int32_t width,
                                      std::int32_t height) = 0;
-    /// OpenGL's current viewport (x, y, width, height); the array belongs to the camera and lives as long.
+    /// OpenGL's current viewport (x, y, width, height). The array lives as long as the camera; the next call
+    /// overwrites it.
     virtual const std::int32_t* getViewport() = 0;
     /// @{
     /// OpenGL's current matrices, 16 doubles each, column by column; owned like the viewport.
@@ -242,18 +255,22 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// position that is not finite gives the target.
     virtual qel::XPnt3d pickModelPnt(double x, double y) = 0;
     /// @{
-    /// A model point to window coordinates and depth.
+    /// A model point to window coordinates and depth. In perspective a point behind the eye has a depth above
+    /// 1, and one in the plane of the eye gives (0, 0, 0).
     virtual qel::XPnt3d project(double x, double y, double z) = 0;
     virtual qel::XPnt3d projectPnt(const qel::XPnt3d& modelPoint) = 0;
     /// @}
-    /// True if the image of the box's corners in front of the far plane meets a window rectangle.
+    /// True if a window rectangle meets the rectangle around the images of the box's corners; touching
+    /// counts. Corners at or beyond the far plane do not count, nor, in perspective, those behind the eye;
+    /// those between eye and near plane do. In perspective a box behind the eye is false; a box around the
+    /// eye may be false too, although a part of it is visible.
     virtual bool isBoxInRect(const qel::Enve2d& rect, const qel::Enve3d& box) = 0;
     /// `isBoxInRect` with the whole view.
     virtual bool isBoxVisible(const qel::Enve3d& box) = 0;
     /// True if a model point lies inside the view frustum.
     virtual bool isPntInView(double x, double y, double z) = 0;
-    /// Share of the view's width that an extent covers, from 0 to 1; 0 if it is not visible, -1 if it is not
-    /// valid.
+    /// Share of the view's width that an extent covers, from 0 to 1; 0 if `isBoxVisible` is false, -1 if it
+    /// is not valid.
     virtual float getScreenCoverage(const qel::Enve3d& extent) = 0;
     /// Always -1.
     virtual std::int32_t getMode() = 0;

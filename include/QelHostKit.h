@@ -4,10 +4,11 @@
 /// clipping planes that fit the scene. Header only; include it next to `QelDisplay64t.h`.
 ///
 /// A new object of these classes has no reference: hold it in a `qel::ref_ptr`, or pass it to an operation
-/// that takes one. No container crosses the module's boundary, so host and module may use different C++
-/// libraries.
+/// that takes one. No container crosses the module's boundary, so versions and debug modes of the compiler's
+/// C++ library need not match.
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -59,11 +60,13 @@ class HostPointArray final : public IQelPointArray {
     std::vector<XPnt3d> positions;
 };
 
-/// An open line: a curve of its own, a part of a polyline or a ring of a polygon.
+/// An open line: a curve of its own, a part of a polyline or a ring of a polygon, which repeats its first
+/// point at the end to look closed.
 class HostCurve final : public IQelCurve {
   public:
     /// Takes the points over, in model units.
-    /// @param kindOfCurve `Curve` or `OtherCurve`.
+    /// @param kindOfCurve `Curve`; `OtherCurve` only for a curve that `drawGeometryWith` is to leave
+    /// out.
     explicit HostCurve(std::vector<XPnt3d> points, GeometryKind kindOfCurve = GeometryKind::Curve)
         : array(new HostPointArray(std::move(points))), kind(kindOfCurve) {}
     std::int32_t geometryType() override { return static_cast<std::int32_t>(kind); }
@@ -74,10 +77,11 @@ class HostCurve final : public IQelCurve {
     GeometryKind kind;
 };
 
-/// A closed line.
+/// A closed line, drawn by `drawGeometry`. `drawGeometryWith` leaves it open between its last and its first
+/// point.
 class HostRing final : public IQelRing {
   public:
-    /// Takes the points over; the first one need not be repeated.
+    /// Takes the points over, in model units. Repeat the first one at the end only for `drawGeometryWith`.
     explicit HostRing(std::vector<XPnt3d> points) : array(new HostPointArray(std::move(points))) {}
     std::int32_t geometryType() override { return static_cast<std::int32_t>(GeometryKind::Ring); }
     ref_ptr<IQelPointArray> pointArray() override { return array; }
@@ -168,12 +172,12 @@ class HostSegment final : public IQelGeometry, public CQelLineSeg {
 ///
 /// `attachWindow` asks for 16 bits of depth. Spread over the distances that `setExtent` chooses (1 to 16,000)
 /// they let surfaces show through each other and make picks coarse; planes that fit make both as good as the
-/// depth buffer allows. What lies outside the planes is cut off, so the box must hold everything that is
-/// drawn; markers may reach a quarter of its diagonal beyond. The tripod is drawn at the depth of the
-/// camera's target, so the planes enclose the target as well, unless it is closer to the eye than 1/800 of
-/// the diagonal.
+/// depth buffer allows. What lies outside the planes is cut off: pass the box of everything that is drawn.
+/// Around it the planes leave a quarter of its diagonal, enough for frames and crosses at its corners. The
+/// tripod is drawn at the depth of the camera's target, so the planes enclose the target as well, unless it
+/// is closer to the eye than 1/800 of the diagonal.
 ///
-/// An orthographic view takes the planes when its view volume is next computed.
+/// An orthographic view takes the planes later, see `IQelTrackBall::setNearPlane`.
 /// @param box in model units; an invalid one changes nothing.
 inline void fitClippingPlanes(IQelTrackBall& camera, const Enve3d& box) {
     constexpr double kReachInDiagonals = 0.75;
@@ -181,8 +185,11 @@ inline void fitClippingPlanes(IQelTrackBall& camera, const Enve3d& box) {
     constexpr double kRoomAtTarget = 0.05;
     const double reach = kReachInDiagonals * box.getDiagonal();
     const XPnt3d eye = camera.getEye();
-    const double middle = dist(eye, box.MidPoint());
-    const double target = dist(eye, camera.getTarget());
+    const XPnt3d ahead = camera.getTarget() - eye;
+    const XPnt3d toMiddle = box.MidPoint() - eye;
+    const double target = std::sqrt(dot(ahead, ahead));
+    // Planes stand across the view, so the depth of a box beside its axis is less than its distance.
+    const double middle = target > 0.0 ? dot(toMiddle, ahead) / target : std::sqrt(dot(toMiddle, toMiddle));
     // In brackets, since <windows.h> may define macros of these names.
     const double nearest = (std::min)(middle - reach, target * (1.0 - kRoomAtTarget));
     const double farthest = (std::max)(middle + reach, target * (1.0 + kRoomAtTarget));

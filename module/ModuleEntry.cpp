@@ -12,16 +12,30 @@ namespace {
 
 constexpr DWORD kSleepMilliseconds = 5500;
 
+/// The universal C runtime holds the library of a thread function itself, and releases it in its own code when
+/// the function returns. msvcrt.dll does not.
+#if defined(_UCRT) || defined(_MSC_VER)
+constexpr bool kRuntimeHoldsLibrary = true;
+#else
+constexpr bool kRuntimeHoldsLibrary = false;
+#endif
+
 /// What the sleeping thread holds: the library, so that its code stays mapped, and its own handle.
 HMODULE heldLibrary = nullptr;
 std::uintptr_t sleepThread = 0;
 
 void sleepAndLeave(void* /*unused*/) {
     Sleep(kSleepMilliseconds);
-    // The runtime closes a thread's handle when the thread function returns; this one cannot return, since
-    // releasing the library may unmap its code.
-    CloseHandle(reinterpret_cast<HANDLE>(sleepThread));  // NOLINT(performance-no-int-to-ptr)
-    FreeLibraryAndExitThread(heldLibrary, 0);
+    if constexpr (kRuntimeHoldsLibrary) {
+        // Not the last reference. FreeLibraryAndExitThread would skip the runtime's own release, and the library
+        // would never unload.
+        FreeLibrary(heldLibrary);
+    } else {
+        // The runtime closes a thread's handle when the thread function returns; this one cannot return, since
+        // releasing the library may unmap its code.
+        CloseHandle(reinterpret_cast<HANDLE>(sleepThread));  // NOLINT(performance-no-int-to-ptr)
+        FreeLibraryAndExitThread(heldLibrary, 0);
+    }
 }
 
 void startSleepThread() {

@@ -12,4 +12,5 @@ qelLogs=$qelCache/logs
 . "$qelRoot/scripts/cache-keys"
 
 qtHome=$qelCache/$QEL_QT_KEY
+microsoftHome=$qelCache/$QEL_MICROSOFT_KEY
 winePrefixHome=$qelCache/$QEL_WINE_KEY

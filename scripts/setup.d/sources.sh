@@ -57,5 +57,5 @@ fetchSource() {
         *) die "$package $version is needed, the archive offers '${offered:-nothing}'. The recipe is for Debian 12." ;;
     esac
     runLogged "Fetching the source of $package $offered" "$qelLogs/$package-fetch.log" -- \
-        env --chdir="$folder" APT_CONFIG="$private/apt.conf" apt-get source --download-only "$package=$offered"
+        env --chdir="$folder" APT_CONFIG="$private/apt.conf" apt-get source --download-only "$package"
 }

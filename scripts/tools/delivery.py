@@ -102,10 +102,10 @@ def draws(program, prefix, looks_right=None):
     return [f"{program.name} shows {color}"] if looks_right and not looks_right(*color) else []
 
 
-def built(source, folder, prefix):
+def built(source, folder, prefix, toolchain="share/QelDisplay64t/cmake/mingw-w64-posix.cmake"):
     """Problems of a CMake project that is built against the package."""
-    toolchain = f"-DCMAKE_TOOLCHAIN_FILE={prefix}/share/QelDisplay64t/cmake/mingw-w64-posix.cmake"
-    configured = tree.run("cmake", "-G", "Ninja", "-S", source, "-B", folder, toolchain, f"-DCMAKE_PREFIX_PATH={prefix}")
+    options = (f"-DCMAKE_TOOLCHAIN_FILE={prefix / toolchain}", f"-DCMAKE_PREFIX_PATH={prefix}", "-DCMAKE_BUILD_TYPE=Release")
+    configured = tree.run("cmake", "-G", "Ninja", "-S", source, "-B", folder, *options)
     return configured.problems("configuring") or tree.run("cmake", "--build", folder).problems("building")
 
 
@@ -117,10 +117,10 @@ def example(name, *programs, looks_right=None):
     return judge
 
 
-def capturing_host_runs(prefix, work):
+def capturing_host_runs(prefix, work, *toolchain):
     (work / "CMakeLists.txt").write_text(CAPTURING_PROJECT)
     (work / "main.cpp").write_text(CAPTURING_HOST)
-    problems = built(work, work / "build", prefix)
+    problems = built(work, work / "build", prefix, *toolchain)
     return problems or tree.on_screen("wine", beside_libraries(work / "build/capturing.exe", prefix)).problems("the host")
 
 

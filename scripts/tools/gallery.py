@@ -25,6 +25,18 @@ OF_THE_VIEWER = (
     ("mapPlane", "map-gl.png", "The sample map, drawn by OpenGL through the planar transform.", "--map-out PREFIX"),
     ("mapRelief", "map-3d.png", "The sample map in three dimensions.", "--map-out PREFIX"),
 )
+# Pictures that the viewer draws while it plays a script: name, text, lines of the script.
+SCRIPTED = (
+    (
+        "measured",
+        "Points that are clicked after `M`, and what they measure.",
+        ("key 0", "key M")
+        + tuple(f"{action} left {place}" for place in ("215 140", "435 130", "425 330", "250 300") for action in ("down", "up"))
+        + ("key 6",),
+    ),
+    ("elevation", "Coloured by elevation.", ("key E",)),
+    ("section", "Cut across y, turned round, with the outline of the cut.", ("key X", "key X", "key I", "key PageUp")),
+)
 # Drawing operations that are not the symbol's.
 OVERLAYS = {"drawAxes", "drawTrackBall", "drawFrame", "drawLabel", "printText", "restoreCache"}
 
@@ -59,6 +71,9 @@ def page(listing):
     lines.append("## Scenes\n\nPictures of the viewer, at half size.\n")
     for name, _, text, options in OF_THE_VIEWER:
         lines.append(f"### {name}\n\n{text}\n\n![{name}]({name}.png)\n\n    ./run --size 640x480 {options}\n")
+    for name, text, script in SCRIPTED:
+        steps = "\n".join(f"    {step}" for step in script)
+        lines.append(f"### {name}\n\n{text} The script, for `./run --size 640x480 --script FILE`:\n\n{steps}\n\n![{name}]({name}.png)\n")
     return "\n".join(lines)
 
 
@@ -76,6 +91,10 @@ def draw_gallery(folder):
         draw("qelview.exe", "--size", "640x480", "--map-out", tree.windows_path(f"{work}/map"))
         for name, file, _, _ in OF_THE_VIEWER:
             pictures.read(f"{work}/{file}").reduce(2).save(f"{folder}/{name}.png")
+        for name, _, steps in SCRIPTED:
+            script = pathlib.Path(work, f"{name}.txt")
+            script.write_text("\n".join((*steps, f"picture {tree.windows_path(folder / f'{name}.png')}")))
+            draw("qelview.exe", "--size", "640x480", "--script", tree.windows_path(script))
     (folder / "README.md").write_text(page("\n".join(re.findall(r"^[^|\n]+\|.*$", listing, re.MULTILINE))))
 
 

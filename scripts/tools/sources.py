@@ -31,8 +31,8 @@ VIEWER = {
     "input": "text",
     "host": "model",
     "ui": "model readers input",
-    "stage": "model input host ui",
-    "map": "model host ui stage",
+    "stage": "model text input host ui",
+    "map": "model text host ui stage",
     "app": "model text readers sample input host ui stage map",
 }
 for floor, below in VIEWER.items():

@@ -1,17 +1,16 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include "Enve2d.h"
 #include "Enve3d.h"
+#include "ExtremeNumbers.h"
 
 namespace qel::test {
 namespace {
 
 constexpr double kLowerOfNothing = 2147483647.0;
 constexpr double kUpperOfNothing = -2147483647.0;
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 ::testing::AssertionResult hasBounds(const Enve2d& box, double xmin, double xmax, double ymin, double ymax) {
     if (box.xmin == xmin && box.xmax == xmax && box.ymin == ymin && box.ymax == ymax) {
@@ -80,8 +79,8 @@ TEST(Enve2d, GrowsToHoldPoints) {
 TEST(Enve2d, DoesNotGrowWithPointsThatAreNone) {
     Enve2d box(0.0, 0.0, 1.0, 1.0);
     box.SetBox(XPnt3d(9.0, 9.0, 9.0, 1));
-    box.SetBox(XPnt3d(kNotANumber, 9.0, 0.0));
-    box.SetBox(XPnt3d(9.0, kNotANumber, 0.0));
+    box.SetBox(XPnt3d(kNaN, 9.0, 0.0));
+    box.SetBox(XPnt3d(9.0, kNaN, 0.0));
     EXPECT_TRUE(hasBounds(box, 0.0, 1.0, 0.0, 1.0));
 }
 
@@ -163,7 +162,7 @@ TEST(Enve3d, IsJudgedByXAndYAlone) {
     EXPECT_TRUE((Enve3d{0.0, 1.0, 0.0, 1.0, 5.0, -5.0}.isValid()));
     EXPECT_FALSE((Enve3d{1.0, 0.0, 0.0, 1.0, 0.0, 1.0}.isValid()));
     EXPECT_FALSE((Enve3d{0.0, 1.0, 1.0, 0.0, 0.0, 1.0}.isValid()));
-    EXPECT_FALSE((Enve3d{kNotANumber, 1.0, 0.0, 1.0, 0.0, 1.0}.isValid()));
+    EXPECT_FALSE((Enve3d{kNaN, 1.0, 0.0, 1.0, 0.0, 1.0}.isValid()));
 }
 
 TEST(Enve3d, InvalidBecomesThePointItselfWhenItGrows) {
@@ -196,9 +195,9 @@ TEST(Enve3d, ThatIsFlatTakesTheHeightOfThePointThatItGrowsBy) {
 TEST(Enve3d, DoesNotGrowWithPointsThatAreNone) {
     Enve3d box{0.0, 1.0, 0.0, 1.0, 0.0, 1.0};
     box.SetBox(XPnt3d::invalid());
-    box.SetBox(XPnt3d(kNotANumber, 9.0, 9.0));
-    box.SetBox(XPnt3d(9.0, kNotANumber, 9.0));
-    box.SetBox(XPnt3d(9.0, 9.0, kNotANumber));
+    box.SetBox(XPnt3d(kNaN, 9.0, 9.0));
+    box.SetBox(XPnt3d(9.0, kNaN, 9.0));
+    box.SetBox(XPnt3d(9.0, 9.0, kNaN));
     EXPECT_TRUE(hasBounds(box, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0));
 }
 

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <random>
 
 #include "EigenOracle.h"
+#include "ExtremeNumbers.h"
 
 namespace qel::test {
 namespace {
@@ -67,9 +67,8 @@ TEST(QelPredicatesIsPntInFront, ADegenerateTriangleHasNoFront) {
 }
 
 TEST(QelPredicatesIsPntInFront, NothingIsInFrontOfNaN) {
-    constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(isPntInFront(XPnt3d(kNotANumber, 0.0, 0.0), kB, kC, kA, kTolerance), 0);
-    EXPECT_EQ(isPntInFront(kA, kB, kC, XPnt3d(0.0, 0.0, kNotANumber), kTolerance), 0);
+    EXPECT_EQ(isPntInFront(XPnt3d(kNaN, 0.0, 0.0), kB, kC, kA, kTolerance), 0);
+    EXPECT_EQ(isPntInFront(kA, kB, kC, XPnt3d(0.0, 0.0, kNaN), kTolerance), 0);
 }
 
 TEST(QelPredicatesIsPntInFront, AgreesWithThePlaneOfAnotherLibrary) {

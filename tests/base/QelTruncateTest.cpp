@@ -5,11 +5,10 @@
 #include <cstdint>
 #include <limits>
 
+#include "ExtremeNumbers.h"
+
 namespace qel::test {
 namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 struct TruncateCase {
     const char* name;
@@ -39,7 +38,7 @@ constexpr TruncateCase kTruncateCases[] = {
     {"HugeNegative", -1e300, INT32_MIN},
     {"Infinity", kInfinity, INT32_MIN},
     {"MinusInfinity", -kInfinity, INT32_MIN},
-    {"NotANumber", kNotANumber, INT32_MIN},
+    {"NotANumber", kNaN, INT32_MIN},
 };
 
 class QelTruncate : public ::testing::TestWithParam<TruncateCase> {};

@@ -5,6 +5,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "ExtremeNumbers.h"
 #include "XPnt2d.h"
 #include "XPnt3d.h"
 #include "XPnt3f.h"
@@ -141,8 +142,30 @@ TEST(XPnt3d, NormalizingZeroLeavesZero) {
     EXPECT_TRUE(isAt(zero, 0.0, 0.0, 0.0));
 }
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+
+TEST(XPnt3d, WithAnInfiniteCoordinateIsInfinitelyLong) {
+    EXPECT_EQ(XPnt3d(kInfinity, 0.0, 0.0).norm(), kInfinity);
+    EXPECT_EQ(XPnt3d(1.0, -kInfinity, kInfinity).norm(), kInfinity);
+    EXPECT_EQ(XPnt3d(0.0, kNotANumber, -kInfinity).norm(), kInfinity);
+    EXPECT_EQ(dist(XPnt3d(1.0, 2.0, 3.0), XPnt3d(1.0, 2.0, -kInfinity)), kInfinity);
+    EXPECT_TRUE(std::isnan(XPnt3d(0.0, kNotANumber, 1.0).norm()));
+}
+
+TEST(XPnt3d, NormalizingLeavesVectorsWithoutAFiniteLength) {
+    const XPnt3d vectors[] = {{kInfinity, 0.0, 0.0},
+                              {kInfinity, -kInfinity, 1.0},
+                              {0.5, 0.0, -kInfinity},
+                              {1.7e308, 1.7e308, 1.7e308}};
+    for (const XPnt3d& vector : vectors) {
+        XPnt3d normalized(vector);
+        normalized.normalize();
+        EXPECT_TRUE(isAt(normalized, vector.x, vector.y, vector.z));
+    }
+}
+
 TEST(XPnt3d, NormalizingBearsNoNaN) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
     constexpr double kTiny = std::numeric_limits<double>::denorm_min();
     const XPnt3d vectors[] = {{kInfinity, 0.0, 0.0},
                               {kInfinity, -kInfinity, 1.0},

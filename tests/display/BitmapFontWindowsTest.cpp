@@ -7,7 +7,7 @@
 namespace qel::test {
 namespace {
 
-constexpr GLuint kListBase = 7000;
+constexpr GLuint kListsOfHost = 7000;
 
 /// A context of the host's own that can be made current on several windows.
 class HostsContext {
@@ -47,7 +47,7 @@ class HostsContext {
 template <class Attach>
 void withKnownLists(Attach attach) {
     CallTrace trace;
-    trace.answer("glGenLists", kListBase);
+    trace.answer("glGenLists", kListsOfHost);
     attach();
 }
 
@@ -85,7 +85,8 @@ TEST(BitmapFont, OfALentContextAndOfAWindowAreEachDrawnInTheirOwn) {
     attachTo(display, surface);
     CallTrace trace;
     display->printText("text");
-    EXPECT_TRUE(callsMatch(trace.callsOf("glListBase"), {call("glListBase", kListBase - kFirstCharacter)}));
+    EXPECT_TRUE(
+        callsMatch(trace.callsOf("glListBase"), {call("glListBase", kListsOfHost - kFirstCharacter)}));
 }
 
 TEST(BitmapFont, OfALentContextGoesWithADisplayThatHasAWindowSince) {
@@ -97,7 +98,7 @@ TEST(BitmapFont, OfALentContextGoesWithADisplayThatHasAWindowSince) {
     display.release();
     EXPECT_EQ(currentContext(), nullptr);
     const_cast<GlSurface&>(surface).makeCurrent();
-    EXPECT_FALSE(glIsList(kListBase));
+    EXPECT_FALSE(glIsList(kListsOfHost));
 }
 
 /// An error that waits for a host, and a way to raise it.
@@ -155,8 +156,8 @@ TEST_P(BitmapFontOfALostWindow, GoesWithTheDisplay) {
 
     EXPECT_EQ(currentContext() != nullptr, !displayFollows);
     ASSERT_TRUE(lent.makeCurrentOn(second));
-    EXPECT_FALSE(glIsList(kListBase));
-    EXPECT_FALSE(glIsList(kListBase + kFontLists - 1));
+    EXPECT_FALSE(glIsList(kListsOfHost));
+    EXPECT_FALSE(glIsList(kListsOfHost + kFontLists - 1));
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 

@@ -97,14 +97,14 @@ TEST_F(CGLTest, DestroysItsFirstContextBeforeASecondOneIsCreated) {
     EXPECT_TRUE(callsMatch(trace.calls(), expected));
 }
 
-struct Fault {
+struct CreationFault {
     const char* function;
     std::int64_t answer;
     /// How many of the calls of a complete creation are made.
     std::size_t calls;
 };
 
-class CGLFaults : public CGLTest, public ::testing::WithParamInterface<Fault> {};
+class CGLFaults : public CGLTest, public ::testing::WithParamInterface<CreationFault> {};
 
 TEST_P(CGLFaults, EndTheCreationAtOnceAndTheNextOneSucceeds) {
     const Census before = censusAfterFirstUse();
@@ -128,9 +128,11 @@ TEST_P(CGLFaults, EndTheCreationAtOnceAndTheNextOneSucceeds) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, CGLFaults,
-                         ::testing::Values(Fault{"GetDC", 0, 2}, Fault{"ChoosePixelFormat", 0, 2},
-                                           Fault{"SetPixelFormat", 0, 3}, Fault{"wglCreateContext", 0, 4},
-                                           Fault{"wglMakeCurrent", 0, 5}),
+                         ::testing::Values(CreationFault{"GetDC", 0, 2},
+                                           CreationFault{"ChoosePixelFormat", 0, 2},
+                                           CreationFault{"SetPixelFormat", 0, 3},
+                                           CreationFault{"wglCreateContext", 0, 4},
+                                           CreationFault{"wglMakeCurrent", 0, 5}),
                          [](const auto& tested) { return std::string(tested.param.function); });
 
 TEST_F(CGLTest, KeepsWhatAFailedCreationTookUntilTheNextOne) {

@@ -1,13 +1,10 @@
-#include <limits>
 
 #include "CaptureFixture.h"
+#include "ExtremeNumbers.h"
 #include "kit/GlSurface.h"
 
 namespace qel::test {
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr std::uint32_t kLargestSigned = 0x7FFFFFFFU;
 constexpr std::uint32_t kLargest = 0xFFFFFFFFU;
 

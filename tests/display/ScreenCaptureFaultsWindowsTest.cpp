@@ -10,7 +10,7 @@ namespace {
 /// What stands for a file that could not be opened.
 constexpr std::int64_t kNoFile = -1;
 
-struct Fault {
+struct CaptureFault {
     const char* function;
     int nth;
     std::int64_t answer;
@@ -36,7 +36,7 @@ std::string balance(const CallTrace& trace) {
 
 constexpr char kBalanced[] = "0 device contexts, 0 GDI objects, 0 contexts";
 
-class ScreenCaptureFaults : public Capture, public ::testing::WithParamInterface<Fault> {};
+class ScreenCaptureFaults : public Capture, public ::testing::WithParamInterface<CaptureFault> {};
 
 TEST_P(ScreenCaptureFaults, LeaveADisplayThatWorksAndGivesEverythingBack) {
     const Census before = censusAfterFirstUse();
@@ -86,23 +86,23 @@ TEST_P(ScreenCaptureFaults, LeaveNoHandleBehind) {
     EXPECT_EQ(balance(trace), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(In, ScreenCaptureFaults,
-                         ::testing::Values(Fault{"CreateCompatibleDC", 1, 0, -1, false, "CreateCompatibleDC"},
-                                           Fault{"CreateDIBSection", 1, 0, -1, false, "CreateDIBSection"},
-                                           Fault{"CreateDIBSection", 2, 0, -1, false, "TheDeepSection"},
-                                           Fault{"ChoosePixelFormat", 0, 0, -1, false, "ChoosePixelFormat"},
-                                           Fault{"ChoosePixelFormat", 2, 0, -1, false,
-                                                 "TheLastChoosePixelFormat"},
-                                           Fault{"SetPixelFormat", 1, 0, -1, false, "SetPixelFormat"},
-                                           Fault{"DescribePixelFormat", 1, 0, 0, true, "DescribePixelFormat"},
-                                           Fault{"wglCreateContext", 1, 0, 0, true, "wglCreateContext"},
-                                           Fault{"glGenLists", 1, 0, 0, true, "glGenLists"},
-                                           Fault{"CreateFontW", 1, 0, 0, true, "CreateFontW"},
-                                           Fault{"wglUseFontBitmapsW", 1, 0, 0, true, "wglUseFontBitmapsW"},
-                                           Fault{"GetDIBits", 1, 0, 0, true, "GetDIBits"},
-                                           Fault{"CreateFileW", 1, kNoFile, 0, false, "CreateFileW"},
-                                           Fault{"WriteFile", 0, 0, 0, false, "WriteFile"}),
-                         [](const auto& tested) { return std::string(tested.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    In, ScreenCaptureFaults,
+    ::testing::Values(CaptureFault{"CreateCompatibleDC", 1, 0, -1, false, "CreateCompatibleDC"},
+                      CaptureFault{"CreateDIBSection", 1, 0, -1, false, "CreateDIBSection"},
+                      CaptureFault{"CreateDIBSection", 2, 0, -1, false, "TheDeepSection"},
+                      CaptureFault{"ChoosePixelFormat", 0, 0, -1, false, "ChoosePixelFormat"},
+                      CaptureFault{"ChoosePixelFormat", 2, 0, -1, false, "TheLastChoosePixelFormat"},
+                      CaptureFault{"SetPixelFormat", 1, 0, -1, false, "SetPixelFormat"},
+                      CaptureFault{"DescribePixelFormat", 1, 0, 0, true, "DescribePixelFormat"},
+                      CaptureFault{"wglCreateContext", 1, 0, 0, true, "wglCreateContext"},
+                      CaptureFault{"glGenLists", 1, 0, 0, true, "glGenLists"},
+                      CaptureFault{"CreateFontW", 1, 0, 0, true, "CreateFontW"},
+                      CaptureFault{"wglUseFontBitmapsW", 1, 0, 0, true, "wglUseFontBitmapsW"},
+                      CaptureFault{"GetDIBits", 1, 0, 0, true, "GetDIBits"},
+                      CaptureFault{"CreateFileW", 1, kNoFile, 0, false, "CreateFileW"},
+                      CaptureFault{"WriteFile", 0, 0, 0, false, "WriteFile"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 using ScreenCaptureFaultsAndHandles = Capture;
 

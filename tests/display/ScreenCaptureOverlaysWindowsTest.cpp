@@ -18,9 +18,6 @@ const CaptureCase kCaptures[] = {
     {"NarrowAndHigh", 120, 300, 0, 0, 160, 120}, {"TheUpperRightPart", 240, 180, 60, 45, 160, 120},
 };
 
-constexpr Rgba kBlack{0, 0, 0, 255};
-constexpr Rgba kWhite{255, 255, 255, 255};
-
 /// What the camera and the display draw by pixels stands in a capture of any size where it belongs.
 class ScreenCaptureOverlays : public Capture, public ::testing::WithParamInterface<CaptureCase> {
   protected:

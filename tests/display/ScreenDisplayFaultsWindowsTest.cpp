@@ -8,9 +8,7 @@
 namespace qel::test {
 namespace {
 
-constexpr Rgba kBlack{0, 0, 0, 255};
-
-struct Fault {
+struct DisplayFault {
     const char* function;
     /// Whether the window gets a context all the same.
     bool hasContext;
@@ -34,7 +32,7 @@ std::size_t textPixels(const HeldDisplay& display, const TestWindow& window) {
     return Picture::ofFrame().countOtherThan(kBlack);
 }
 
-class ScreenDisplayFaults : public ::testing::TestWithParam<Fault> {
+class ScreenDisplayFaults : public ::testing::TestWithParam<DisplayFault> {
   protected:
     const TestWindow window{100, 50};
 };
@@ -121,12 +119,13 @@ TEST_P(ScreenDisplayFaults, OfASecondAttachLeaveADisplayThatCanBeReleased) {
     EXPECT_EQ(Census::now(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(In, ScreenDisplayFaults,
-                         ::testing::Values(Fault{"GetDC", false}, Fault{"ChoosePixelFormat", false},
-                                           Fault{"SetPixelFormat", false}, Fault{"wglCreateContext", false},
-                                           Fault{"wglMakeCurrent", false}, Fault{"glGenLists", true},
-                                           Fault{"CreateFontW", true}, Fault{"wglUseFontBitmapsW", true}),
-                         [](const auto& tested) { return std::string(tested.param.function); });
+INSTANTIATE_TEST_SUITE_P(
+    In, ScreenDisplayFaults,
+    ::testing::Values(DisplayFault{"GetDC", false}, DisplayFault{"ChoosePixelFormat", false},
+                      DisplayFault{"SetPixelFormat", false}, DisplayFault{"wglCreateContext", false},
+                      DisplayFault{"wglMakeCurrent", false}, DisplayFault{"glGenLists", true},
+                      DisplayFault{"CreateFontW", true}, DisplayFault{"wglUseFontBitmapsW", true}),
+    [](const auto& tested) { return std::string(tested.param.function); });
 
 TEST(ScreenDisplayFaultsOnce, OfListsKeepsTheListsOfTheHost) {
     const TestWindow window;

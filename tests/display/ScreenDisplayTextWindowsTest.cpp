@@ -6,9 +6,8 @@
 namespace qel::test {
 namespace {
 
-constexpr GLuint kListBase = 5000;
+constexpr GLuint kHostLists = 5000;
 constexpr std::size_t kLongest = 255;
-constexpr Rgba kBlack{0, 0, 0, 255};
 
 /// A display whose font begins at a list that the test knows.
 class ScreenDisplayText : public ::testing::Test {
@@ -18,12 +17,12 @@ class ScreenDisplayText : public ::testing::Test {
 
     ScreenDisplayText() {
         CallTrace trace;
-        trace.answer("glGenLists", kListBase);
+        trace.answer("glGenLists", kHostLists);
         display.attach(window);
     }
 
     static Calls printed(const std::string& text) {
-        return {call("glPushAttrib", GL_LIST_BIT), call("glListBase", kListBase - kFirstCharacter),
+        return {call("glPushAttrib", GL_LIST_BIT), call("glListBase", kHostLists - kFirstCharacter),
                 call("glCallLists", text.size(), GL_UNSIGNED_BYTE, text), call("glPopAttrib")};
     }
 
@@ -151,11 +150,11 @@ TEST_F(ScreenDisplayText, DrawsEveryPrintableCharacterButTheSpace) {
 }
 
 TEST_F(ScreenDisplayText, DeletesItsListsWithTheDisplay) {
-    EXPECT_TRUE(glIsList(kListBase));
-    EXPECT_TRUE(glIsList(kListBase + kFontLists - 1));
+    EXPECT_TRUE(glIsList(kHostLists));
+    EXPECT_TRUE(glIsList(kHostLists + kFontLists - 1));
     const CallTrace trace;
     display.release();
-    EXPECT_TRUE(callsMatch(trace.callsOf("glDeleteLists"), {call("glDeleteLists", kListBase, kFontLists)}));
+    EXPECT_TRUE(callsMatch(trace.callsOf("glDeleteLists"), {call("glDeleteLists", kHostLists, kFontLists)}));
 }
 
 TEST(ScreenDisplayTextUnattached, CallsNoListsOfTheHost) {

@@ -13,7 +13,7 @@
 namespace qel::test {
 namespace {
 
-using Operation = MonkeyOperation<IQelTrackBall>;
+using CameraOperation = MonkeyOperation<IQelTrackBall>;
 
 /// Sizes that a window can have, and some that none has.
 std::uint32_t viewSide(WildArguments& wild) {
@@ -21,7 +21,7 @@ std::uint32_t viewSide(WildArguments& wild) {
     return wild.pick(8) == 0 ? kImpossible[wild.pick(3)] : static_cast<std::uint32_t>(1 + wild.pick(300));
 }
 
-constexpr Operation kOperations[] = {
+constexpr CameraOperation kCameraOperations[] = {
     {"onResize",
      [](IQelTrackBall& v, WildArguments& w) {
          const std::uint32_t width = viewSide(w);
@@ -214,8 +214,8 @@ TEST_P(CameraMonkey, LeavesAFiniteCameraAndRefusedCallsChangeNoField) {
     view->setExtent({-1.0, 1.0, -1.0, 1.0, -1.0, 1.0}, true);
     std::vector<double> before;
     letMonkeyPlay<IQelTrackBall>(
-        *view, kOperations, GetParam(), [&] { before = fieldsOf(*view); },
-        [&](const Operation&, const WildArguments& wild) {
+        *view, kCameraOperations, GetParam(), [&] { before = fieldsOf(*view); },
+        [&](const CameraOperation&, const WildArguments& wild) {
             const std::vector<double> after = fieldsOf(*view);
             for (std::size_t field = 0; field < after.size(); ++field) {
                 ASSERT_TRUE(std::isfinite(after[field])) << "field " << field;

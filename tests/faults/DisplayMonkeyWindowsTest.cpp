@@ -33,7 +33,7 @@ struct DisplayAndWindows {
     DisplayAndWindows& operator=(const DisplayAndWindows&) = delete;
 };
 
-using Operation = MonkeyOperation<DisplayAndWindows>;
+using DisplayOperation = MonkeyOperation<DisplayAndWindows>;
 
 std::int32_t viewSide(WildArguments& wild) {
     return wild.pick(6) == 0 ? -static_cast<std::int32_t>(wild.pick(3))
@@ -49,7 +49,7 @@ bool isSeldom(WildArguments& wild) {
     return wild.pick(12) == 0;
 }
 
-constexpr Operation kOperations[] = {
+constexpr DisplayOperation kDisplayOperations[] = {
     {"attachWindow",
      [](DisplayAndWindows& d, WildArguments& w) {
          if (isSeldom(w)) {
@@ -170,8 +170,8 @@ TEST_P(DisplayMonkey, EndsWithADisplayThatShowsItsFrameAndGivesEverythingBack) {
     {
         DisplayAndWindows subject;
         letMonkeyPlay<DisplayAndWindows>(
-            subject, kOperations, GetParam(), [] {},
-            [&](const Operation&, const WildArguments&) {
+            subject, kDisplayOperations, GetParam(), [] {},
+            [&](const DisplayOperation&, const WildArguments&) {
                 const XPnt3d eye = subject.display->getTrackBall()->getEye();
                 ASSERT_TRUE(std::isfinite(eye.x) && std::isfinite(eye.y) && std::isfinite(eye.z));
                 ASSERT_EQ(subject.display->referenceCount(), 1);

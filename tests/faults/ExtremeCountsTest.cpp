@@ -1,15 +1,12 @@
 #include <cstdint>
-#include <limits>
 #include <string>
 
+#include "ExtremeNumbers.h"
 #include "host/HostGeometries.h"
 #include "symbol/ArraysOfAHost.h"
 
 namespace qel::test {
 namespace {
-
-constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kSmallest = std::numeric_limits<std::int32_t>::min();
 /// Around each of these a product of 32 bits goes wrong; the largest but one is a multiple of three. The
 /// negative ones are 2^32 - 1 and 2^31 of a host that counts without a sign.
 constexpr std::int32_t kCounts[] = {0, 1, 3, 46341, 65536, kLargest - 1, kLargest, -1, kSmallest};

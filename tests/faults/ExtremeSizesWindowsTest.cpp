@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "ExtremeNumbers.h"
 #include "IQelTrackBall.h"
 #include "QelMatrix.h"
 #include "display/DisplayFixtureWindows.h"
@@ -15,8 +16,6 @@
 
 namespace qel::test {
 namespace {
-
-constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
 /// Around each of these a product of 32 bits goes wrong. The last is 2^32 - 1 of a host that counts without a
 /// sign.
 constexpr std::array<std::int32_t, 6> kSides{0, 1, 46341, 65536, kLargest, -1};

@@ -56,14 +56,14 @@ struct FlatDisplayAndWindows {
     }
 };
 
-using Operation = MonkeyOperation<FlatDisplayAndWindows>;
+using FlatOperation = MonkeyOperation<FlatDisplayAndWindows>;
 using Subject = FlatDisplayAndWindows;
 
 std::uint32_t anyColor(WildArguments& wild) {
     return wild.pick(4) == 0 ? wild.size() : static_cast<std::uint32_t>(wild.pick(0x1000000));
 }
 
-constexpr Operation kOperations[] = {
+constexpr FlatOperation kFlatOperations[] = {
     {"attachWindow",
      [](Subject& s, WildArguments& w) {
          const std::int32_t windows[] = {number32(s.first.hwnd()), number32(s.second.hwnd()), s.gone, 0};
@@ -202,12 +202,12 @@ TEST_P(GdiMonkey, EndsWithADisplayThatDrawsAsANewOneAndGivesEverythingBack) {
     const auto play = [] {
         Subject subject;
         letMonkeyPlay<Subject>(
-            subject, kOperations, GetParam(),
+            subject, kFlatOperations, GetParam(),
             [&subject] {
                 subject.before = Told::by(*subject.display.operator->());
                 subject.mayChange = false;
             },
-            [&subject](const Operation&, const WildArguments&) {
+            [&subject](const FlatOperation&, const WildArguments&) {
                 ASSERT_TRUE(subject.mayChange || Told::by(*subject.display.operator->()) == subject.before)
                     << "changed what it tells";
                 ASSERT_EQ(subject.display->referenceCount(), 1);

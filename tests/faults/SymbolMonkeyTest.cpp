@@ -17,7 +17,7 @@
 namespace qel::test {
 namespace {
 
-using Operation = MonkeyOperation<IQelSymbol>;
+using SymbolOperation = MonkeyOperation<IQelSymbol>;
 
 constexpr std::array<std::uint32_t, 8> kTypes{GL_FLOAT, GL_DOUBLE, GL_INT, GL_SHORT,
                                               GL_BYTE,  0,         1,      0xFFFFFFFFU};
@@ -136,7 +136,7 @@ float narrow(double value) {
     return std::fabs(value) < 1e38 ? static_cast<float>(value) : std::numeric_limits<float>::infinity();
 }
 
-constexpr Operation kOperations[] = {
+constexpr SymbolOperation kSymbolOperations[] = {
     {"setName", [](IQelSymbol& s, WildArguments& w) { s.setName(QString::fromStdString(w.text())); }},
     {"getName", [](IQelSymbol& s, WildArguments&) { s.getName(); }},
     {"drawGeometry",
@@ -294,8 +294,8 @@ TEST_P(SymbolMonkey, LeavesStacksArraysAndSwitchesAsTheyWere) {
     const ref_ptr<IQelSymbol> symbol = newQelSymbol();
     std::vector<int> before;
     letMonkeyPlay<IQelSymbol>(
-        *symbol, kOperations, GetParam(), [&] { before = depthsOfStacks(); },
-        [&](const Operation&, const WildArguments&) {
+        *symbol, kSymbolOperations, GetParam(), [&] { before = depthsOfStacks(); },
+        [&](const SymbolOperation&, const WildArguments&) {
             ASSERT_EQ(depthsOfStacks(), before);
             ASSERT_EQ(symbol->referenceCount(), 1);
             glGetError();

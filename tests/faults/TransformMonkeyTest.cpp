@@ -11,9 +11,9 @@
 namespace qel::test {
 namespace {
 
-using Operation = MonkeyOperation<CQelTransform2d>;
+using TransformOperation = MonkeyOperation<CQelTransform2d>;
 
-constexpr Operation kOperations[] = {
+constexpr TransformOperation kTransformOperations[] = {
     {"setAnchorPoint", [](CQelTransform2d& t, WildArguments& w) { t.setAnchorPoint(w.point()); }},
     {"setModelExtent", [](CQelTransform2d& t, WildArguments& w) { t.setModelExtent(w.box()); }},
     {"setDeviceExtent", [](CQelTransform2d& t, WildArguments& w) { t.setDeviceExtent(w.box()); }},
@@ -62,8 +62,8 @@ TEST_P(TransformMonkey, EndsWithATransformThatWorks) {
     const GlSurface surface(200, 100);
     const ref_ptr<CQelTransform2d> transform(new CQelTransform2d());
     letMonkeyPlay<CQelTransform2d>(
-        *transform, kOperations, GetParam(), [] {},
-        [&](const Operation&, const WildArguments&) {
+        *transform, kTransformOperations, GetParam(), [] {},
+        [&](const TransformOperation&, const WildArguments&) {
             ASSERT_EQ(transform->referenceCount(), 1);
             glGetError();
         });

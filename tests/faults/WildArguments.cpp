@@ -4,21 +4,18 @@
 #include <cmath>
 #include <limits>
 
+#include "ExtremeNumbers.h"
+
 namespace qel::test {
 
 namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kSmallest = std::numeric_limits<std::int32_t>::min();
 
 constexpr std::array kWildReals{
     0.0,           -0.0,         1e-300,   std::numeric_limits<double>::denorm_min(),
     1e-7,          1e7,          -1e7,     2147483647.0,
     -2147483647.0, 4294967296.0, 1e39,     -1e39,
     1e154,         1.7e308,      -1.7e308, kInfinity,
-    -kInfinity,    kNotANumber};
+    -kInfinity,    kNaN};
 constexpr std::array kWildWholes{0, 1, -1, 2, 3, 7, 8, 46341, 65536, kLargest, kSmallest, kSmallest + 1};
 constexpr std::array kSizes{0U, 1U, 2U, 17U, 64U, 100U, 200U, 46341U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU};
 constexpr std::array kLengths{0U, 1U, 40U, 254U, 255U, 256U, 10000U};

@@ -1,15 +1,11 @@
 #include <cmath>
-#include <limits>
 #include <random>
 
+#include "ExtremeNumbers.h"
 #include "GdiFixtureWindows.h"
 
 namespace qel::test {
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr std::int32_t kNowhere = std::numeric_limits<std::int32_t>::min();
 
 void expectExtent(const Enve2d& actual, const Enve2d& expected) {
     EXPECT_DOUBLE_EQ(actual.xmin, expected.xmin);
@@ -132,16 +128,16 @@ TEST(GdiDisplayMapping, PutsPointsThatHaveNoPixelFarOutside) {
     display->setViewExtent({0, 0, 100, 100});
     for (const double wild : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 4e9, -4e9}) {
         const PixelPoint pixel = display->worldToScreen({wild, wild});
-        expectPixel(pixel, kNowhere, kNowhere);
-        expectPixel(display->worldToScreen3d({wild, wild, wild}), kNowhere, kNowhere);
+        expectPixel(pixel, kSmallest, kSmallest);
+        expectPixel(display->worldToScreen3d({wild, wild, wild}), kSmallest, kSmallest);
     }
     // One coordinate does not spoil the other.
-    expectPixel(display->worldToScreen({kNaN, 5}), kNowhere, 94);
-    expectPixel(display->worldToScreen({5, kNaN}), 5, kNowhere);
+    expectPixel(display->worldToScreen({kNaN, 5}), kSmallest, 94);
+    expectPixel(display->worldToScreen({5, kNaN}), 5, kSmallest);
     // The row of a point far below fits an integer only just.
     expectPixel(display->worldToScreen({0, -2147483000.0}), 0, 2147483098);
-    EXPECT_EQ(display->screenToWorld(kNowhere, kNowhere).x, -2147483648.0);
-    EXPECT_EQ(display->screenToWorld(kNowhere, kNowhere).y, 2147483747.0);
+    EXPECT_EQ(display->screenToWorld(kSmallest, kSmallest).x, -2147483648.0);
+    EXPECT_EQ(display->screenToWorld(kSmallest, kSmallest).y, 2147483747.0);
 }
 
 TEST(GdiDisplayMapping, WithoutAScaleHasNoPixelsAndOnePlace) {
@@ -149,7 +145,7 @@ TEST(GdiDisplayMapping, WithoutAScaleHasNoPixelsAndOnePlace) {
     display->setPixelSize(100, 100);
     display->setViewExtent({3, 4, 3, 4});
     for (const XPnt2d& point : {XPnt2d{3, 4}, XPnt2d{0, 0}, XPnt2d{1e300, -1e300}}) {
-        expectPixel(display->worldToScreen(point), kNowhere, kNowhere);
+        expectPixel(display->worldToScreen(point), kSmallest, kSmallest);
     }
     EXPECT_EQ(display->screenToWorld(50, 50).x, 3.0);
     EXPECT_EQ(display->screenToWorld(50, 50).y, 4.0);

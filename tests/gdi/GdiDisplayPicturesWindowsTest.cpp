@@ -5,8 +5,6 @@ namespace {
 
 using GdiDisplayPictures = GdiPictureTest;
 
-constexpr Rgba kWhite{255, 255, 255, 255};
-constexpr Rgba kBlue{0, 0, 255, 255};
 constexpr Rgba kGrey{150, 150, 150, 255};
 
 /// Row counted from the upper edge.

@@ -1,3 +1,4 @@
+#include "ExtremeNumbers.h"
 #include "GdiFixtureWindows.h"
 
 namespace qel::test {
@@ -185,10 +186,9 @@ TEST_F(GdiDisplayTrace, OfASegmentMovesAndDrawsInThePlane) {
     const CallTrace trace;
     EXPECT_EQ(display->drawLineSeg({{10, 20, 5}, {60, 50, -1e9}}), 1);
     EXPECT_EQ(display->drawLineSeg({{-1e300, 20, 0}, {60, 1e300, 0}}), 1);
-    constexpr std::int32_t kNowhere = INT32_MIN;
-    EXPECT_TRUE(callsMatch(trace.calls(),
-                           {call("MoveToEx", dc, 10, 79, nullptr), call("LineTo", dc, 60, 49),
-                            call("MoveToEx", dc, kNowhere, 79, nullptr), call("LineTo", dc, 60, kNowhere)}));
+    EXPECT_TRUE(callsMatch(
+        trace.calls(), {call("MoveToEx", dc, 10, 79, nullptr), call("LineTo", dc, 60, 49),
+                        call("MoveToEx", dc, kSmallest, 79, nullptr), call("LineTo", dc, 60, kSmallest)}));
 }
 
 TEST_F(GdiDisplayTrace, OfTheMappingIsEmpty) {

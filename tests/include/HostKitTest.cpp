@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <limits>
 #include <vector>
 
+#include "ExtremeNumbers.h"
 #include "QelArrayElements.h"
 #include "host/ViewSubject.h"
 #include "kit/CallTrace.h"
@@ -94,6 +94,32 @@ TEST(HostKitClippingPlanes, EncloseTheBoxSeenFromOutside) {
     EXPECT_DOUBLE_EQ(view->getFarPlane(), 119.5);
 }
 
+TEST(HostKitClippingPlanes, EncloseABoxBesideTheAxisOfTheView) {
+    const ViewSubject view;
+    view->setCamera({0, 0, 0}, {0, 100, 0}, {0, 0, 1});
+    qel::fitClippingPlanes(*view, {297, 303, 396, 404, -12, 12});  // 400 ahead, 500 away
+    EXPECT_DOUBLE_EQ(view->getNearPlane(), 95.0);
+    EXPECT_DOUBLE_EQ(view->getFarPlane(), 419.5);
+    view->setCamera({0, 0, 0}, {0, 400, 0}, {0, 0, 1});
+    qel::fitClippingPlanes(*view, {297, 303, 396, 404, -12, 12});
+    EXPECT_DOUBLE_EQ(view->getNearPlane(), 380.0);
+}
+
+TEST(HostKitClippingPlanes, LeaveNothingOfABoxBehindTheEye) {
+    const ViewSubject view;
+    view->setCamera({0, 0, 0}, {0, 40, 0}, {0, 0, 1});
+    qel::fitClippingPlanes(*view, {-3, 3, -104, -96, -12, 12});
+    EXPECT_DOUBLE_EQ(view->getNearPlane(), 0.0325);
+    EXPECT_DOUBLE_EQ(view->getFarPlane(), 42.0);
+}
+
+TEST(HostKitClippingPlanes, MeasureTheDistanceOfTheBoxWhereTheTargetIsTheEye) {
+    const ViewSubject view;
+    view->setCamera({0, -100, 0}, {0, -100, 0}, {0, 0, 1});
+    qel::fitClippingPlanes(*view, {-3, 3, -4, 4, -12, 12});
+    EXPECT_DOUBLE_EQ(view->getFarPlane(), 119.5);
+}
+
 TEST(HostKitClippingPlanes, StayInFrontOfAnEyeInsideTheBox) {
     const ViewSubject view;
     view->setCamera({0, -1, 0}, {0, 0, 0}, {0, 0, 1});
@@ -148,8 +174,7 @@ TEST(HostKitClippingPlanes, IgnoreAnInvalidBox) {
     const ViewSubject view;
     Enve3d invalid;
     invalid.setInvalid();
-    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-    for (const Enve3d& box : {invalid, Enve3d{0, kNan, 0, 1, 0, 1}, Enve3d{0, 1, 0, 1, 0, kNan}}) {
+    for (const Enve3d& box : {invalid, Enve3d{0, kNaN, 0, 1, 0, 1}, Enve3d{0, 1, 0, 1, 0, kNaN}}) {
         qel::fitClippingPlanes(*view, box);
         EXPECT_EQ(view->getNearPlane(), 0.001);
         EXPECT_EQ(view->getFarPlane(), 50000.0);

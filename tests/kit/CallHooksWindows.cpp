@@ -50,11 +50,12 @@ struct HookEntry {
     void (*keepOriginal)(void* function);
 };
 
-/// The signature comes as an argument, because attributes such as "never returns" are no part of a
-/// template's.
-template <Traced kFunction, class Rule, class Signature>
-HookEntry entryOf(Signature /*function*/) {
-    using Hook = CallHook<kFunction, Rule, Signature>;
+/// The function comes as an argument and only its result and arguments count: for one compiler attributes
+/// such as "never returns" are no part of a template's argument, for another they are part of a pointer's
+/// type.
+template <Traced kFunction, class Rule, class Result, class... Arguments>
+HookEntry entryOf(Result (* /*function*/)(Arguments...)) {
+    using Hook = CallHook<kFunction, Rule, Result (*)(Arguments...)>;
     return {reinterpret_cast<void*>(&Hook::call),
             [](void* function) { Hook::original = reinterpret_cast<decltype(Hook::original)>(function); }};
 }

@@ -9,6 +9,11 @@ namespace qel::test {
 
 /// Red, green, blue and alpha, 0 to 255.
 using Rgba = std::array<std::uint8_t, 4>;
+inline constexpr Rgba kBlack{0, 0, 0, 255};
+inline constexpr Rgba kWhite{255, 255, 255, 255};
+inline constexpr Rgba kRed{255, 0, 0, 255};
+inline constexpr Rgba kGreen{0, 255, 0, 255};
+inline constexpr Rgba kBlue{0, 0, 255, 255};
 
 /// A current OpenGL context with a known size: under Windows in a hidden window of its own (double-buffered,
 /// at least 24 bits of colour and of depth), natively in a buffer of OSMesa (24 bits of depth,
@@ -34,7 +39,7 @@ class GlSurface {
 
     /// Clears colour to the given one and depth to 1, over the whole surface. Leaves the clear values as they
     /// were.
-    void clear(const Rgba& colour = {0, 0, 0, 255});
+    void clear(const Rgba& colour = kBlack);
 
     /// The colour drawn at a pixel of the draw buffer, origin lower left.
     Rgba pixel(int x, int y) const;

@@ -10,10 +10,6 @@
 namespace qel::test {
 namespace {
 
-constexpr Rgba kBlack = {0, 0, 0, 255};
-constexpr Rgba kRed = {255, 0, 0, 255};
-constexpr Rgba kGreen = {0, 255, 0, 255};
-
 /// A folder for pictures that is removed with the test.
 class PictureFile : public ::testing::Test {
   protected:

@@ -8,11 +8,6 @@ namespace qel::test {
 
 namespace {
 
-constexpr Rgba kBlack{0, 0, 0, 255};
-constexpr Rgba kRed{255, 0, 0, 255};
-constexpr Rgba kGreen{0, 255, 0, 255};
-constexpr Rgba kBlue{0, 0, 255, 255};
-constexpr Rgba kWhite{255, 255, 255, 255};
 /// Colours of whole steps come out of every renderer as they are; one step for its rounding.
 constexpr int kRounding = 1;
 

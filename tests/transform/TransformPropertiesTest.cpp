@@ -5,6 +5,7 @@
 #include <random>
 
 #include "CQelTransform2d.h"
+#include "ExtremeNumbers.h"
 #include "QelGl.h"
 #include "QelRefPtr.h"
 #include "kit/CallTrace.h"
@@ -12,8 +13,6 @@
 
 namespace qel::test {
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr std::int32_t kNowhere = std::numeric_limits<std::int32_t>::min();
 using Transform = ref_ptr<CQelTransform2d>;
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -50,6 +51,9 @@ class WritingDisplay : public RecordingDisplay {
 
     std::vector<std::string> written;
 };
+
+/// Half the height of the view at the distance 1, of the first field of view.
+inline const double kHalfViewTangent = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
 
 /// A camera in a view of 400 x 300 pixels that looks at a model of 20 units around the origin, from the side
 /// and above; lighting and texturing are on, the depth test is off, lines are 3 pixels wide.
@@ -166,12 +170,6 @@ class OverlayTest : public ::testing::Test {
         }
         return false;
     }
-
-    static constexpr Rgba kBlack{0, 0, 0, 255};
-    static constexpr Rgba kWhite{255, 255, 255, 255};
-    static constexpr Rgba kRed{255, 0, 0, 255};
-    static constexpr Rgba kGreen{0, 255, 0, 255};
-    static constexpr Rgba kBlue{0, 0, 255, 255};
 
     GlSurface surface{400, 300};
     ref_ptr<WritingDisplay> display{new WritingDisplay};

@@ -8,8 +8,6 @@ namespace {
 
 /// The inset of the tripod from the right and the upper edge, in pixels.
 constexpr double kInset = 40.0;
-const double kTangent = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
-
 class TrackBallAxes : public OverlayTest {
   protected:
     /// Place and size of the tripod: where it stands, how long its lines are, and how long the axes of the
@@ -31,7 +29,7 @@ class TrackBallAxes : public OverlayTest {
             return {oracle.pointUnder(corner, middle), right * 0.05, right};
         }
         const glm::dvec3 anchor = oracle.pointUnder(corner, asGlm(camera->getTarget()));
-        const double reach = glm::length(anchor - oracle.eye) * kTangent;
+        const double reach = glm::length(anchor - oracle.eye) * kHalfViewTangent;
         return {anchor, reach * 0.04, reach};
     }
 

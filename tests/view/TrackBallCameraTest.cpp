@@ -7,6 +7,7 @@
 #include <string>
 
 #include "CQelTrackBall.h"
+#include "ExtremeNumbers.h"
 #include "GlOracle.h"
 #include "RandomCameras.h"
 #include "host/ViewSubject.h"
@@ -147,7 +148,6 @@ TEST(TrackBallCamera, KeepsTheShapeOfTheViewWhenTheFieldOfViewChanges) {
 
 TEST(TrackBallCamera, RefusesAFieldOfViewThatIsNoNumber) {
     const ViewSubject view;
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
     for (const double degrees : {kInfinity, -kInfinity, std::numeric_limits<double>::quiet_NaN()}) {
         const CallTrace trace;
         EXPECT_EQ(view->setFieldOfView(degrees), 0);

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "ExtremeNumbers.h"
 #include "EyeOracle.h"
 #include "QelGl.h"
 #include "WatchedCamera.h"
@@ -12,9 +12,6 @@
 namespace qel::test {
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 /// A camera 100 units in front of a model of 40 units, in a view of 400 x 300 pixels.
 class TrackBallDrag : public ::testing::Test {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
+#include "ExtremeNumbers.h"
 #include "FitHelp.h"
 #include "RandomCameras.h"
 
@@ -68,12 +68,10 @@ TEST_F(TrackBallFit, SetExtentWithZoomFitsItQuickly) {
 }
 
 TEST_F(TrackBallFit, RefusesExtentsThatAreNoneAndChangesNothing) {
-    constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
     const Enve3d before = view->getExtent();
     for (const Enve3d& box :
          {invalidBox(), Enve3d{1.0, 0.0, 0.0, 1.0, 0.0, 1.0}, Enve3d{0.0, 1.0, 1.0, 0.0, 0.0, 1.0},
-          Enve3d{0.0, kInfinity, 0.0, 1.0, 0.0, 1.0}, Enve3d{0.0, 1.0, 0.0, 1.0, 0.0, kNotANumber},
+          Enve3d{0.0, kInfinity, 0.0, 1.0, 0.0, 1.0}, Enve3d{0.0, 1.0, 0.0, 1.0, 0.0, kNaN},
           Enve3d{-1.7e308, 1.7e308, 0.0, 1.0, 0.0, 1.0}}) {
         EXPECT_EQ(view->setExtent(box, true), -1);
         EXPECT_EQ(view->zoomToExtent(box, false), -1);

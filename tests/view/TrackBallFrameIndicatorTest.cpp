@@ -1,14 +1,12 @@
 #include <cmath>
 #include <limits>
 
+#include "ExtremeNumbers.h"
 #include "OverlayScene.h"
 
 namespace qel::test {
 
 namespace {
-
-const double kTangent = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 class TrackBallFrameIndicator : public OverlayTest {
   protected:
@@ -18,7 +16,7 @@ class TrackBallFrameIndicator : public OverlayTest {
     double reach() const {
         const EyeOracle oracle(*camera);
         return camera->isOrtho() ? 200.0 * oracle.unitsPerPixel(-1.0)
-                                 : glm::length(at - oracle.eye) * kTangent;
+                                 : glm::length(at - oracle.eye) * kHalfViewTangent;
     }
 
     double length(double size) const { return camera->isOrtho() ? reach() * 0.05 : reach() * 0.0025 * size; }
@@ -115,7 +113,7 @@ TEST_F(TrackBallFrameIndicator, CountsItsSizeInPartsOfTheViewsHeight) {
     settle();
     const CallTrace trace;
     draw(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), 400.0F, kOver);
-    const double half = 100.0 * kTangent;
+    const double half = 100.0 * kHalfViewTangent;
     EXPECT_TRUE(callMatches(trace.calls("glVertex3d")[5], vertex(at + glm::dvec3(half, 0.0, 0.0), 1e-9)));
 }
 

@@ -1,13 +1,12 @@
 #include <cmath>
 #include <limits>
 
+#include "ExtremeNumbers.h"
 #include "OverlayScene.h"
 
 namespace qel::test {
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct LabelCase {
     const char* name;

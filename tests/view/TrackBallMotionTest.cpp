@@ -2,10 +2,10 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
 #include <numbers>
 #include <random>
 
+#include "ExtremeNumbers.h"
 #include "EyeOracle.h"
 #include "WatchedCamera.h"
 #include "kit/CallTrace.h"
@@ -16,9 +16,6 @@ namespace qel::test {
 namespace {
 
 using Values = std::array<double, 6>;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 /// A camera 100 units in front of a model of 40 units; the rotation centre lies beside the line of sight.
 class TrackBallMotion : public ::testing::Test {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "CQelTrackBall.h"
+#include "ExtremeNumbers.h"
 #include "GlOracle.h"
 #include "RandomCameras.h"
 #include "ViewTraces.h"
@@ -12,9 +12,6 @@
 
 namespace qel::test {
 namespace {
-
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 TEST(TrackBallPickingProjection, IsGlusWithTheMatricesOpenGlHolds) {
     const ViewSubject view(200, 100);
@@ -234,7 +231,7 @@ TEST_F(TrackBallPicking, JustOutsideTheViewStillSnaps) {
 
 TEST_F(TrackBallPicking, WithNumbersThatAreNoneAnswersWithoutReading) {
     const CallTrace trace;
-    for (const double wrong : {kNotANumber, kInfinity, -kInfinity}) {
+    for (const double wrong : {kNaN, kInfinity, -kInfinity}) {
         EXPECT_FALSE(view->getModelPntAt(wrong, 1.0).isValid());
         EXPECT_FALSE(view->getModelPntAt(1.0, wrong).isValid());
         const XPnt3d picked = view->pickModelPnt(wrong, 1.0);

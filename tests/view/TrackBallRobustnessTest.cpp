@@ -7,18 +7,15 @@
 #include <string>
 
 #include "CQelTrackBall.h"
+#include "ExtremeNumbers.h"
 #include "GlOracle.h"
 #include "host/ViewSubject.h"
 
 namespace qel::test {
 namespace {
-
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kWild[] = {
-    kNotANumber, kInfinity, -kInfinity, 1.7e308, -1.7e308,
-    1e300,       1e39,      -1e20,      1e-40,   std::numeric_limits<double>::denorm_min(),
-    0.0};
+constexpr double kWild[] = {kNaN,  kInfinity, -kInfinity, 1.7e308, -1.7e308,
+                            1e300, 1e39,      -1e20,      1e-40,   std::numeric_limits<double>::denorm_min(),
+                            0.0};
 
 struct WildCase {
     const char* name;
@@ -210,7 +207,7 @@ class TrackBallRobustness : public TrackBallRobustnessWildArguments {};
 
 TEST_F(TrackBallRobustness, OfNaNChangeNothing) {
     const XPnt3d eye = view->getEye();
-    for (const double wrong : {kNotANumber, kInfinity, -kInfinity}) {
+    for (const double wrong : {kNaN, kInfinity, -kInfinity}) {
         EXPECT_EQ(view->setCamera({wrong, 0.0, 0.0}, {}, {0.0, 1.0, 0.0}), 0);
         EXPECT_EQ(view->moveBy(0.0, wrong, 0.0), 1);
         EXPECT_EQ(view->pan(wrong, 0.0), 1);

@@ -4,6 +4,7 @@
 #include <limits>
 #include <random>
 
+#include "ExtremeNumbers.h"
 #include "EyeOracle.h"
 #include "QelGl.h"
 #include "WatchedCamera.h"
@@ -16,7 +17,6 @@ namespace {
 
 /// Sphere vectors are formed from window coordinates that OpenGL's single-precision matrices give.
 constexpr double kSphere = 1e-5;
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// A camera 100 units in front of a model of 40 units, in a view of 400 x 300 pixels.
 class TrackBallRotation : public ::testing::Test {

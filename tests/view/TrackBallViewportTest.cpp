@@ -87,8 +87,6 @@ class TrackBallViewport : public ::testing::TestWithParam<ViewportCase> {
         camera->updateView();
     }
 
-    static constexpr Rgba kWhite{255, 255, 255, 255};
-
     GlSurface surface{400, 300};
     ref_ptr<WritingDisplay> display{new WritingDisplay};
     ref_ptr<CQelTrackBall> camera{new CQelTrackBall};

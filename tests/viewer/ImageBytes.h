@@ -29,11 +29,6 @@ namespace qel::test {
     return bytes;
 }
 
-inline constexpr Rgba kRed{255, 0, 0, 255};
-inline constexpr Rgba kGreen{0, 255, 0, 255};
-inline constexpr Rgba kBlue{0, 0, 255, 255};
-inline constexpr Rgba kWhite{255, 255, 255, 255};
-
 /// Four pixels: red and green above blue and white.
 [[nodiscard]] inline std::string fourPixels() {
     return tgaOf(2, {kRed, kGreen, kBlue, kWhite});

@@ -42,8 +42,9 @@ In the window:
 )";
 
 constexpr std::string_view kWindowHelp =
-    R"(  The menu has the same commands. The last eight file names are stored in the registry, under
-  HKEY_CURRENT_USER\Software\QelDisplay64t\qelview; runs without a window store nothing.
+    R"(  The menu has the same commands. The last eight file names, and size and projection of
+  the last window, are stored in the registry, under HKEY_CURRENT_USER\Software\QelDisplay64t\qelview;
+  runs without a window store nothing.
 
 In the window of a map (--map): 1 GDI, 2 OpenGL, 3 three dimensions, F fit, Esc quit; drag to
   pan, turn the wheel to zoom at the cursor. Without a file a generated map is shown.
@@ -84,8 +85,12 @@ std::optional<std::pair<int, int>> parseSize(std::string_view text) {
 
 void addWindowOptions(CLI::App& app, Options& options) {
     app.add_option("--capture", options.capture,
-                   "Capture the view to a BMP file and exit; with --script, the file for the key C")
-        ->type_name("FILE.bmp");
+                   "Capture the view to a BMP or PNG file and exit; with --script, the file for the key C")
+        ->type_name("FILE");
+    app.add_option("--capture-size", options.captureTimes,
+                   "How many times as large as the view captures are (1)")
+        ->check(CLI::IsMember({1, 2, 4}))
+        ->type_name("1|2|4");
     CLI::Option* const script =
         app.add_option("--script", options.script, "Play a script of mouse and keys and exit")
             ->type_name("FILE");
@@ -124,8 +129,9 @@ void addOptions(CLI::App& app, Options& options) {
                                               "'" + text + "' is not WIDTHxHEIGHT with 16 to 8192 pixels");
                }
                std::tie(options.width, options.height) = *size;
+               options.hasSize = true;
            },
-           "Size of the view in pixels (1280x800)")
+           "Size of the view in pixels (that of the last window, else 1280x800)")
         ->type_name("WxH");
     app.add_option("--view", options.view, "Standard view to start with (6)")
         ->check(CLI::Range(0, 7))

@@ -28,6 +28,8 @@ struct Options {
     /// Size of the view in pixels.
     int width = 1280;
     int height = 800;
+    /// True if the command line says so: then the last window's size does not count.
+    bool hasSize = false;
     /// One of the eight standard views.
     unsigned view = 6;
     bool isOrthographic = false;
@@ -37,8 +39,10 @@ struct Options {
     std::string out;
     /// Prefix of the names of eight pictures, one for each standard view; empty for none.
     std::string viewsOut;
-    /// Bitmap file of a capture: of the view, and for the key C in a window or script. Empty for none.
+    /// BMP or PNG file of a capture: of the view, and for the key C in a window or script. Empty for none.
     std::string capture;
+    /// How many times as large as the view captures are.
+    int captureTimes = 1;
     /// Script of mouse and keys; empty for none.
     std::string script;
     /// Recorded six-axis input, replayed in the window; empty for none.

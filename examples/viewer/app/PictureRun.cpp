@@ -37,7 +37,8 @@ bool writePicture(Stage& stage, const Options& options, unsigned view, const std
 bool writeCapture(Stage& stage, const Options& options) {
     choose(stage, options, options.view);
     stage.show();
-    const CaptureEnd end = stage.capture(std::filesystem::path(toWide(options.capture)));
+    const CaptureEnd end =
+        stage.capture(std::filesystem::path(toWide(options.capture)), options.captureTimes);
     if (end != CaptureEnd::Whole) {
         std::fprintf(stderr, "qelview: %s: the capture %s\n", options.capture.c_str(), reasonOf(end).c_str());
     }

@@ -1,5 +1,6 @@
 #include "ScriptRun.h"
 
+#include <array>
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -33,6 +34,18 @@ void pressOrRelease(const ViewerWindow& viewer, const ScriptStep& step) {
     const bool isDown = step.action == ScriptAction::Down;
     const WPARAM keys = (isDown ? button.held : 0) | (step.withShift ? WPARAM{MK_SHIFT} : WPARAM{0});
     send(viewer, isDown ? button.down : button.up, keys, MAKELPARAM(step.x, step.y));
+}
+
+void pressKey(const ViewerWindow& viewer, const KeyPress& press) {
+    // The window asks the system which modifier keys are held.
+    constexpr BYTE kHeld = 0x80;
+    std::array<BYTE, 256> keys{};
+    std::array<BYTE, 256> none = keys;
+    keys[VK_CONTROL] = press.withControl ? kHeld : BYTE{0};
+    keys[VK_SHIFT] = press.withShift ? kHeld : BYTE{0};
+    SetKeyboardState(keys.data());
+    send(viewer, WM_KEYDOWN, press.key, 0);
+    SetKeyboardState(none.data());
 }
 
 void turnWheel(const ViewerWindow& viewer, const ScriptStep& step) {
@@ -92,7 +105,7 @@ bool perform(ViewerWindow& viewer, const ScriptStep& step) {
             clickTwice(viewer, step);
             return true;
         case ScriptAction::Key:
-            send(viewer, WM_KEYDOWN, step.key, 0);
+            pressKey(viewer, step.key);
             return true;
         case ScriptAction::Drop:
             send(viewer, WM_DROPFILES, reinterpret_cast<WPARAM>(makeDrop({step.file})), 0);

@@ -94,7 +94,7 @@ class Tour {
         stage.show();
         const qel::XPnt3d point = stage.pointAt(place);
         if (point.isValid()) {
-            stage.annotations().mark = PointMark{point, stage.textOf(point)};
+            stage.annotations().marks = {{point, stage.textOf(point)}};
         }
         stage.annotations().hasStrip = true;
         stage.annotations().mouse = place;

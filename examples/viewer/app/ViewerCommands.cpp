@@ -1,7 +1,5 @@
 #include <cstdio>
-#include <filesystem>
 
-#include "CaptureName.h"
 #include "FileInput.h"
 #include "LoadTask.h"
 #include "ReadError.h"
@@ -27,6 +25,12 @@ bool ViewerWindow::take(const KeyCommand& wanted) {
         return true;
     }
     stage->annotations().notice.clear();
+    // A key that is held is one movement.
+    const bool isStep =
+        wanted.command == Command::Turn || wanted.command == Command::Pan || wanted.command == Command::Zoom;
+    if (wanted.command != Command::PreviousCamera && !(isStep && isMoving)) {
+        rememberCamera();
+    }
     // User input ends a demonstration.
     motion.clear();
     execute(wanted);
@@ -69,6 +73,42 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
         case Command::Open:
             openFiles(askForFiles(window.get()));
             break;
+        case Command::Measure:
+            switchMeasuring();
+            break;
+        case Command::CopyMeasurements:
+            copyMeasurements();
+            break;
+        case Command::Colours:
+            nextColours();
+            break;
+        case Command::PointSize:
+            growPoints(wanted.number == 0 ? 1.0F : -1.0F);
+            break;
+        case Command::Reload:
+            reload();
+            break;
+        case Command::Turn:
+        case Command::Pan:
+        case Command::Zoom:
+            moveByKey(wanted);
+            break;
+        case Command::Section:
+            nextSection();
+            break;
+        case Command::MoveSection:
+        case Command::FlipSection:
+            changeSection(wanted);
+            break;
+        case Command::PreviousCamera:
+            returnToPreviousCamera();
+            break;
+        case Command::CopyPicture:
+            copyView();
+            break;
+        case Command::CaptureSize:
+            nextCaptureSize();
+            break;
         case Command::Leave:
             leave();
             break;
@@ -94,6 +134,8 @@ void ViewerWindow::leave() {
         stage->annotations().panel = Panel::None;
     } else if (choosesRectangle) {
         chooseRectangle(false);
+    } else if (stage->annotations().isMeasuring) {
+        switchMeasuring();
     } else {
         ended = true;
     }
@@ -138,23 +180,17 @@ void ViewerWindow::switchStereo() {
     }
 }
 
-void ViewerWindow::captureToFreeName() {
-    const std::filesystem::path folder = std::filesystem::current_path();
-    const std::filesystem::path file =
-        captureFile.empty() ? freeCaptureName(folder) : std::filesystem::path(toWide(captureFile));
-    static_cast<void>(capture(file));
+void ViewerWindow::reload() {
+    if (shownFiles.empty()) {
+        say("No file is open");
+        return;
+    }
+    // Opening changes the list.
+    const std::vector<std::string> files = shownFiles;
+    openFiles(files, true);
 }
 
-bool ViewerWindow::capture(const std::filesystem::path& file) {
-    refresh();
-    const CaptureEnd end = file.empty() ? CaptureEnd::NotWritten : stage->capture(file);
-    const std::string name = toUtf8(file.filename().wstring());
-    const bool isWhole = end == CaptureEnd::Whole;
-    say(isWhole ? "Captured " + name : "The capture " + name + " " + reasonOf(end));
-    return isWhole;
-}
-
-bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
+bool ViewerWindow::openFiles(const std::vector<std::string>& files, bool isReload) {
     // A load handles messages while it runs, and one of them may be the next drop.
     if (files.empty() || isLoading) {
         return true;
@@ -163,7 +199,7 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     EnableWindow(window.get(), FALSE);
     std::string reason;
     try {
-        accept(environment.load(files, recent.upOf(absoluteName(files.front()))));
+        accept(environment.load(files, recent.upOf(absoluteName(files.front()))), isReload);
         remember(files);
     } catch (const ReadCancelled&) {
         say("Loading cancelled");
@@ -182,12 +218,18 @@ bool ViewerWindow::openFiles(const std::vector<std::string>& files) {
     return reason.empty();
 }
 
-void ViewerWindow::accept(Scene scene) {
+void ViewerWindow::accept(Scene scene, bool isReload) {
     printWarnings(scene);
     const std::string title = scene.title;
-    stage->setScene(std::move(scene));
     budget.reset();
-    stage->setView(firstView);
+    if (isReload) {
+        stage->renewScene(std::move(scene));
+        say("Loaded again");
+    } else {
+        stage->setScene(std::move(scene));
+        cameras.clear();
+        stage->setView(firstView);
+    }
     setCaption(title);
     redraw(Stale::Frame);
 }

@@ -9,8 +9,9 @@
 namespace qelview {
 
 void ViewerWindow::markMenu() {
-    showMarks(GetMenu(window.get()), {stage->camera().isOrtho(), stage->camera().getOverlayOption(),
-                                      stage->up() == UpAxis::Y, stage->isStereo()});
+    showMarks(GetMenu(window.get()),
+              {stage->camera().isOrtho(), stage->camera().getOverlayOption(), stage->up() == UpAxis::Y,
+               stage->isStereo(), stage->annotations().isMeasuring});
 }
 
 void ViewerWindow::remember(const std::vector<std::string>& files) {

@@ -72,6 +72,7 @@ void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
     }
     stage->annotations().notice.clear();
     motion.clear();
+    rememberCamera();
     SetCapture(window.get());
     stage->camera().onButtonDown(dragOf(gesture.tool()), place.x, place.y);
 }
@@ -141,22 +142,22 @@ void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     if (gesture.isActive()) {
         return;
     }
+    const double notches = static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA;
+    if ((GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) != 0 && stage->section() != SectionAxis::None) {
+        constexpr double kShareOfANotch = 0.01;
+        stage->moveSection(kShareOfANotch * notches);
+        saySection();
+        return;
+    }
     // Only the wheel message has screen coordinates.
     POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     ScreenToClient(window.get(), &onScreen);
     refresh();
-    stage->zoom(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA,
-                placeOf(MAKELPARAM(onScreen.x, onScreen.y)));
-    moved();
-}
-
-void ViewerWindow::markPoint(const PixelPlace& place) {
-    const qel::XPnt3d point = stage->pointAt(place);
-    std::optional<PointMark>& mark = stage->annotations().mark;
-    mark.reset();
-    if (point.isValid()) {
-        mark = PointMark{point, stage->textOf(point)};
+    if (!isMoving) {
+        rememberCamera();
     }
+    stage->zoom(notches, placeOf(MAKELPARAM(onScreen.x, onScreen.y)));
+    moved();
 }
 
 std::optional<PixelBox> ViewerWindow::drawnRectangle() const {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <utility>
 
@@ -32,13 +33,17 @@ double steadyMilliseconds() {
 }  // namespace
 
 Environment Environment::attended() {
-    return {true, steadyMilliseconds,
+    return {true,
+            steadyMilliseconds,
             [](const std::vector<std::string>& files, UpAxis up) {
                 LoadTask task(files, up);
                 return waitWithWindow(task);
             },
             [] { return readRecentFiles(kProgramKey); },
-            [](const std::vector<std::string>& files) { writeRecentFiles(kProgramKey, files); }};
+            [](const std::vector<std::string>& files) { writeRecentFiles(kProgramKey, files); },
+            [] { return readWindowLook(kProgramKey); },
+            [](const WindowLook& look) { writeWindowLook(kProgramKey, look); },
+            [](HWND window) { return window == nullptr ? GetDpiForSystem() : GetDpiForWindow(window); }};
 }
 
 Environment Environment::scripted() {
@@ -49,7 +54,10 @@ Environment Environment::scripted() {
                 return waitWithText(task);
             },
             {},
-            {}};
+            {},
+            {},
+            {},
+            [](HWND) { return unsigned{USER_DEFAULT_SCREEN_DPI}; }};
 }
 
 ViewerWindow::ViewerWindow(Environment around) : environment(std::move(around)) {
@@ -59,26 +67,49 @@ ViewerWindow::ViewerWindow(Environment around) : environment(std::move(around)) 
 }
 
 ViewerWindow::~ViewerWindow() {
+    if (stage && environment.writeLook) {
+        const double scale = scaleOf(window.get());
+        environment.writeLook({static_cast<int>(std::lround(ownSize.width / scale)),
+                               static_cast<int>(std::lround(ownSize.height / scale)),
+                               stage->camera().isOrtho()});
+    }
     // The display releases the window before the window is destroyed.
     stage.reset();
 }
 
+double ViewerWindow::scaleOf(HWND shown) const {
+    return static_cast<double>(environment.dotsPerInch(shown)) / USER_DEFAULT_SCREEN_DPI;
+}
+
 bool ViewerWindow::open(const Options& options, Scene scene) {
-    const ClientSize size{options.width, options.height};
-    window = create(size);
+    const std::optional<WindowLook> last = environment.readLook ? environment.readLook() : std::nullopt;
+    const WindowLook look =
+        last && !options.hasSize ? *last : WindowLook{options.width, options.height, options.isOrthographic};
+    const auto pixels = [&](HWND shown) {
+        // A size of the command line counts pixels, on every screen.
+        const double scale = options.hasSize ? 1.0 : scaleOf(shown);
+        return ClientSize{static_cast<int>(std::lround(look.width * scale)),
+                          static_cast<int>(std::lround(look.height * scale))};
+    };
+    window = create(pixels(nullptr));
     const std::string title = scene.title;
     stage = window ? Stage::open(window.get(), std::move(scene)) : nullptr;
     if (stage == nullptr) {
         window.reset();
         return false;
     }
+    // The window may have opened on a screen with another resolution than the system's.
+    setClientSize(window.get(), pixels(window.get()));
+    ownSize = clientSizeOf(window.get());
     captureFile = options.capture;
+    captureTimes = options.captureTimes;
     firstView = options.view;
     setCaption(title);
     stage->annotations().hasStrip = true;
-    stage->resize(clientSizeOf(window.get()));
+    stage->setScale(scaleOf(window.get()));
+    stage->resize(ownSize);
     stage->setView(options.view);
-    if (options.isOrthographic) {
+    if (options.isOrthographic || look.isOrthographic) {
         stage->switchProjection();
         stage->fit();
     }
@@ -101,6 +132,7 @@ ExitCode ViewerWindow::run(const Options& options, Scene scene) {
         }
     }
     remember(options.files);
+    listenToSixAxes(window.get());
     ShowWindow(window.get(), SW_SHOW);
     MSG message;
     while (!ended && GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -118,7 +150,6 @@ OwnedWindow ViewerWindow::create(const ClientSize& size) {
                                      makeMenuBar(recent.names()), GetModuleHandleW(nullptr), nullptr));
     if (made) {
         SetWindowLongPtrW(made.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        // The window may have opened on a screen with another resolution than the system's.
         setClientSize(made.get(), size);
     }
     return made;
@@ -146,7 +177,8 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             // The frame covers everything; erasing first would flicker.
             return true;
         case WM_KEYDOWN:
-            return take(commandOf(static_cast<unsigned>(wParam), GetKeyState(VK_CONTROL) < 0));
+            return take(commandOf(
+                {static_cast<unsigned>(wParam), GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_SHIFT) < 0}));
         case WM_COMMAND:
             return take(commandOfMenu(LOWORD(wParam)));
         case WM_INITMENU:
@@ -158,12 +190,13 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DROPFILES:
             openFiles(takeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
             return true;
-        case WM_DPICHANGED: {
-            const RECT& wanted = *reinterpret_cast<const RECT*>(lParam);
-            SetWindowPos(window.get(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
-                         wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        case WM_DPICHANGED:
+            changeScale(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return true;
-        }
+        case WM_INPUT:
+            followReports(takeReports(lParam));
+            // The system cleans up after it.
+            return false;
         case WM_CLOSE:
             ended = true;
             return true;
@@ -172,8 +205,16 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+void ViewerWindow::changeScale(unsigned dotsPerInch, const RECT& place) {
+    stage->setScale(static_cast<double>(dotsPerInch) / USER_DEFAULT_SCREEN_DPI);
+    SetWindowPos(window.get(), nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    redraw(Stale::Frame);
+}
+
 void ViewerWindow::resized(const ClientSize& size) {
     if (size.width > 0 && size.height > 0) {
+        ownSize = IsZoomed(window.get()) == FALSE ? size : ownSize;
         stage->resize(size);
         redraw(Stale::Frame);
     }

@@ -9,13 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "CameraHistory.h"
 #include "Commands.h"
 #include "DetailBudget.h"
 #include "MotionFile.h"
 #include "MouseGesture.h"
 #include "Options.h"
 #include "RecentFiles.h"
+#include "RecentStore.h"
 #include "Scene.h"
+#include "SixAxisInput.h"
 #include "Stage.h"
 #include "SystemWindow.h"
 
@@ -32,6 +35,11 @@ struct Environment {
     /// Where the names of recent files are stored; empty stores none.
     std::function<std::vector<std::string>()> readRecent;
     std::function<void(const std::vector<std::string>&)> writeRecent;
+    /// Where the look of the last window is stored; empty stores none.
+    std::function<std::optional<WindowLook>()> readLook;
+    std::function<void(const WindowLook&)> writeLook;
+    /// Dots per inch of a window's screen; of the system for no window.
+    std::function<unsigned(HWND)> dotsPerInch;
 
     /// A user, the system's clock, a progress window for long loads, the program's registry key.
     [[nodiscard]] static Environment attended();
@@ -67,8 +75,10 @@ class ViewerWindow {
     [[nodiscard]] bool hasFailedToOpen() const { return openFailed; }
     /// Replays six-axis input, one step per tick of the system's timer.
     void replay(std::vector<MotionStep> steps);
+    /// Moves the camera as the reports of a multi-axis controller say; during a drag they are dropped.
+    void followReports(const DeviceReports& reports);
     [[nodiscard]] bool isReplaying() const { return nextMotion < motion.size(); }
-    /// Writes the view to a BMP file and shows a message. Returns false if that failed.
+    /// Writes the view to a BMP or PNG file and shows a message. Returns false if that failed.
     bool capture(const std::filesystem::path& file);
 
     /// Puts files at the head of the recent files.
@@ -85,6 +95,9 @@ class ViewerWindow {
 
     static LRESULT CALLBACK dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] OwnedWindow create(const ClientSize& size);
+    /// The scale of a window's screen, or of the system's for none: 1 for 96 dots per inch.
+    [[nodiscard]] double scaleOf(HWND shown) const;
+    void changeScale(unsigned dotsPerInch, const RECT& place);
 
     /// True if the message needs no further handling.
     bool handle(UINT message, WPARAM wParam, LPARAM lParam);
@@ -109,6 +122,10 @@ class ViewerWindow {
     void rotateAbout(LPARAM position);
     void zoom(WPARAM wParam, LPARAM position);
     void markPoint(const PixelPlace& place);
+    void switchMeasuring();
+    void copyMeasurements();
+    void nextColours();
+    void growPoints(float pixels);
     [[nodiscard]] std::optional<PixelBox> drawnRectangle() const;
     /// The mouse position of a message in the stage's coordinates: y from the lower edge.
     [[nodiscard]] PixelPlace placeOf(LPARAM position) const;
@@ -121,15 +138,25 @@ class ViewerWindow {
     void keepRecent();
     void turnUp();
     void showAbout();
+    void moveByKey(const KeyCommand& wanted);
+    void rememberCamera();
+    void returnToPreviousCamera();
+    void reload();
+    void nextSection();
+    void changeSection(const KeyCommand& wanted);
+    void saySection();
     void switchPanel(Panel panel);
     void showWarnings();
     void leave();
     void chooseRectangle(bool isChosen);
     void switchStereo();
     void captureToFreeName();
+    void copyView();
+    void nextCaptureSize();
     /// Returns false if loading failed, which keeps the old scene.
-    bool openFiles(const std::vector<std::string>& files);
-    void accept(Scene scene);
+    /// @param isReload keeps the camera.
+    bool openFiles(const std::vector<std::string>& files, bool isReload = false);
+    void accept(Scene scene, bool isReload);
     void reportFailure(const std::string& reason);
     void setCaption(const std::string& title);
     void say(const std::string& notice);
@@ -138,10 +165,15 @@ class ViewerWindow {
     OwnedWindow window;
     std::unique_ptr<Stage> stage;
     std::string captureFile;
+    /// How many times as large as the view captures and copies are.
+    int captureTimes = 1;
     RecentFiles recent;
     /// Full names; empty for a scene that comes from no file.
     std::vector<std::string> shownFiles;
     unsigned firstView = 0;
+    /// Without the size of a maximised window.
+    ClientSize ownSize;
+    CameraHistory cameras;
     Stale stale = Stale::Frame;
     MouseGesture gesture;
     DetailBudget budget;

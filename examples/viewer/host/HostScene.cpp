@@ -13,6 +13,7 @@ namespace qelview {
 
 namespace {
 
+constexpr qel::QelColor3f kPlainColor{0.75F, 0.75F, 0.78F};
 constexpr std::uint16_t kDashes = 0x0F0F;
 
 template <class Element>
@@ -130,15 +131,27 @@ void HostScene::addGeometries(const Scene& scene) {
     }
 }
 
+template <class Part>
+auto HostScene::shownColors(const Part& part) const {
+    switch (shownColouring) {
+        case Colouring::Height:
+            return part.heightColors;
+        case Colouring::Plain:
+            return decltype(part.colors)();
+        default:
+            return part.colors;
+    }
+}
+
 void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
-                     std::size_t partsPerDrawn) {
-    drawMeshes(symbol, textures, partsPerDrawn);
-    drawClouds(symbol, view, partsPerDrawn);
+                     const DrawingDetail& detail) {
+    drawMeshes(symbol, textures, detail.partsPerDrawn);
+    drawClouds(symbol, view, detail);
     for (const Geometry& drawn : geometries) {
-        drawGeometry(symbol, drawn);
+        drawGeometry(symbol, drawn, detail.pixelScale);
     }
     for (const Marker& marker : markers) {
-        drawMarker(symbol, marker);
+        drawMarker(symbol, marker, detail.pixelScale);
     }
 }
 
@@ -151,7 +164,7 @@ void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size
             thin(mesh, partsPerDrawn);
         }
         const Array<qel::ArrayIndex>& indices = partsPerDrawn > 1 ? mesh.thinned : mesh.indices;
-        if (mesh.texture) {
+        if (mesh.texture && shownColouring == Colouring::Own) {
             drawTextured(symbol, mesh, indices, textures);
         } else {
             drawMesh(symbol, mesh, indices, 0);
@@ -159,14 +172,22 @@ void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size
     }
 }
 
-void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn) {
+void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, const DrawingDetail& detail) {
     if (clouds.empty()) {
         return;
     }
     const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
     for (Cloud& cloud : clouds) {
-        orderVisiblePoints(cloud.positions, view, depths, partsPerDrawn, cloud.order->content());
-        symbol.drawPointCloud(cloud.vertices, cloud.order, cloud.colors, cloud.size, cloud.color);
+        orderVisiblePoints(cloud.positions, view, depths, detail.partsPerDrawn, cloud.order->content());
+        if (detail.section) {
+            // Clipping hides these points; picking must not find them.
+            std::erase_if(cloud.order->content(), [&](qel::ArrayIndex i) {
+                return detail.section->beyond(cloud.positions[i]) > 0.0;
+            });
+        }
+        const qel::QelColor3f& color = shownColouring == Colouring::Plain ? kPlainColor : cloud.color;
+        symbol.drawPointCloud(cloud.vertices, cloud.order, shownColors(cloud), cloud.size * detail.pixelScale,
+                              color);
     }
 }
 
@@ -194,7 +215,7 @@ void HostScene::thin(Mesh& mesh, std::size_t partsPerDrawn) {
 }
 
 void HostScene::drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                             HostTextures& textures) {
+                             HostTextures& textures) const {
     const std::uint32_t name = textures.nameOf(*mesh.texture);
     {
         const QelTmpGlStateCtrl holes(GL_ALPHA_TEST, name != 0 && mesh.texture->alphaCutoff > 0.0F);
@@ -206,32 +227,36 @@ void HostScene::drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<q
 }
 
 void HostScene::drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                         std::uint32_t texture) {
-    const QelTmpGlStateCtrl color(mesh.color);
+                         std::uint32_t texture) const {
+    const QelTmpGlStateCtrl color(shownColouring == Colouring::Plain ? kPlainColor : mesh.color);
+    const Array<qel::ArrayColor4f> colors = shownColors(mesh);
+    const Array<qel::ArrayTexCoord2f> texCoords =
+        shownColouring == Colouring::Own ? mesh.texCoords : Array<qel::ArrayTexCoord2f>();
     const qel::MeshStyle style;
     if (mesh.indices) {
-        symbol.drawIndexedMesh(mesh.vertices, indices, mesh.normals, mesh.colors, mesh.texCoords, texture,
+        symbol.drawIndexedMesh(mesh.vertices, indices, mesh.normals, colors, texCoords, texture,
                                mesh.shadeModel, GL_FILL, GL_FILL, style);
     } else {
-        symbol.drawMesh(mesh.vertices, indices, mesh.byteNormals, mesh.colors, mesh.texCoords, texture,
-                        mesh.shadeModel, GL_FILL, GL_FILL, style);
+        symbol.drawMesh(mesh.vertices, indices, mesh.byteNormals, colors, texCoords, texture, mesh.shadeModel,
+                        GL_FILL, GL_FILL, style);
     }
 }
 
-void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn) {
+void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pixelScale) {
+    const float width = drawn.style.width * pixelScale;
     symbol.setColor(drawn.style.color);
-    symbol.setLineWidth(drawn.style.width);
+    symbol.setLineWidth(width);
     switch (static_cast<qel::GeometryKind>(drawn.geometry->geometryType())) {
         case qel::GeometryKind::LineSegment:
             // A segment alone is drawn with the current colour and width.
-            symbol.drawGeometryWith(drawn.geometry.get(), static_cast<double>(drawn.style.width),
+            symbol.drawGeometryWith(drawn.geometry.get(), static_cast<double>(width),
                                     drawn.style.color.toColor3b());
             break;
         case qel::GeometryKind::Ball: {
             // So is a ball.
             const qel::QelColor4b& color = drawn.style.color;
             glColor3ub(color.r, color.g, color.b);
-            glLineWidth(drawn.style.width);
+            glLineWidth(width);
             symbol.drawGeometry(drawn.geometry.get());
             break;
         }
@@ -241,20 +266,21 @@ void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn) {
     }
 }
 
-void HostScene::drawMarker(IQelSymbol& symbol, const Marker& marker) {
-    const auto width = static_cast<double>(marker.width);
+void HostScene::drawMarker(IQelSymbol& symbol, const Marker& marker, float pixelScale) {
+    const float widthF = marker.width * pixelScale;
+    const auto width = static_cast<double>(widthF);
     switch (marker.shape) {
         case MarkerShape::Cross:
-            symbol.drawCross(marker.at, marker.size, marker.width, marker.color, false, true);
+            symbol.drawCross(marker.at, marker.size, widthF, marker.color, false, true);
             break;
         case MarkerShape::DiagonalCross:
-            symbol.drawDiagonalCross(marker.at, marker.size, marker.width, marker.color, false, true);
+            symbol.drawDiagonalCross(marker.at, marker.size, widthF, marker.color, false, true);
             break;
         case MarkerShape::Square:
             symbol.drawSquare(marker.at, marker.size, width, marker.color, false, true);
             break;
         case MarkerShape::Circle:
-            symbol.drawCircle(marker.at, marker.size, marker.width, marker.color, false, true);
+            symbol.drawCircle(marker.at, marker.size, widthF, marker.color, false, true);
             break;
         case MarkerShape::Box:
             symbol.drawBox(marker.box, width, marker.color, false, true);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "HeightColors.h"
 #include "HostTextures.h"
 #include "IQelSymbol.h"
 #include "PointOrder.h"
@@ -13,8 +14,19 @@
 #include "QelHostKit.h"
 #include "QelRefPtr.h"
 #include "Scene.h"
+#include "SectionPlane.h"
 
 namespace qelview {
+
+/// How finely a scene is drawn.
+struct DrawingDetail {
+    /// Draws only one of so many points of clouds and parts of meshes; 1 draws all.
+    std::size_t partsPerDrawn = 1;
+    /// Widths of lines and points are multiplied by it.
+    float pixelScale = 1.0F;
+    /// What cuts the scene; nothing for none. OpenGL must hold it as a clipping plane.
+    std::optional<SectionPlane> section;
+};
 
 /// A scene in the form that symbols draw: host geometries for lines, arrays of floats for meshes and clouds.
 /// Positions must be near the origin (`Scene::moveToOrigin`), since arrays are narrowed to float here.
@@ -27,14 +39,25 @@ class HostScene {
     /// are expected; the current colour and line width change.
     /// @param view the camera that OpenGL holds.
     /// @param textures of the context.
-    /// @param partsPerDrawn draws only one of so many points of clouds and parts of meshes; 1 draws all.
     void draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
-              std::size_t partsPerDrawn = 1);
+              const DrawingDetail& detail = {});
 
     /// The point of a cloud that the last drawing showed at a place; nothing if there is none.
     /// @param view the camera of that drawing.
     /// @param x, y in pixels from the lower left of the view.
     [[nodiscard]] std::optional<qel::XPnt3d> cloudPointAt(const PixelView& view, double x, double y) const;
+
+    /// The lines in which meshes meet a plane, two points for each.
+    [[nodiscard]] Points sectionLines(const SectionPlane& plane) const;
+    /// The heights of meshes and clouds; not valid if there are none.
+    [[nodiscard]] HeightRange heights(UpAxis up) const;
+    /// Colours meshes and clouds from now on.
+    /// @param range with `Colouring::Height`, what the colours stand for.
+    void setColouring(Colouring wanted, const HeightRange& range);
+    [[nodiscard]] Colouring colouring() const { return shownColouring; }
+    /// Makes the points of clouds larger or smaller.
+    /// @return the size of the first cloud's points in pixels; 0 if there are none.
+    float growPoints(float pixels);
 
   private:
     template <class Element>
@@ -49,6 +72,8 @@ class HostScene {
         Array<qel::ArrayNormal4f> normals;
         Array<qel::ArrayNormal3b> byteNormals;
         Array<qel::ArrayColor4f> colors;
+        /// Only while they are shown, here and in clouds.
+        Array<qel::ArrayColor4f> heightColors;
         Array<qel::ArrayTexCoord2f> texCoords;
         /// Null for none.
         std::shared_ptr<const Texture> texture;
@@ -60,6 +85,7 @@ class HostScene {
         Array<qel::ArrayVertex> vertices;
         Array<qel::ArrayIndex> order;
         Array<qel::ArrayColor3b> colors;
+        Array<qel::ArrayColor3b> heightColors;
         qel::QelColor3f color;
         float size = 1.0F;
     };
@@ -74,19 +100,23 @@ class HostScene {
     void addGeometries(const Scene& scene);
 
     static void thin(Mesh& mesh, std::size_t partsPerDrawn);
-    static void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                         std::uint32_t texture);
-    static void drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
-                             HostTextures& textures);
-    static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn);
-    static void drawMarker(IQelSymbol& symbol, const Marker& marker);
+    /// The colours of a mesh or cloud, as they are coloured.
+    template <class Part>
+    [[nodiscard]] auto shownColors(const Part& part) const;
+    void drawMesh(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                  std::uint32_t texture) const;
+    void drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,
+                      HostTextures& textures) const;
+    static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pixelScale);
+    static void drawMarker(IQelSymbol& symbol, const Marker& marker, float pixelScale);
     void drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn);
-    void drawClouds(IQelSymbol& symbol, const PixelView& view, std::size_t partsPerDrawn);
+    void drawClouds(IQelSymbol& symbol, const PixelView& view, const DrawingDetail& detail);
 
     std::vector<Mesh> meshes;
     std::vector<Cloud> clouds;
     std::vector<Geometry> geometries;
     std::vector<Marker> markers;
+    Colouring shownColouring = Colouring::Own;
 };
 
 }  // namespace qelview

@@ -7,59 +7,54 @@ namespace qelview {
 
 namespace {
 
-/// The system's codes of keys other than letters and digits.
-constexpr unsigned kEscapeKey = 0x1B;
-constexpr unsigned kFirstPadKey = 0x60;
-constexpr unsigned kStandardViews = 8;
-
-struct LetterKey {
-    char letter;
-    Command command;
+struct NamedKey {
+    std::string_view name;
+    unsigned key;
 };
 
-constexpr std::array<LetterKey, 9> kLetterKeys{{
-    {'F', Command::Fit},
-    {'O', Command::SwitchProjection},
-    {'A', Command::LongAxes},
-    {'U', Command::TurnUp},
-    {'W', Command::Warnings},
-    {'S', Command::Stereo},
-    {'Z', Command::ZoomRectangle},
-    {'C', Command::Capture},
-    {'H', Command::Help},
+/// The system's codes of keys other than letters and digits.
+constexpr std::array<NamedKey, 12> kNamedKeys{{
+    {"ESC", 0x1B},
+    {"BACKSPACE", 0x08},
+    {"PAGEUP", 0x21},
+    {"PAGEDOWN", 0x22},
+    {"HOME", 0x24},
+    {"LEFT", 0x25},
+    {"UP", 0x26},
+    {"RIGHT", 0x27},
+    {"DOWN", 0x28},
+    {"F5", 0x74},
+    {"+", 0xBB},
+    {"-", 0xBD},
 }};
+
+bool takePrefix(std::string_view& word, std::string_view prefix) {
+    const bool isThere = word.starts_with(prefix) && word.size() > prefix.size();
+    word.remove_prefix(isThere ? prefix.size() : 0);
+    return isThere;
+}
 
 }  // namespace
 
-KeyCommand commandOf(unsigned key, bool withControl) {
-    if (withControl) {
-        return {key == 'O' ? Command::Open : Command::Nothing, 0};
-    }
-    if (key == kEscapeKey) {
-        return {Command::Leave, 0};
-    }
-    // Below the first one the subtraction wraps to a large number.
-    for (const unsigned first : {static_cast<unsigned>('0'), kFirstPadKey}) {
-        if (key - first < kStandardViews) {
-            return {Command::StandardView, key - first};
-        }
-    }
-    const auto* const found = std::find_if(kLetterKeys.begin(), kLetterKeys.end(), [key](const auto& each) {
-        return static_cast<unsigned>(each.letter) == key;
-    });
-    return {found == kLetterKeys.end() ? Command::Nothing : found->command, 0};
-}
-
-unsigned keyOf(std::string word) {
-    std::transform(word.begin(), word.end(), word.begin(), [](char character) {
+KeyPress keyOf(std::string_view word) {
+    std::string upper(word);
+    std::transform(upper.begin(), upper.end(), upper.begin(), [](char character) {
         return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
     });
-    if (word == "ESC") {
-        return kEscapeKey;
+    std::string_view name = upper;
+    KeyPress press;
+    press.withControl = takePrefix(name, "CTRL+");
+    press.withShift = takePrefix(name, "SHIFT+");
+    const auto* const named = std::find_if(kNamedKeys.begin(), kNamedKeys.end(),
+                                           [name](const NamedKey& each) { return each.name == name; });
+    if (named != kNamedKeys.end()) {
+        press.key = named->key;
+        return press;
     }
     const bool isNamed =
-        word.size() == 1 && ((word[0] >= 'A' && word[0] <= 'Z') || (word[0] >= '0' && word[0] <= '9'));
-    return isNamed ? static_cast<unsigned>(word[0]) : 0;
+        name.size() == 1 && ((name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= '0' && name[0] <= '9'));
+    return isNamed ? KeyPress{static_cast<unsigned>(name[0]), press.withControl, press.withShift}
+                   : KeyPress();
 }
 
 }  // namespace qelview

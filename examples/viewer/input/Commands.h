@@ -21,6 +21,24 @@ enum class Command : std::uint8_t {
     Capture,
     Help,
     Open,
+    Reload,
+    /// Number 0 to the left, 1 to the right, 2 up, 3 down, here and in Pan.
+    Turn,
+    Pan,
+    /// Number 0 nearer, 1 away.
+    Zoom,
+    PreviousCamera,
+    Measure,
+    Colours,
+    /// Number 0 makes the points larger, 1 smaller.
+    PointSize,
+    CopyPicture,
+    CaptureSize,
+    CopyMeasurements,
+    Section,
+    /// Number 0 forward, 1 back.
+    MoveSection,
+    FlipSection,
     Leave,
     /// Only in the menu.
     Recent,
@@ -35,12 +53,18 @@ struct KeyCommand {
     unsigned number = 0;
 };
 
-/// @param key the system's code: that of a capital letter or digit, else a virtual key.
-/// @param withControl true while a control key is held.
-[[nodiscard]] KeyCommand commandOf(unsigned key, bool withControl);
+/// A key with the modifier keys that are held.
+struct KeyPress {
+    /// The system's code: that of a capital letter or digit, else a virtual key; 0 for no key.
+    unsigned key = 0;
+    bool withControl = false;
+    bool withShift = false;
 
-/// The key of a word such as "F", "3" or "Esc", upper or lower case; 0 for other words.
-[[nodiscard]] unsigned keyOf(std::string word);
+    bool operator==(const KeyPress&) const = default;
+};
+
+/// The key of a word such as "F", "3", "Esc" or "Ctrl+Shift+C", upper or lower case; no key for other words.
+[[nodiscard]] KeyPress keyOf(std::string_view word);
 
 /// What a key or a mouse movement does.
 struct HelpLine {
@@ -48,21 +72,35 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 17> kHelpLines{{
+inline constexpr std::array<HelpLine, 31> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
     {"Wheel", "zoom at the cursor"},
     {"Double click", "set the rotation centre"},
     {"0 to 7", "top, bottom, back, front, right, left, isometric"},
-    {"F", "fit the model into the view"},
+    {"Arrow keys", "turn; with Shift pan"},
+    {"+ and -", "zoom"},
+    {"F, Home", "fit the model into the view"},
+    {"Backspace", "back to the camera before"},
     {"O", "perspective or orthographic"},
     {"A", "long axes through the origin of the view"},
     {"U", "switch the up axis: Y or Z"},
     {"S", "stereo, if the driver supports it"},
     {"Z", "drag a rectangle to zoom into"},
-    {"C", "capture the view to a BMP file"},
+    {"M", "measure between clicked points"},
+    {"Ctrl+C", "copy the clicked points as a table"},
+    {"X", "cut across x, y, z, the view, nothing"},
+    {"PageUp, PageDown", "move the cut; also Ctrl with the wheel"},
+    {"I", "turn the cut round"},
+    {"E", "colour by elevation, plainly, or as the files say"},
+    {"P", "larger points"},
+    {"Shift+P", "smaller points"},
+    {"C", "capture the view to a file"},
+    {"Ctrl+Shift+C", "copy the view"},
+    {"R", "captures and copies once, twice, four times as large"},
     {"Ctrl+O", "open files; or drop them on the window"},
+    {"F5", "load the files again"},
     {"W", "warnings about the files"},
     {"H", "this help"},
     {"Esc", "close or cancel; else quit"},

@@ -1,21 +1,37 @@
 #include "Menu.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace qelview {
 
 namespace {
 
-constexpr std::array<MenuLine, 6> kFileLines{{
+constexpr std::array<MenuLine, 9> kFileLines{{
     {"&Open...", "Ctrl+O", {Command::Open}},
     {"&Recent files", "", {Command::Recent}},
+    {"Re&load", "F5", {Command::Reload}},
     {},
     {"&Capture", "C", {Command::Capture}},
+    {"Cop&y the view", "Ctrl+Shift+C", {Command::CopyPicture}},
+    {"Capture &size", "R", {Command::CaptureSize}},
     {},
     {"&Quit", "Alt+F4", {Command::Quit}},
 }};
 
-constexpr std::array<MenuLine, 17> kViewLines{{
+constexpr std::array<MenuLine, 8> kToolLines{{
+    {"&Measure", "M", {Command::Measure}},
+    {"&Copy the points", "Ctrl+C", {Command::CopyMeasurements}},
+    {"&Zoom into a rectangle", "Z", {Command::ZoomRectangle}},
+    {},
+    {"&Section across x, y, z, the view", "X", {Command::Section}},
+    {"Section &forward", "PageUp", {Command::MoveSection, 0}},
+    {"Section &back", "PageDown", {Command::MoveSection, 1}},
+    {"&Turn the section round", "I", {Command::FlipSection}},
+}};
+
+constexpr std::array<MenuLine, 21> kViewLines{{
     {"&Top", "0", {Command::StandardView, 0}},
     {"&Bottom", "1", {Command::StandardView, 1}},
     {"Bac&k", "2", {Command::StandardView, 2}},
@@ -26,13 +42,34 @@ constexpr std::array<MenuLine, 17> kViewLines{{
     {"Isometric from b&elow", "7", {Command::StandardView, 7}},
     {},
     {"Fit the &model", "F", {Command::Fit}},
-    {"&Zoom into a rectangle", "Z", {Command::ZoomRectangle}},
     {},
     {"&Orthographic", "O", {Command::SwitchProjection}},
     {"Long &axes", "A", {Command::LongAxes}},
     {"&Y points up", "U", {Command::TurnUp}},
+    {},
+    {"&Elevation, plain or own colours", "E", {Command::Colours}},
+    {"Larger &points", "P", {Command::PointSize, 0}},
+    {"Smaller poi&nts", "Shift+P", {Command::PointSize, 1}},
+    {},
     {"&Stereo", "S", {Command::Stereo}},
     {"&Warnings", "W", {Command::Warnings}},
+}};
+
+constexpr std::array<MenuLine, 14> kCameraLines{{
+    {"Turn &left", "Left", {Command::Turn, 0}},
+    {"Turn &right", "Right", {Command::Turn, 1}},
+    {"Turn &up", "Up", {Command::Turn, 2}},
+    {"Turn &down", "Down", {Command::Turn, 3}},
+    {},
+    {"Pan le&ft", "Shift+Left", {Command::Pan, 0}},
+    {"Pan ri&ght", "Shift+Right", {Command::Pan, 1}},
+    {"Pan u&p", "Shift+Up", {Command::Pan, 2}},
+    {"Pan d&own", "Shift+Down", {Command::Pan, 3}},
+    {},
+    {"Zoom &in", "+", {Command::Zoom, 0}},
+    {"&Zoom out", "-", {Command::Zoom, 1}},
+    {},
+    {"&Back to the camera before", "Backspace", {Command::PreviousCamera}},
 }};
 
 constexpr std::array<MenuLine, 2> kHelpLinesOfMenu{{
@@ -40,9 +77,11 @@ constexpr std::array<MenuLine, 2> kHelpLinesOfMenu{{
     {"&About qelview", "", {Command::About}},
 }};
 
-constexpr std::array<MenuColumn, 3> kColumns{{
+constexpr std::array<MenuColumn, 5> kColumns{{
     {"&File", kFileLines},
     {"&View", kViewLines},
+    {"&Camera", kCameraLines},
+    {"&Tools", kToolLines},
     {"&Help", kHelpLinesOfMenu},
 }};
 
@@ -51,10 +90,61 @@ constexpr unsigned kFirstNumber = 1000;
 /// More than the number of views, and of recent files.
 constexpr unsigned kNumbersOfACommand = 16;
 
+/// Keys of the number pad have codes of their own.
+unsigned mainKeyOf(unsigned key) {
+    constexpr unsigned kFirstPadDigit = 0x60;
+    constexpr unsigned kPadDigits = 10;
+    constexpr unsigned kPadPlus = 0x6B;
+    constexpr unsigned kPadMinus = 0x6D;
+    // Below the first one the subtraction wraps to a large number.
+    if (key - kFirstPadDigit < kPadDigits) {
+        return key - kFirstPadDigit + '0';
+    }
+    const char* const sign = key == kPadPlus ? "+" : key == kPadMinus ? "-" : "";
+    return *sign == '\0' ? key : keyOf(sign).key;
+}
+
+/// Keys that no menu line shows.
+KeyCommand hiddenLineOf(const KeyPress& press) {
+    const std::array<std::pair<KeyPress, Command>, 3> lines{
+        {{{}, Command::Nothing}, {keyOf("Esc"), Command::Leave}, {keyOf("Home"), Command::Fit}}};
+    const auto* const found =
+        std::find_if(lines.begin(), lines.end(), [&](const auto& line) { return line.first == press; });
+    return {found == lines.end() ? Command::Nothing : found->second};
+}
+
+KeyCommand lineOf(const KeyPress& press) {
+    for (const MenuColumn& column : kColumns) {
+        for (const MenuLine& line : column.lines) {
+            if (keyOf(line.key) == press) {
+                return line.meaning;
+            }
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 std::span<const MenuColumn> menuColumns() {
     return kColumns;
+}
+
+KeyCommand commandOf(const KeyPress& press) {
+    KeyPress wanted = press;
+    wanted.key = mainKeyOf(press.key);
+    if (wanted.key == 0) {
+        return {};
+    }
+    for (const bool withShift : {press.withShift, false}) {
+        wanted.withShift = withShift;
+        for (const KeyCommand& found : {lineOf(wanted), hiddenLineOf(wanted)}) {
+            if (found.command != Command::Nothing) {
+                return found;
+            }
+        }
+    }
+    return {};
 }
 
 unsigned menuNumberOf(const KeyCommand& meaning) {

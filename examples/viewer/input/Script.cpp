@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "Commands.h"
+#include "Menu.h"
 #include "Progress.h"
 #include "ReadError.h"
 #include "TextLines.h"
@@ -33,14 +33,15 @@ constexpr std::array<Verb, 12> kVerbs{{
     {"wheel", ScriptAction::Wheel, Operands::NotchesAndPlace, "wheel NOTCHES X Y",
      "turns the wheel; positive is away from the user"},
     {"double", ScriptAction::Double, Operands::Place, "double X Y", "double-clicks with the left button"},
-    {"key", ScriptAction::Key, Operands::KeyName, "key NAME", "presses a key: a letter, a digit or Esc"},
+    {"key", ScriptAction::Key, Operands::KeyName, "key NAME", "presses a key: F, 3, Esc, Ctrl+C"},
     {"drop", ScriptAction::Drop, Operands::FileName, "drop FILE", "drops a file on the window"},
     {"motion", ScriptAction::Motion, Operands::FileName, "motion FILE", "replays recorded six-axis input"},
     {"picture", ScriptAction::Picture, Operands::FileName, "picture FILE.png",
      "writes a picture of the window"},
     {"camera", ScriptAction::Camera, Operands::FileName, "camera FILE.txt",
      "writes eye, target and up at full precision"},
-    {"capture", ScriptAction::Capture, Operands::FileName, "capture FILE.bmp", "captures the view"},
+    {"capture", ScriptAction::Capture, Operands::FileName, "capture FILE",
+     "captures the view to a BMP or PNG file"},
 }};
 
 constexpr int kLargestPlace = 16384;
@@ -89,9 +90,12 @@ void readButtonAndPlace(ScriptStep& step, const Words& words, const Verb& verb, 
 }
 
 void readKey(ScriptStep& step, std::string_view word, const TextLines& lines) {
-    step.key = keyOf(std::string(word));
-    if (step.key == 0) {
-        lines.refuseLine(quoted(word) + " is not a letter, a digit or Esc");
+    step.key = keyOf(word);
+    if (step.key.key == 0) {
+        lines.refuseLine(quoted(word) + " is not a key");
+    }
+    if (commandOf(step.key).command == Command::Open) {
+        lines.refuseLine(quoted(word) + " opens a dialog, which waits for a user; use drop");
     }
 }
 

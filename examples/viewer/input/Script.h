@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Commands.h"
 #include "MouseGesture.h"
 
 namespace qelview {
@@ -35,8 +36,7 @@ struct ScriptStep {
     bool withShift = false;
     /// Notches of the wheel, positive away from the user.
     int notches = 0;
-    /// The system's code of a key.
-    unsigned key = 0;
+    KeyPress key;
     /// In UTF-8.
     std::string file;
     /// Line number in the script, from 1.

@@ -77,9 +77,12 @@ MapData mapOf(const Scene& scene) {
     MapData map;
     map.title = scene.title;
     Flattening(scene, map).run();
+    // About a metre: files round the globe's edge, and so does adding the origin that was subtracted.
+    constexpr double kRounding = 1e-5;
     const qel::Enve2d& box = map.bounds;
-    map.isGeographic = box.isValid() && box.xmin >= kGlobe.xmin && box.xmax <= kGlobe.xmax &&
-                       box.ymin >= kGlobe.ymin && box.ymax <= kGlobe.ymax;
+    map.isGeographic = box.isValid() && box.xmin >= kGlobe.xmin - kRounding &&
+                       box.xmax <= kGlobe.xmax + kRounding && box.ymin >= kGlobe.ymin - kRounding &&
+                       box.ymax <= kGlobe.ymax + kRounding;
     return map;
 }
 

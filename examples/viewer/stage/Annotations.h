@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "MouseGesture.h"
 #include "XPnt3d.h"
@@ -31,7 +32,10 @@ enum class Panel : std::uint8_t { None, Help, Warnings };
 
 /// What a view shows besides the scene and its labels.
 struct Annotations {
-    std::optional<PointMark> mark;
+    /// In the order of the clicks.
+    std::vector<PointMark> marks;
+    /// True shows what the marks measure.
+    bool isMeasuring = false;
     std::optional<LocalFrame> localFrame;
     Panel panel = Panel::None;
     /// A line of text for the user; empty for none.

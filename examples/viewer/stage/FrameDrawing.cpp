@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <utility>
 
 #include "QelGl.h"
 #include "QelHostKit.h"
@@ -7,6 +9,7 @@
 #include "Stage.h"
 #include "TextPlaces.h"
 #include "TextRoom.h"
+#include "WrappedText.h"
 
 namespace qelview {
 
@@ -14,7 +17,6 @@ namespace {
 
 constexpr qel::QelColor3f kTitleColor{0.95F, 0.96F, 0.98F};
 constexpr qel::QelColor3f kSummaryColor{0.62F, 0.68F, 0.76F};
-constexpr qel::QelColor3f kMarkColor{1.0F, 0.85F, 0.25F};
 constexpr qel::QelColor3f kLabelColor{0.98F, 0.98F, 0.94F};
 
 /// The display lights the scene with a bluish light from the eye. A warm one from above makes the two
@@ -65,58 +67,88 @@ void Stage::drawContent() {
     placeKeyLight(*display->getGL());
     display->getGL()->enable(GL_DEPTH_TEST);
     display->getGL()->disable(GL_LIGHTING);
-    content.drawn.draw(*symbol, pixelView(), textures, partsPerDrawn);
+    drawScene();
     findPointUnderMouse();
     drawLocalFrame();
     drawTexts();
-    drawMark();
+    drawLegend();
+    drawMarks();
     drawNotice();
     drawPanel();
 }
 
 void Stage::drawTexts() {
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    drawLabels();
+    drawHeading();
+    drawStrip();
+}
+
+void Stage::drawLabels() {
+    constexpr double kBeside = 7.0;
     // Places are asked for while the camera is loaded; text is drawn in pixels.
     std::vector<qel::XPnt3d> places;
     for (const Label& label : content.labels) {
         const qel::XPnt3d place = camera().projectPnt(label.at);
-        places.push_back(isHidden(label.at, place) ? qel::XPnt3d::invalid() : place);
+        places.push_back(isHidden(label.at, place) ? qel::XPnt3d::invalid() : inLayout(place));
     }
-    display->setOrtho2D();
-    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    {
-        const QelTmpGlStateCtrl color(kLabelColor);
-        TextRoom room;
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            const Label& label = content.labels[i];
-            if (places[i].isValid() && room.take(places[i].x, places[i].y, label.text)) {
-                drawLabel(label, places[i]);
-            }
+    beginLayout();
+    const QelTmpGlStateCtrl color(kLabelColor);
+    TextRoom room;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const std::string& text = content.labels[i].text;
+        if (places[i].isValid() && room.take(places[i].x, places[i].y, text)) {
+            printAt(places[i].x + kBeside, places[i].y + kBeside * 0.5, text);
         }
     }
-    const double top = static_cast<double>(camera().getHeight()) - kMargin;
-    {
-        const QelTmpGlStateCtrl color(kTitleColor);
-        printAt(kMargin, top - kLineHeight * 0.5, content.title);
-    }
-    {
-        const QelTmpGlStateCtrl color(kSummaryColor);
-        printAt(kMargin, top - kLineHeight * 1.5, content.summary);
-    }
-    drawStrip();
 }
 
-void Stage::drawLabel(const Label& label, const qel::XPnt3d& place) {
-    constexpr double kBeside = 7.0;
-    printAt(place.x + kBeside, place.y + kBeside * 0.5, label.text);
+std::vector<Stage::HeadingLine> Stage::heading() {
+    // The tripod stands at the right.
+    constexpr double kTripodWidth = 60.0;
+    const double room = layoutWidth() - kMargin - kTripodWidth;
+    const auto fits = [&](const std::string& line) {
+        return font.widthOf(line, letterHeight(kLetterHeight)) <= room * unit();
+    };
+    std::vector<HeadingLine> lines;
+    for (const auto& [text, color] :
+         {std::pair(&content.title, kTitleColor), std::pair(&content.summary, kSummaryColor)}) {
+        for (std::string& line : wrappedText(*text, fits)) {
+            lines.push_back({std::move(line), color});
+        }
+    }
+    return lines;
+}
+
+void Stage::drawHeading() {
+    double y = layoutHeight() - kMargin - kLineHeight * 0.5;
+    for (const HeadingLine& line : heading()) {
+        const QelTmpGlStateCtrl color(line.color);
+        printAt(kMargin, y, line.text);
+        y -= kLineHeight;
+    }
+}
+
+void Stage::beginLayout() {
+    display->setOrtho2D();
+    glScaled(unit(), unit(), 1.0);
+}
+
+int Stage::letterHeight(double units) const {
+    return static_cast<int>(std::lround(units * unit()));
 }
 
 void Stage::printAt(double x, double y, const std::string& text) {
-    glRasterPos2d(x, y);
-    display->printText("%s", text.c_str());
+    // A position inside the view is always valid; the text may begin outside.
+    glRasterPos2d(1.0, 1.0);
+    const auto pixels = [this](double units) {
+        return static_cast<int>(std::lround((units - 1.0) * unit()));
+    };
+    font.print(text, letterHeight(kLetterHeight), pixels(x), pixels(y));
 }
 
 bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {
-    if (place.z <= 0.0 || place.z >= 1.0) {
+    if (place.z <= 0.0 || place.z >= 1.0 || (plane && plane->beyond(point) > 0.0)) {
         return true;
     }
     const qel::XPnt3d inFront = camera().getModelPntAt(place.x, place.y);
@@ -137,25 +169,6 @@ void Stage::drawLocalFrame() {
     // The frame loads the camera of both eyes in the end, and is the last that needs one.
     camera().drawFrame(frame.at.x, frame.at.y, frame.at.z, frame.xDirection, frame.yDirection, frame.size,
                        frame.isHiddenByScene);
-}
-
-void Stage::drawMark() {
-    constexpr double kReach = 7.0;
-    constexpr double kBeside = 12.0;
-    if (!notes.mark) {
-        return;
-    }
-    const qel::XPnt3d& at = notes.mark->at;
-    const qel::XPnt3d place = camera().projectPnt(at);
-    if (place.z <= 0.0 || place.z >= 1.0) {
-        return;
-    }
-    display->setOrtho2D();
-    symbol->drawDiagonalCross({place.x, place.y, 0.0}, kReach, 2.0F, kMarkColor, false, false);
-    camera().updateView();
-    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    const QelTmpGlStateCtrl color(kMarkColor);
-    camera().drawLabel(at.x, at.y, at.z, kBeside, kBeside * 0.5, "%s", notes.mark->label.c_str());
 }
 
 }  // namespace qelview

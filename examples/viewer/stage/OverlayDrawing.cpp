@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -9,6 +10,7 @@
 #include "QelTmpGlStateCtrl.h"
 #include "Stage.h"
 #include "TextPlaces.h"
+#include "ViewName.h"
 
 namespace qelview {
 
@@ -21,7 +23,6 @@ constexpr qel::QelColor3f kPlateEdgeColor{0.30F, 0.34F, 0.40F};
 constexpr qel::QelColor3f kRectangleColor{1.0F, 0.85F, 0.25F};
 constexpr std::uint16_t kDashes = 0xF0F0;
 
-constexpr double kStripHeight = 40.0;
 /// Below a line of text, so that descenders stay on the plate.
 constexpr double kUnderLine = 8.0;
 
@@ -66,7 +67,7 @@ void Stage::drawOverlay(const std::optional<PixelBox>& rectangle) {
     display->restoreCache();
     camera().updateView();
     findPointUnderMouse();
-    display->setOrtho2D();
+    beginLayout();
     drawStrip();
     if (rectangle) {
         drawRectangle(*rectangle);
@@ -114,12 +115,13 @@ void Stage::findPointUnderMouse() {
 }
 
 void Stage::drawStrip() {
-    std::string text = viewName + (camera().isOrtho() ? ", orthographic" : ", perspective") +
+    std::string text = viewName(upright(camera().getEye() - camera().getTarget(), content.up)) +
+                       (camera().isOrtho() ? ", orthographic" : ", perspective") +
                        (content.up == UpAxis::Y ? ", Y up" : "");
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     if (notes.hasStrip) {
         // Opaque, so that it can be drawn anew over a frame that has it already.
-        drawPlate(-1.0, -1.0, static_cast<double>(camera().getWidth()) + 1.0, kStripHeight);
+        drawPlate(-1.0, -1.0, layoutWidth() + 1.0, kStripHeight);
         if (notes.frameMilliseconds) {
             text += "   " + inMilliseconds(*notes.frameMilliseconds);
         }
@@ -135,7 +137,7 @@ void Stage::drawNotice() {
     if (notes.notice.empty()) {
         return;
     }
-    display->setOrtho2D();
+    beginLayout();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     const QelTmpGlStateCtrl color(kNoticeColor);
     printAt(kMargin, kMargin + kStripHeight, notes.notice);
@@ -150,21 +152,24 @@ void Stage::drawPanel() {
     if (notes.panel == Panel::None || lines == 0) {
         return;
     }
-    display->setOrtho2D();
+    beginLayout();
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    const double top = static_cast<double>(camera().getHeight()) - kMargin - 3.0 * kLineHeight;
-    const double right = isHelp ? kMargin + kWidthOfHelp : static_cast<double>(camera().getWidth()) - kMargin;
-    drawPlate(kMargin, top - static_cast<double>(lines + 1) * kLineHeight, right, top);
+    const double top = layoutHeight() - kMargin - 3.0 * kLineHeight;
+    const double right = isHelp ? kMargin + kWidthOfHelp : layoutWidth() - kMargin;
+    // All of it, in a low window too.
+    const double lineHeight =
+        std::clamp((top - kMargin) / static_cast<double>(lines + 1), kLetterHeight, kLineHeight);
+    drawPlate(kMargin, top - static_cast<double>(lines + 1) * lineHeight, right, top);
     const QelTmpGlStateCtrl color(kTextColor);
-    double y = top - kLineHeight - kUnderLine * 0.5;
+    double y = top - lineHeight - kUnderLine * 0.5;
     for (std::size_t i = 0; i < lines; ++i) {
         if (isHelp) {
             printAt(kMargin + kInputColumn, y, std::string(kHelpLines.at(i).input));
             printAt(kMargin + kMeaningColumn, y, std::string(kHelpLines.at(i).meaning));
         } else {
-            printAt(kMargin + kInputColumn, y, toPlainLetters(content.warnings[i]));
+            printAt(kMargin + kInputColumn, y, content.warnings[i]);
         }
-        y -= kLineHeight;
+        y -= lineHeight;
     }
 }
 
@@ -173,7 +178,7 @@ void Stage::drawPlate(double left, double bottom, double right, double top) {
 }
 
 void Stage::drawRectangle(const PixelBox& rectangle) {
-    const auto place = [](int x, int y) { return qel::XPnt3d(x + 0.5, y + 0.5, 0.0); };
+    const auto place = [this](int x, int y) { return inLayout({x + 0.5, y + 0.5, 0.0}); };
     const auto [from, to] = rectangle;
     const auto edge = [&](int x1, int y1, int x2, int y2) {
         symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false, kDashes);

@@ -1,7 +1,6 @@
 #include "Stage.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <iterator>
@@ -11,14 +10,13 @@
 #include "CameraFit.h"
 #include "QelGl.h"
 #include "SceneSummary.h"
+#include "TextPlaces.h"
 
 namespace qelview {
 
 namespace {
 
 constexpr qel::QelColor3f kBackColor{0.105F, 0.125F, 0.155F};
-constexpr std::array<const char*, 8> kViewNames{"Top",   "Bottom", "Back",      "Front",
-                                                "Right", "Left",   "Isometric", "Isometric from below"};
 
 /// Share of the way to the scene for a notch of the wheel.
 constexpr double kStepOfANotch = 0.1;
@@ -29,17 +27,13 @@ Stage::Content::Content(Scene&& scene)
     : extent(scene.bounds()),
       outline(scene.outline()),
       labels(scene.labels),
-      title(toPlainLetters(scene.title)),
+      title(scene.title),
       summary(summaryOf(scene)),
       origin(scene.origin),
       up(scene.up),
       isUpKnown(scene.isUpKnown),
       warnings(scene.warnings),
-      drawn(std::move(scene)) {
-    for (Label& label : labels) {
-        label.text = toPlainLetters(label.text);
-    }
-}
+      drawn(std::move(scene)) {}
 
 qel::ref_ptr<IQelDisplay> Stage::attach(HWND window, bool isStereo) {
     qel::ref_ptr<IQelDisplay> display = qel::adopt(newScreenDisplay());
@@ -68,7 +62,12 @@ std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
     }
     std::unique_ptr<Stage> moved(new Stage(other, content));
     moved->notes = notes;
-    moved->viewName = viewName;
+    moved->setScale(scale);
+    moved->heightRange = heightRange;
+    moved->setSection(sectionAxis);
+    moved->sectionNormal = sectionNormal;
+    moved->isSectionFlipped = isSectionFlipped;
+    moved->moveSection(sectionShare - moved->sectionShare);
     moved->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
     moved->camera().setExtent(camera().getExtent(), false);
     moved->camera().setCamera(camera().getEye(), camera().getTarget(), camera().getUp());
@@ -92,8 +91,34 @@ void Stage::setScene(Scene scene) {
     display->makeCurrent();
     textures.release();
     content = std::move(other);
-    notes.mark.reset();
+    notes.marks.clear();
+    setSection(SectionAxis::None);
     notes.localFrame.reset();
+}
+
+void Stage::renewScene(Scene scene) {
+    const qel::XPnt3d originBefore = content.origin;
+    const Colouring colouringBefore = colouring();
+    setScene(std::move(scene));
+    setColouring(colouringBefore);
+    // The view shows the same coordinates of the files, wherever the scene's own origin is now.
+    const qel::XPnt3d moved = originBefore - content.origin;
+    const qel::XPnt3d middle = content.extent.MidPoint();
+    camera().setExtent(content.extent, false);
+    camera().setRotationCenter(middle.x, middle.y, middle.z);
+    camera().setCamera(camera().getEye() + moved, camera().getTarget() + moved, camera().getUp());
+}
+
+CameraState Stage::cameraState() {
+    return {{camera().getEye(), camera().getTarget(), camera().getUp()}, camera().isOrtho()};
+}
+
+void Stage::setCameraState(const CameraState& state) {
+    camera().setPerspective();
+    camera().setCamera(state.place.eye, state.place.target, state.place.up);
+    if (state.isOrthographic) {
+        switchProjection();
+    }
 }
 
 std::string Stage::driverText() {
@@ -117,7 +142,6 @@ void Stage::resize(const ClientSize& size) {
 void Stage::setView(unsigned number) {
     camera().setExtent(content.extent, false);
     camera().setStandardView(number);
-    viewName = kViewNames.at(number);
     turnCamera(UpAxis::Z, content.up);
     fit();
 }
@@ -128,6 +152,7 @@ bool Stage::turnUp() {
     }
     const UpAxis before = content.up;
     content.up = before == UpAxis::Y ? UpAxis::Z : UpAxis::Y;
+    setColouring(colouring());
     turnCamera(before, content.up);
     fit();
     return true;
@@ -147,7 +172,7 @@ void Stage::fit() {
     camera().setRotationCenter(middle.x, middle.y, middle.z);
     const CameraPlace place =
         placeToSee(content.outline, {camera().getEye(), camera().getTarget(), camera().getUp()},
-                   camera().getFieldOfView(), aspect());
+                   camera().getFieldOfView(), aspect(), usableView());
     camera().setCamera(place.eye, place.target, place.up);
     if (wasOrtho) {
         switchProjection();
@@ -155,12 +180,23 @@ void Stage::fit() {
     }
 }
 
+UsableView Stage::usableView() {
+    // Below the heading, as long as that leaves most of the view.
+    constexpr double kLeastAbove = 0.6;
+    constexpr double kUnderHeading = 5.0;
+    UsableView usable;
+    const double headingHeight =
+        kMargin + (static_cast<double>(heading().size()) - 0.5) * kLineHeight + kUnderHeading;
+    usable.above = std::clamp(1.0 - 2.0 * headingHeight / layoutHeight(), kLeastAbove, usable.above);
+    return usable;
+}
+
 void Stage::shrinkIntoView() {
     std::vector<qel::XPnt3d> places;
     std::transform(content.outline.begin(), content.outline.end(), std::back_inserter(places),
                    [this](const qel::XPnt3d& point) { return camera().projectPnt(point); });
     const double excess = shareOfUsableView(places, static_cast<double>(camera().getWidth()),
-                                            static_cast<double>(camera().getHeight()));
+                                            static_cast<double>(camera().getHeight()), usableView());
     if (excess <= 1.0) {
         return;
     }

@@ -11,12 +11,15 @@
 #include <vector>
 
 #include "Annotations.h"
+#include "CameraFit.h"
+#include "CameraHistory.h"
 #include "HostScene.h"
 #include "HostTextures.h"
 #include "MouseGesture.h"
 #include "PngFile.h"
 #include "QelDisplay64t.h"
 #include "Scene.h"
+#include "ScreenFont.h"
 #include "SystemWindow.h"
 
 namespace qelview {
@@ -29,10 +32,15 @@ enum class CaptureEnd : std::uint8_t {
     NotWritten,
     /// The file was begun, but is not complete: the disk may be full. What there is of it is left.
     NotWhole,
+    /// The driver cannot draw a picture of that size; no file was begun.
+    TooLarge,
 };
 
 /// What to tell the user about the file of a capture that failed.
 [[nodiscard]] std::string reasonOf(CaptureEnd end);
+
+/// The direction across which a plane cuts the scene: an axis of the coordinates, or the view at the time.
+enum class SectionAxis : std::uint8_t { None, X, Y, Z, View };
 
 /// A scene on a window: the module's display, its camera, a symbol, and what is drawn with them. Lives on the
 /// thread of the window. Places in the view are pixels from its lower left corner. Everything is drawn with
@@ -47,7 +55,11 @@ class Stage {
 
     /// Another scene; the view stays as it is.
     void setScene(Scene scene);
+    /// The same scene as its files are now: camera and colours stay.
+    void renewScene(Scene scene);
     void resize(const ClientSize& size);
+    /// How many pixels a pixel of a screen of 96 dots per inch is; 1 at first. Texts, lines and margins follow it.
+    void setScale(double pixels) { scale = pixels; }
     /// One of the eight standard views, filled by the scene.
     void setView(unsigned number);
     /// The axis of the scene's coordinates that points up.
@@ -66,6 +78,8 @@ class Stage {
     void zoom(double notches, const PixelPlace& place);
     /// Makes the part of the scene that a rectangle shows fill the view.
     void zoomInto(const PixelBox& rectangle);
+    [[nodiscard]] CameraState cameraState();
+    void setCameraState(const CameraState& state);
     /// Rotates from now on about the point that is shown at a place.
     void rotateAbout(const PixelPlace& place);
     [[nodiscard]] IQelTrackBall& camera() { return *display->getTrackBall(); }
@@ -78,11 +92,30 @@ class Stage {
     /// A point as the user reads it, in the coordinates of the files.
     [[nodiscard]] std::string textOf(const qel::XPnt3d& point) const;
 
+    /// The marked points and what they measure as lines of columns that tabulators part, for other programs.
+    [[nodiscard]] std::string measurementTable() const;
+
     [[nodiscard]] Annotations& annotations() { return notes; }
     /// The title of the view, in place of the scene's own and its counts.
     void setTitle(const std::string& text);
     /// From now on draws one of so many parts of the scene; 1 draws all.
     void setPartsPerDrawn(std::size_t parts) { partsPerDrawn = parts; }
+
+    /// Colours meshes and clouds; false, with nothing changed, if there are none.
+    bool setColouring(Colouring wanted);
+    [[nodiscard]] Colouring colouring() const { return content.drawn.colouring(); }
+    /// Makes the points of clouds larger or smaller by pixels. Returns their size; 0 if there are none.
+    float growPoints(float pixels) { return content.drawn.growPoints(pixels); }
+
+    /// Cuts the scene by a plane through its middle.
+    void setSection(SectionAxis axis);
+    [[nodiscard]] SectionAxis section() const { return sectionAxis; }
+    /// @param share of the scene's size along the plane's normal.
+    void moveSection(double share);
+    /// Shows what was cut away, and cuts away what was shown.
+    void flipSection();
+    /// Where the plane is, in the coordinates of the files; only with a section.
+    [[nodiscard]] std::string sectionText() const;
 
     /// Draws a frame and shows it.
     void show();
@@ -91,9 +124,12 @@ class Stage {
     /// Shows the last frame again with the strip of the moment and, over everything, a rectangle.
     void showOverlay(const std::optional<PixelBox>& rectangle);
     [[nodiscard]] PixelImage overlayPicture(const std::optional<PixelBox>& rectangle);
-    /// Writes the view, without strip, help and notice, into a BMP file. Of views whose width is not a
-    /// multiple of four the last pixels of each row are left out, because programs disagree about such files.
-    [[nodiscard]] CaptureEnd capture(const std::filesystem::path& file);
+    /// Writes the view, without strip, help and notice, into a PNG file if its name ends so, else into a BMP file. Of pictures for BMP
+    /// whose width is not a multiple of four the last pixels of each row are left out, because programs disagree about such files.
+    /// @param times how many times as large as the view.
+    [[nodiscard]] CaptureEnd capture(const std::filesystem::path& file, int times = 1);
+    /// The same picture as pixels; nothing if the driver cannot draw it so large.
+    [[nodiscard]] std::optional<PixelImage> capturedPixels(int times = 1);
 
   private:
     /// A scene and what is asked of it again and again.
@@ -121,6 +157,21 @@ class Stage {
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
     [[nodiscard]] double aspect();
+    /// What a fitted scene may fill: the view without its heading.
+    [[nodiscard]] UsableView usableView();
+    [[nodiscard]] CaptureEnd captureBitmap(const std::filesystem::path& file, int times);
+    [[nodiscard]] CaptureEnd capturePng(const std::filesystem::path& file, int times);
+    void drawCapture(int times);
+    /// Coordinates of layout, with the origin at the lower left; what is drawn in them is as large on every screen.
+    void beginLayout();
+    /// Pixels of a unit of layout.
+    [[nodiscard]] double unit() const { return scale * captureTimes; }
+    [[nodiscard]] qel::XPnt3d inLayout(const qel::XPnt3d& pixel) const {
+        return {pixel.x / unit(), pixel.y / unit(), pixel.z};
+    }
+    [[nodiscard]] double layoutWidth() { return static_cast<double>(camera().getWidth()) / scale; }
+    [[nodiscard]] double layoutHeight() { return static_cast<double>(camera().getHeight()) / scale; }
+    [[nodiscard]] int letterHeight(double units) const;
     /// The camera that OpenGL holds.
     [[nodiscard]] PixelView pixelView();
     /// Draws into the back buffer, up to and without the exchange of the buffers.
@@ -128,9 +179,25 @@ class Stage {
     /// The scene with everything on it, into whatever the display draws to.
     void drawContent();
     void drawTexts();
-    void drawLabel(const Label& label, const qel::XPnt3d& place);
+    struct HeadingLine {
+        std::string text;
+        qel::QelColor3f color;
+    };
+    /// Title and counts, in as many lines as they need beside the tripod.
+    [[nodiscard]] std::vector<HeadingLine> heading();
+    void drawHeading();
+    void drawLabels();
     [[nodiscard]] bool isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place);
-    void drawMark();
+    void drawMarks();
+    void drawMark(const PointMark& mark);
+    /// The lines between the marks.
+    void drawPath();
+    void drawMeasurement();
+    void drawLegend();
+    void drawScene();
+    /// Places the plane anew and finds where it meets meshes.
+    void cutScene();
+    [[nodiscard]] Points markedPoints() const;
     void drawLocalFrame();
     void printAt(double x, double y, const std::string& text);
 
@@ -152,8 +219,19 @@ class Stage {
     HostTextures textures;
     Annotations notes;
     qel::XPnt3d underMouse;
-    std::string viewName;
     std::size_t partsPerDrawn = 1;
+    SectionAxis sectionAxis = SectionAxis::None;
+    qel::XPnt3d sectionNormal;
+    double sectionShare = 0.5;
+    bool isSectionFlipped = false;
+    std::optional<SectionPlane> plane;
+    Points sectionLines;
+    double scale = 1.0;
+    /// Of the picture that is drawn: more than 1 in captures only.
+    int captureTimes = 1;
+    ScreenFont font;
+    /// What the colours of heights stand for.
+    HeightRange heightRange;
 };
 
 }  // namespace qelview

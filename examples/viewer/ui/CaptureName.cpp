@@ -1,5 +1,6 @@
 #include "CaptureName.h"
 
+#include <algorithm>
 #include <string>
 #include <system_error>
 
@@ -17,6 +18,14 @@ std::filesystem::path freeCaptureName(const std::filesystem::path& folder) {
         }
     }
     return {};
+}
+
+bool hasPngEnding(const std::filesystem::path& file) {
+    std::u8string ending = file.extension().u8string();
+    std::transform(ending.begin(), ending.end(), ending.begin(), [](char8_t letter) {
+        return letter >= u8'A' && letter <= u8'Z' ? static_cast<char8_t>(letter - u8'A' + u8'a') : letter;
+    });
+    return ending == u8".png";
 }
 
 }  // namespace qelview

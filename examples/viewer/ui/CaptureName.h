@@ -8,4 +8,7 @@ namespace qelview {
 /// @return empty if all up to 999 are used.
 [[nodiscard]] std::filesystem::path freeCaptureName(const std::filesystem::path& folder);
 
+/// True if a file of this name is a PNG file.
+[[nodiscard]] bool hasPngEnding(const std::filesystem::path& file);
+
 }  // namespace qelview

@@ -74,6 +74,7 @@ void showMarks(HMENU bar, const MenuMarks& marks) {
     mark(Command::LongAxes, marks.hasLongAxes);
     mark(Command::TurnUp, marks.hasYUp);
     mark(Command::Stereo, marks.isStereo);
+    mark(Command::Measure, marks.isMeasuring);
 }
 
 }  // namespace qelview

@@ -13,6 +13,7 @@ struct MenuMarks {
     bool hasLongAxes = false;
     bool hasYUp = false;
     bool isStereo = false;
+    bool isMeasuring = false;
 };
 
 /// Creates the menu bar for a new window, which destroys it. Null if it cannot be created.

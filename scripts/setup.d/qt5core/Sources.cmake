@@ -19,6 +19,11 @@ add_sources("${corelib}/kernel"
     qabstracteventdispatcher qcoreapplication qcoreapplication_win qcoreevent qcoreglobaldata qdeadlinetimer
     qelapsedtimer_win qeventdispatcher_win qeventloop qmetaobject qmetatype qobject qsocketnotifier qsystemerror qvariant
     qwineventnotifier qwinregistry)
+if(MSVC)
+    # This compiler emits the inline functions of every exported class that it sees, and these ask for the rest of their class.
+    add_sources("${corelib}/kernel" qbasictimer qtimer)
+    add_sources("${corelib}/text" qcollator qcollator_win)
+endif()
 add_sources("${corelib}/plugin"
     qsystemlibrary quuid)
 add_sources("${corelib}/serialization"

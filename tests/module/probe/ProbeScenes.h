@@ -4,8 +4,9 @@
 
 /// Loads the library and gives it back at once; waits until it has left the process.
 int loadAndUnload();
-/// The same again and again, with a short sleep in the place of the long one.
-int reload();
+/// The same with the named library `rounds` times, with a short sleep in the place of the long one; ends at the
+/// first failure.
+int reload(const wchar_t* name, int rounds);
 /// Loads while the program's path cannot be had.
 int loadWithoutPath();
 /// Loads while no thread can be started; only returns if the load does.

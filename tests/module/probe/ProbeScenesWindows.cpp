@@ -18,19 +18,19 @@ namespace {
 
 constexpr int kFailed = 90;
 
-bool isLoaded() {
-    return GetModuleHandleW(kLibrary) != nullptr;
+bool isLoaded(const wchar_t* library = kLibrary) {
+    return GetModuleHandleW(library) != nullptr;
 }
 
 /// Milliseconds until the library has left the process, or -1 if it stays.
-long waitUntilUnloaded() {
+long waitUntilUnloaded(const wchar_t* library = kLibrary) {
     constexpr DWORD kLongest = 12000;
     const DWORD start = GetTickCount();
-    while (isLoaded()) {
+    while (isLoaded(library)) {
         if (GetTickCount() - start > kLongest) {
             return -1;
         }
-        Sleep(20);
+        Sleep(5);
     }
     return static_cast<long>(GetTickCount() - start);
 }
@@ -51,7 +51,7 @@ int countThreads() {
 std::atomic<DWORD> sleptMilliseconds = 0;
 
 void WINAPI sleepShortly(DWORD milliseconds) {
-    constexpr DWORD kShort = 100;
+    constexpr DWORD kShort = 20;
     sleptMilliseconds = milliseconds;
     // This program's own import still leads to the original.
     Sleep(kShort);
@@ -97,20 +97,17 @@ int loadAndUnload() {
     return 21;
 }
 
-int reload() {
+int reload(const wchar_t* name, int rounds) {
     loadFoundations();
     const ExportStandIn sleep("kernel32.dll", "Sleep", reinterpret_cast<void*>(&sleepShortly));
     int handlesBefore = 0;
     int handlesAfter = 0;
     int failures = 0;
-    constexpr int kRounds = 20;
-    for (int round = 0; round < kRounds; ++round) {
-        HMODULE const library = LoadLibraryW(kLibrary);
-        using NewSymbol = IQelSymbol* (*)();
-        const auto newSymbol = exported<NewSymbol>("newQelSymbol");
-        failures += library == nullptr || newSymbol == nullptr || newSymbol() == nullptr ? 1 : 0;
+    for (int round = 0; round < rounds && failures == 0; ++round) {
+        HMODULE const library = LoadLibraryW(name);
+        failures += library != nullptr ? 0 : 1;
         FreeLibrary(library);
-        failures += waitUntilUnloaded() < 0 ? 1 : 0;
+        failures += waitUntilUnloaded(name) < 0 ? 1 : 0;
         Sleep(20);
         (round == 1 ? handlesBefore : handlesAfter) = qel::test::openHandles();
     }
@@ -136,7 +133,7 @@ int loadWithoutPath() {
 
 int loadWithoutThread() {
     loadFoundations();
-    const ExportStandIn thread("msvcrt.dll", "_beginthread", reinterpret_cast<void*>(&noThread));
+    const ExportStandIn thread(kRuntime, "_beginthread", reinterpret_cast<void*>(&noThread));
     std::printf("loading\n");
     std::fflush(stdout);
     LoadLibraryW(kLibrary);
@@ -147,7 +144,7 @@ int loadWithoutThread() {
 int loadWithoutHold() {
     loadFoundations();
     const ExportStandIn hold("kernel32.dll", "GetModuleHandleExW", reinterpret_cast<void*>(&noHandle));
-    const ExportStandIn thread("msvcrt.dll", "_beginthread", reinterpret_cast<void*>(&watchedThread));
+    const ExportStandIn thread(kRuntime, "_beginthread", reinterpret_cast<void*>(&watchedThread));
     HMODULE const library = LoadLibraryW(kLibrary);
     std::printf("loaded: %d\nthreads started: %d\n", library != nullptr ? 1 : 0, threadsStarted.load());
     FreeLibrary(library);
@@ -158,7 +155,7 @@ int loadWithoutHold() {
 int loadAndWatchThread() {
     loadFoundations();
     const ExportStandIn sleep("kernel32.dll", "Sleep", reinterpret_cast<void*>(&sleepShortly));
-    const ExportStandIn thread("msvcrt.dll", "_beginthread", reinterpret_cast<void*>(&watchedThread));
+    const ExportStandIn thread(kRuntime, "_beginthread", reinterpret_cast<void*>(&watchedThread));
     HMODULE const library = LoadLibraryW(kLibrary);
     FreeLibrary(library);
     std::printf("threads started: %d\n", threadsStarted.load());

@@ -50,9 +50,9 @@ TEST_F(ViewerFiles, ShowsADroppedFileInPlaceOfTheScene) {
 TEST_F(ViewerFiles, ForgetsTheMarkOfTheOldScene) {
     const TemporaryFile square("marked.obj", kSquare);
     play("down left 170 149\nup left 170 149");
-    ASSERT_TRUE(stage().annotations().mark.has_value());
+    ASSERT_EQ(stage().annotations().marks.size(), 1U);
     drop(square.path());
-    EXPECT_FALSE(stage().annotations().mark.has_value());
+    EXPECT_TRUE(stage().annotations().marks.empty());
 }
 
 TEST_F(ViewerFiles, KeepsTheSceneWhenADroppedFileIsBad) {

@@ -135,12 +135,11 @@ TEST_F(ViewerMouse, LetsNothingElseMoveTheCameraDuringADrag) {
 }
 
 TEST_F(ViewerMouse, ShowsRingsWhileItRotatesAndOnlyThen) {
-    constexpr qel::test::Rgba kWhite{255, 255, 255, 255};
-    const std::size_t before = picture().countOf(kWhite);
+    const std::size_t before = picture().countOf(qel::test::kWhite);
     play("down left 160 120\nmove 200 100");
-    EXPECT_GT(picture().countOf(kWhite), before + 100);
+    EXPECT_GT(picture().countOf(qel::test::kWhite), before + 100);
     play("up left 200 100\nkey 6");
-    EXPECT_EQ(picture().countOf(kWhite), before);
+    EXPECT_EQ(picture().countOf(qel::test::kWhite), before);
 }
 
 TEST_F(ViewerMouse, MarksThePointOfAClickWithItsCoordinates) {
@@ -150,8 +149,8 @@ TEST_F(ViewerMouse, MarksThePointOfAClickWithItsCoordinates) {
     play("down left " + mouse(kOnModel) + "\nmove " + mouse({kOnModel.x + 2, kOnModel.y - 2}) + "\nup left " +
          mouse({kOnModel.x + 2, kOnModel.y - 2}));
     EXPECT_EQ(cameraNow(), before);
-    const auto& mark = stage().annotations().mark;
-    ASSERT_TRUE(mark.has_value());
+    ASSERT_EQ(stage().annotations().marks.size(), 1U);
+    const auto* const mark = &stage().annotations().marks.front();
     EXPECT_EQ(qel::dist(mark->at, point), 0.0);
     EXPECT_EQ(mark->label, stage().textOf(point));
     // The cross stands at the click, its text to the right of it.
@@ -164,7 +163,7 @@ TEST_F(ViewerMouse, RemovesTheMarkWithAClickOnNothing) {
     play("down left " + mouse(kOnModel) + "\nup left " + mouse(kOnModel));
     ASSERT_GT(signals(), 0U);
     play("down left " + mouse(kOnNothing) + "\nup left " + mouse(kOnNothing));
-    EXPECT_FALSE(stage().annotations().mark.has_value());
+    EXPECT_TRUE(stage().annotations().marks.empty());
     EXPECT_EQ(signals(), 0U);
 }
 
@@ -199,8 +198,8 @@ TEST_F(ViewerMouse, MarksThePointsOfACloudThemselves) {
     const qel::XPnt3d place = camera().project(0, 5, 1);
     const PixelPlace pixel{static_cast<int>(place.x) + 1, static_cast<int>(place.y) - 1};
     play("down left " + mouse(pixel) + "\nup left " + mouse(pixel));
-    ASSERT_TRUE(stage().annotations().mark.has_value());
-    EXPECT_EQ(qel::dist(stage().annotations().mark->at, {0, 5, 1}), 0.0);
+    ASSERT_EQ(stage().annotations().marks.size(), 1U);
+    EXPECT_EQ(qel::dist(stage().annotations().marks.front().at, {0, 5, 1}), 0.0);
     EXPECT_FALSE(stage().pointAt({pixel.x + 10, pixel.y}).isValid());
 }
 

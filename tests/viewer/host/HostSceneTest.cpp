@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "FlatView.h"
 #include "QelDisplay64t.h"
 #include "QelGl.h"
 #include "SampleScene.h"
@@ -17,23 +18,18 @@ namespace {
 using qel::test::call;
 using qel::test::Calls;
 using qel::test::CallTrace;
+using qel::test::flatView;
 using qel::test::GlSurface;
 using qelview::HostScene;
 using qelview::Scene;
 
 constexpr int kSize = 64;
 
-/// Model coordinates from -1 to 1 fill the surface, z = -1 nearest.
-qelview::PixelView flatView() {
-    constexpr std::array<double, 16> kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-    return {kIdentity, kIdentity, {0, 0, kSize, kSize}};
-}
-
 class HostSceneDrawing : public testing::Test {
   protected:
     void draw(const Scene& scene) {
         glEnable(GL_DEPTH_TEST);
-        HostScene(scene).draw(*symbol, flatView(), textures);
+        HostScene(scene).draw(*symbol, flatView(kSize, kSize), textures);
     }
     /// The calls of a drawing that carry vertices or colours of a scene.
     Calls drawnOf(const Scene& scene) {
@@ -147,7 +143,7 @@ TEST_F(HostSceneDrawing, DrawsTheWholeSampleSceneWithoutAnOpenGlError) {
     Scene scene = qelview::makeSampleScene();
     glMatrixMode(GL_MODELVIEW);
     glScaled(0.05, 0.05, -0.05);
-    qelview::PixelView view = flatView();
+    qelview::PixelView view = flatView(kSize, kSize);
     glGetDoublev(GL_MODELVIEW_MATRIX, view.modelview.data());
     glEnable(GL_DEPTH_TEST);
     HostScene(scene).draw(*symbol, view, textures);

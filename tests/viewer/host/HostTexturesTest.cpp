@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "FlatView.h"
 #include "HostScene.h"
 #include "QelDisplay64t.h"
 #include "QelGl.h"
@@ -32,7 +33,7 @@ using qelview::Texture;
 using qelview::TextureImage;
 using qelview::Wrapping;
 
-constexpr int kSize = 64;
+constexpr int kSide = 64;
 
 /// Pixels from the top row down.
 std::shared_ptr<const TextureImage> imageOf(int width, const std::vector<Rgba>& pixels, int channels = 3) {
@@ -73,19 +74,18 @@ class HostTexturesDrawing : public testing::Test {
         return mesh;
     }
     void draw(const qelview::TriangleMesh& mesh) {
-        constexpr std::array<double, 16> kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
         qelview::Scene scene;
         scene.meshes.push_back(mesh);
         surface.clear();
-        HostScene(scene).draw(*symbol, {kIdentity, kIdentity, {0, 0, kSize, kSize}}, textures);
+        HostScene(scene).draw(*symbol, qel::test::flatView(kSide, kSide), textures);
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
     }
     /// At shares of the surface from its upper left corner.
     Rgba at(double right, double down) const {
-        return surface.pixel(static_cast<int>(right * kSize), static_cast<int>((1.0 - down) * kSize));
+        return surface.pixel(static_cast<int>(right * kSide), static_cast<int>((1.0 - down) * kSide));
     }
 
-    qel::test::GlSurface surface{kSize, kSize};
+    qel::test::GlSurface surface{kSide, kSide};
     qel::ref_ptr<IQelSymbol> symbol{newQelSymbol()};
     HostTextures textures;
 };
@@ -183,7 +183,7 @@ TEST_F(HostTexturesDrawing, HaveHolesWhereAlphaIsBelowTheCutoff) {
     EXPECT_EQ(at(0.25, 0.5), back);
     EXPECT_EQ(at(0.75, 0.5)[1], 255);
     // A hole hides nothing behind it.
-    EXPECT_EQ(surface.depth(kSize / 4, kSize / 2), 1.0F);
+    EXPECT_EQ(surface.depth(kSide / 4, kSide / 2), 1.0F);
     texture.alphaCutoff = 0.3F;
     draw(square(texture));
     EXPECT_EQ(at(0.25, 0.5)[0], 255);

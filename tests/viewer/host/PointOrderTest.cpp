@@ -4,17 +4,16 @@
 
 #include <vector>
 
+#include "FlatView.h"
+
 namespace {
 
 using qelview::orderVisiblePoints;
 using qelview::PixelView;
 using Order = std::vector<std::uint32_t>;
 
-constexpr std::array<double, 16> kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-
-/// Model coordinates from -1 to 1, z = -1 nearest, in a window of 4 by 2 pixels.
-PixelView flatView() {
-    return {kIdentity, kIdentity, {0, 0, 4, 2}};
+PixelView smallView() {
+    return qel::test::flatView(4, 2);
 }
 
 Order orderOf(const qelview::Points& points, const PixelView& view, const qelview::DepthImage& depths = {}) {
@@ -24,12 +23,12 @@ Order orderOf(const qelview::Points& points, const PixelView& view, const qelvie
 }
 
 TEST(PointOrder, BeginsWithTheFarthest) {
-    EXPECT_EQ(orderOf({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}}, flatView()), (Order{1, 3, 0, 2}));
+    EXPECT_EQ(orderOf({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}}, smallView()), (Order{1, 3, 0, 2}));
 }
 
 TEST(PointOrder, TakesEachNthPointAlone) {
     Order order;
-    orderVisiblePoints({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}, {0, 0, -0.5}}, flatView(), {}, 2,
+    orderVisiblePoints({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}, {0, 0, -0.5}}, smallView(), {}, 2,
                        order);
     EXPECT_EQ(order, (Order{0, 4, 2}));
 }
@@ -37,17 +36,17 @@ TEST(PointOrder, TakesEachNthPointAlone) {
 TEST(PointOrderVisiblePointAt, FindsTheNearestToTheEyeWithinReach) {
     const qelview::Points points{{0, 0, 0.5}, {0, 0, -0.5}, {0.5, 0, -0.9}, {0, 0, 0}};
     Order order;
-    orderVisiblePoints(points, flatView(), {}, 1, order);
-    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.0, 1.0, 0.4), 1U);
-    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.7, 1.0, 0.4), 2U);
-    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 1.5, 1.0, 0.4), std::nullopt);
-    EXPECT_EQ(qelview::visiblePointAt(points, order, flatView(), 2.0, 1.5, 0.4), std::nullopt);
-    EXPECT_EQ(qelview::visiblePointAt(points, {0, 3}, flatView(), 2.0, 1.0, 0.4), 3U);
-    EXPECT_EQ(qelview::visiblePointAt(points, {}, flatView(), 2.0, 1.0, 0.4), std::nullopt);
+    orderVisiblePoints(points, smallView(), {}, 1, order);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, smallView(), 2.0, 1.0, 0.4), 1U);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, smallView(), 2.7, 1.0, 0.4), 2U);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, smallView(), 1.5, 1.0, 0.4), std::nullopt);
+    EXPECT_EQ(qelview::visiblePointAt(points, order, smallView(), 2.0, 1.5, 0.4), std::nullopt);
+    EXPECT_EQ(qelview::visiblePointAt(points, {0, 3}, smallView(), 2.0, 1.0, 0.4), 3U);
+    EXPECT_EQ(qelview::visiblePointAt(points, {}, smallView(), 2.0, 1.0, 0.4), std::nullopt);
 }
 
 TEST(PointOrder, LeavesOutWhatLiesOutsideTheView) {
-    EXPECT_EQ(orderOf({{1.1, 0, 0}, {0, -1.1, 0}, {0, 0, 1.1}, {0, 0, -1.1}, {1, 1, 1}}, flatView()),
+    EXPECT_EQ(orderOf({{1.1, 0, 0}, {0, -1.1, 0}, {0, 0, 1.1}, {0, 0, -1.1}, {1, 1, 1}}, smallView()),
               (Order{4}));
 }
 
@@ -58,19 +57,19 @@ TEST(PointOrder, LeavesOutWhatSurfacesHide) {
     EXPECT_EQ(
         orderOf(
             {{-0.9, -0.9, 0.1}, {-0.9, -0.9, -0.1}, {-0.9, -0.9, 0.0}, {0.9, 0.9, 0.1}, {-0.1, -0.9, 0.1}},
-            flatView(), depths),
+            smallView(), depths),
         (Order{3, 4, 2, 1}));
 }
 
 TEST(PointOrder, LeavesOutWhatLiesBehindTheEye) {
-    PixelView view = flatView();
+    PixelView view = smallView();
     // w = -z, as in a perspective.
     view.projection = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, -1.5, -1, 0, 0, -2.5, 0};
     EXPECT_EQ(orderOf({{0, 0, -3}, {0, 0, 3}, {0, 0, -4}}, view), (Order{2, 0}));
 }
 
 TEST(PointOrder, AppliesTheCameraBeforeTheProjection) {
-    PixelView view = flatView();
+    PixelView view = smallView();
     view.modelview[14] = -0.5;
     view.projection[10] = 2.0;
     // z = 2 * (z - 0.5) must stay within 1.
@@ -78,8 +77,8 @@ TEST(PointOrder, AppliesTheCameraBeforeTheProjection) {
 }
 
 TEST(PointOrder, KeepsPointsOfOneDepthInTheirOrder) {
-    EXPECT_EQ(orderOf({{0.1, 0, 0}, {0.2, 0, 0}, {0.3, 0, 0}}, flatView()), (Order{0, 1, 2}));
-    EXPECT_TRUE(orderOf({}, flatView()).empty());
+    EXPECT_EQ(orderOf({{0.1, 0, 0}, {0.2, 0, 0}, {0.3, 0, 0}}, smallView()), (Order{0, 1, 2}));
+    EXPECT_TRUE(orderOf({}, smallView()).empty());
 }
 
 }  // namespace

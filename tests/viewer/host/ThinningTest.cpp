@@ -5,6 +5,7 @@
 #include <array>
 #include <numeric>
 
+#include "FlatView.h"
 #include "HostScene.h"
 #include "QelDisplay64t.h"
 #include "QelGl.h"
@@ -52,14 +53,10 @@ TEST(ThinningTriangles, CountsThePositionsOfAMeshWithoutIndices) {
 
 class ThinningScene : public testing::Test {
   protected:
-    static qelview::PixelView view() {
-        constexpr std::array<double, 16> kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-        return {kIdentity, kIdentity, {0, 0, 64, 64}};
-    }
     /// How many elements each drawing of elements takes.
     Calls drawn(const char* function, std::size_t partsPerDrawn) {
         qel::test::CallTrace trace;
-        scene->draw(*symbol, view(), textures, partsPerDrawn);
+        scene->draw(*symbol, qel::test::flatView(64, 64), textures, partsPerDrawn);
         return trace.calls(function);
     }
 
@@ -107,7 +104,7 @@ TEST_F(ThinningScene, DrawsEachNthPointOfClouds) {
     scene = std::make_unique<qelview::HostScene>(source);
     const auto shownPoints = [this](std::size_t partsPerDrawn) {
         surface.clear();
-        scene->draw(*symbol, view(), textures, partsPerDrawn);
+        scene->draw(*symbol, qel::test::flatView(64, 64), textures, partsPerDrawn);
         std::vector<int> shown;
         for (int i = 0; i < 10; ++i) {
             const int x = static_cast<int>((0.1 + 0.2 * i) * 32.0);

@@ -45,8 +45,9 @@ TEST(Script, ReadsWheelsAndKeys) {
     EXPECT_EQ(wheel.notches, -3);
     EXPECT_EQ(wheel.x, 10);
     EXPECT_EQ(wheel.y, 20);
-    EXPECT_EQ(onlyStep("key z").key, static_cast<unsigned>('Z'));
-    EXPECT_EQ(onlyStep("key Esc").key, 0x1BU);
+    EXPECT_EQ(onlyStep("key z").key, (qelview::KeyPress{'Z'}));
+    EXPECT_EQ(onlyStep("key Esc").key, (qelview::KeyPress{0x1B}));
+    EXPECT_EQ(onlyStep("key ctrl+c").key, (qelview::KeyPress{'C', true}));
 }
 
 struct FileLine {
@@ -112,7 +113,8 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongScriptLine{"ShiftTwice", "down left 1 2 shift shift", "down left|middle|right"},
                     WrongScriptLine{"WheelWithoutPlace", "wheel 1", "wheel NOTCHES X Y"},
                     WrongScriptLine{"WheelTooFar", "wheel 101 1 1", "'101' is out of range (-100 to 100)"},
-                    WrongScriptLine{"KeyOfADialog", "key Ctrl+O", "is not a letter, a digit or Esc"},
+                    WrongScriptLine{"KeyOfADialog", "key Ctrl+O", "'Ctrl+O' opens a dialog"},
+                    WrongScriptLine{"UnknownKey", "key Alt+X", "'Alt+X' is not a key"},
                     WrongScriptLine{"NoKey", "key", "key NAME"},
                     WrongScriptLine{"NoFile", "picture", "picture FILE.png"}),
     [](const auto& each) { return each.param.name; });

@@ -155,6 +155,15 @@ TEST(MapFrameData, GivesTheCoordinatesOfTheFilesBack) {
     EXPECT_TRUE(qelview::mapOf(sceneOf({square(0, 0, 4)}, {100, 50, 0})).isGeographic);
 }
 
+TEST(MapFrameData, IsInDegreesThoughAFileRoundsTheEdgeOfTheGlobe) {
+    qelview::Scene world;
+    world.points.push_back({{-180.00000000000003, -85.609037899999998, 0}});
+    world.points.push_back({{180.00000044181039, 83.645130000000009, 0}});
+    EXPECT_TRUE(qelview::mapOf(world).isGeographic);
+    world.points.push_back({{180.001, 0, 0}});
+    EXPECT_FALSE(qelview::mapOf(world).isGeographic);
+}
+
 TEST(MapFrame, HoldsOnlyWhatIsSeen) {
     qelview::Scene scene = sceneOf({square(0, 0, 4), square(1, 1, 1)}, {});
     scene.polylines.push_back({{{{-1e6, 2, 0}, {1e6, 2, 0}}, {{500, 500, 0}, {600, 600, 0}}}, {}});

@@ -18,7 +18,7 @@ using qelview::TriangleMesh;
 using qelview::Wrapping;
 
 /// A square whose texture coordinates are (0, 1), (1, 1), (1, 0), (0, 0), with the image four.tga in a file.
-json square() {
+json texturedSquare() {
     // Four positions, four pairs of texture coordinates and six indices.
     return json::parse(R"({"asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0]}],
         "nodes": [{"mesh": 0}],
@@ -40,7 +40,7 @@ json square() {
 Scene gltfScene(const json& changes) {
     const TemporaryFile image("four.tga", qel::test::fourPixels());
     const TemporaryFile image2("four 2.tga", qel::test::fourPixels());
-    json asset = square();
+    json asset = texturedSquare();
     for (const auto& [pointer, value] : changes.items()) {
         asset[json::json_pointer(pointer)] = value;
     }

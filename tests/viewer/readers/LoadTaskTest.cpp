@@ -60,7 +60,7 @@ TEST(LoadTask, MeasuresItsParts) {
     EXPECT_EQ(parts, "read normals middle ");
 }
 
-Scene load(const std::vector<std::string>& files, UpAxis up, std::vector<double>* reports = nullptr) {
+Scene loadFiles(const std::vector<std::string>& files, UpAxis up, std::vector<double>* reports = nullptr) {
     Progress progress;
     Stopwatch watch;
     Scene scene = qelview::loadScene(files, up, progress, watch);
@@ -73,10 +73,10 @@ Scene load(const std::vector<std::string>& files, UpAxis up, std::vector<double>
 TEST(LoadTaskScene, IsNamedAfterItsFiles) {
     const TemporaryFile one("one.xyz", "1 2 3\n");
     const TemporaryFile other("other.xyz", "3 2 1\n");
-    EXPECT_EQ(load({one.path().string()}, UpAxis::Z).title, "qelview-test-one.xyz");
-    EXPECT_EQ(load({one.path().string(), other.path().string()}, UpAxis::Z).title,
+    EXPECT_EQ(loadFiles({one.path().string()}, UpAxis::Z).title, "qelview-test-one.xyz");
+    EXPECT_EQ(loadFiles({one.path().string(), other.path().string()}, UpAxis::Z).title,
               "qelview-test-one.xyz and 1 more");
-    EXPECT_EQ(load({one.path().string(), other.path().string(), one.path().string()}, UpAxis::Z).title,
+    EXPECT_EQ(loadFiles({one.path().string(), other.path().string(), one.path().string()}, UpAxis::Z).title,
               "qelview-test-one.xyz and 2 more");
 }
 
@@ -84,7 +84,7 @@ TEST(LoadTaskScene, HasAllFilesAroundItsMiddle) {
     const TemporaryFile one("one.xyz", "10 20 30\n");
     const TemporaryFile other("other.xyz", "14 20 50\n");
     std::vector<double> reports;
-    const Scene scene = load({one.path().string(), other.path().string()}, UpAxis::Z, &reports);
+    const Scene scene = loadFiles({one.path().string(), other.path().string()}, UpAxis::Z, &reports);
     EXPECT_EQ(qel::dist(scene.origin, {12, 20, 40}), 0.0);
     ASSERT_EQ(scene.clouds.size(), 2U);
     EXPECT_EQ(qel::dist(scene.clouds[0].positions.at(0), {-2, 0, -10}), 0.0);
@@ -94,9 +94,9 @@ TEST(LoadTaskScene, HasAllFilesAroundItsMiddle) {
 
 TEST(LoadTaskScene, HasTheUpAxisOfTheCaller) {
     const TemporaryFile file("one.xyz", "1 2 3\n");
-    EXPECT_EQ(load({file.path().string()}, UpAxis::Y).up, UpAxis::Y);
-    EXPECT_EQ(load({file.path().string()}, UpAxis::Z).up, UpAxis::Z);
-    EXPECT_TRUE(load({}, UpAxis::Z).isEmpty());
+    EXPECT_EQ(loadFiles({file.path().string()}, UpAxis::Y).up, UpAxis::Y);
+    EXPECT_EQ(loadFiles({file.path().string()}, UpAxis::Z).up, UpAxis::Z);
+    EXPECT_TRUE(loadFiles({}, UpAxis::Z).isEmpty());
 }
 
 TEST(LoadTaskWarnings, AreOneLineEach) {

@@ -12,7 +12,7 @@ namespace {
 
 using qel::test::refusalOf;
 
-qelview::Scene read(const std::string& text) {
+qelview::Scene readGeoJsonOf(const std::string& text) {
     qelview::Progress progress;
     return qelview::readGeoJson(text, qelview::ProgressStretch(progress, 0.0, 1.0));
 }
@@ -29,7 +29,7 @@ constexpr const char* kSquareWithHole =
     R"({"type":"Polygon","coordinates":[[[0,0],[4,0],[4,4],[0,4],[0,0]],[[1,1],[2,1],[2,2],[1,2],[1,1]]]})";
 
 TEST(ReadGeoJson, KeepsPolygonsWithTheirHoles) {
-    const qelview::Scene scene = read(collection(feature(kSquareWithHole)));
+    const qelview::Scene scene = readGeoJsonOf(collection(feature(kSquareWithHole)));
     ASSERT_EQ(scene.polygons.size(), 1U);
     ASSERT_EQ(scene.polygons[0].rings.size(), 2U);
     EXPECT_EQ(scene.polygons[0].rings[0].size(), 5U);
@@ -43,14 +43,14 @@ TEST(ReadGeoJson, ReadsAGeometryAFeatureAndACollectionAlike) {
           R"({"type":"GeometryCollection","geometries":[)" + std::string(kSquareWithHole) + "]}",
           collection(
               feature(R"({"type":"MultiPolygon","coordinates":[[[[0,0],[4,0],[4,4],[0,4],[0,0]]]]})"))}) {
-        EXPECT_EQ(read(text).polygons.size(), 1U) << text;
+        EXPECT_EQ(readGeoJsonOf(text).polygons.size(), 1U) << text;
     }
 }
 
 TEST(ReadGeoJson, MakesOneCloudOfAllPoints) {
     const qelview::Scene scene =
-        read(collection(feature(R"({"type":"Point","coordinates":[1.5,-2.5]})") + "," +
-                        feature(R"({"type":"MultiPoint","coordinates":[[3,4,5],[6,7,8,9]]})")));
+        readGeoJsonOf(collection(feature(R"({"type":"Point","coordinates":[1.5,-2.5]})") + "," +
+                                 feature(R"({"type":"MultiPoint","coordinates":[[3,4,5],[6,7,8,9]]})")));
     ASSERT_EQ(scene.clouds.size(), 1U);
     const qelview::Points& points = scene.clouds[0].positions;
     ASSERT_EQ(points.size(), 3U);
@@ -62,7 +62,7 @@ TEST(ReadGeoJson, MakesOneCloudOfAllPoints) {
 }
 
 TEST(ReadGeoJson, NamesPlaces) {
-    const qelview::Scene scene = read(collection(
+    const qelview::Scene scene = readGeoJsonOf(collection(
         R"({"type":"Feature","properties":{"name":"Sund"},"geometry":{"type":"Point","coordinates":[1,2]}},)"
         R"({"type":"Feature","properties":{"name":7},"geometry":{"type":"Point","coordinates":[3,4]}},)"
         R"({"type":"Feature","properties":null,"geometry":{"type":"Point","coordinates":[5,6]}})"));
@@ -72,7 +72,7 @@ TEST(ReadGeoJson, NamesPlaces) {
 }
 
 TEST(ReadGeoJson, KeepsEachLineByItself) {
-    const qelview::Scene scene = read(collection(
+    const qelview::Scene scene = readGeoJsonOf(collection(
         feature(R"({"type":"LineString","coordinates":[[0,0],[1,1]]})") + "," +
         feature(R"({"type":"MultiLineString","coordinates":[[[0,0],[1,1]],[[2,2],[3,3],[4,5]]]})")));
     ASSERT_EQ(scene.polylines.size(), 3U);
@@ -80,19 +80,21 @@ TEST(ReadGeoJson, KeepsEachLineByItself) {
 }
 
 TEST(ReadGeoJson, LeavesOutWhatHasNoGeometry) {
-    const qelview::Scene scene = read(collection(R"({"type":"Feature","properties":null,"geometry":null},)" +
-                                                 feature(R"({"type":"Point","coordinates":[1,2]})") + "," +
-                                                 feature(R"({"type":"Polygon","coordinates":[]})") + "," +
-                                                 feature(R"({"type":"MultiPoint","coordinates":[]})")));
+    const qelview::Scene scene =
+        readGeoJsonOf(collection(R"({"type":"Feature","properties":null,"geometry":null},)" +
+                                 feature(R"({"type":"Point","coordinates":[1,2]})") + "," +
+                                 feature(R"({"type":"Polygon","coordinates":[]})") + "," +
+                                 feature(R"({"type":"MultiPoint","coordinates":[]})")));
     EXPECT_EQ(scene.clouds.at(0).positions.size(), 1U);
     EXPECT_TRUE(scene.polygons.empty());
-    EXPECT_TRUE(read(collection("")).isEmpty());
+    EXPECT_TRUE(readGeoJsonOf(collection("")).isEmpty());
 }
 
 TEST(ReadGeoJson, NamesPlacesInAnyOfThreeWaysAndOnlySinglePoints) {
     const auto named = [](const char* properties, const char* geometry) {
-        const qelview::Scene scene = read(R"({"type":"Feature","properties":)" + std::string(properties) +
-                                          R"(,"geometry":)" + geometry + "}");
+        const qelview::Scene scene =
+            readGeoJsonOf(R"({"type":"Feature","properties":)" + std::string(properties) + R"(,"geometry":)" +
+                          geometry + "}");
         return scene.labels.empty() ? "" : scene.labels[0].text;
     };
     constexpr const char* kPoint = R"({"type":"Point","coordinates":[1,2]})";
@@ -108,9 +110,9 @@ TEST(ReadGeoJson, NamesPlacesInAnyOfThreeWaysAndOnlySinglePoints) {
 }
 
 TEST(ReadGeoJson, GivesEachKindItsColourAndWidth) {
-    const qelview::Scene scene =
-        read(collection(feature(R"({"type":"Point","coordinates":[1,2]})") + "," + feature(kSquareWithHole) +
-                        "," + feature(R"({"type":"LineString","coordinates":[[0,0],[1,1]]})")));
+    const qelview::Scene scene = readGeoJsonOf(
+        collection(feature(R"({"type":"Point","coordinates":[1,2]})") + "," + feature(kSquareWithHole) + "," +
+                   feature(R"({"type":"LineString","coordinates":[[0,0],[1,1]]})")));
     const auto rgb = [](const qel::QelColor4b& color) { return std::vector<int>{color.r, color.g, color.b}; };
     EXPECT_EQ(rgb(scene.polylines.at(0).style.color), (std::vector<int>{240, 225, 190}));
     EXPECT_EQ(scene.polylines[0].style.width, 1.0F);
@@ -120,7 +122,7 @@ TEST(ReadGeoJson, GivesEachKindItsColourAndWidth) {
     EXPECT_EQ(scene.clouds[0].color.g, 0.55F);
     EXPECT_EQ(scene.clouds[0].color.b, 0.25F);
     EXPECT_EQ(scene.clouds[0].size, 5.0F);
-    EXPECT_TRUE(read(kSquareWithHole).clouds.empty());
+    EXPECT_TRUE(readGeoJsonOf(kSquareWithHole).clouds.empty());
 }
 
 TEST(ReadGeoJson, ReadsCollectionsSixteenDeep) {
@@ -128,10 +130,11 @@ TEST(ReadGeoJson, ReadsCollectionsSixteenDeep) {
     for (int depth = 0; depth < 16; ++depth) {
         geometry = R"({"type":"GeometryCollection","geometries":[)" + geometry + "]}";
     }
-    EXPECT_EQ(read(geometry).polygons.size(), 1U);
-    EXPECT_NE(
-        refusalOf([&] { return read(R"({"type":"GeometryCollection","geometries":[)" + geometry + "]}"); }),
-        "");
+    EXPECT_EQ(readGeoJsonOf(geometry).polygons.size(), 1U);
+    EXPECT_NE(refusalOf([&] {
+                  return readGeoJsonOf(R"({"type":"GeometryCollection","geometries":[)" + geometry + "]}");
+              }),
+              "");
 }
 
 TEST(ReadGeoJson, ReportsItsProgressFeatureByFeature) {
@@ -206,7 +209,7 @@ TEST(ReadGeoJson, SaysInOneLineWhereAFileIsWrongAndWhy) {
         {"", "line 1: the file ends in the middle of the JSON text"},
     };
     for (const Bad& bad : cases) {
-        const std::string refusal = refusalOf([&] { return read(bad.text); });
+        const std::string refusal = refusalOf([&] { return readGeoJsonOf(bad.text); });
         EXPECT_NE(refusal.find(bad.reason), std::string::npos) << bad.text << "\n" << refusal;
         EXPECT_EQ(refusal.find('\n'), std::string::npos) << refusal;
     }
@@ -214,10 +217,10 @@ TEST(ReadGeoJson, SaysInOneLineWhereAFileIsWrongAndWhy) {
 
 TEST(ReadGeoJson, TakesNoHarmFromDeepNesting) {
     const std::string text = R"({"type":"Point","coordinates":)" + std::string(200000, '[');
-    EXPECT_NE(refusalOf([&] { return read(text); }), "");
+    EXPECT_NE(refusalOf([&] { return readGeoJsonOf(text); }), "");
     const std::string closed =
         R"({"type":"Point","coordinates":)" + std::string(100000, '[') + std::string(100000, ']') + "}";
-    EXPECT_EQ(refusalOf([&] { return read(closed); }),
+    EXPECT_EQ(refusalOf([&] { return readGeoJsonOf(closed); }),
               "file: a position is not an array of two or more numbers");
 }
 

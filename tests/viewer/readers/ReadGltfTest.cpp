@@ -16,16 +16,13 @@ namespace {
 
 using nlohmann::json;
 using qel::test::glb;
+using qel::test::gltfRefusal;
+using qel::test::readSquare;
 using qel::test::square;
 using qel::test::squareWith;
 
-constexpr auto read = [](std::string_view bytes, const std::filesystem::path& file = "nowhere/model.gltf") {
-    return qel::test::readSquare(bytes, file);
-};
-constexpr auto refusal = [](const std::string& bytes) { return qel::test::gltfRefusal(bytes); };
-
 TEST(ReadGltf, TurnsEverySecondTriangleOfAStrip) {
-    qelview::Scene scene = read(square().dump());
+    qelview::Scene scene = readSquare(square().dump());
     ASSERT_EQ(scene.meshes.size(), 1U);
     EXPECT_EQ(scene.triangleCount(), 2U);
     // Both look the same way, so that the square is smooth.
@@ -58,16 +55,16 @@ TEST(ReadGltf, TellsHowFarItIsWithinAMesh) {
 }
 
 TEST(ReadGltf, TurnsFansIntoTriangles) {
-    EXPECT_EQ(read(squareWith("/meshes/0/primitives/0/mode", 6).dump()).triangleCount(), 2U);
+    EXPECT_EQ(readSquare(squareWith("/meshes/0/primitives/0/mode", 6).dump()).triangleCount(), 2U);
 }
 
 TEST(ReadGltf, LeavesPiecesOfTrianglesOut) {
-    EXPECT_EQ(read(squareWith("/meshes/0/primitives/0/mode", 4).dump()).triangleCount(), 1U);
+    EXPECT_EQ(readSquare(squareWith("/meshes/0/primitives/0/mode", 4).dump()).triangleCount(), 1U);
 }
 
 TEST(ReadGltf, JoinsLinesStripsAndLoops) {
     const auto parts = [](int mode) {
-        const qelview::Scene scene = read(squareWith("/meshes/0/primitives/0/mode", mode).dump());
+        const qelview::Scene scene = readSquare(squareWith("/meshes/0/primitives/0/mode", mode).dump());
         std::vector<std::size_t> sizes;
         for (const qelview::Points& part : scene.polylines.at(0).parts) {
             sizes.push_back(part.size());
@@ -82,7 +79,7 @@ TEST(ReadGltf, JoinsLinesStripsAndLoops) {
 TEST(ReadGltf, GivesDotsTheirColours) {
     json dots = squareWith("/meshes/0/primitives/0/mode", 0);
     dots["meshes"][0]["primitives"][0]["attributes"]["COLOR_0"] = 1;
-    const qelview::Scene scene = read(dots.dump());
+    const qelview::Scene scene = readSquare(dots.dump());
     ASSERT_EQ(scene.cloudPointCount(), 4U);
     EXPECT_EQ(scene.clouds[0].colors[1].g, 255);
     EXPECT_EQ(scene.clouds[0].colors[3].r, 51);
@@ -92,7 +89,7 @@ TEST(ReadGltf, PlacesAMeshByAllNodesAboveIt) {
     json nodes = square();
     nodes["nodes"] = json::parse(R"([{"children": [1], "matrix": [2,0,0,0, 0,2,0,0, 0,0,2,0, 10,20,30,1]},
         {"mesh": 0, "rotation": [0, 0, 0.70710678118654752, 0.70710678118654752], "translation": [1, 0, 0]}])");
-    const qel::Enve3d box = read(nodes.dump()).bounds();
+    const qel::Enve3d box = readSquare(nodes.dump()).bounds();
     EXPECT_NEAR(box.xmin, 10.0, 1e-12);
     EXPECT_NEAR(box.xmax, 12.0, 1e-12);
     EXPECT_NEAR(box.ymin, 20.0, 1e-12);
@@ -105,7 +102,7 @@ TEST(ReadGltf, KeepsNormalsAcrossSurfacesOfScaledAndMirroredNodes) {
     // The positions serve as normals too.
     scaled["meshes"][0]["primitives"][0]["attributes"]["NORMAL"] = 0;
     scaled["nodes"][0]["scale"] = {-2, 1, 1};
-    const qelview::Scene scene = read(scaled.dump());
+    const qelview::Scene scene = readSquare(scaled.dump());
     const std::vector<qel::XPnt3f>& normals = scene.meshes.at(0).normals;
     // (1, 1, 0) is divided by the scale: (-0.5, 1, 0).
     EXPECT_NEAR(normals.at(3).x, -0.4472136F, 1e-6F);
@@ -118,19 +115,19 @@ TEST(ReadGltf, TakesColoursOfMaterials) {
     json material = squareWith("/meshes/0/primitives/0/material", 0);
     material["materials"] =
         json::parse(R"([{"pbrMetallicRoughness": {"baseColorFactor": [0.25, 0.5, 2, 1]}}])");
-    const qelview::Scene scene = read(material.dump());
+    const qelview::Scene scene = readSquare(material.dump());
     EXPECT_EQ(scene.meshes.at(0).color.r, 0.25F);
     EXPECT_EQ(scene.meshes.at(0).color.b, 1.0F);
     material["materials"][0]["extensions"]["KHR_materials_pbrSpecularGlossiness"]["diffuseFactor"] = {0.75, 0,
                                                                                                       0, 1};
-    EXPECT_EQ(read(material.dump()).meshes.at(0).color.r, 0.75F);
+    EXPECT_EQ(readSquare(material.dump()).meshes.at(0).color.r, 0.75F);
 }
 
 TEST(ReadGltf, ShowsRootsWhereThereAreNoScenes) {
     json nodes = square();
     nodes.erase("scenes");
     nodes["nodes"] = json::parse(R"([{"mesh": 0}, {"children": [0]}])");
-    EXPECT_EQ(read(nodes.dump()).triangleCount(), 2U);
+    EXPECT_EQ(readSquare(nodes.dump()).triangleCount(), 2U);
 }
 
 TEST(ReadGltf, ReadsBuffersBesideTheFile) {
@@ -140,7 +137,7 @@ TEST(ReadGltf, ReadsBuffersBesideTheFile) {
         name.replace(blank, 1, "%20");
     }
     const json beside = squareWith("/buffers/0/uri", name);
-    EXPECT_EQ(read(beside.dump(), buffer.path().parent_path() / "model.gltf").triangleCount(), 2U);
+    EXPECT_EQ(readSquare(beside.dump(), buffer.path().parent_path() / "model.gltf").triangleCount(), 2U);
 }
 
 /// The largest x of three points, of which the first has the bytes for each of its coordinates.
@@ -154,7 +151,7 @@ double largestOf(int componentType, bool isNormalized, const std::string& bytes)
     points["bufferViews"][0]["byteLength"] = 3 * bytes.size();
     const qel::test::TemporaryFile buffer("numbers.bin", bytes + bytes + bytes + std::string(64, '\0'));
     points["buffers"][0] = {{"byteLength", 3 * bytes.size()}, {"uri", buffer.path().filename().string()}};
-    return read(points.dump(), buffer.path().parent_path() / "model.gltf").bounds().xmax;
+    return readSquare(points.dump(), buffer.path().parent_path() / "model.gltf").bounds().xmax;
 }
 
 TEST(ReadGltf, ReadsNumbersAndSharesOfEveryType) {
@@ -176,14 +173,14 @@ TEST(ReadGltf, ReadsTheChunkOfABinaryFile) {
     json inside = square();
     inside["buffers"] = json::parse(R"([{"byteLength": 68}])");
     const std::string file = glb(inside, std::string(68, '\0'));
-    EXPECT_EQ(read(file).triangleCount(), 2U);
-    EXPECT_EQ(refusal(glb(inside, "short")), "buffer 0: it declares 68 bytes, there are 5");
+    EXPECT_EQ(readSquare(file).triangleCount(), 2U);
+    EXPECT_EQ(gltfRefusal(glb(inside, "short")), "buffer 0: it declares 68 bytes, there are 5");
     std::string longChunk = file;
     longChunk[15] = '\1';
-    EXPECT_EQ(refusal(longChunk).substr(0, 24), "first chunk: it declares");
-    EXPECT_EQ(refusal(file.substr(0, file.size() - 1)), "header: it declares " + std::to_string(file.size()) +
-                                                            " bytes, the file has " +
-                                                            std::to_string(file.size() - 1));
+    EXPECT_EQ(gltfRefusal(longChunk).substr(0, 24), "first chunk: it declares");
+    EXPECT_EQ(gltfRefusal(file.substr(0, file.size() - 1)),
+              "header: it declares " + std::to_string(file.size()) + " bytes, the file has " +
+                  std::to_string(file.size() - 1));
 }
 
 TEST(ReadGltf, StandsAnyDepth) {
@@ -194,11 +191,11 @@ TEST(ReadGltf, StandsAnyDepth) {
         deep["nodes"].push_back({{"children", {i + 1}}});
     }
     deep["nodes"].push_back({{"mesh", 0}});
-    EXPECT_EQ(read(deep.dump()).triangleCount(), 4U);
+    EXPECT_EQ(readSquare(deep.dump()).triangleCount(), 4U);
     const std::string brackets = std::string(depth, '[') + std::string(depth, ']');
     std::string text = square().dump();
     text.insert(1, "\"extras\": " + brackets + ", ");
-    EXPECT_EQ(read(text).triangleCount(), 2U);
+    EXPECT_EQ(readSquare(text).triangleCount(), 2U);
 }
 
 struct WrongValue {
@@ -211,7 +208,7 @@ struct WrongValue {
 class ReadGltfWrong : public testing::TestWithParam<WrongValue> {};
 
 TEST_P(ReadGltfWrong, IsRefusedAtItsPlace) {
-    EXPECT_EQ(refusal(squareWith(GetParam().pointer, GetParam().value).dump()), GetParam().refusal);
+    EXPECT_EQ(gltfRefusal(squareWith(GetParam().pointer, GetParam().value).dump()), GetParam().refusal);
 }
 
 const std::vector<WrongValue> kWrong{
@@ -278,16 +275,17 @@ TEST(ReadGltf, RefusesAttributesOfAnotherLength) {
     json colors = square();
     colors["meshes"][0]["primitives"][0]["attributes"]["COLOR_0"] = 1;
     colors["accessors"][1]["count"] = 3;
-    EXPECT_EQ(refusal(colors.dump()), "mesh 0: its attribute 'COLOR_0' and its positions differ in length");
+    EXPECT_EQ(gltfRefusal(colors.dump()),
+              "mesh 0: its attribute 'COLOR_0' and its positions differ in length");
 }
 
 TEST(ReadGltf, NamesTheLineAtWhichTheTextIsDamaged) {
-    EXPECT_EQ(refusal("{\"asset\": {},\n\"buffers\": ["),
+    EXPECT_EQ(gltfRefusal("{\"asset\": {},\n\"buffers\": ["),
               "line 2: the file ends in the middle of the JSON text");
-    EXPECT_EQ(refusal("{\"asset\": 1e999}"), "file: a number is too large");
-    EXPECT_EQ(refusal("[1, 2]"), "file: not a glTF asset");
-    EXPECT_EQ(refusal("glTF"), "header: too short for a binary glTF file");
-    EXPECT_EQ(refusal("glTF2222....aaaaJSON"), "header: it declares 774778414 bytes, the file has 20");
+    EXPECT_EQ(gltfRefusal("{\"asset\": 1e999}"), "file: a number is too large");
+    EXPECT_EQ(gltfRefusal("[1, 2]"), "file: not a glTF asset");
+    EXPECT_EQ(gltfRefusal("glTF"), "header: too short for a binary glTF file");
+    EXPECT_EQ(gltfRefusal("glTF2222....aaaaJSON"), "header: it declares 774778414 bytes, the file has 20");
 }
 
 TEST(ReadGltf, RefusesMeshesPlacedTooOften) {

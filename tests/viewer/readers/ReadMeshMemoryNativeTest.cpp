@@ -46,21 +46,21 @@ void forEachTriangle(const Visit& visit) {
     }
 }
 
-const std::string kVertices = std::to_string((kColumns + 1) * (kRows + 1));
-const std::string kTriangles = std::to_string(2 * kColumns * kRows);
+const std::string kVertexCount = std::to_string((kColumns + 1) * (kRows + 1));
+const std::string kTriangleCount = std::to_string(2 * kColumns * kRows);
 
 template <class Value>
-void append(std::string& bytes, Value value) {
+void appendValue(std::string& bytes, Value value) {
     bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
 
-std::string words(double x, double y, double z) {
+std::string lineOf(double x, double y, double z) {
     return std::to_string(x) + " " + std::to_string(y) + " " + std::to_string(z) + "\n";
 }
 
 std::string obj() {
     std::string text;
-    forEachVertex([&](int x, int y, double z) { text += "v " + words(x, y, z); });
+    forEachVertex([&](int x, int y, double z) { text += "v " + lineOf(x, y, z); });
     forEachTriangle([&](int a, int b, int c) {
         text +=
             "f " + std::to_string(a + 1) + " " + std::to_string(b + 1) + " " + std::to_string(c + 1) + "\n";
@@ -70,7 +70,7 @@ std::string obj() {
 
 std::string objWithNormals() {
     std::string text;
-    forEachVertex([&](int x, int y, double z) { text += "v " + words(x, y, z) + "vn " + words(0, 0, 1); });
+    forEachVertex([&](int x, int y, double z) { text += "v " + lineOf(x, y, z) + "vn " + lineOf(0, 0, 1); });
     forEachTriangle([&](int a, int b, int c) {
         text += "f";
         for (const int corner : {a, b, c}) {
@@ -83,7 +83,7 @@ std::string objWithNormals() {
 
 std::string objOfQuads() {
     std::string text;
-    forEachVertex([&](int x, int y, double z) { text += "v " + words(x, y, z); });
+    forEachVertex([&](int x, int y, double z) { text += "v " + lineOf(x, y, z); });
     for (int low = 1; low < kRows * (kColumns + 1); ++low) {
         if (low % (kColumns + 1) != 0) {
             const int high = low + kColumns + 1;
@@ -95,14 +95,14 @@ std::string objOfQuads() {
 }
 
 std::string plyHead(const std::string& format) {
-    return "ply\nformat " + format + " 1.0\nelement vertex " + kVertices +
-           "\nproperty float x\nproperty float y\nproperty float z\nelement face " + kTriangles +
+    return "ply\nformat " + format + " 1.0\nelement vertex " + kVertexCount +
+           "\nproperty float x\nproperty float y\nproperty float z\nelement face " + kTriangleCount +
            "\nproperty list uchar int vertex_indices\nend_header\n";
 }
 
 std::string plyText() {
     std::string text = plyHead("ascii");
-    forEachVertex([&](int x, int y, double z) { text += words(x, y, z); });
+    forEachVertex([&](int x, int y, double z) { text += lineOf(x, y, z); });
     forEachTriangle([&](int a, int b, int c) {
         text += "3 " + std::to_string(a) + " " + std::to_string(b) + " " + std::to_string(c) + "\n";
     });
@@ -112,30 +112,30 @@ std::string plyText() {
 std::string ply() {
     std::string bytes = plyHead("binary_little_endian");
     forEachVertex([&](int x, int y, double z) {
-        append(bytes, static_cast<float>(x));
-        append(bytes, static_cast<float>(y));
-        append(bytes, static_cast<float>(z));
+        appendValue(bytes, static_cast<float>(x));
+        appendValue(bytes, static_cast<float>(y));
+        appendValue(bytes, static_cast<float>(z));
     });
     forEachTriangle([&](std::int32_t a, std::int32_t b, std::int32_t c) {
-        append(bytes, std::uint8_t{3});
-        append(bytes, a);
-        append(bytes, b);
-        append(bytes, c);
+        appendValue(bytes, std::uint8_t{3});
+        appendValue(bytes, a);
+        appendValue(bytes, b);
+        appendValue(bytes, c);
     });
     return bytes;
 }
 
 std::string stl() {
     std::string bytes(80, '\0');
-    append(bytes, static_cast<std::uint32_t>(2 * kColumns * kRows));
+    appendValue(bytes, static_cast<std::uint32_t>(2 * kColumns * kRows));
     forEachTriangle([&](int a, int b, int c) {
         bytes.append(12, '\0');
         for (const int corner : {a, b, c}) {
             const int x = corner % (kColumns + 1);
             const int y = corner / (kColumns + 1);
-            append(bytes, static_cast<float>(x));
-            append(bytes, static_cast<float>(y));
-            append(bytes, static_cast<float>(heightAt(x, y)));
+            appendValue(bytes, static_cast<float>(x));
+            appendValue(bytes, static_cast<float>(y));
+            appendValue(bytes, static_cast<float>(heightAt(x, y)));
         }
         bytes.append(2, '\0');
     });
@@ -149,7 +149,7 @@ std::string stlText() {
         for (const int corner : {a, b, c}) {
             const int x = corner % (kColumns + 1);
             const int y = corner / (kColumns + 1);
-            text += "vertex " + words(x, y, heightAt(x, y));
+            text += "vertex " + lineOf(x, y, heightAt(x, y));
         }
         text += "endloop\nendfacet\n";
     });
@@ -157,8 +157,8 @@ std::string stlText() {
 }
 
 std::string off() {
-    std::string text = "OFF\n" + kVertices + " " + kTriangles + " 0\n";
-    forEachVertex([&](int x, int y, double z) { text += words(x, y, z); });
+    std::string text = "OFF\n" + kVertexCount + " " + kTriangleCount + " 0\n";
+    forEachVertex([&](int x, int y, double z) { text += lineOf(x, y, z); });
     forEachTriangle([&](int a, int b, int c) {
         text += "3 " + std::to_string(a) + " " + std::to_string(b) + " " + std::to_string(c) + "\n";
     });
@@ -167,7 +167,7 @@ std::string off() {
 
 std::string xyz() {
     std::string text;
-    forEachVertex([&](int x, int y, double z) { text += words(x, y, z); });
+    forEachVertex([&](int x, int y, double z) { text += lineOf(x, y, z); });
     return text;
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-qelview::Scene read(const std::string& text) {
+qelview::Scene readPointsOf(const std::string& text) {
     qelview::Progress progress;
     return qelview::readPoints(text, qelview::ProgressStretch(progress, 0.0, 1.0));
 }
@@ -23,7 +23,7 @@ struct TextCase {
 class ReadPointsForms : public testing::TestWithParam<TextCase> {};
 
 TEST_P(ReadPointsForms, GivesThePoints) {
-    const qelview::Scene scene = read(GetParam().text);
+    const qelview::Scene scene = readPointsOf(GetParam().text);
     ASSERT_EQ(scene.clouds.size(), 1U);
     const qelview::Points& points = scene.clouds[0].positions;
     ASSERT_EQ(points.size(), GetParam().points.size());
@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, ReadPointsForms, testing::ValuesIn(kForms),
                          [](const auto& each) { return each.param.name; });
 
 TEST(ReadPoints, TakesSixColumnsForPositionsAndColours) {
-    const qelview::Scene scene = read("1 2 3 0 128 255\n");
+    const qelview::Scene scene = readPointsOf("1 2 3 0 128 255\n");
     ASSERT_EQ(scene.clouds[0].colors.size(), 1U);
     EXPECT_EQ(scene.clouds[0].colors[0].r, 0);
     EXPECT_EQ(scene.clouds[0].colors[0].g, 128);
@@ -58,7 +58,7 @@ TEST(ReadPoints, TakesSixColumnsForPositionsAndColours) {
 }
 
 TEST(ReadPoints, TakesColoursByTheirNames) {
-    const qelview::Scene scene = read("B,G,R,x,y,z\n3,2,1,10,20,30\n");
+    const qelview::Scene scene = readPointsOf("B,G,R,x,y,z\n3,2,1,10,20,30\n");
     ASSERT_EQ(scene.clouds[0].colors.size(), 1U);
     EXPECT_EQ(scene.clouds[0].colors[0].r, 1);
     EXPECT_EQ(scene.clouds[0].colors[0].b, 3);
@@ -66,12 +66,12 @@ TEST(ReadPoints, TakesColoursByTheirNames) {
 }
 
 TEST(ReadPoints, JoinsPointsWithATimeByALine) {
-    const qelview::Scene scene = read("GpsTime,X,Y,Z\n0,1,2,3\n1,4,5,6\n");
+    const qelview::Scene scene = readPointsOf("GpsTime,X,Y,Z\n0,1,2,3\n1,4,5,6\n");
     ASSERT_EQ(scene.polylines.size(), 1U);
     ASSERT_EQ(scene.polylines[0].parts.size(), 1U);
     EXPECT_EQ(scene.polylines[0].parts[0].size(), 2U);
     EXPECT_EQ(scene.clouds[0].positions.size(), 2U);
-    EXPECT_TRUE(read("1 2 3\n").polylines.empty());
+    EXPECT_TRUE(readPointsOf("1 2 3\n").polylines.empty());
 }
 
 struct RefusalCase {
@@ -83,7 +83,7 @@ struct RefusalCase {
 class ReadPointsRefusals : public testing::TestWithParam<RefusalCase> {};
 
 TEST_P(ReadPointsRefusals, NameTheLineAndTheReason) {
-    EXPECT_EQ(qel::test::refusalOf([] { return read(GetParam().text); }), GetParam().refusal);
+    EXPECT_EQ(qel::test::refusalOf([] { return readPointsOf(GetParam().text); }), GetParam().refusal);
 }
 
 const std::vector<RefusalCase> kRefusals{
@@ -106,12 +106,12 @@ INSTANTIATE_TEST_SUITE_P(Texts, ReadPointsRefusals, testing::ValuesIn(kRefusals)
                          [](const auto& each) { return each.param.name; });
 
 TEST(ReadPoints, RefusesBinaryData) {
-    EXPECT_EQ(qel::test::refusalOf([] { return read(std::string("1 2 \0 3", 7)); }),
+    EXPECT_EQ(qel::test::refusalOf([] { return readPointsOf(std::string("1 2 \0 3", 7)); }),
               "byte 4: the file is not text");
 }
 
 TEST(ReadPoints, ShowsNothingOfABinaryTokenButQuestionMarks) {
-    EXPECT_EQ(qel::test::refusalOf([] { return read("1 2 \x01\x1B\x7F\n"); }),
+    EXPECT_EQ(qel::test::refusalOf([] { return readPointsOf("1 2 \x01\x1B\x7F\n"); }),
               "line 1: '\?\?\?' is not a number");
 }
 

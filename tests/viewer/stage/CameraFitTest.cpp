@@ -94,6 +94,26 @@ const std::vector<FitCase> kFits{
 INSTANTIATE_TEST_SUITE_P(Views, CameraFitPlaceToSee, testing::ValuesIn(kFits),
                          [](const auto& each) { return each.param.name; });
 
+TEST(CameraFitPlaceToSeeOf, AViewWithAHeadingIsFilledBelowIt) {
+    const auto corners = boxCorners(6.0, 18.0, 6.0);
+    const CameraPlace place =
+        qelview::placeToSee(corners, {{0, 0, 100}, {0, 0, 0}, {0, 1, 0}}, kFovY, 1.6, {0.94, 0.6, 0.86});
+    double low = 9.0;
+    double high = -9.0;
+    for (const qel::XPnt3d& corner : corners) {
+        low = std::min(low, appearanceOf(corner, place, 1.6).y);
+        high = std::max(high, appearanceOf(corner, place, 1.6).y);
+    }
+    EXPECT_NEAR(high, 0.6, 1e-9);
+    EXPECT_NEAR(low, -0.86, 1e-9);
+    // A wide image has the same room above and below.
+    const auto wide = boxCorners(60.0, 2.0, 0.0);
+    const CameraPlace farther =
+        qelview::placeToSee(wide, {{0, 0, 100}, {0, 0, 0}, {0, 1, 0}}, kFovY, 1.6, {0.94, 0.6, 0.86});
+    EXPECT_NEAR(0.6 - appearanceOf(wide[2], farther, 1.6).y, appearanceOf(wide[0], farther, 1.6).y + 0.86,
+                1e-9);
+}
+
 TEST(CameraFitPlaceToSeeOf, ASinglePointStandsOffIt) {
     const CameraPlace place =
         qelview::placeToSee({{5, 6, 7}}, {{0, 0, 100}, {0, 0, 0}, {0, 1, 0}}, kFovY, 1.0);
@@ -107,6 +127,7 @@ TEST(CameraFitUsableShare, IsOneAtTheMarginsAndMoreBeyond) {
     EXPECT_NEAR(qelview::shareOfUsableView({{50.0, 46.5, 0.5}, {40.0, 25.0, 0.5}}, 100.0, 50.0), 1.0, 1e-12);
     EXPECT_GT(qelview::shareOfUsableView({{50.0, -1.0, 0.5}}, 100.0, 50.0), 1.2);
     EXPECT_EQ(qelview::shareOfUsableView({{50.0, 25.0, 0.5}}, 100.0, 50.0), 0.0);
+    EXPECT_NEAR(qelview::shareOfUsableView({{50.0, 40.0, 0.5}}, 100.0, 50.0, {0.94, 0.6, 0.86}), 1.0, 1e-12);
 }
 
 }  // namespace
