@@ -73,7 +73,7 @@ void HostScene::addMesh(TriangleMesh&& mesh) {
     const bool isIndexed = !mesh.indices.empty();
     added.indices = makeArray(std::move(mesh.indices));
     added.vertices = convertAll<qel::ArrayVertex>(mesh.positions, toVertex);
-    mesh.positions = {};
+    mesh.positions = Points();
     // Each of the two mesh operations takes its own kind of normals.
     if (isIndexed) {
         added.normals = convertAll<qel::ArrayNormal4f>(mesh.normals, [](const qel::XPnt3f& normal) {
@@ -156,7 +156,7 @@ void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& te
 }
 
 void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn) {
-    // Surfaces step back a little, so that lines which lie on them stay whole.
+    // Moves surfaces back a little, so that lines on them are not hidden in part.
     glPolygonOffset(1.0F, 1.0F);
     const QelTmpGlStateCtrl offset(GL_POLYGON_OFFSET_FILL, true);
     for (Mesh& mesh : meshes) {
@@ -192,7 +192,7 @@ void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, const Draw
 }
 
 std::optional<qel::XPnt3d> HostScene::cloudPointAt(const PixelView& view, double x, double y) const {
-    // A hand does not meet a single pixel.
+    // A click rarely hits a single pixel.
     constexpr double kReach = 3.0;
     for (const Cloud& cloud : clouds) {
         const auto number = visiblePointAt(cloud.positions, cloud.order->content(), view, x, y, kReach);
@@ -248,12 +248,12 @@ void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pi
     symbol.setLineWidth(width);
     switch (static_cast<qel::GeometryKind>(drawn.geometry->geometryType())) {
         case qel::GeometryKind::LineSegment:
-            // Alone, a segment takes whatever colour and width OpenGL holds.
+            // A segment alone is drawn with the current colour and width.
             symbol.drawGeometryWith(drawn.geometry.get(), static_cast<double>(width),
                                     drawn.style.color.toColor3b());
             break;
         case qel::GeometryKind::Ball: {
-            // So does a ball.
+            // So is a ball.
             const qel::QelColor4b& color = drawn.style.color;
             glColor3ub(color.r, color.g, color.b);
             glLineWidth(width);

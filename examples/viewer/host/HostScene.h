@@ -32,7 +32,7 @@ struct DrawingDetail {
 /// Positions must be near the origin (`Scene::moveToOrigin`), since arrays are narrowed to float here.
 class HostScene {
   public:
-    /// Takes the arrays of the scene part by part, so that it never stands in memory twice.
+    /// Converts the arrays part by part, so that the scene is never in memory twice.
     explicit HostScene(Scene scene);
 
     /// Draws everything but labels. The context must be current. Enabled depth testing and disabled lighting

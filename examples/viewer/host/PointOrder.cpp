@@ -52,7 +52,7 @@ class DepthOfPoints {
         return depth > surfaceDepth(x, y) + kDepthTolerance ? kNotDrawn : depth;
     }
 
-    /// True if the image of a point in front of the eye lies within reach of a place, in pixels.
+    /// True if a point in front of the eye is drawn within `reach` pixels of (x, y).
     [[nodiscard]] bool isNear(const qel::XPnt3d& point, double x, double y, double reach) const {
         const double w = row(3, point);
         const double column = (row(0, point) / w * 0.5 + 0.5) * view.viewport[2];

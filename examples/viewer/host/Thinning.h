@@ -6,8 +6,8 @@
 
 namespace qelview {
 
-/// Triangles of a mesh that are left out or drawn together: neighbours in the file mostly are neighbours on
-/// the surface, so that what remains still shows its shape.
+/// Triangles of a mesh that are left out or drawn together: neighbours in the file are mostly neighbours on
+/// the surface, so the rest still shows its shape.
 inline constexpr std::size_t kTrianglesOfAPart = 32;
 
 /// The corners of one of each `partsPerDrawn` parts of a mesh, the first part among them.

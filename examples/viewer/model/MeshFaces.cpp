@@ -153,6 +153,11 @@ void MeshFaces::add(std::span<const std::uint32_t> corners) {
 std::size_t MeshFaces::moveInto(TriangleMesh& mesh) {
     mesh.indices = std::exchange(triangles, {});
     const std::vector<std::uint32_t> waiting = std::exchange(polygons, {});
+    std::size_t corners = mesh.indices.size();
+    for (std::size_t begin = 0; begin < waiting.size(); begin += waiting[begin] + 1) {
+        corners += 3 * (waiting[begin] - 2);
+    }
+    mesh.indices.reserve(corners);
     std::optional<Cutting> cutting;
     for (std::size_t begin = 0; begin < waiting.size(); begin += waiting[begin] + 1) {
         if (!cutting) {

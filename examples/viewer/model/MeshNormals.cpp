@@ -43,38 +43,20 @@ struct CornersOfPlaces {
     std::vector<std::uint32_t> corners;
 };
 
-/// The same number for vertices at the same place.
-std::vector<std::uint32_t> numberPlaces(const TriangleMesh& mesh, std::size_t& count) {
-    const Points& positions = mesh.positions;
-    if (mesh.arePlacesDistinct) {
-        count = positions.size();
-        std::vector<std::uint32_t> numbers(count);
-        std::iota(numbers.begin(), numbers.end(), 0U);
-        return numbers;
-    }
-    // Adding 0 makes -0 a 0.
-    const auto word = [](double coordinate) { return std::bit_cast<std::uint64_t>(coordinate + 0.0); };
-    Numbered<std::uint64_t, 3> places =
-        numberAll<std::uint64_t, 3>(positions.size(), positions.size(), [&](std::size_t i) {
-            return std::array{word(positions[i].x), word(positions[i].y), word(positions[i].z)};
-        });
-    count = places.keys.size();
-    return std::move(places.numbers);
-}
-
-CornersOfPlaces sortCorners(const TriangleMesh& mesh) {
-    std::size_t count = 0;
-    const std::vector<std::uint32_t> placeOfVertex = numberPlaces(mesh, count);
+/// @param placeOf the number of the place of a vertex, below `count`.
+template <class PlaceOf>
+CornersOfPlaces sortCorners(const TriangleMesh& mesh, std::size_t count, const PlaceOf& placeOf) {
     CornersOfPlaces places;
+    places.begin.reserve(count + 2);
     places.begin.assign(count + 1, 0);
     for (const std::uint32_t vertex : mesh.indices) {
-        ++places.begin[placeOfVertex[vertex] + 1];
+        ++places.begin[placeOf(vertex) + 1];
     }
     std::partial_sum(places.begin.begin(), places.begin.end(), places.begin.begin());
     places.corners.resize(mesh.indices.size());
     // Filled in from behind, the end of each place becomes its beginning.
     for (std::size_t corner = mesh.indices.size(); corner-- > 0;) {
-        std::uint32_t& end = places.begin[placeOfVertex[mesh.indices[corner]] + 1];
+        std::uint32_t& end = places.begin[placeOf(mesh.indices[corner]) + 1];
         places.corners[--end] = static_cast<std::uint32_t>(corner);
     }
     places.begin.push_back(static_cast<std::uint32_t>(mesh.indices.size()));
@@ -82,30 +64,60 @@ CornersOfPlaces sortCorners(const TriangleMesh& mesh) {
     return places;
 }
 
+/// Vertices at the same place are one.
+CornersOfPlaces cornersOf(const TriangleMesh& mesh) {
+    const Points& positions = mesh.positions;
+    if (mesh.arePlacesDistinct) {
+        return sortCorners(mesh, positions.size(), [](std::uint32_t vertex) { return vertex; });
+    }
+    // Adding 0 makes -0 a 0.
+    const auto word = [](double coordinate) { return std::bit_cast<std::uint64_t>(coordinate + 0.0); };
+    Numbered<std::uint64_t, 3> places =
+        numberAll<std::uint64_t, 3>(positions.size(), positions.size(), [&](std::size_t i) {
+            return std::array{word(positions[i].x), word(positions[i].y), word(positions[i].z)};
+        });
+    const std::size_t count = std::exchange(places.keys, {}).size();
+    return sortCorners(mesh, count, [&places](std::uint32_t vertex) { return places.numbers[vertex]; });
+}
+
+/// Faster than `std::hypot`, which alone is exact where squares lose digits or overflow.
+double lengthOf(const qel::XPnt3d& vector) {
+    constexpr double kSmallest = 1e-280;
+    constexpr double kLargest = 1e280;
+    const double square = vector.x * vector.x + vector.y * vector.y + vector.z * vector.z;
+    return square > kSmallest && square < kLargest ? std::sqrt(square)
+                                                   : std::hypot(vector.x, vector.y, vector.z);
+}
+
 qel::XPnt3d crossOf(const TriangleMesh& mesh, std::size_t triangle) {
     const std::uint32_t* const corners = &mesh.indices[3 * triangle];
     return qel::cross(mesh.positions[corners[0]], mesh.positions[corners[1]], mesh.positions[corners[2]]);
 }
 
-std::vector<Facet> facetsOf(const TriangleMesh& mesh) {
-    std::vector<Facet> facets(mesh.indices.size() / 3);
-    std::vector<double> areas(facets.size());
-    const std::vector<Piece> pieces = piecesOf(facets.size());
-    std::vector<double> largestOfPieces(pieces.size());
+/// Twice the area of the largest triangle.
+double largestAreaOf(const TriangleMesh& mesh) {
+    const std::vector<Piece> pieces = piecesOf(mesh.indices.size() / 3);
+    std::vector<double> areas(pieces.size());
     onAllCores(pieces, [&](std::size_t number) {
         double largest = 0.0;
         for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
-            const qel::XPnt3d cross = crossOf(mesh, i);
-            // Inlined, unlike `norm`, which is exported by a library.
-            areas[i] = std::hypot(cross.x, cross.y, cross.z);
-            facets[i].normal = areas[i] > 0.0 ? qel::XPnt3f(cross * (1.0 / areas[i])) : qel::XPnt3f();
-            largest = std::max(largest, areas[i]);
+            largest = std::max(largest, lengthOf(crossOf(mesh, i)));
         }
-        largestOfPieces[number] = largest;
+        areas[number] = largest;
     });
-    const double largest = *std::max_element(largestOfPieces.begin(), largestOfPieces.end());
+    return *std::max_element(areas.begin(), areas.end());
+}
+
+/// The areas are computed twice rather than kept, which would take more memory than the normals.
+std::vector<Facet> facetsOf(const TriangleMesh& mesh) {
+    const double largest = largestAreaOf(mesh);
+    std::vector<Facet> facets(mesh.indices.size() / 3);
     forEachOnAllCores(facets.size(), [&](std::size_t i) {
-        facets[i].area = areas[i] > 0.0 ? static_cast<float>(areas[i] / largest) : 0.0F;
+        const qel::XPnt3d cross = crossOf(mesh, i);
+        const double area = lengthOf(cross);
+        if (area > 0.0) {
+            facets[i] = {qel::XPnt3f(cross * (1.0 / area)), static_cast<float>(area / largest)};
+        }
     });
     return facets;
 }
@@ -246,7 +258,7 @@ class Smoother {
 qel::XPnt3f unitNormal(const qel::XPnt3d& normal) {
     // The reciprocal of a shorter one is not finite.
     constexpr double kShortest = 1e-300;
-    const double length = std::hypot(normal.x, normal.y, normal.z);
+    const double length = lengthOf(normal);
     const bool isUsable = std::isfinite(length) && length > kShortest;
     return isUsable ? qel::XPnt3f(normal * (1.0 / length)) : qel::XPnt3f(0.0F, 0.0F, 1.0F);
 }
@@ -257,7 +269,7 @@ void makeNormals(TriangleMesh& mesh, double creaseAngleDegrees) {
         std::iota(mesh.indices.begin(), mesh.indices.end(), 0U);
     }
     mesh.normals.assign(mesh.positions.size(), qel::XPnt3f(0.0F, 0.0F, 1.0F));
-    const CornersOfPlaces places = sortCorners(mesh);
+    const CornersOfPlaces places = cornersOf(mesh);
     const std::vector<Facet> facets = facetsOf(mesh);
     // Each vertex and each corner belongs to one place, so pieces share no writes.
     const std::vector<Piece> pieces = piecesOf(places.begin.size() - 1);

@@ -12,6 +12,13 @@
 
 namespace qelview {
 
+/// Loads what is read soon into the processor's cache.
+inline void prefetch([[maybe_unused]] const void* address) {
+#ifdef __GNUC__
+    __builtin_prefetch(address);
+#endif
+}
+
 /// Assigns numbers to keys, from 0, in the order of first appearance; equal keys have the same number.
 template <class Word, std::size_t kWords>
 class Numbering {
@@ -26,21 +33,23 @@ class Numbering {
         keys.reserve(expected);
     }
 
-    std::uint32_t numberOf(const Key& key) { return numberOf(key, hashOf(key)); }
+    std::uint32_t numberOf(const Key& key) {
+        makeRoom(1);
+        return numberFrom(hashOf(key), key);
+    }
 
     /// The numbers of a few keys. The table does not fit into the processor's cache: the loads of a block
     /// overlap.
     /// @param count up to `kBlock`.
     void numberBlock(const Key* block, std::size_t count, std::uint32_t* numbers) {
+        makeRoom(count);
         std::array<std::size_t, kBlock> hashes;
         for (std::size_t i = 0; i < count; ++i) {
             hashes[i] = hashOf(block[i]);
-            numbers[i] = slots[hashes[i] & (slots.size() - 1)];
+            prefetch(&slots[hashes[i] & (slots.size() - 1)]);
         }
         for (std::size_t i = 0; i < count; ++i) {
-            if (numbers[i] == kFree || !areEqual(keys[numbers[i]], block[i])) {
-                numbers[i] = numberOf(block[i], hashes[i]);
-            }
+            numbers[i] = numberFrom(hashes[i], block[i]);
         }
     }
     /// Indexed by number.
@@ -70,11 +79,8 @@ class Numbering {
         return difference == 0;
     }
 
-    std::uint32_t numberOf(const Key& key, std::size_t hash) {
-        if (keys.size() * 2 > slots.size()) {
-            grow();
-        }
-        std::uint32_t& slot = slotOf(key, hash);
+    std::uint32_t numberFrom(std::size_t hash, const Key& key) {
+        std::uint32_t& slot = slotOf(hash, key);
         if (slot == kFree) {
             slot = static_cast<std::uint32_t>(keys.size());
             keys.push_back(key);
@@ -83,7 +89,7 @@ class Numbering {
     }
 
     /// The slot of a key, or the free slot for it.
-    std::uint32_t& slotOf(const Key& key, std::size_t hash) {
+    std::uint32_t& slotOf(std::size_t hash, const Key& key) {
         const std::size_t mask = slots.size() - 1;
         std::size_t at = hash & mask;
         while (slots[at] != kFree && !areEqual(keys[slots[at]], key)) {
@@ -92,10 +98,14 @@ class Numbering {
         return slots[at];
     }
 
-    void grow() {
+    /// For so many more keys.
+    void makeRoom(std::size_t count) {
+        if ((keys.size() + count) * 2 <= slots.size()) {
+            return;
+        }
         slots.assign(slots.size() * 2, kFree);
         for (std::size_t i = 0; i < keys.size(); ++i) {
-            slotOf(keys[i], hashOf(keys[i])) = static_cast<std::uint32_t>(i);
+            slotOf(hashOf(keys[i]), keys[i]) = static_cast<std::uint32_t>(i);
         }
     }
 

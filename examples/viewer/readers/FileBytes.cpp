@@ -15,7 +15,7 @@ std::string utf8(const std::filesystem::path& path) {
 std::string readBytes(const std::filesystem::path& file, std::uintmax_t most) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error)) {
-        throw ReadError("there is no such file");
+        throw ReadError("the file does not exist");
     }
     const std::uintmax_t size = std::filesystem::file_size(file, error);
     if (error || size == 0) {

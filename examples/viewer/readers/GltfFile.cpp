@@ -24,7 +24,7 @@ constexpr std::uint64_t kLargestWhole = 4294967295;
 /// Of all buffers together, in bytes.
 constexpr std::uintmax_t kLargestBuffers = std::uintmax_t{1} << 30U;
 
-/// The bytes of a buffer inside or beside the file, at most `room` in a file of their own.
+/// The bytes of a buffer in the file or next to it, at most `room` in a separate file.
 std::string bytesNamed(const std::string& place, const json& member, const std::filesystem::path& file,
                        std::uintmax_t room) {
     const std::string_view uri =
@@ -35,7 +35,7 @@ std::string bytesNamed(const std::string& place, const json& member, const std::
     }
     const std::string name = percentDecode(uri);
     if (!isSiblingName(name)) {
-        refuse(place, qelview::quoted(name) + " is not a file beside this one");
+        refuse(place, qelview::quoted(name) + " is not a file next to the model");
     }
     bytes = siblingBytes(file, name, room);
     if (!bytes) {
@@ -72,7 +72,7 @@ ScalarType typeOf(const std::string& place, std::uint64_t number) {
         std::nullopt,     ScalarType::Uint32, ScalarType::Float32};
     const bool isKnown = number >= kFirst && number - kFirst < kTypes.size() && kTypes.at(number - kFirst);
     if (!isKnown) {
-        refuse(place, "its accessor has components of the type " + std::to_string(number));
+        refuse(place, "unknown component type " + std::to_string(number));
     }
     return *kTypes.at(number - kFirst);
 }
@@ -85,7 +85,7 @@ std::uint64_t wholeOf(const std::string& place, const json& object, const char* 
         return missing;
     }
     if (!number.is_number_unsigned() || number.get<std::uint64_t>() > kLargestWhole) {
-        refuse(place, "its " + qelview::quoted(name) + " is not a whole number that can be");
+        refuse(place, "its " + qelview::quoted(name) + " is not a valid integer");
     }
     return number.get<std::uint64_t>();
 }
@@ -121,13 +121,13 @@ std::string_view GltfFile::parseBinary(std::string_view bytes) {
     constexpr std::size_t kChunkHeaderSize = 8;
     constexpr std::size_t kLengthAt = 8;
     if (bytes.size() < kHeaderSize + kChunkHeaderSize) {
-        refuse("header", "a binary glTF file begins with glTF, its version, its length and a first chunk");
+        refuse("header", "too short for a binary glTF file");
     }
     const auto wordAt = [bytes](std::size_t place) {
         return readScalar<std::uint32_t>(bytes.data() + place, ByteOrder::Little);
     };
     if (wordAt(kLengthAt) != bytes.size()) {
-        refuse("header", "it promises " + std::to_string(wordAt(kLengthAt)) + " bytes, the file has " +
+        refuse("header", "it declares " + std::to_string(wordAt(kLengthAt)) + " bytes, the file has " +
                              std::to_string(bytes.size()));
     }
     const auto takeChunk = [&](const std::string& place) {
@@ -135,7 +135,7 @@ std::string_view GltfFile::parseBinary(std::string_view bytes) {
         const std::uint32_t length = readScalar<std::uint32_t>(bytes.data(), ByteOrder::Little);
         if (length > room) {
             refuse(place,
-                   "it promises " + std::to_string(length) + " bytes, there are " + std::to_string(room));
+                   "it declares " + std::to_string(length) + " bytes, there are " + std::to_string(room));
         }
         const std::string_view chunk = bytes.substr(kChunkHeaderSize, length);
         bytes.remove_prefix(kChunkHeaderSize + length);
@@ -149,17 +149,17 @@ std::string_view GltfFile::parseBinary(std::string_view bytes) {
 void GltfFile::checkVersion() const {
     const json& asset = root.is_object() ? memberOf(root, "asset") : root;
     if (!root.is_object() || !asset.is_object()) {
-        refuse("file", "there is no glTF asset");
+        refuse("file", "not a glTF asset");
     }
     const json& version = memberOf(asset, "version");
     if (!version.is_string() || !version.get<std::string>().starts_with("2.")) {
-        refuse("file", "it is not of version 2 of glTF");
+        refuse("file", "only version 2 of glTF is supported");
     }
     for (const json& extension : top("extensionsRequired")) {
         if (!extension.is_string() || !isExtensionRead(extension.get<std::string>())) {
-            refuse("file", "it needs the extension " +
+            refuse("file", "it requires the extension " +
                                qelview::quoted(extension.is_string() ? extension.get<std::string>() : "") +
-                               ", which is not read");
+                               ", which is not supported");
         }
     }
 }
@@ -176,7 +176,7 @@ std::size_t GltfFile::count(const char* list) const {
 const json& GltfFile::element(const std::string& place, const char* list, const json& index) const {
     const bool isListed = index.is_number_unsigned() && index.get<std::uint64_t>() < count(list);
     if (!isListed || !top(list)[index.get<std::size_t>()].is_object()) {
-        refuse(place, "it names one of the " + std::string(list) + " that does not exist");
+        refuse(place, "its index into " + qelview::quoted(list) + " is out of range");
     }
     return top(list)[index.get<std::size_t>()];
 }
@@ -192,9 +192,9 @@ void GltfFile::readBuffers(const std::filesystem::path& file, std::string_view b
             decoded.push_back(bytesNamed(place, uri, file, room));
         }
         const std::string_view bytes = i == 0 && uri.is_null() ? binaryChunk : decoded.back();
-        const std::uint64_t promised = wholeOf(place, buffer, "byteLength", 0);
-        if (promised > bytes.size()) {
-            refuse(place, "it promises " + std::to_string(promised) + " bytes, there are " +
+        const std::uint64_t declared = wholeOf(place, buffer, "byteLength", 0);
+        if (declared > bytes.size()) {
+            refuse(place, "it declares " + std::to_string(declared) + " bytes, there are " +
                               std::to_string(bytes.size()));
         }
         room -= std::min<std::uintmax_t>(room, bytes.size());
@@ -209,13 +209,13 @@ std::string_view GltfFile::viewBytes(const std::string& place, const json& numbe
 std::string_view GltfFile::viewOf(const std::string& place, const json& view) const {
     const std::uint64_t number = wholeOf(place, view, "buffer", kLargestWhole);
     if (number >= buffers.size()) {
-        refuse(place, "it lies in a buffer that does not exist");
+        refuse(place, "its buffer does not exist");
     }
     const std::string_view buffer = buffers[static_cast<std::size_t>(number)];
     const std::uint64_t offset = wholeOf(place, view, "byteOffset", 0);
     const std::uint64_t length = wholeOf(place, view, "byteLength", 0);
     if (offset > buffer.size() || length > buffer.size() - offset) {
-        refuse(place, "it lies beyond the end of its buffer");
+        refuse(place, "it extends beyond the end of its buffer");
     }
     return buffer.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
 }
@@ -225,11 +225,11 @@ GltfNumbers GltfFile::numbers(const std::string& place, const json& accessor, st
     const json& its = element(place, "accessors", accessor);
     const std::string itsPlace = place + ", accessor " + accessor.dump();
     if (!its.contains("bufferView") || its.contains("sparse")) {
-        refuse(itsPlace, its.contains("sparse") ? "sparse numbers are not read" : "it has no data");
+        refuse(itsPlace, its.contains("sparse") ? "sparse accessors are not supported" : "it has no data");
     }
     const std::size_t width = widthOf(itsPlace, memberOf(its, "type"));
     if (width < narrowest || width > widest) {
-        refuse(itsPlace, "its elements have " + std::to_string(width) + " numbers");
+        refuse(itsPlace, "its elements have " + std::to_string(width) + " components");
     }
     const json& view = element(itsPlace, "bufferViews", memberOf(its, "bufferView"));
     const ScalarType type = typeOf(itsPlace, wholeOf(itsPlace, its, "componentType", 0));
@@ -241,7 +241,7 @@ GltfNumbers GltfFile::numbers(const std::string& place, const json& accessor, st
     const std::string_view bytes = viewOf(itsPlace, view);
     // Each factor is below 2^32, so that nothing overflows.
     if (elements == 0 || offset + stride * (elements - 1) + size > bytes.size()) {
-        refuse(itsPlace, elements == 0 ? "it has no elements" : "it lies beyond the end of its buffer");
+        refuse(itsPlace, elements == 0 ? "it has no elements" : "it extends beyond the end of its buffer");
     }
     GltfNumbers numbers{width, {}};
     numbers.values.reserve(static_cast<std::size_t>(elements) * width);

@@ -18,11 +18,11 @@ struct GltfNumbers {
     [[nodiscard]] std::size_t count() const { return values.size() / width; }
 };
 
-/// A glTF 2 asset with its buffers. Nothing is believed: what is asked for is looked through first.
+/// A glTF 2 asset with its buffers. Everything is checked before it is returned.
 class GltfFile {
   public:
-    /// @param bytes of a .gltf or a .glb file; the first ones tell. They must live as long as this object.
-    /// @param file beside which the files of its buffers lie.
+    /// @param bytes of a .gltf or a .glb file; the first bytes decide. They must live as long as this object.
+    /// @param file next to which the files of its buffers are.
     /// @throws ReadError if it is no asset of glTF 2, needs an extension that is not read, or a buffer is not
     /// whole.
     GltfFile(std::string_view bytes, const std::filesystem::path& file);

@@ -8,7 +8,7 @@
 
 namespace qelview {
 
-/// Where a node of a glTF scene puts what hangs below it: an affine map of points.
+/// The transform of a node of a glTF scene: an affine map of points.
 class GltfPlacement {
   public:
     /// Of a node: its matrix, or its translation, rotation and scale.

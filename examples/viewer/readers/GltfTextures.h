@@ -19,7 +19,7 @@ namespace qelview {
 class GltfTextures {
   public:
     /// @param gltfFile must live as long as this object.
-    /// @param path of the asset, beside which its images lie.
+    /// @param path of the asset, next to which its images are.
     GltfTextures(const GltfFile& gltfFile, const std::filesystem::path& path)
         : file(gltfFile), images(path) {}
 

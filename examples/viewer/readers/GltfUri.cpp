@@ -25,7 +25,7 @@ std::optional<std::string> dataOf(const std::string& place, std::string_view uri
         bytes = decodeBase64(uri.substr(mark + kBase64.size()));
     }
     if (!bytes) {
-        refuse(place, "its data are not Base64 text");
+        refuse(place, "invalid Base64 data");
     }
     return bytes;
 }

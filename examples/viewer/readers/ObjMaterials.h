@@ -31,7 +31,7 @@ class ObjMaterials {
   public:
     explicit ObjMaterials(std::filesystem::path objFile) : file(std::move(objFile)), images(file) {}
 
-    /// Takes the materials of an MTL file beside the model; if there is none, of the one that is called like
+    /// Takes the materials of an MTL file next to the model; if there is none, of the one that is named like
     /// the model. Lines that name no colour are passed over, and so is a file that comes after 64 others.
     /// @return false if no file can be read.
     bool readLibrary(std::string_view name);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 #include "MeshLook.h"
@@ -22,6 +23,12 @@ struct VertexKey {
     std::uint32_t mesh = kNoNumber;
     bool operator==(const VertexKey&) const = default;
 };
+
+/// Assigning `{}` would keep the memory.
+template <class Array>
+void release(Array& array) {
+    array = Array();
+}
 
 }  // namespace
 
@@ -58,6 +65,13 @@ class ObjMeshes::VertexNumbers {
     std::vector<std::uint32_t> vertexOfOther;
 };
 
+void ObjMeshes::reserve(const Counts& counts) {
+    positions.reserve(counts.positions);
+    normals.reserve(counts.normals);
+    texCoords.reserve(counts.texCoords);
+    corners.reserve(counts.corners);
+}
+
 void ObjMeshes::addPosition(const qel::XPnt3d& position) {
     positions.push_back(position);
     if (!colors.empty()) {
@@ -77,7 +91,7 @@ void ObjMeshes::addNormal(const qel::XPnt3d& normal) {
     normals.push_back(unitNormal(normal));
 }
 
-std::size_t ObjMeshes::meshOf(bool hasNormals, bool hasTexCoords) {
+std::size_t ObjMeshes::meshNumberOf(bool hasNormals, bool hasTexCoords) {
     const qel::QelColor3f color = look.color.value_or(TriangleMesh().color);
     const Texture* const texture = hasTexCoords ? look.texture.get() : nullptr;
     const auto [known, isNew] =
@@ -88,28 +102,33 @@ std::size_t ObjMeshes::meshOf(bool hasNormals, bool hasTexCoords) {
     return known->second;
 }
 
-void ObjMeshes::addFace(std::span<const ObjCorner> corners) {
-    const bool hasNormals = std::all_of(corners.begin(), corners.end(),
+void ObjMeshes::addFace(std::span<const ObjCorner> face) {
+    const bool hasNormals = std::all_of(face.begin(), face.end(),
                                         [](const ObjCorner& corner) { return corner.normal != kNoNumber; });
     const bool hasTexCoords =
-        look.texture && std::all_of(corners.begin(), corners.end(),
+        look.texture && std::all_of(face.begin(), face.end(),
                                     [](const ObjCorner& corner) { return corner.texCoord != kNoNumber; });
-    const std::size_t mesh = meshOf(hasNormals, hasTexCoords);
-    if (sections.empty() || sections.back().mesh != mesh ||
-        sections.back().cornersOfAFace != corners.size()) {
-        sections.push_back({mesh, corners.size(), cornersOfFaces.size(), texCoordsOfCorners.size()});
+    const std::size_t mesh = meshNumberOf(hasNormals, hasTexCoords);
+    if (sections.empty() || sections.back().mesh != mesh || sections.back().cornersOfAFace != face.size()) {
+        sections.push_back(
+            {mesh, face.size(), corners.size(), normalsOfCorners.size(), texCoordsOfCorners.size()});
+        normalsOfCorners.reserve(hasNormals ? corners.capacity() : 0);
+        texCoordsOfCorners.reserve(hasTexCoords ? corners.capacity() : 0);
     }
-    for (const ObjCorner& corner : corners) {
-        cornersOfFaces.push_back({corner.position, corner.normal});
+    for (const ObjCorner& corner : face) {
+        corners.push_back(corner.position);
+        if (hasNormals) {
+            normalsOfCorners.push_back(corner.normal);
+        }
         if (hasTexCoords) {
             texCoordsOfCorners.push_back(corner.texCoord);
         }
     }
 }
 
-void ObjMeshes::addLineOrPoints(bool isLine, std::span<const ObjCorner> corners) {
+void ObjMeshes::addLineOrPoints(bool isLine, std::span<const ObjCorner> named) {
     std::vector<std::uint32_t>& numbers = isLine ? lines.emplace_back() : points;
-    std::transform(corners.begin(), corners.end(), std::back_inserter(numbers),
+    std::transform(named.begin(), named.end(), std::back_inserter(numbers),
                    [](const ObjCorner& corner) { return corner.position; });
 }
 
@@ -123,72 +142,105 @@ qel::QelColor3f ObjMeshes::colorOf(std::uint32_t position) const {
 
 ObjCorner ObjMeshes::cornerAt(const Section& section, std::size_t corner) const {
     const MeshKind& kind = kinds[section.mesh];
-    const FaceCorner& named = cornersOfFaces[corner];
-    return {named.position, kind.hasNormals ? named.normal : kNoNumber,
-            kind.hasTexCoords ? texCoordsOfCorners[section.firstTexCoord + corner - section.firstCorner]
-                              : kNoNumber};
+    const std::size_t place = corner - section.firstCorner;
+    return {corners[corner], kind.hasNormals ? normalsOfCorners[section.firstNormal + place] : kNoNumber,
+            kind.hasTexCoords ? texCoordsOfCorners[section.firstTexCoord + place] : kNoNumber};
 }
 
-std::uint32_t ObjMeshes::vertexOf(const ObjCorner& corner, std::size_t meshNumber, VertexNumbers& numbers,
-                                  TriangleMesh& mesh) const {
-    const MeshKind& kind = kinds[meshNumber];
-    const std::uint32_t others =
-        kind.hasTexCoords ? numbers.numberOfPair(corner.normal, corner.texCoord) : corner.normal;
-    const auto next = static_cast<std::uint32_t>(mesh.positions.size());
-    const std::uint32_t vertex =
-        numbers.numberOf({corner.position, others, static_cast<std::uint32_t>(meshNumber)}, next);
-    if (vertex == next) {
-        mesh.positions.push_back(positions[corner.position]);
-        if (kind.hasTexCoords) {
-            const auto& [u, v] = texCoords[corner.texCoord];
-            mesh.texCoords.push_back(kind.look.placement.placed(u, v));
-        } else if (!colors.empty()) {
-            mesh.colors.push_back(colorOf(corner.position));
-        }
-        if (kind.hasNormals) {
-            mesh.normals.push_back(normals[corner.normal]);
+std::vector<std::vector<ObjCorner>> ObjMeshes::numberCorners() {
+    std::vector<std::vector<ObjCorner>> vertices(kinds.size());
+    VertexNumbers numbers(positions.size());
+    for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
+        const Section& section = sections[i];
+        std::vector<ObjCorner>& known = vertices[section.mesh];
+        for (std::size_t corner = section.firstCorner; corner < sections[i + 1].firstCorner; ++corner) {
+            const ObjCorner named = cornerAt(section, corner);
+            const std::uint32_t others = kinds[section.mesh].hasTexCoords
+                                             ? numbers.numberOfPair(named.normal, named.texCoord)
+                                             : named.normal;
+            const auto next = static_cast<std::uint32_t>(known.size());
+            corners[corner] =
+                numbers.numberOf({named.position, others, static_cast<std::uint32_t>(section.mesh)}, next);
+            if (corners[corner] == next) {
+                known.push_back(named);
+            }
         }
     }
-    return vertex;
+    return vertices;
+}
+
+TriangleMesh ObjMeshes::meshOf(const MeshKind& kind, const std::vector<ObjCorner>& vertices) const {
+    const bool hasColors = !kind.hasTexCoords && !colors.empty();
+    TriangleMesh mesh;
+    mesh.color = kind.look.color.value_or(mesh.color);
+    mesh.texture = kind.hasTexCoords ? kind.look.texture : nullptr;
+    mesh.positions.reserve(vertices.size());
+    mesh.texCoords.reserve(kind.hasTexCoords ? vertices.size() : 0);
+    mesh.colors.reserve(hasColors ? vertices.size() : 0);
+    mesh.normals.reserve(kind.hasNormals ? vertices.size() : 0);
+    for (const ObjCorner& vertex : vertices) {
+        mesh.positions.push_back(positions[vertex.position]);
+        if (kind.hasTexCoords) {
+            const auto& [u, v] = texCoords[vertex.texCoord];
+            mesh.texCoords.push_back(kind.look.placement.placed(u, v));
+        }
+        if (hasColors) {
+            mesh.colors.push_back(colorOf(vertex.position));
+        }
+        if (kind.hasNormals) {
+            mesh.normals.push_back(normals[vertex.normal]);
+        }
+    }
+    return mesh;
 }
 
 Scene ObjMeshes::finished(Warnings& warnings) {
     Scene scene;
-    placeFaces(scene, warnings);
     placeLines(scene);
     if (points.empty() && lines.empty() && meshes.empty()) {
         points.resize(positions.size());
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            points[i] = static_cast<std::uint32_t>(i);
-        }
+        std::iota(points.begin(), points.end(), 0U);
     }
     placePoints(scene);
+    placeFaces(scene, warnings);
     return scene;
 }
 
-void ObjMeshes::placeFaces(Scene& scene, Warnings& warnings) {
-    for (const MeshKind& kind : kinds) {
-        TriangleMesh& mesh = scene.meshes.emplace_back();
-        mesh.color = kind.look.color.value_or(mesh.color);
-        mesh.texture = kind.hasTexCoords ? kind.look.texture : nullptr;
-    }
-    std::vector<MeshFaces> faces(meshes.size());
-    VertexNumbers numbers(positions.size());
-    std::vector<std::uint32_t> face;
-    sections.push_back({0, 0, cornersOfFaces.size(), 0});
+std::vector<MeshFaces> ObjMeshes::facesOfMeshes() const {
+    std::vector<std::size_t> triangles(kinds.size());
     for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
-        const Section& section = sections[i];
-        for (std::size_t corner = section.firstCorner; corner < sections[i + 1].firstCorner; ++corner) {
-            face.push_back(
-                vertexOf(cornerAt(section, corner), section.mesh, numbers, scene.meshes[section.mesh]));
-            if (face.size() == section.cornersOfAFace) {
-                faces[section.mesh].add(face);
-                face.clear();
-            }
+        if (sections[i].cornersOfAFace == 3) {
+            triangles[sections[i].mesh] += (sections[i + 1].firstCorner - sections[i].firstCorner) / 3;
         }
     }
-    cornersOfFaces = {};
-    texCoordsOfCorners = {};
+    std::vector<MeshFaces> faces(kinds.size());
+    for (std::size_t mesh = 0; mesh < faces.size(); ++mesh) {
+        faces[mesh].reserveTriangles(triangles[mesh]);
+    }
+    for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
+        const auto& [mesh, cornersOfAFace, first, firstNormal, firstTexCoord] = sections[i];
+        for (std::size_t at = first; at < sections[i + 1].firstCorner; at += cornersOfAFace) {
+            faces[mesh].add(std::span(corners).subspan(at, cornersOfAFace));
+        }
+    }
+    return faces;
+}
+
+void ObjMeshes::placeFaces(Scene& scene, Warnings& warnings) {
+    sections.push_back({0, 0, corners.size(), 0, 0});
+    std::vector<std::vector<ObjCorner>> vertices = numberCorners();
+    // What is no longer needed goes before the next arrays are made: large files have hundreds of megabytes.
+    release(normalsOfCorners);
+    release(texCoordsOfCorners);
+    for (std::size_t mesh = 0; mesh < kinds.size(); ++mesh) {
+        scene.meshes.push_back(meshOf(kinds[mesh], vertices[mesh]));
+        release(vertices[mesh]);
+    }
+    release(positions);
+    release(normals);
+    release(texCoords);
+    std::vector<MeshFaces> faces = facesOfMeshes();
+    release(corners);
     for (std::size_t mesh = 0; mesh < faces.size(); ++mesh) {
         giveFaces(scene.meshes[mesh], faces[mesh], warnings);
     }

@@ -8,6 +8,7 @@
 #include <tuple>
 #include <vector>
 
+#include "MeshFaces.h"
 #include "ObjMaterials.h"
 #include "Scene.h"
 #include "Warnings.h"
@@ -28,6 +29,15 @@ struct ObjCorner {
 /// it, whose vertices are what corners name together.
 class ObjMeshes {
   public:
+    /// How many of each are expected, for the size of the arrays.
+    struct Counts {
+        std::size_t positions = 0;
+        std::size_t normals = 0;
+        std::size_t texCoords = 0;
+        std::size_t corners = 0;
+    };
+
+    void reserve(const Counts& counts);
     void addPosition(const qel::XPnt3d& position);
     /// Of the last position; those without one are white. Shares, or bytes if one in the file is above 1.
     void setColor(const std::array<double, 3>& color);
@@ -40,9 +50,9 @@ class ObjMeshes {
     /// Of the faces from here on. A texture shows on those with texture coordinates only, in place of the
     /// colours of positions.
     void setLook(const ObjLook& other) { look = other; }
-    /// @param corners three at least.
-    void addFace(std::span<const ObjCorner> corners);
-    void addLineOrPoints(bool isLine, std::span<const ObjCorner> corners);
+    /// @param face three corners at least.
+    void addFace(std::span<const ObjCorner> face);
+    void addLineOrPoints(bool isLine, std::span<const ObjCorner> named);
 
     /// A mesh for each look; lines; points, or all positions if there is nothing else. All numbers must exist
     /// by now. Empties this object.
@@ -62,22 +72,21 @@ class ObjMeshes {
         std::size_t mesh = 0;
         std::size_t cornersOfAFace = 0;
         std::size_t firstCorner = 0;
-        /// In `texCoordsOfCorners`, if its mesh has texture coordinates.
+        /// In `normalsOfCorners` and `texCoordsOfCorners`, if its mesh has them.
+        std::size_t firstNormal = 0;
         std::size_t firstTexCoord = 0;
-    };
-    /// A corner of a face; its texture coordinates are kept elsewhere, because most files show none.
-    struct FaceCorner {
-        std::uint32_t position = 0;
-        std::uint32_t normal = kNoNumber;
     };
 
     class VertexNumbers;
 
-    [[nodiscard]] std::size_t meshOf(bool hasNormals, bool hasTexCoords);
+    [[nodiscard]] std::size_t meshNumberOf(bool hasNormals, bool hasTexCoords);
     [[nodiscard]] ObjCorner cornerAt(const Section& section, std::size_t corner) const;
-    /// The vertex of a corner, which the mesh gets if it has none.
-    [[nodiscard]] std::uint32_t vertexOf(const ObjCorner& corner, std::size_t meshNumber,
-                                         VertexNumbers& numbers, TriangleMesh& mesh) const;
+    /// Replaces the position of each corner by the number of its vertex.
+    /// @return what the vertices of each mesh are.
+    [[nodiscard]] std::vector<std::vector<ObjCorner>> numberCorners();
+    [[nodiscard]] TriangleMesh meshOf(const MeshKind& kind, const std::vector<ObjCorner>& vertices) const;
+    /// Of the vertices that corners name by number.
+    [[nodiscard]] std::vector<MeshFaces> facesOfMeshes() const;
     void placeFaces(Scene& scene, Warnings& warnings);
     void placeLines(Scene& scene) const;
     void placePoints(Scene& scene) const;
@@ -93,7 +102,10 @@ class ObjMeshes {
     std::map<MeshKey, std::size_t> meshes;
     std::vector<MeshKind> kinds;
     std::vector<Section> sections;
-    std::vector<FaceCorner> cornersOfFaces;
+    /// The positions of all faces, in the order of the sections.
+    std::vector<std::uint32_t> corners;
+    /// Of the sections that have them: most files show none.
+    std::vector<std::uint32_t> normalsOfCorners;
     std::vector<std::uint32_t> texCoordsOfCorners;
     std::vector<std::vector<std::uint32_t>> lines;
     std::vector<std::uint32_t> points;

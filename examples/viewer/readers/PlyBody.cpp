@@ -43,7 +43,7 @@ class AsciiBody final : public PlyBody {
             return;
         }
         const std::string reason =
-            std::to_string(words.size()) + " values where the header promises " + std::to_string(used);
+            std::to_string(words.size()) + " values where the header declares " + std::to_string(used);
         // After a list, which says its own length, extra values are an error.
         if (current->hasList()) {
             refuseHere(reason);

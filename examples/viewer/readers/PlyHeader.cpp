@@ -72,7 +72,7 @@ class HeaderReader {
   private:
     PlyHeader finished() {
         if (!hasFormat) {
-            lines.refuseLine("the header names no format");
+            lines.refuseLine("the header has no format");
         }
         requireVertices();
         header.bodyBegin = lines.position();
@@ -110,15 +110,14 @@ class HeaderReader {
 
     void readElement() {
         if (words.size() != 3) {
-            lines.refuseLine("an element has a name and a count");
+            lines.refuseLine("expected 'element NAME COUNT'");
         }
         const long long count = readWhole(words[2], lines);
         if (count < 0 || count > kMostInstances) {
-            lines.refuseLine("the count " + quoted(words[2]) + " of element " + quoted(words[1]) +
-                             " cannot be");
+            lines.refuseLine("invalid count " + quoted(words[2]) + " of element " + quoted(words[1]));
         }
         if (header.find(words[1]) != nullptr) {
-            lines.refuseLine("element " + quoted(words[1]) + " is there already");
+            lines.refuseLine("duplicate element " + quoted(words[1]));
         }
         requireFew(header.elements.size());
         header.elements.push_back({std::string(words[1]), static_cast<std::uint64_t>(count), {}});
@@ -127,7 +126,7 @@ class HeaderReader {
     void readProperty() {
         const bool isList = words.size() == 5 && words[1] == "list";
         if (header.elements.empty() || (!isList && words.size() != 3)) {
-            lines.refuseLine("a property has a type and a name, and stands below its element");
+            lines.refuseLine("expected 'property TYPE NAME' below an element");
         }
         PlyProperty property;
         property.name = words.back();
@@ -135,13 +134,13 @@ class HeaderReader {
         if (isList) {
             property.countType = readType(words[2]);
             if (property.countType == ScalarType::Float32 || property.countType == ScalarType::Float64) {
-                lines.refuseLine("the count of a list is a whole number");
+                lines.refuseLine("the count of a list must be an integer");
             }
         }
         std::vector<PlyProperty>& properties = header.elements.back().properties;
         if (std::any_of(properties.begin(), properties.end(),
                         [&](const PlyProperty& other) { return other.name == property.name; })) {
-            lines.refuseLine("property " + quoted(property.name) + " is there already");
+            lines.refuseLine("duplicate property " + quoted(property.name));
         }
         requireFew(properties.size());
         properties.push_back(property);
@@ -164,7 +163,7 @@ class HeaderReader {
     void requireVertices() {
         const PlyElement* const vertex = header.find("vertex");
         if (vertex == nullptr || vertex->count == 0) {
-            lines.refuseLine("the header promises no vertex");
+            lines.refuseLine("the header declares no vertices");
         }
         for (const std::string_view name : {"x", "y", "z"}) {
             const auto isCoordinate = [name](const PlyProperty& property) {

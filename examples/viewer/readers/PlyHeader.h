@@ -28,7 +28,7 @@ struct PlyElement {
     [[nodiscard]] bool hasList() const;
 };
 
-/// What the head of a PLY file promises.
+/// What the header of a PLY file declares.
 struct PlyHeader {
     bool isAscii = true;
     ByteOrder byteOrder = ByteOrder::Little;

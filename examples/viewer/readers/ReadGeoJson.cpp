@@ -62,14 +62,14 @@ class GeoJsonReader {
 
     const json& requireObject(const json& value) const {
         if (!value.is_object()) {
-            refuseHere("there is no object with a type");
+            refuseHere("expected an object with a type");
         }
         return value;
     }
 
     const json& requireArray(const json& value, const char* what) const {
         if (!value.is_array()) {
-            refuseHere(std::string("the ") + what + " are no array");
+            refuseHere(std::string("the ") + what + " are not an array");
         }
         return value;
     }
@@ -133,8 +133,7 @@ class GeoJsonReader {
 
     void readGeometries(const json& collection, int depth) {
         if (depth >= kDeepestCollection) {
-            refuseHere("collections lie more than " + std::to_string(kDeepestCollection) +
-                       " deep in each other");
+            refuseHere("collections are nested more than " + std::to_string(kDeepestCollection) + " deep");
         }
         const json& members = requireArray(memberOf(collection, "geometries"), "geometries");
         const std::string outside = place;
@@ -189,7 +188,7 @@ class GeoJsonReader {
 
     qel::XPnt3d positionOf(const json& position) const {
         if (!position.is_array() || position.size() < kFewestOfAPosition) {
-            refuseHere("a position is no array of two numbers or more");
+            refuseHere("a position is not an array of two or more numbers");
         }
         const double z = position.size() > kFewestOfAPosition ? coordinateOf(position[2]) : 0.0;
         return {coordinateOf(position[0]), coordinateOf(position[1]), z};
@@ -197,7 +196,7 @@ class GeoJsonReader {
 
     double coordinateOf(const json& value) const {
         if (!value.is_number()) {
-            refuseHere("a coordinate is no number");
+            refuseHere("a coordinate is not a number");
         }
         const double coordinate = value.get<double>();
         const std::string fault = faultOfCoordinate(coordinate);

@@ -62,7 +62,7 @@ class GltfReading {
             open.pop_back();
             const std::string place = "node " + std::to_string(number);
             if (seen[number]) {
-                refuse(place, "it hangs below more than one other");
+                refuse(place, "it has more than one parent");
             }
             seen[number] = true;
             const json& node = file.element(place, "nodes", number);
@@ -90,7 +90,7 @@ class GltfReading {
         return numbers;
     }
 
-    /// Of the scene that is to be shown; without scenes, all nodes that hang below none.
+    /// Of the scene that is to be shown; without scenes, all nodes without a parent.
     [[nodiscard]] std::vector<std::size_t> roots() const {
         if (file.count("scenes") > 0) {
             const json& number = file.top("scene");
@@ -98,17 +98,17 @@ class GltfReading {
             const json& chosen = file.element("file", "scenes", number.is_null() ? first : number);
             return nodesOf("scene", memberOf(chosen, "nodes"));
         }
-        std::vector<bool> hangs(file.count("nodes"));
-        for (std::size_t i = 0; i < hangs.size(); ++i) {
+        std::vector<bool> hasParent(file.count("nodes"));
+        for (std::size_t i = 0; i < hasParent.size(); ++i) {
             const std::string place = "node " + std::to_string(i);
             for (const std::size_t child :
                  nodesOf(place, memberOf(file.element(place, "nodes", i), "children"))) {
-                hangs[child] = true;
+                hasParent[child] = true;
             }
         }
         std::vector<std::size_t> numbers;
-        for (std::size_t i = 0; i < hangs.size(); ++i) {
-            if (!hangs[i]) {
+        for (std::size_t i = 0; i < hasParent.size(); ++i) {
+            if (!hasParent[i]) {
                 numbers.push_back(i);
             }
         }
@@ -124,7 +124,7 @@ class GltfReading {
         double done = 0.0;
         for (const json& primitive : primitives) {
             if (!primitive.is_object()) {
-                refuse(place, "its primitives are none");
+                refuse(place, "a primitive is not an object");
             }
             placePrimitive(place, primitive, placement,
                            progressOfMesh.part(done / count, (done + 1.0) / count));
@@ -141,7 +141,7 @@ class GltfReading {
         Points positions = positionsOf(place, attributes, placement, progressOfPrimitive.part(0.0, 0.5));
         const std::uint64_t mode = wholeOf(place, primitive, "mode", Triangles);
         if (mode > TriangleFan) {
-            refuse(place, "its mode is " + std::to_string(mode) + ", which is none");
+            refuse(place, "unknown primitive mode " + std::to_string(mode));
         }
         const std::vector<std::uint32_t> corners =
             cornersOf(place, primitive, positions.size(), progressOfPrimitive.part(0.5, 1.0));
@@ -186,7 +186,8 @@ class GltfReading {
     void addCorners(const std::string& place, std::uint64_t count) {
         cornersPlaced += count;
         if (cornersPlaced > mostCorners) {
-            refuse(place, "with it, the nodes place more than " + std::to_string(mostCorners) + " corners");
+            refuse(place,
+                   "with this mesh, the nodes have more than " + std::to_string(mostCorners) + " corners");
         }
     }
 
@@ -206,8 +207,8 @@ class GltfReading {
         for (const double index : numbers.values) {
             progressOfCorners.reportPiece(corners.size(), numbers.count());
             if (!(index >= 0.0 && index < static_cast<double>(vertices)) || index != std::floor(index)) {
-                refuse(place, "one of its indices names no vertex: there are " + std::to_string(vertices) +
-                                  ", counted from 0");
+                refuse(place, "an index is out of range: there are " + std::to_string(vertices) +
+                                  " vertices, counted from 0");
             }
             corners.push_back(static_cast<std::uint32_t>(index));
         }
@@ -222,7 +223,7 @@ class GltfReading {
         }
         GltfNumbers numbers = file.numbers(place, attributes[name], 3, widest);
         if (numbers.count() != vertices) {
-            refuse(place, "its attribute " + qelview::quoted(name) + " is not as long as its positions");
+            refuse(place, "its attribute " + qelview::quoted(name) + " and its positions differ in length");
         }
         return numbers;
     }

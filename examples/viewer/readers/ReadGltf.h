@@ -13,7 +13,7 @@ namespace qelview {
 /// normals, colours of vertices, colours and textures of materials; animations are left out. Triangles, lines
 /// and points become those of a scene. Meshes without normals in the file have none. The format says
 /// that Y points up.
-/// @param file beside which the files of its buffers and images lie.
+/// @param file next to which the files of its buffers and images are.
 /// @param mostCorners of all meshes as often as they are placed, with their indices: a small file can place a
 /// mesh any number of times.
 /// @throws ReadError at the first thing that is wrong, of those that are shown.

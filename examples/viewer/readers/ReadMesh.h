@@ -14,13 +14,13 @@ namespace qelview {
 /// @throws ReadError that names the place and the fault if something would be shown wrong.
 
 /// Wavefront OBJ: vertices with their colours, normals, faces, lines and points. Faces of one material are
-/// one mesh, with the colour and the texture of the material, from MTL files and images beside `file`.
+/// one mesh, with the colour and the texture of the material, from MTL files and images next to `file`.
 [[nodiscard]] Scene readObj(std::string_view bytes, const std::filesystem::path& file,
                             const ProgressStretch& progress);
 
 /// PLY, ASCII and binary of both byte orders: vertices with normals and colours, faces, triangle strips, the
 /// colour of the first material. Vertices without faces are a cloud. Texture coordinates show the images that
-/// comments name beside `file`, in place of colours: those of faces the image with the number of the face,
+/// comments name next to `file`, in place of colours: those of faces the image with the number of the face,
 /// those of vertices the first one.
 [[nodiscard]] Scene readPly(std::string_view bytes, const std::filesystem::path& file,
                             const ProgressStretch& progress);

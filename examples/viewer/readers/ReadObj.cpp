@@ -36,10 +36,11 @@ bool isPassedOver(std::string_view keyword) {
 
 class ObjReading {
   public:
-    ObjReading(std::string_view text, const std::filesystem::path& file, const ProgressStretch& progress)
-        : lines(text, progress), materials(file) {}
+    ObjReading(std::string_view wholeText, const std::filesystem::path& file, const ProgressStretch& progress)
+        : text(wholeText), lines(text, progress), materials(file) {}
 
     Scene run() {
+        meshes.reserve(expectedCounts());
         while (lines.next()) {
             std::string_view line = lines.line();
             joinContinued(line);
@@ -61,6 +62,28 @@ class ObjReading {
     }
 
   private:
+    /// By the beginnings of lines, if faces have as many corners as the first one.
+    [[nodiscard]] ObjMeshes::Counts expectedCounts() const {
+        ObjMeshes::Counts counts;
+        std::size_t faces = 0;
+        for (std::size_t at = 0; at < text.size(); at = std::min(text.find('\n', at), text.size()) + 1) {
+            const std::string_view keyword = text.substr(at, 2);
+            if (keyword == "f " && faces++ == 0) {
+                const std::string_view face = text.substr(at, text.find_first_of("\r\n", at) - at);
+                counts.corners = static_cast<std::size_t>(std::count(face.begin(), face.end(), ' '));
+            } else if (keyword == "v ") {
+                ++counts.positions;
+            } else if (keyword == "vn") {
+                ++counts.normals;
+            } else if (keyword == "vt") {
+                ++counts.texCoords;
+            }
+        }
+        // Each corner takes a digit and a separator.
+        counts.corners = std::min(counts.corners * faces, text.size() / 2);
+        return counts;
+    }
+
     /// A backslash at the end of a line continues it on the next one.
     void joinContinued(std::string_view& line) {
         if (!line.ends_with('\\')) {
@@ -111,7 +134,7 @@ class ObjReading {
             lines.refuseLine("a vertex has 3 coordinates, this one has " + std::to_string(values));
         }
         if (values != kPlain && values != kWithWeight && values != kWithColor) {
-            warn("a vertex has 3 coordinates, and a weight or a colour; what is more is left out");
+            warn("a vertex has 3 coordinates, and a weight or a colour; the rest is ignored");
         }
         qel::XPnt3d position{readCoordinate(words[1], lines), readCoordinate(words[2], lines),
                              readCoordinate(words[3], lines)};
@@ -168,17 +191,17 @@ class ObjReading {
     }
 
     /// "7", "7/3", "7//2" or "7/3/2".
-    ObjCorner readCorner(std::string_view text) {
+    ObjCorner readCorner(std::string_view word) {
         std::array<std::uint32_t, 3> numbers{kNoNumber, kNoNumber, kNoNumber};
-        const char* at = text.data();
-        const char* const end = at + text.size();
+        const char* at = word.data();
+        const char* const end = at + word.size();
         for (std::size_t kind = 0;; ++kind) {
             long long index = 0;
             const auto [behind, error] = std::from_chars(at, end, index);
             const bool isLeftOut = kind == 1 && behind == at;
             if (kind >= kinds.size() || (error != std::errc() && !isLeftOut) ||
                 (behind != end && *behind != '/')) {
-                lines.refuseLine(quoted(text) + " is not a corner of an element");
+                lines.refuseLine(quoted(word) + " is not a corner of an element");
             }
             if (!isLeftOut) {
                 numbers.at(kind) = numberNamed(kinds.at(kind), index);
@@ -236,6 +259,7 @@ class ObjReading {
 
     void warn(const std::string& reason) { warnings.add(atLine(lines.number()), reason); }
 
+    std::string_view text;
     TextLines lines;
     ObjMaterials materials;
     ObjMeshes meshes;

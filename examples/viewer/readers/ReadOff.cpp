@@ -46,8 +46,8 @@ class OffReading {
     void requireWords(const char* expected, long long number) {
         do {
             if (!lines.next()) {
-                refuse(atLine(lines.number()), "the file ends where " + std::string(expected) + " " +
-                                                   std::to_string(number) + " should stand");
+                refuse(atLine(lines.number()),
+                       "the file ends before " + std::string(expected) + " " + std::to_string(number));
             }
             splitWords(lines.line().substr(0, lines.line().find('#')), words);
         } while (words.empty());
@@ -75,7 +75,7 @@ class OffReading {
         }
         const long long count = readWhole(words[used++], lines);
         if (count < 0) {
-            lines.refuseLine("the number of " + what + " cannot be " + std::to_string(count));
+            lines.refuseLine("invalid number of " + what + ": " + std::to_string(count));
         }
         return count;
     }
@@ -101,14 +101,14 @@ class OffReading {
         }
         constexpr std::size_t kColorAndAlpha = 4;
         if (words.size() > plain + (hasColors ? kColorAndAlpha : 0)) {
-            warn("a vertex with more numbers than the first line promises");
+            warn("a vertex with more numbers than the first line declares");
         }
     }
 
     void readFace(long long vertices) {
         const long long count = readWhole(words[0], lines);
         if (count < 1 || static_cast<unsigned long long>(count) > words.size() - 1) {
-            lines.refuseLine("a face of " + std::to_string(count) + " corners that names " +
+            lines.refuseLine("a face declares " + std::to_string(count) + " corners and has " +
                              std::to_string(words.size() - 1));
         }
         corners.clear();

@@ -233,7 +233,7 @@ class PlyReading {
     void readList(const PlyProperty& property, PlyUse use) {
         const double length = body.next(*property.countType);
         if (!(length >= 0.0 && length <= kLongestList) || length != std::floor(length)) {
-            body.refuseHere("a list cannot have " + std::to_string(length) + " values");
+            body.refuseHere("invalid list length " + std::to_string(length));
         }
         const auto count = static_cast<std::uint64_t>(length);
         for (std::uint64_t i = 0; i < count; ++i) {

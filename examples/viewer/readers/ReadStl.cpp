@@ -29,7 +29,7 @@ constexpr std::size_t kColorOffset = 48;
 /// Of a triangle: five bits a channel, if the highest one is set.
 constexpr std::uint16_t kHasColor = 0x8000;
 
-std::uint64_t promisedTriangles(std::string_view bytes) {
+std::uint64_t declaredTriangles(std::string_view bytes) {
     return static_cast<std::uint64_t>(
         readScalar<std::uint32_t>(bytes.data() + kCountOffset, ByteOrder::Little));
 }
@@ -39,7 +39,7 @@ bool isBinary(std::string_view bytes) {
     if (bytes.size() < kHeaderSize) {
         return false;
     }
-    const std::uint64_t end = kHeaderSize + kRecordSize * promisedTriangles(bytes);
+    const std::uint64_t end = kHeaderSize + kRecordSize * declaredTriangles(bytes);
     return bytes.size() >= end && bytes.size() - end < kRecordSize;
 }
 
@@ -60,7 +60,7 @@ class BinaryStlReading {
     BinaryStlReading(std::string_view bytesOfFile, const ProgressStretch& progressOfFile)
         : bytes(bytesOfFile),
           progress(progressOfFile),
-          triangles(promisedTriangles(bytes)),
+          triangles(declaredTriangles(bytes)),
           cornersOfFirstCore(piecesOf(triangles * 3).front().end) {}
 
     Scene run() {
@@ -68,7 +68,7 @@ class BinaryStlReading {
             refuse("header", "there is no triangle");
         }
         // Closed surfaces have twice as many triangles as vertices.
-        auto [corners, keys] = numberAll<std::uint32_t, 4>(
+        auto [corners, keys] = numberAll<std::uint64_t, 2>(
             triangles * 3, triangles / 2 + 2, [this](std::size_t corner) { return keyOf(corner); });
         TriangleMesh mesh;
         mesh.indices = std::move(corners);
@@ -83,8 +83,8 @@ class BinaryStlReading {
     }
 
   private:
-    /// The place and the colour of a vertex.
-    using Key = std::array<std::uint32_t, 4>;
+    /// The place and the colour of a vertex: x below y, and z below the colour. Long words are faster to hash.
+    using Key = std::array<std::uint64_t, 2>;
 
     [[nodiscard]] Key keyOf(std::size_t corner) const {
         if (corner < cornersOfFirstCore) {
@@ -94,7 +94,7 @@ class BinaryStlReading {
         const char* const record = bytes.data() + kHeaderSize + kRecordSize * triangle;
         const char* const place = record + kNormalSize + corner % 3 * kPlaceSize;
         const auto bits = readScalar<std::uint16_t>(record + kColorOffset, ByteOrder::Little);
-        Key key{0, 0, 0, (bits & kHasColor) != 0 ? std::uint32_t{bits} : 0U};
+        std::array<std::uint64_t, 3> words{};
         for (std::size_t axis = 0; axis < 3; ++axis) {
             const auto value = readScalar<float>(place + axis * sizeof(float), ByteOrder::Little);
             if (!(std::abs(value) <= static_cast<float>(kLargestCoordinate))) {
@@ -102,27 +102,32 @@ class BinaryStlReading {
                        "a coordinate " + faultOfCoordinate(static_cast<double>(value)));
             }
             // Adding 0 makes -0 a 0.
-            key[axis] = std::bit_cast<std::uint32_t>(value + 0.0F);
+            words[axis] = std::bit_cast<std::uint32_t>(value + 0.0F);
         }
-        return key;
+        const std::uint64_t color = (bits & kHasColor) != 0 ? bits : 0;
+        return {words[0] | words[1] << kHalfWord, words[2] | color << kHalfWord};
     }
 
     static void giveVertices(TriangleMesh& mesh, const std::vector<Key>& keys) {
-        const auto coordinate = [](std::uint32_t word) {
-            return static_cast<double>(std::bit_cast<float>(word));
+        const auto coordinate = [](std::uint64_t word) {
+            return static_cast<double>(std::bit_cast<float>(static_cast<std::uint32_t>(word)));
         };
         const bool hasColors =
-            std::any_of(keys.begin(), keys.end(), [](const Key& key) { return key[3] != 0; });
+            std::any_of(keys.begin(), keys.end(), [](const Key& key) { return (key[1] >> kHalfWord) != 0; });
         // Vertices that differ in their colours alone can share a place.
         mesh.arePlacesDistinct = !hasColors;
         mesh.positions.reserve(keys.size());
-        for (const auto& [x, y, z, color] : keys) {
-            mesh.positions.emplace_back(coordinate(x), coordinate(y), coordinate(z));
+        mesh.colors.reserve(hasColors ? keys.size() : 0);
+        for (const auto& [xAndY, zAndColor] : keys) {
+            mesh.positions.emplace_back(coordinate(xAndY), coordinate(xAndY >> kHalfWord),
+                                        coordinate(zAndColor));
             if (hasColors) {
-                mesh.colors.push_back(colorOf(static_cast<std::uint16_t>(color)));
+                mesh.colors.push_back(colorOf(static_cast<std::uint16_t>(zAndColor >> kHalfWord)));
             }
         }
     }
+
+    static constexpr unsigned kHalfWord = 32;
 
     std::string_view bytes;
     ProgressStretch progress;
@@ -134,7 +139,8 @@ class BinaryStlReading {
 /// Follows the keywords of the text in their order.
 class AsciiStlReading {
   public:
-    AsciiStlReading(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
+    AsciiStlReading(std::string_view wholeText, const ProgressStretch& progress)
+        : text(wholeText), lines(text, progress) {}
 
     Scene run() {
         while (lines.next()) {
@@ -181,7 +187,7 @@ class AsciiStlReading {
             return step.from == state && is(step.word);
         });
         if (found == kSteps.end()) {
-            lines.refuseLine(quoted(words.front()) + " is not expected here");
+            lines.refuseLine("unexpected " + quoted(words.front()));
         }
         checkRest(found->word);
         state = found->to;
@@ -206,9 +212,9 @@ class AsciiStlReading {
         const bool isNamed = keyword == "solid" || keyword == "endsolid";
         const std::size_t expected = keyword == "facet" ? 5 : keyword == "outer" ? 2 : 1;
         if (!isNamed && words.size() != expected) {
-            warnings.add(atLine(lines.number()), "there is " +
-                                                     std::string(words.size() < expected ? "less" : "more") +
-                                                     " than belongs to " + quoted(keyword));
+            warnings.add(atLine(lines.number()),
+                         std::string(words.size() < expected ? "too few" : "too many") + " words for " +
+                             quoted(keyword));
         }
     }
 
@@ -243,12 +249,20 @@ class AsciiStlReading {
             lines.refuseLine("a triangle has 3 corners, this one has " + std::to_string(cornersOfLoop));
         }
         cornersOfLoop = 0;
+        if (mesh.indices.capacity() == 0) {
+            reserve();
+        }
     }
+
+    /// For triangles whose text is as long as that of the first one.
+    void reserve() { mesh.indices.reserve(text.size() / (lines.position() / 3) + Places::kBlock); }
 
     Scene finished() {
         mesh.arePlacesDistinct = true;
-        mesh.positions.reserve(vertices.known().size());
-        for (const auto& [x, y, z] : vertices.known()) {
+        // The table of the numbering is released before the positions are made.
+        const std::vector<Places::Key> known = std::exchange(vertices, Places(0)).takeKnown();
+        mesh.positions.reserve(known.size());
+        for (const auto& [x, y, z] : known) {
             mesh.positions.emplace_back(std::bit_cast<double>(x), std::bit_cast<double>(y),
                                         std::bit_cast<double>(z));
         }
@@ -258,6 +272,7 @@ class AsciiStlReading {
         return scene;
     }
 
+    std::string_view text;
     TextLines lines;
     Warnings warnings;
     std::vector<std::string_view> words;
@@ -284,7 +299,7 @@ Scene readStl(std::string_view bytes, const ProgressStretch& progress) {
         refuse("header",
                "the file has " + std::to_string(bytes.size()) + " bytes, too few for a binary STL file");
     }
-    refuse("header", "it promises " + std::to_string(promisedTriangles(bytes)) +
+    refuse("header", "it declares " + std::to_string(declaredTriangles(bytes)) +
                          " triangles, the file has room for " +
                          std::to_string((bytes.size() - kHeaderSize) / kRecordSize));
 }

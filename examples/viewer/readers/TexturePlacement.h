@@ -31,7 +31,7 @@ struct TexturePlacement {
 
   private:
     static float drawable(double coordinate) {
-        // A float tells no pixels apart there any more.
+        // A float cannot distinguish pixels there.
         constexpr double kLargest = 1e9;
         return std::abs(coordinate) <= kLargest ? static_cast<float>(coordinate) : 0.0F;
     }

@@ -63,7 +63,7 @@ class Tracer {
         return from + (to - from) * ((level - from.z) / (to.z - from.z));
     }
 
-    /// Goes on from an edge as long as there are pieces, and takes each of them away.
+    /// Follows the pieces from an edge to the end and removes them.
     template <class Add>
     void follow(Edge at, const Add& add) {
         while (!neighbours[at].empty()) {

@@ -32,7 +32,7 @@ void addKnot(Scene& scene) {
     scene.meshes.push_back(std::move(knot));
 }
 
-/// A ring with a cross, and a line towards north, beside the block.
+/// A ring with a cross, and a line to the north, next to the block.
 void addCompass(Scene& scene) {
     const qel::XPnt3d middle(14.2, -7.0, 0.0);
     Marker circle;

@@ -4,7 +4,7 @@
 
 namespace qelview {
 
-/// What a survey crew left in the sample landscape; each function adds its part to the scene.
+/// The survey of the sample landscape; each function adds its part to the scene.
 
 /// A scanned wood: one coloured cloud of points.
 void addScannedWood(Scene& scene);

@@ -10,7 +10,7 @@
 
 namespace qelview {
 
-/// A point of the scene with a text beside it.
+/// A point of the scene with a text next to it.
 struct PointMark {
     qel::XPnt3d at;
     std::string label;
@@ -30,7 +30,7 @@ struct LocalFrame {
 /// A list over the view.
 enum class Panel : std::uint8_t { None, Help, Warnings };
 
-/// What stands on a view beside the scene and its labels.
+/// What a view shows besides the scene and its labels.
 struct Annotations {
     /// In the order of the clicks.
     std::vector<PointMark> marks;

@@ -130,7 +130,7 @@ double readCoordinate(std::string_view word, const TextLines& lines) {
 long long readWhole(std::string_view word, const TextLines& lines) {
     long long value = 0;
     if (parse(word, value) != std::errc()) {
-        lines.refuseLine(quoted(word) + " is not a whole number");
+        lines.refuseLine(quoted(word) + " is not an integer");
     }
     return value;
 }

@@ -50,7 +50,7 @@ TEST(QelView, ShowsNothingOfAGoodFileBesideABadOne) {
     const Ended ended =
         runViewer(quoted(good.path()) + L" absent.ply --out " + quoted(temporary("half.png")));
     EXPECT_EQ(ended.code, 2U);
-    EXPECT_EQ(ended.errors, "qelview: absent.ply: there is no such file\n");
+    EXPECT_EQ(ended.errors, "qelview: absent.ply: the file does not exist\n");
     EXPECT_FALSE(std::filesystem::exists(temporary("half.png")));
 }
 
@@ -252,7 +252,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FailingScript{"PictureNotWritten", "picture absent-folder/a.png\n", 1, "line 1: "},
                     FailingScript{"RecordingRefused", "\nmotion absent.txt\n", 1, "line 2: "},
                     FailingScript{"DroppedFileRefused", "drop absent.obj\nkey F\n", 2,
-                                  "absent.obj: there is no such file"}),
+                                  "absent.obj: the file does not exist"}),
     [](const auto& each) { return each.param.name; });
 
 TEST(QelView, WritesATourOfAllThatItShows) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "viewer/ViewerData.h"
 
@@ -30,6 +31,18 @@ TEST(MotionFile, RefusesMoreThanNineHours) {
               "line 101: more than 1000000 steps");
 }
 
+TEST(MotionFile, RefusesWhatIsNotText) {
+    EXPECT_EQ(qel::test::refusalOf([] {
+                  return parseMotion(
+                      std::string_view("\xFF\xFE"
+                                       "1\0",
+                                       4));
+              }),
+              "line 1: the file is UTF-16 text; save it as UTF-8 or ASCII");
+    EXPECT_EQ(qel::test::refusalOf([] { return parseMotion(std::string_view("# \0\n", 4)); }),
+              "byte 2: the file is not text");
+}
+
 struct WrongMotion {
     const char* name;
     const char* line;
@@ -53,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongMotion{"NotANumber", "nan 2 3 4 5 6", "'nan' is out of range"},
                     WrongMotion{"Never", "1 2 3 4 5 6 0", "'0' is out of range (1"},
                     WrongMotion{"TooOften", "1 2 3 4 5 6 10001", "'10001' is out of range (1"},
-                    WrongMotion{"HalfATime", "1 2 3 4 5 6 0.5", "'0.5' is not a whole number"}),
+                    WrongMotion{"HalfATime", "1 2 3 4 5 6 0.5", "'0.5' is not an integer"}),
     [](const auto& each) { return each.param.name; });
 
 }  // namespace

@@ -222,6 +222,21 @@ TEST(MapFrameTextRoom, IsTakenByTheFirstWhoComes) {
     EXPECT_TRUE(room.take(40, 100, "")) << "what was refused takes no room";
 }
 
+TEST(MapFrameTextRoom, IsWiderThanTheLettersByAGapAndAsHighAsALine) {
+    const auto leavesRoomAt = [](double x, double y) {
+        qelview::TextRoom room;
+        return room.take(100, 100, "two") && room.take(x, y, "");
+    };
+    // Letters are 9.5 pixels wide, with 8 pixels around each text; a line is 28 high.
+    EXPECT_FALSE(leavesRoomAt(100 + 28.5 + 15.5, 100));
+    EXPECT_TRUE(leavesRoomAt(100 + 28.5 + 16.5, 100));
+    EXPECT_FALSE(leavesRoomAt(100 - 15.5, 100));
+    EXPECT_TRUE(leavesRoomAt(100 - 16.5, 100));
+    EXPECT_FALSE(leavesRoomAt(100, 127.5));
+    EXPECT_TRUE(leavesRoomAt(100, 128.5));
+    EXPECT_TRUE(leavesRoomAt(100, 71.5));
+}
+
 TEST(MapFrameSampleMap, HasIslandsLakesLinesAndNamedTowns) {
     const qelview::Scene scene = qelview::makeSampleMap();
     ASSERT_EQ(scene.polygons.size(), 1U);

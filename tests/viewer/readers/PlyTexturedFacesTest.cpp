@@ -55,7 +55,7 @@ Model squareOf(const std::string& faces) {
     return model;
 }
 
-const char* const kTriangles = "3 0 1 2 6 0 0 1 0 1 1\n3 0 2 3 6 0 0 1 1 0 1\n";
+const char* const kTwoTriangles = "3 0 1 2 6 0 0 1 0 1 1\n3 0 2 3 6 0 0 1 1 0 1\n";
 
 /// The texture coordinates of a corner of the triangles.
 void expectCorner(const TriangleMesh& mesh, std::size_t corner, double u, double v) {
@@ -64,7 +64,7 @@ void expectCorner(const TriangleMesh& mesh, std::size_t corner, double u, double
 }
 
 TEST(PlyTexturedFaces, HaveTheirVFromTheUpperEdgeAndNoColours) {
-    Model model = squareOf(kTriangles);
+    Model model = squareOf(kTwoTriangles);
     model.vertexProperties = "property uchar red\n";
     model.valuesOfVertex = "9";
     const Scene scene = sceneOf(model);
@@ -128,7 +128,7 @@ TEST(PlyTexturedFaces, ShowTheImageOfTheirNumber) {
 }
 
 TEST(PlyTexturedFaces, KeepTheNormalsOfTheirVertices) {
-    Model model = squareOf(kTriangles);
+    Model model = squareOf(kTwoTriangles);
     model.vertexProperties = "property float nx\nproperty float ny\nproperty float nz\n";
     model.valuesOfVertex = "0 3 0";
     const TriangleMesh mesh = sceneOf(model).meshes.at(0);
@@ -137,7 +137,7 @@ TEST(PlyTexturedFaces, KeepTheNormalsOfTheirVertices) {
 }
 
 TEST(PlyTexturedFaces, PrecedeTexturedVerticesAndAreTintedByTheMaterial) {
-    Model model = squareOf(kTriangles);
+    Model model = squareOf(kTwoTriangles);
     model.vertexProperties = "property float s\nproperty float t\n";
     model.valuesOfVertex = "0.5 0.5";
     model.otherElement = "element material 1\nproperty uchar diffuse_red\n";
@@ -198,7 +198,7 @@ INSTANTIATE_TEST_SUITE_P(Faces, PlyTexturedFacesPartly, testing::ValuesIn(kPartl
                          [](const auto& each) { return each.param.name; });
 
 TEST(PlyTexturedFaces, WithoutAnyImageAreOneMesh) {
-    Model model = squareOf(kTriangles);
+    Model model = squareOf(kTwoTriangles);
     for (const char* const comments : {"", "comment TextureFile absent.png\n"}) {
         model.comments = comments;
         const Scene scene = sceneOf(model);
@@ -210,7 +210,7 @@ TEST(PlyTexturedFaces, WithoutAnyImageAreOneMesh) {
 }
 
 TEST(PlyTexturedFaces, WithoutNumbersShowTheFirstImage) {
-    Model model = squareOf(kTriangles);
+    Model model = squareOf(kTwoTriangles);
     model.comments = kTwoImages;
     const Scene scene = sceneOf(model);
     ASSERT_EQ(scene.warnings.size(), 1U);

@@ -28,8 +28,8 @@ struct BadFile {
 const std::vector<BadFile> kBadFiles{
     {"ascii_cut.stl", "line 5: the file ends inside a triangle"},
     {"bad_lines.xyz", "line 2: 2 columns instead of 3"},
-    {"count_too_high.stl", "header: it promises 13 triangles, the file has room for 12"},
-    {"count_too_low.stl", "header: it promises 2 triangles, the file has room for 12"},
+    {"count_too_high.stl", "header: it declares 13 triangles, the file has room for 12"},
+    {"count_too_low.stl", "header: it declares 2 triangles, the file has room for 12"},
     {"cut.geojson", "line 1: the file ends in the middle of the JSON text"},
     {"degenerate.obj", ""},
     {"empty.obj", "the file is empty"},
@@ -43,13 +43,13 @@ const std::vector<BadFile> kBadFiles{
     {"long_line.obj", ""},
     {"nan.stl", "triangle 1: a coordinate is not finite"},
     {"nan_coords.obj", "line 9: the coordinate 'nan' is not finite"},
-    {"negative_count.ply", "line 3: the count '-8' of element 'vertex' cannot be"},
+    {"negative_count.ply", "line 3: invalid count '-8' of element 'vertex'"},
     {"no_end_header.ply", "line 9: '0' is not a statement of a PLY header"},
     {"no_features.geojson", "there is nothing to show"},
     {"not_numbers.obj", "line 1: 'one' is not a number"},
     {"null_geometry.geojson", "there is nothing to show"},
     {"random.bin", "unknown format"},
-    {"random.stl", "header: it promises 854055256 triangles"},
+    {"random.stl", "header: it declares 854055256 triangles"},
     {"self_intersecting.geojson", ""},
     {"short_header.stl", "line 1: "},
     {"short_ring.geojson", "feature 1, ring 1: 3 positions instead of at least 4"},
@@ -60,7 +60,7 @@ const std::vector<BadFile> kBadFiles{
     {"unknown_type.ply", "line 5: unknown type 'quaternion'"},
     {"utf16.obj", "line 1: the file is UTF-16 text"},
     {"vertex_count_high.ply", "line 29: the file ends after 20 of 100 instances of element 'vertex'"},
-    {"vertex_count_low.ply", "line 15: 3 values where the header promises 2"},
+    {"vertex_count_low.ply", "line 15: 3 values where the header declares 2"},
 };
 
 class ReadFileBad : public testing::TestWithParam<BadFile> {};
@@ -106,7 +106,7 @@ TEST(ReadFile, IsTriedOnEveryMalformedFile) {
 }
 
 TEST(ReadFile, SaysThatAFileIsMissing) {
-    EXPECT_EQ(refusalOf([] { return readWhole("absent.obj"); }), "absent.obj: there is no such file");
+    EXPECT_EQ(refusalOf([] { return readWhole("absent.obj"); }), "absent.obj: the file does not exist");
 }
 
 TEST(ReadFile, NamesTheFileInItsWarnings) {

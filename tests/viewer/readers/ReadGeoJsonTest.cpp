@@ -161,26 +161,26 @@ TEST(ReadGeoJson, SaysInOneLineWhereAFileIsWrongAndWhy) {
     const Bad cases[] = {
         {"{\n\"type\":", "line 2: the file ends in the middle of the JSON text"},
         {"{\n\n nonsense }", "line 3: no JSON at 'onsense }'"},
-        {"[1,2]", "file: there is no object with a type"},
+        {"[1,2]", "file: expected an object with a type"},
         {"{}", "file: there is no type"},
         {R"({"type":7})", "file: there is no type"},
         {R"({"type":"Blob","coordinates":[]})", "file: unknown type 'Blob'"},
         {R"({"type":"MultiBlob","coordinates":[]})", "file: unknown type 'MultiBlob'"},
-        {R"({"type":"FeatureCollection"})", "file: the features are no array"},
-        {R"({"type":"FeatureCollection","features":[7]})", "feature 1: there is no object with a type"},
-        {R"({"type":"Feature","geometry":"x"})", "feature 1: there is no object with a type"},
-        {R"({"type":"Point"})", "file: the coordinates are no array"},
-        {R"({"type":"Point","coordinates":[1]})", "file: a position is no array of two numbers or more"},
-        {R"({"type":"Point","coordinates":[1,"2"]})", "file: a coordinate is no number"},
-        {R"({"type":"Point","coordinates":[1,null]})", "file: a coordinate is no number"},
+        {R"({"type":"FeatureCollection"})", "file: the features are not an array"},
+        {R"({"type":"FeatureCollection","features":[7]})", "feature 1: expected an object with a type"},
+        {R"({"type":"Feature","geometry":"x"})", "feature 1: expected an object with a type"},
+        {R"({"type":"Point"})", "file: the coordinates are not an array"},
+        {R"({"type":"Point","coordinates":[1]})", "file: a position is not an array of two or more numbers"},
+        {R"({"type":"Point","coordinates":[1,"2"]})", "file: a coordinate is not a number"},
+        {R"({"type":"Point","coordinates":[1,null]})", "file: a coordinate is not a number"},
         {R"({"type":"Point","coordinates":[1,1e99]})", "file: is beyond 1e15"},
         {R"({"type":"Point","coordinates":[-1e99,1]})", "file: is beyond 1e15"},
-        {R"({"type":"Point","coordinates":[1,2,"3"]})", "file: a coordinate is no number"},
-        {R"({"type":"Point","coordinates":{"x":1,"y":2}})", "file: the coordinates are no array"},
-        {R"({"type":"MultiPoint","coordinates":[7]})", "file, part 1: the coordinates are no array"},
-        {R"({"type":"GeometryCollection"})", "file: the geometries are no array"},
+        {R"({"type":"Point","coordinates":[1,2,"3"]})", "file: a coordinate is not a number"},
+        {R"({"type":"Point","coordinates":{"x":1,"y":2}})", "file: the coordinates are not an array"},
+        {R"({"type":"MultiPoint","coordinates":[7]})", "file, part 1: the coordinates are not an array"},
+        {R"({"type":"GeometryCollection"})", "file: the geometries are not an array"},
         {R"({"type":"GeometryCollection","geometries":[7]})",
-         "file, geometry 1: there is no object with a type"},
+         "file, geometry 1: expected an object with a type"},
         // What was read before leaves no trace in the place.
         {R"({"type":"GeometryCollection","geometries":[{"type":"MultiPoint","coordinates":[[1,2]]},)"
          R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,0]]]},{"type":"Fog"}]})",
@@ -202,10 +202,10 @@ TEST(ReadGeoJson, SaysInOneLineWhereAFileIsWrongAndWhy) {
          "file, ring 1: 3 positions instead of at least 4"},
         {R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,1]]]})",
          "file, ring 1: the ring is not closed: its last position is not its first"},
-        {R"({"type":"Polygon","coordinates":[7]})", "file, ring 1: the positions are no array"},
+        {R"({"type":"Polygon","coordinates":[7]})", "file, ring 1: the positions are not an array"},
         {R"({"type":"GeometryCollection","geometries":[{"type":"Point","coordinates":[]},{"type":"Fog"}]})",
          "file, geometry 2: unknown type 'Fog'"},
-        {deep.c_str(), "collections lie more than 16 deep in each other"},
+        {deep.c_str(), "collections are nested more than 16 deep"},
         {"", "line 1: the file ends in the middle of the JSON text"},
     };
     for (const Bad& bad : cases) {
@@ -221,7 +221,7 @@ TEST(ReadGeoJson, TakesNoHarmFromDeepNesting) {
     const std::string closed =
         R"({"type":"Point","coordinates":)" + std::string(100000, '[') + std::string(100000, ']') + "}";
     EXPECT_EQ(refusalOf([&] { return readGeoJsonOf(closed); }),
-              "file: a position is no array of two numbers or more");
+              "file: a position is not an array of two or more numbers");
 }
 
 TEST(ReadGeoJson, ReadsTheMapsWhole) {

@@ -45,7 +45,7 @@ TEST(ReadGltf, StopsWithinAMeshWhenTheUserGivesUp) {
 
 TEST(ReadGltf, TellsHowFarItIsWithinAMesh) {
     qelview::Progress progress;
-    // The last index names no vertex, so that the load ends there.
+    // The last index is out of range, so that the load ends there.
     const std::string bytes = squareWith("/accessors/0/count", 3).dump();
     EXPECT_THROW(static_cast<void>(qelview::readGltf(bytes, "nowhere/model.gltf",
                                                      qelview::ProgressStretch(progress, 0.0, 1.0))),
@@ -174,12 +174,12 @@ TEST(ReadGltf, ReadsTheChunkOfABinaryFile) {
     inside["buffers"] = json::parse(R"([{"byteLength": 68}])");
     const std::string file = glb(inside, std::string(68, '\0'));
     EXPECT_EQ(readSquare(file).triangleCount(), 2U);
-    EXPECT_EQ(gltfRefusal(glb(inside, "short")), "buffer 0: it promises 68 bytes, there are 5");
+    EXPECT_EQ(gltfRefusal(glb(inside, "short")), "buffer 0: it declares 68 bytes, there are 5");
     std::string longChunk = file;
     longChunk[15] = '\1';
-    EXPECT_EQ(gltfRefusal(longChunk).substr(0, 24), "first chunk: it promises");
+    EXPECT_EQ(gltfRefusal(longChunk).substr(0, 24), "first chunk: it declares");
     EXPECT_EQ(gltfRefusal(file.substr(0, file.size() - 1)),
-              "header: it promises " + std::to_string(file.size()) + " bytes, the file has " +
+              "header: it declares " + std::to_string(file.size()) + " bytes, the file has " +
                   std::to_string(file.size() - 1));
 }
 
@@ -212,63 +212,61 @@ TEST_P(ReadGltfWrong, IsRefusedAtItsPlace) {
 }
 
 const std::vector<WrongValue> kWrong{
-    {"Asset", "/asset", 5, "file: there is no glTF asset"},
-    {"Version", "/asset/version", "1.0", "file: it is not of version 2 of glTF"},
+    {"Asset", "/asset", 5, "file: not a glTF asset"},
+    {"Version", "/asset/version", "1.0", "file: only version 2 of glTF is supported"},
     {"Extension", "/extensionsRequired", json::array({"KHR_draco_mesh_compression"}),
-     "file: it needs the extension 'KHR_draco_mesh_compression', which is not read"},
-    {"Scene", "/scene", 3, "file: it names one of the scenes that does not exist"},
-    {"NodeOfScene", "/scenes/0/nodes", json::array({-1}),
-     "scene: it names one of the nodes that does not exist"},
-    {"Cycle", "/nodes/0/children", json::array({0}), "node 0: it hangs below more than one other"},
-    {"NodeIsNone", "/nodes/0", "node", "scene: it names one of the nodes that does not exist"},
+     "file: it requires the extension 'KHR_draco_mesh_compression', which is not supported"},
+    {"Scene", "/scene", 3, "file: its index into 'scenes' is out of range"},
+    {"NodeOfScene", "/scenes/0/nodes", json::array({-1}), "scene: its index into 'nodes' is out of range"},
+    {"Cycle", "/nodes/0/children", json::array({0}), "node 0: it has more than one parent"},
+    {"NodeIsNone", "/nodes/0", "node", "scene: its index into 'nodes' is out of range"},
     {"Matrix", "/nodes/0/matrix", json::array({1, 2}), "node 0: its 'matrix' are not 16 numbers"},
     {"Scale", "/nodes/0/scale", "large", "node 0: its 'scale' are not 3 numbers"},
     {"Far", "/nodes/0/translation", json::array({1e300, 0, 0}),
      "mesh 0, vertex 0: a coordinate is beyond 1e15, the largest coordinate that can be drawn"},
-    {"Mesh", "/nodes/0/mesh", 1, "node 0: it names one of the meshes that does not exist"},
-    {"Primitives", "/meshes/0/primitives", json::array({1}), "mesh 0: its primitives are none"},
+    {"Mesh", "/nodes/0/mesh", 1, "node 0: its index into 'meshes' is out of range"},
+    {"Primitives", "/meshes/0/primitives", json::array({1}), "mesh 0: a primitive is not an object"},
     {"NoPositions", "/meshes/0/primitives/0/attributes", json::object(), "mesh 0: it has no positions"},
-    {"Mode", "/meshes/0/primitives/0/mode", 7, "mesh 0: its mode is 7, which is none"},
-    {"Accessor", "/meshes/0/primitives/0/indices", 7,
-     "mesh 0: it names one of the accessors that does not exist"},
-    {"WideIndices", "/meshes/0/primitives/0/indices", 0, "mesh 0, accessor 0: its elements have 3 numbers"},
+    {"Mode", "/meshes/0/primitives/0/mode", 7, "mesh 0: unknown primitive mode 7"},
+    {"Accessor", "/meshes/0/primitives/0/indices", 7, "mesh 0: its index into 'accessors' is out of range"},
+    {"WideIndices", "/meshes/0/primitives/0/indices", 0,
+     "mesh 0, accessor 0: its elements have 3 components"},
     {"NoVertex", "/accessors/2/bufferView", 1,
-     "mesh 0: one of its indices names no vertex: there are 4, counted from 0"},
+     "mesh 0: an index is out of range: there are 4 vertices, counted from 0"},
     {"ShortAttribute", "/meshes/0/primitives/0/attributes", json({{"POSITION", 0}, {"COLOR_0", 3}}),
-     "mesh 0: it names one of the accessors that does not exist"},
+     "mesh 0: its index into 'accessors' is out of range"},
     {"Material", "/meshes/0/primitives/0/material", "red",
-     "mesh 0: it names one of the materials that does not exist"},
+     "mesh 0: its index into 'materials' is out of range"},
     {"NoData", "/accessors/0", json({{"count", 4}, {"type", "VEC3"}}), "mesh 0, accessor 0: it has no data"},
-    {"Sparse", "/accessors/0/sparse", json::object(), "mesh 0, accessor 0: sparse numbers are not read"},
+    {"Sparse", "/accessors/0/sparse", json::object(),
+     "mesh 0, accessor 0: sparse accessors are not supported"},
     {"Type", "/accessors/0/type", "MAT4",
      "mesh 0, accessor 0: its accessor is of the type 'MAT4', which is not one of vertices"},
-    {"Component", "/accessors/0/componentType", 5124,
-     "mesh 0, accessor 0: its accessor has components of the type 5124"},
+    {"Component", "/accessors/0/componentType", 5124, "mesh 0, accessor 0: unknown component type 5124"},
     {"Nothing", "/accessors/0/count", 0, "mesh 0, accessor 0: it has no elements"},
     {"FewPositions", "/accessors/0/count", 3,
-     "mesh 0: one of its indices names no vertex: there are 3, counted from 0"},
-    {"TooMany", "/accessors/0/count", 5, "mesh 0, accessor 0: it lies beyond the end of its buffer"},
+     "mesh 0: an index is out of range: there are 3 vertices, counted from 0"},
+    {"TooMany", "/accessors/0/count", 5, "mesh 0, accessor 0: it extends beyond the end of its buffer"},
     {"FarTooMany", "/accessors/0/count", 4294967295,
-     "mesh 0, accessor 0: it lies beyond the end of its buffer"},
-    {"HugeCount", "/accessors/0/count", 4294967296,
-     "mesh 0, accessor 0: its 'count' is not a whole number that can be"},
+     "mesh 0, accessor 0: it extends beyond the end of its buffer"},
+    {"HugeCount", "/accessors/0/count", 4294967296, "mesh 0, accessor 0: its 'count' is not a valid integer"},
     {"HugeStride", "/bufferViews/0/byteStride", 4294967295,
-     "mesh 0, accessor 0: it lies beyond the end of its buffer"},
-    {"Offset", "/accessors/0/byteOffset", 1, "mesh 0, accessor 0: it lies beyond the end of its buffer"},
+     "mesh 0, accessor 0: it extends beyond the end of its buffer"},
+    {"Offset", "/accessors/0/byteOffset", 1, "mesh 0, accessor 0: it extends beyond the end of its buffer"},
     {"View", "/accessors/0/bufferView", 9,
-     "mesh 0, accessor 0: it names one of the bufferViews that does not exist"},
+     "mesh 0, accessor 0: its index into 'bufferViews' is out of range"},
     {"ViewBeyond", "/bufferViews/0/byteOffset", 4294967295,
-     "mesh 0, accessor 0: it lies beyond the end of its buffer"},
-    {"Buffer", "/bufferViews/0/buffer", 1, "mesh 0, accessor 0: it lies in a buffer that does not exist"},
-    {"Promise", "/buffers/0/byteLength", 70, "buffer 0: it promises 70 bytes, there are 68"},
-    {"WrongLetter", "/buffers/0/uri", "data:;base64,AA?=", "buffer 0: its data are not Base64 text"},
-    {"WrongLength", "/buffers/0/uri", "data:;base64,AAA", "buffer 0: its data are not Base64 text"},
-    {"PlainData", "/buffers/0/uri", "data:,AAAA", "buffer 0: its data are not Base64 text"},
+     "mesh 0, accessor 0: it extends beyond the end of its buffer"},
+    {"Buffer", "/bufferViews/0/buffer", 1, "mesh 0, accessor 0: its buffer does not exist"},
+    {"Promise", "/buffers/0/byteLength", 70, "buffer 0: it declares 70 bytes, there are 68"},
+    {"WrongLetter", "/buffers/0/uri", "data:;base64,AA?=", "buffer 0: invalid Base64 data"},
+    {"WrongLength", "/buffers/0/uri", "data:;base64,AAA", "buffer 0: invalid Base64 data"},
+    {"PlainData", "/buffers/0/uri", "data:,AAAA", "buffer 0: invalid Base64 data"},
     {"Missing", "/buffers/0/uri", "parts/wheel.bin", "buffer 0: the file 'parts/wheel.bin' cannot be read"},
-    {"Above", "/buffers/0/uri", "%2e%2E/a.bin", "buffer 0: '../a.bin' is not a file beside this one"},
-    {"Elsewhere", "/buffers/0/uri", "C:/a.bin", "buffer 0: 'C:/a.bin' is not a file beside this one"},
+    {"Above", "/buffers/0/uri", "%2e%2E/a.bin", "buffer 0: '../a.bin' is not a file next to the model"},
+    {"Elsewhere", "/buffers/0/uri", "C:/a.bin", "buffer 0: 'C:/a.bin' is not a file next to the model"},
     {"OtherMachine", "/buffers/0/uri", "//host/a.bin",
-     "buffer 0: '//host/a.bin' is not a file beside this one"},
+     "buffer 0: '//host/a.bin' is not a file next to the model"},
 };
 INSTANTIATE_TEST_SUITE_P(In, ReadGltfWrong, testing::ValuesIn(kWrong),
                          [](const auto& each) { return each.param.name; });
@@ -277,17 +275,17 @@ TEST(ReadGltf, RefusesAttributesOfAnotherLength) {
     json colors = square();
     colors["meshes"][0]["primitives"][0]["attributes"]["COLOR_0"] = 1;
     colors["accessors"][1]["count"] = 3;
-    EXPECT_EQ(gltfRefusal(colors.dump()), "mesh 0: its attribute 'COLOR_0' is not as long as its positions");
+    EXPECT_EQ(gltfRefusal(colors.dump()),
+              "mesh 0: its attribute 'COLOR_0' and its positions differ in length");
 }
 
 TEST(ReadGltf, NamesTheLineAtWhichTheTextIsDamaged) {
     EXPECT_EQ(gltfRefusal("{\"asset\": {},\n\"buffers\": ["),
               "line 2: the file ends in the middle of the JSON text");
     EXPECT_EQ(gltfRefusal("{\"asset\": 1e999}"), "file: a number is too large");
-    EXPECT_EQ(gltfRefusal("[1, 2]"), "file: there is no glTF asset");
-    EXPECT_EQ(gltfRefusal("glTF"),
-              "header: a binary glTF file begins with glTF, its version, its length and a first chunk");
-    EXPECT_EQ(gltfRefusal("glTF2222....aaaaJSON"), "header: it promises 774778414 bytes, the file has 20");
+    EXPECT_EQ(gltfRefusal("[1, 2]"), "file: not a glTF asset");
+    EXPECT_EQ(gltfRefusal("glTF"), "header: too short for a binary glTF file");
+    EXPECT_EQ(gltfRefusal("glTF2222....aaaaJSON"), "header: it declares 774778414 bytes, the file has 20");
 }
 
 TEST(ReadGltf, RefusesMeshesPlacedTooOften) {
@@ -302,7 +300,7 @@ TEST(ReadGltf, RefusesMeshesPlacedTooOften) {
     };
     // Each has four vertices and four indices.
     EXPECT_EQ(readMost(16), "");
-    EXPECT_EQ(readMost(15), "mesh 0: with it, the nodes place more than 15 corners");
+    EXPECT_EQ(readMost(15), "mesh 0: with this mesh, the nodes have more than 15 corners");
 }
 
 }  // namespace

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
+#include "Deflate.h"
 #include "FileBytes.h"
 #include "ModelImages.h"
 #include "viewer/ImageBytes.h"
@@ -19,7 +22,7 @@ std::string corpusBytes(const std::string& name) {
     return qelview::readBytes(qel::test::viewerCorpus() / name, 1U << 20U);
 }
 
-/// The head of a PNG file that promises an image of any size, without its pixels.
+/// The head of a PNG file that declares an image of any size, without its pixels.
 std::string pngHead(std::uint32_t width, std::uint32_t height) {
     std::string bytes("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
     for (const std::uint32_t number : {width, height}) {
@@ -101,6 +104,28 @@ TEST(ReadImage, RefusesAMonstrousImageByItsHeader) {
 TEST(ReadImage, RefusesAFileThatUnpacksToMoreThanItsPixels) {
     // One pixel of the header, four megabytes of them in the file.
     EXPECT_EQ(refusalOf([] { return qelview::readImage(corpusBytes("bomb.png")); }),
+              "takes too much memory to decode");
+}
+
+/// A PNG file of one pixel whose data unpack to `count` bytes.
+std::string pngOfOnePixel(std::size_t count) {
+    const std::vector<std::uint8_t> data = qelview::deflated(std::vector<std::uint8_t>(count));
+    std::string bytes = pngHead(1, 1);
+    // Its chunk of pixels is empty.
+    bytes.resize(bytes.size() - 12);
+    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
+        bytes.push_back(static_cast<char>(static_cast<std::uint8_t>(data.size() >> shift)));
+    }
+    bytes += "IDAT";
+    bytes.append(data.begin(), data.end());
+    return bytes + std::string("\0\0\0\0\0\0\0\0IEND\0\0\0\0", 16);
+}
+
+TEST(ReadImage, UnpacksUpToAMegabyteMoreThanItsPixels) {
+    const TextureImage image = qelview::readImage(pngOfOnePixel(200'000));
+    expectPixel(image, 0, 0, {0, 0, 0, 255}, 0);
+    // Growing buffers count as often as they grow.
+    EXPECT_EQ(refusalOf([] { return qelview::readImage(pngOfOnePixel(600'000)); }),
               "takes too much memory to decode");
 }
 

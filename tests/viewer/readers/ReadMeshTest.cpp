@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "MeshFormats.h"
+#include "ReadPoints.h"
 
 /// What the readers of meshes say about faults.
 
@@ -63,16 +64,16 @@ const std::vector<FileCase> kCases{
     {"PlyPoints", kPly, PLY_HEAD "end_header\n0 0 0\n1 0 0\n", ""},
     {"PlyNoMagic", kPly, "plx\n", "line 1: a PLY file begins with the line 'ply'"},
     {"PlyNoFormat", kPly, "ply\nelement vertex 1\nproperty float x\nend_header\n",
-     "line 4: the header names no format"},
+     "line 4: the header has no format"},
     {"PlyNoZ", kPly,
      "ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\nproperty float y\nend_header\n0 0\n",
      "line 6: vertices have no property 'z'"},
     {"PlyUnknownType", kPly, "ply\nformat ascii 1.0\nelement vertex 1\nproperty quaternion x\n",
      "line 4: unknown type 'quaternion'"},
     {"PlyNegativeCount", kPly, "ply\nformat ascii 1.0\nelement vertex -8\n",
-     "line 3: the count '-8' of element 'vertex' cannot be"},
+     "line 3: invalid count '-8' of element 'vertex'"},
     {"PlyHugeCount", kPly, "ply\nformat ascii 1.0\nelement vertex 99999999999\n",
-     "line 3: the count '99999999999' of element 'vertex' cannot be"},
+     "line 3: invalid count '99999999999' of element 'vertex'"},
     {"PlyEndless", kPly, "ply\nformat ascii 1.0\ncomment nothing\n", "line 3: the header has no end_header"},
     {"PlyShort", kPly, PLY_HEAD "end_header\n0 0 0\n",
      "line 8: the file ends after 1 of 2 instances of element 'vertex'"},
@@ -87,12 +88,12 @@ const std::vector<FileCase> kCases{
      "line 12: vertex without a number does not exist: there are 2, counted from 0"},
     {"PlyNotFinite", kPly, PLY_HEAD "end_header\n0 0 inf\n1 0 0\n", "line 8: the coordinate z is not finite"},
     {"PlyNegativeLength", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n-3 0 1 1\n",
-     "line 12: a list cannot have -3.000000 values"},
+     "line 12: invalid list length -3.000000"},
     {"PlyElementTwice", kPly, "ply\nformat ascii 1.0\nelement vertex 1\nelement vertex 2\n",
-     "line 4: element 'vertex' is there already"},
+     "line 4: duplicate element 'vertex'"},
     {"PlyPropertyTwice", kPly,
      "ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\nproperty double x\n",
-     "line 5: property 'x' is there already"},
+     "line 5: duplicate property 'x'"},
     {"ObjRemark", kObj, "v 0 0 0 # first\nv 1 0 0 # \rsecond\nl 1 2 # both\n", ""},
     {"ObjPassedOver", kObj, "o a\ng b\ns 1\nv 0 0 0\np 1\n", ""},
     {"StlCapitals", kStl,
@@ -108,22 +109,22 @@ const std::vector<FileCase> kCases{
     {"StlTwoCoordinates", kStl, "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0\n",
      "line 4: a vertex has 3 coordinates, this one has 2"},
     {"PlyManyValuesAfterAList", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n3 0 1 1 0\n",
-     "line 12: 5 values where the header promises 4"},
+     "line 12: 5 values where the header declares 4"},
     {"PlyDigitsInTheHeader", kPly, "ply\nformat ascii 1.0\n0 0 0\n",
      "line 3: '0' is not a statement of a PLY header; end_header may be missing"},
     {"OffPlusSign", kOff, "OFF\n1 0 0\n+0 0 0\n", ""},
     {"OffWithoutTheWord", kOff, "3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", ""},
-    {"OffNegativeCount", kOff, "OFF\n-3 1 0\n", "line 2: the number of vertices cannot be -3"},
+    {"OffNegativeCount", kOff, "OFF\n-3 1 0\n", "line 2: invalid number of vertices: -3"},
     {"OffHalfANormal", kOff, "NOFF\n1 1 0\n0 0 0 1 1\n",
      "line 3: a vertex has 6 coordinates, this one has 5"},
-    {"OffNoCorners", kOff, "OFF\n1 1 0\n0 0 0\n0\n", "line 4: a face of 0 corners that names 0"},
+    {"OffNoCorners", kOff, "OFF\n1 1 0\n0 0 0\n0\n", "line 4: a face declares 0 corners and has 0"},
     {"StlSound", kStl,
      "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 "
      "0\nendloop\nendfacet\nendsolid\n",
      ""},
     {"StlTwoCorners", kStl, "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nendloop\n",
      "line 6: a triangle has 3 corners, this one has 2"},
-    {"StlOutOfOrder", kStl, "solid a\nvertex 0 0 0\n", "line 2: 'vertex' is not expected here"},
+    {"StlOutOfOrder", kStl, "solid a\nvertex 0 0 0\n", "line 2: unexpected 'vertex'"},
     {"StlEmpty", kStl, "solid a\nendsolid a\n", "end of file: there is no triangle"},
     {"StlTiny", kStl, "none", "header: the file has 4 bytes, too few for a binary STL file"},
     {"OffSound", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", ""},
@@ -135,18 +136,43 @@ const std::vector<FileCase> kCases{
     {"OffNoWord", kOff, "ON\n3 1 0\n", "line 1: an OFF file begins with the word OFF, COFF, NOFF or CNOFF"},
     {"OffIndex", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 3\n",
      "line 6: vertex 3 does not exist: there are 3, counted from 0"},
-    {"OffShort", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n", "line 4: the file ends where vertex 2 should stand"},
+    {"OffShort", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n", "line 4: the file ends before vertex 2"},
     {"OffFewCorners", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1\n",
-     "line 6: a face of 3 corners that names 2"},
+     "line 6: a face declares 3 corners and has 2"},
     {"OffNothing", kOff, "OFF\n0 0 0\n", "line 2: there are no vertices"},
 };
 INSTANTIATE_TEST_SUITE_P(Of, ReadMesh, testing::ValuesIn(kCases),
                          [](const auto& each) { return each.param.name; });
 
+/// A format whose files are text, and a sound one.
+struct TextFormat {
+    const char* name;
+    Reader reader;
+    std::string content;
+};
+
+class ReadMeshText : public testing::TestWithParam<TextFormat> {};
+
+TEST_P(ReadMeshText, IsRefusedWithZerosInItOrInUtf16) {
+    const auto& [name, reader, content] = GetParam();
+    EXPECT_EQ(refusal(reader, content), "");
+    // In a comment, where they would do no harm.
+    EXPECT_EQ(refusal(reader, content + "#" + std::string(1, '\0')),
+              "byte " + std::to_string(content.size() + 1) + ": the file is not text");
+    EXPECT_EQ(refusal(reader, "\xFF\xFE" + content),
+              "line 1: the file is UTF-16 text; save it as UTF-8 or ASCII");
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, ReadMeshText,
+                         testing::Values(TextFormat{"Obj", kObj, OBJ_TRIANGLE},
+                                         TextFormat{"Off", kOff, "OFF\n1 0 0\n0 0 0\n"},
+                                         TextFormat{"Xyz", qelview::readPoints, "1 2 3\n"}),
+                         [](const auto& each) { return std::string(each.param.name); });
+
 const std::vector<FileCase> kTolerable{
     {"ObjUnknownStatement", kObj, OBJ_TRIANGLE "frobnicate 7\n", "line 5: unknown statement 'frobnicate'"},
     {"ObjColourAndAlpha", kObj, "v 0 0 0 1 1 1 1\n",
-     "line 1: a vertex has 3 coordinates, and a weight or a colour; what is more is left out"},
+     "line 1: a vertex has 3 coordinates, and a weight or a colour; the rest is ignored"},
     {"ObjTextureOfFour", kObj, OBJ_TRIANGLE "vt 0 0 0 0\n", "line 5: vt with more than 3 values"},
     {"ObjShortFace", kObj, OBJ_TRIANGLE "f 1 2\n", "line 5: a face of fewer than 3 vertices is left out"},
     {"ObjShortLine", kObj, OBJ_TRIANGLE "l 1\n", "line 5: a line of fewer than 2 vertices is left out"},
@@ -161,24 +187,24 @@ const std::vector<FileCase> kTolerable{
      "y\nproperty float z\nend_header\n0 0 0\n",
      "line 3: unknown statement 'author'"},
     {"PlyExtraColumn", kPly, PLY_HEAD "end_header\n0 0 0\n1 0 0 7\n",
-     "line 9: 4 values where the header promises 3"},
+     "line 9: 4 values where the header declares 3"},
     {"PlyShortFace", kPly, PLY_HEAD PLY_FACE "end_header\n0 0 0\n1 0 0\n2 0 1\n",
      "line 12: a face of fewer than 3 vertices is left out"},
     {"StlNoEnd", kStl, "solid a\n" STL_TRIANGLE, "line 8: the line 'endsolid' is missing"},
     {"StlShortNormal", kStl,
      "solid a\nfacet\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 "
      "0\nendloop\nendfacet\nendsolid\n",
-     "line 2: there is less than belongs to 'facet'"},
+     "line 2: too few words for 'facet'"},
     {"StlMoreInALine", kStl,
      "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 "
      "0\nendloop now\nendfacet\nendsolid\n",
-     "line 7: there is more than belongs to 'endloop'"},
+     "line 7: too many words for 'endloop'"},
     {"StlFourCoordinates", kStl,
      "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0 1\nvertex 0 1 "
      "0\nendloop\nendfacet\nendsolid\n",
      "line 5: a vertex with more than 3 coordinates"},
     {"OffExtraNumbers", kOff, "OFF\n3 1 0\n0 0 0 9\n1 0 0\n0 1 0\n3 0 1 2\n",
-     "line 3: a vertex with more numbers than the first line promises"},
+     "line 3: a vertex with more numbers than the first line declares"},
     {"OffColouredFace", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2 255 0 0\n",
      "line 6: colours of faces are left out"},
     {"OffShortFace", kOff, "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n2 0 1\n",

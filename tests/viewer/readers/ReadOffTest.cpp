@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "MeshFormats.h"
 
@@ -21,6 +22,32 @@ TEST(ReadOff, HasNormalsAndColoursOfItsVertices) {
     EXPECT_EQ(mesh.colors.at(0).b, 1.0F);
     EXPECT_EQ(mesh.colors.at(1).b, 0.0F);
     EXPECT_TRUE(scene.warnings.empty());
+}
+
+TEST(ReadOff, TakesColoursAboveOneForBytesAndIgnoresAlpha) {
+    const qelview::Scene scene =
+        sceneOf(kOff, "COFF\n3\n1 0\n0 0 0 255 51 0 7\n1 0 0 1 0\n0 1 0\n3 0 1 2\n");
+    EXPECT_TRUE(scene.warnings.empty());
+    const std::vector<qel::QelColor3f>& colors = scene.meshes.at(0).colors;
+    ASSERT_EQ(colors.size(), 3U);
+    EXPECT_EQ(colors[0].r, 1.0F);
+    EXPECT_FLOAT_EQ(colors[0].g, 0.2F);
+    EXPECT_EQ(colors[0].b, 0.0F);
+    EXPECT_FLOAT_EQ(colors[1].r, 1.0F / 255.0F);
+    EXPECT_EQ(colors[2].r, 0.0F);
+    const qelview::Scene more = sceneOf(kOff, "COFF\n1 0 0\n0 0 0 1 1 1 1 1\n");
+    ASSERT_EQ(more.warnings.size(), 1U);
+    EXPECT_EQ(more.warnings[0], "line 3: a vertex with more numbers than the first line declares");
+}
+
+TEST(ReadOff, WithoutFacesIsACloud) {
+    const qelview::Scene scene = sceneOf(kOff, "COFF\n2 0 0\n1 2 3 1 0 0\n4 5 6 0 0 1\n");
+    EXPECT_TRUE(scene.meshes.empty());
+    ASSERT_EQ(scene.cloudPointCount(), 2U);
+    expectPoint(scene.clouds[0].positions[1], 4, 5, 6);
+    ASSERT_EQ(scene.clouds[0].colors.size(), 2U);
+    EXPECT_EQ(scene.clouds[0].colors[0].r, 255);
+    EXPECT_EQ(scene.clouds[0].colors[1].b, 255);
 }
 
 TEST(ReadOff, HasFacesOfAnyNumberOfCorners) {

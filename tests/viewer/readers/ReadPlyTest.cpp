@@ -222,6 +222,67 @@ TEST(ReadPly, NamesTheRecordThatIsWrongOrMissing) {
     EXPECT_EQ(refusal(kPly, bytes), "vertex 2500: the coordinate x is not finite");
 }
 
+struct NamedType {
+    const char* name;
+    /// The value of full red.
+    double whole;
+};
+
+TEST(ReadPly, KnowsTheNamesOfAllTypes) {
+    for (const auto& [name, whole] : std::vector<NamedType>{{"char", 127},
+                                                            {"int8", 127},
+                                                            {"uchar", 255},
+                                                            {"uint8", 255},
+                                                            {"short", 32767},
+                                                            {"int16", 32767},
+                                                            {"ushort", 65535},
+                                                            {"uint16", 65535},
+                                                            {"int", 2147483647},
+                                                            {"int32", 2147483647},
+                                                            {"uint", 4294967295},
+                                                            {"uint32", 4294967295},
+                                                            {"float", 1},
+                                                            {"float32", 1},
+                                                            {"double", 1},
+                                                            {"float64", 1}}) {
+        const qelview::Scene scene =
+            sceneOf(kPly, std::string(PLY_HEAD "property ") + name + " red\nend_header\n0 0 0 " +
+                              std::to_string(whole * 0.6) + "\n1 0 0 0\n");
+        EXPECT_EQ(scene.clouds.at(0).colors.at(0).r, 153) << name;
+    }
+}
+
+TEST(ReadPly, CountsUpToTheLargestNumberOfVertices) {
+    const std::string head = "ply\nformat ascii 1.0\nelement vertex ";
+    const std::string rest = "\nproperty float x\nproperty float y\nproperty float z\nend_header\n0 0 0\n";
+    EXPECT_EQ(refusal(kPly, head + "2147483648" + rest),
+              "line 8: the file ends after 1 of 2147483648 instances of element 'vertex'");
+    EXPECT_EQ(refusal(kPly, head + "2147483649" + rest),
+              "line 3: invalid count '2147483649' of element 'vertex'");
+    EXPECT_EQ(refusal(kPly, head + "0" + rest), "line 7: the header declares no vertices");
+}
+
+TEST(ReadPly, TakesNoMemoryForWhatTheFileDoesNotHold) {
+    const std::string rest =
+        " 1.0\nelement vertex 2147483648\nproperty float x\nproperty float y\nproperty float z\nend_header\n";
+    EXPECT_EQ(refusal(kPly, "ply\nformat ascii" + rest),
+              "line 7: the file ends after 0 of 2147483648 instances of element 'vertex'");
+    EXPECT_EQ(refusal(kPly, "ply\nformat binary_little_endian" + rest), "vertex 0: the file ends here");
+}
+
+TEST(ReadPly, RefusesStatementsThatAreNotWhole) {
+    const std::string head = "ply\nformat ascii 1.0\n";
+    EXPECT_EQ(refusal(kPly, head + "element vertex\n"), "line 3: expected 'element NAME COUNT'");
+    EXPECT_EQ(refusal(kPly, head + "property float x\n"),
+              "line 3: expected 'property TYPE NAME' below an element");
+    EXPECT_EQ(refusal(kPly, head + "element vertex 1\nproperty float\n"),
+              "line 4: expected 'property TYPE NAME' below an element");
+    EXPECT_EQ(refusal(kPly, head + "element face 1\nproperty list float int vertex_indices\n"),
+              "line 4: the count of a list must be an integer");
+    EXPECT_EQ(refusal(kPly, "ply\nformat binary\n"), "line 2: unknown format");
+    EXPECT_EQ(refusal(kPly, "ply\nformat\n"), "line 2: unknown format");
+}
+
 TEST(ReadPly, HasNotThousandsOfNames) {
     std::string elements = "ply\nformat ascii 1.0\n";
     std::string properties = elements + "element vertex 1\n";

@@ -16,12 +16,12 @@ using qel::test::kStl;
 using qel::test::refusal;
 using qel::test::sceneOf;
 
-/// A binary STL file that promises `promised` triangles and holds `records`, the last coordinate being
+/// A binary STL file that declares `declared` triangles and holds `records`, the last coordinate being
 /// `last`.
-std::string binaryStl(std::uint32_t promised, std::size_t records, float last = 0.0F) {
+std::string binaryStl(std::uint32_t declared, std::size_t records, float last = 0.0F) {
     std::string bytes(84 + 50 * records, '\0');
     std::memcpy(bytes.data(), "solid", 5);
-    std::memcpy(bytes.data() + 80, &promised, sizeof promised);
+    std::memcpy(bytes.data() + 80, &declared, sizeof declared);
     if (records > 0) {
         std::memcpy(bytes.data() + bytes.size() - 2 - sizeof last, &last, sizeof last);
     }
@@ -33,9 +33,9 @@ TEST(ReadStl, KnowsBinaryFilesThatBeginLikeText) {
 }
 
 TEST(ReadStl, ComparesThePromisedTrianglesWithTheSizeOfTheFile) {
-    EXPECT_EQ(refusal(kStl, binaryStl(13, 12)), "header: it promises 13 triangles, the file has room for 12");
+    EXPECT_EQ(refusal(kStl, binaryStl(13, 12)), "header: it declares 13 triangles, the file has room for 12");
     EXPECT_EQ(refusal(kStl, binaryStl(4294967295U, 1)),
-              "header: it promises 4294967295 triangles, the file has room for 1");
+              "header: it declares 4294967295 triangles, the file has room for 1");
     EXPECT_EQ(refusal(kStl, binaryStl(0, 0)), "header: there is no triangle");
 }
 
@@ -81,6 +81,7 @@ TEST(ReadStl, NumbersBinaryCornersInTheirOrder) {
     const qelview::Scene scene = sceneOf(
         kStl,
         binaryStl({{kTriangle}, {{1, 0, 0, 5, 6, -7, 0, 2, 3}}, {{-0.0F, 0, -0.0F, 1, 0, 0, 8, 8, 8}}}));
+    EXPECT_TRUE(scene.warnings.empty());
     const qelview::TriangleMesh& mesh = scene.meshes.at(0);
     EXPECT_EQ(mesh.indices, (Corners{0, 1, 2, 1, 3, 2, 0, 1, 4}));
     ASSERT_EQ(mesh.positions.size(), 5U);

@@ -92,6 +92,18 @@ TEST(ViewerTextsReadBitmap, RefusesOtherFiles) {
     EXPECT_FALSE(qelview::readBitmap("absent.bmp").has_value());
 }
 
+TEST(ViewerTextsReadBitmap, ReadsSidesOfUpToThirtyTwoThousandPixels) {
+    const auto isRead = [](std::size_t width) {
+        std::string bytes = bitmapOf(0, 1, std::string(3 * width, '\x7F'));
+        bytes[18] = static_cast<char>(width % 256);
+        bytes[19] = static_cast<char>(width / 256);
+        const qel::test::TemporaryFile file("wide.bmp", bytes);
+        return qelview::readBitmap(file.path()).has_value();
+    };
+    EXPECT_TRUE(isRead(32768));
+    EXPECT_FALSE(isRead(32769));
+}
+
 TEST(ViewerTextsTileSheet, FillsPlacesFromTheUpperLeft) {
     qelview::TileSheet sheet(2, 2, 1, 1);
     for (const std::uint8_t shade : std::vector<std::uint8_t>{10, 20, 30, 40, 50}) {
@@ -106,6 +118,10 @@ TEST(ViewerTextsTileSheet, FillsPlacesFromTheUpperLeft) {
     EXPECT_EQ(shadeAt(9, 9), 20);
     EXPECT_EQ(shadeAt(4, 4), 30);
     EXPECT_EQ(shadeAt(9, 4), 40);
+    // Grey between the tiles and around them.
+    EXPECT_EQ(shadeAt(0, 0), 92);
+    EXPECT_EQ(shadeAt(8, 9), 92);
+    EXPECT_EQ(std::count(image.rgb.begin(), image.rgb.end(), 92), (14 * 14 - 4) * 3);
 }
 
 TEST(ViewerTextsTileSheet, CutsWhatIsLargerThanATile) {

@@ -141,7 +141,7 @@ TEST(TextLinesReadWhole, TakesWholeNumbersAlone) {
     EXPECT_EQ(qelview::readWhole("+17", lines), 17);
     for (const char* const word : {"1.0", "99999999999999999999", "x", ""}) {
         EXPECT_EQ(refusalOf([&] { return qelview::readWhole(word, lines); }),
-                  "line 0: '" + std::string(word) + "' is not a whole number");
+                  "line 0: '" + std::string(word) + "' is not an integer");
     }
 }
 

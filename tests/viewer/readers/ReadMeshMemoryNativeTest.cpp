@@ -1,0 +1,237 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+#include "MeshFormats.h"
+#include "MeshNormals.h"
+#include "ReadPoints.h"
+#include "kit/HeapPeak.h"
+
+/// How much memory the readers take for a scene.
+
+namespace {
+
+using qelview::Scene;
+
+constexpr int kColumns = 300;
+constexpr int kRows = 150;
+
+double heightAt(int x, int y) {
+    return 8.0 * std::sin(x * 0.037) * std::cos(y * 0.029);
+}
+
+/// Calls `visit` with x, y and z of each vertex of hills, row by row.
+template <class Visit>
+void forEachVertex(const Visit& visit) {
+    for (int y = 0; y <= kRows; ++y) {
+        for (int x = 0; x <= kColumns; ++x) {
+            visit(x, y, heightAt(x, y));
+        }
+    }
+}
+
+/// Calls `visit` with the vertices of each triangle of hills.
+template <class Visit>
+void forEachTriangle(const Visit& visit) {
+    for (int y = 0; y < kRows; ++y) {
+        for (int x = 0; x < kColumns; ++x) {
+            const int low = y * (kColumns + 1) + x;
+            const int high = low + kColumns + 1;
+            visit(low, low + 1, high + 1);
+            visit(low, high + 1, high);
+        }
+    }
+}
+
+const std::string kVertexCount = std::to_string((kColumns + 1) * (kRows + 1));
+const std::string kTriangleCount = std::to_string(2 * kColumns * kRows);
+
+template <class Value>
+void appendValue(std::string& bytes, Value value) {
+    bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+std::string lineOf(double x, double y, double z) {
+    return std::to_string(x) + " " + std::to_string(y) + " " + std::to_string(z) + "\n";
+}
+
+std::string obj() {
+    std::string text;
+    forEachVertex([&](int x, int y, double z) { text += "v " + lineOf(x, y, z); });
+    forEachTriangle([&](int a, int b, int c) {
+        text +=
+            "f " + std::to_string(a + 1) + " " + std::to_string(b + 1) + " " + std::to_string(c + 1) + "\n";
+    });
+    return text;
+}
+
+std::string objWithNormals() {
+    std::string text;
+    forEachVertex([&](int x, int y, double z) { text += "v " + lineOf(x, y, z) + "vn " + lineOf(0, 0, 1); });
+    forEachTriangle([&](int a, int b, int c) {
+        text += "f";
+        for (const int corner : {a, b, c}) {
+            text += " " + std::to_string(corner + 1) + "//" + std::to_string(corner + 1);
+        }
+        text += "\n";
+    });
+    return text;
+}
+
+std::string objOfQuads() {
+    std::string text;
+    forEachVertex([&](int x, int y, double z) { text += "v " + lineOf(x, y, z); });
+    for (int low = 1; low < kRows * (kColumns + 1); ++low) {
+        if (low % (kColumns + 1) != 0) {
+            const int high = low + kColumns + 1;
+            text += "f " + std::to_string(low) + " " + std::to_string(low + 1) + " " +
+                    std::to_string(high + 1) + " " + std::to_string(high) + "\n";
+        }
+    }
+    return text;
+}
+
+std::string plyHead(const std::string& format) {
+    return "ply\nformat " + format + " 1.0\nelement vertex " + kVertexCount +
+           "\nproperty float x\nproperty float y\nproperty float z\nelement face " + kTriangleCount +
+           "\nproperty list uchar int vertex_indices\nend_header\n";
+}
+
+std::string plyText() {
+    std::string text = plyHead("ascii");
+    forEachVertex([&](int x, int y, double z) { text += lineOf(x, y, z); });
+    forEachTriangle([&](int a, int b, int c) {
+        text += "3 " + std::to_string(a) + " " + std::to_string(b) + " " + std::to_string(c) + "\n";
+    });
+    return text;
+}
+
+std::string ply() {
+    std::string bytes = plyHead("binary_little_endian");
+    forEachVertex([&](int x, int y, double z) {
+        appendValue(bytes, static_cast<float>(x));
+        appendValue(bytes, static_cast<float>(y));
+        appendValue(bytes, static_cast<float>(z));
+    });
+    forEachTriangle([&](std::int32_t a, std::int32_t b, std::int32_t c) {
+        appendValue(bytes, std::uint8_t{3});
+        appendValue(bytes, a);
+        appendValue(bytes, b);
+        appendValue(bytes, c);
+    });
+    return bytes;
+}
+
+std::string stl() {
+    std::string bytes(80, '\0');
+    appendValue(bytes, static_cast<std::uint32_t>(2 * kColumns * kRows));
+    forEachTriangle([&](int a, int b, int c) {
+        bytes.append(12, '\0');
+        for (const int corner : {a, b, c}) {
+            const int x = corner % (kColumns + 1);
+            const int y = corner / (kColumns + 1);
+            appendValue(bytes, static_cast<float>(x));
+            appendValue(bytes, static_cast<float>(y));
+            appendValue(bytes, static_cast<float>(heightAt(x, y)));
+        }
+        bytes.append(2, '\0');
+    });
+    return bytes;
+}
+
+std::string stlText() {
+    std::string text = "solid hills\n";
+    forEachTriangle([&](int a, int b, int c) {
+        text += "facet normal 0 0 1\nouter loop\n";
+        for (const int corner : {a, b, c}) {
+            const int x = corner % (kColumns + 1);
+            const int y = corner / (kColumns + 1);
+            text += "vertex " + lineOf(x, y, heightAt(x, y));
+        }
+        text += "endloop\nendfacet\n";
+    });
+    return text + "endsolid hills\n";
+}
+
+std::string off() {
+    std::string text = "OFF\n" + kVertexCount + " " + kTriangleCount + " 0\n";
+    forEachVertex([&](int x, int y, double z) { text += lineOf(x, y, z); });
+    forEachTriangle([&](int a, int b, int c) {
+        text += "3 " + std::to_string(a) + " " + std::to_string(b) + " " + std::to_string(c) + "\n";
+    });
+    return text;
+}
+
+std::string xyz() {
+    std::string text;
+    forEachVertex([&](int x, int y, double z) { text += lineOf(x, y, z); });
+    return text;
+}
+
+/// The memory of what a scene shows.
+std::size_t sizeOf(const Scene& scene) {
+    const auto bytesOf = [](const auto& array) { return array.size() * sizeof(array.front()); };
+    std::size_t size = 0;
+    for (const qelview::TriangleMesh& mesh : scene.meshes) {
+        size +=
+            bytesOf(mesh.positions) + bytesOf(mesh.indices) + bytesOf(mesh.normals) + bytesOf(mesh.colors);
+    }
+    for (const qelview::PointCloud& cloud : scene.clouds) {
+        size += bytesOf(cloud.positions) + bytesOf(cloud.colors);
+    }
+    return size;
+}
+
+struct FileOfHills {
+    const char* name;
+    qel::test::Reader reader;
+    std::string (*make)();
+};
+
+class ReadMeshMemory : public testing::TestWithParam<FileOfHills> {
+  protected:
+    void SetUp() override {
+        if (!qel::test::HeapPeak::canCount()) {
+            GTEST_SKIP() << "this build has no address sanitizer, which counts memory";
+        }
+    }
+};
+
+TEST_P(ReadMeshMemory, IsAtMostTwiceThatOfTheScene) {
+    const std::string bytes = GetParam().make();
+    const qel::test::HeapPeak peak;
+    const Scene scene = qel::test::sceneOf(GetParam().reader, bytes);
+    const std::size_t reading = peak.bytes();
+    const std::size_t size = sizeOf(scene);
+    RecordProperty("percent", static_cast<int>(reading * 100 / size));
+    ASSERT_EQ(scene.triangleCount() > 0, GetParam().reader != qelview::readPoints);
+    EXPECT_LE(reading, 2 * size);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, ReadMeshMemory,
+                         testing::Values(FileOfHills{"Obj", qel::test::kObj, obj},
+                                         FileOfHills{"ObjWithNormals", qel::test::kObj, objWithNormals},
+                                         FileOfHills{"ObjOfQuads", qel::test::kObj, objOfQuads},
+                                         FileOfHills{"Ply", qel::test::kPly, ply},
+                                         FileOfHills{"PlyText", qel::test::kPly, plyText},
+                                         FileOfHills{"Stl", qel::test::kStl, stl},
+                                         FileOfHills{"StlText", qel::test::kStl, stlText},
+                                         FileOfHills{"Off", qel::test::kOff, off},
+                                         FileOfHills{"Xyz", qelview::readPoints, xyz}),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(MeshNormalsMemory, IsAtMostTwiceThatOfTheSceneWithNormals) {
+    if (!qel::test::HeapPeak::canCount()) {
+        GTEST_SKIP() << "this build has no address sanitizer, which counts memory";
+    }
+    Scene scene = qel::test::sceneOf(qel::test::kStl, stl());
+    const std::size_t before = sizeOf(scene);
+    const qel::test::HeapPeak peak;
+    qelview::makeNormals(scene.meshes.at(0));
+    EXPECT_LE(before + peak.bytes(), 2 * sizeOf(scene));
+}
+
+}  // namespace
