@@ -27,6 +27,14 @@ constexpr std::array kServed = {"QelDisplay64t.dll", "QelGeometry64t.dll", "QelB
                                 "libstdc++-6.dll"};
 constexpr std::array kFreeing = {"libgcc_s_seh-1.dll", "libwinpthread-1.dll", "Qt5Core.dll"};
 
+/// Whether each module has a C++ library of its own in it: then what the program takes with operator new comes
+/// through the program's own imports.
+#if defined(_MSC_VER)
+constexpr bool kLibraryInEachModule = true;
+#else
+constexpr bool kLibraryInEachModule = false;
+#endif
+
 struct Service {
     std::atomic<bool> serves = false;
     std::atomic<std::size_t> alignment = kUsualAlignment;
@@ -206,7 +214,7 @@ void hookModules() {
             hookImports(module, false);
         }
     }
-    hookImports(GetModuleHandleA(nullptr), false);
+    hookImports(GetModuleHandleA(nullptr), kLibraryInEachModule);
 }
 
 /// Says which block a fault belongs to and ends the process. Takes no memory.

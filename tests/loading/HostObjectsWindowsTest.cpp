@@ -12,7 +12,7 @@ namespace {
 /// Objects of the host that the module calls, holds and destroys.
 class HostObjects : public ::testing::Test {
   protected:
-    LoadedModule module;
+    LoadedModule loaded;
 };
 
 /// Vertices that note how many references hold them while the module draws.
@@ -39,10 +39,10 @@ TEST_F(HostObjects, ArePassedByValueAndReleasedOnce) {
     bool destroyed = false;
     {
         const ref_ptr<IQelArray<ArrayVertex>> vertices(new WatchedVertices(mostHeld, destroyed));
-        const std::vector<unsigned char> pixels = module.frameOf([&] {
+        const std::vector<unsigned char> pixels = loaded.frameOf([&] {
             glColor3f(1.0F, 0.0F, 0.0F);
             for (int times = 0; times < 3; ++times) {
-                EXPECT_EQ(module.symbol().drawMesh(vertices, {}, {}, {}, {}, 0, GL_FLAT, GL_FILL, GL_FILL,
+                EXPECT_EQ(loaded.symbol().drawMesh(vertices, {}, {}, {}, {}, 0, GL_FLAT, GL_FILL, GL_FILL,
                                                    {false, false, 1.0F}),
                           0);
             }
@@ -58,8 +58,8 @@ TEST_F(HostObjects, ArePassedByValueAndReleasedOnce) {
 TEST_F(HostObjects, ThatAreMadeForOneCallAreDestroyedAfterIt) {
     std::int32_t mostHeld = 0;
     bool destroyed = false;
-    module.frameOf([&] {
-        module.symbol().drawMesh(new WatchedVertices(mostHeld, destroyed), {}, {}, {}, {}, 0, GL_FLAT,
+    loaded.frameOf([&] {
+        loaded.symbol().drawMesh(new WatchedVertices(mostHeld, destroyed), {}, {}, {}, {}, 0, GL_FLAT,
                                  GL_FILL, GL_FILL, {false, false, 1.0F});
         EXPECT_TRUE(destroyed);
     });
@@ -84,7 +84,7 @@ TEST_F(HostObjects, ReturnSmartPointersAndAreDestroyedByTheModule) {
     bool destroyed = false;
     auto* const curve = new WatchedCurve(destroyed);
     const ref_ptr<IQelPointArray> points = curve->points;
-    const std::vector<unsigned char> pixels = module.frameOf([&] { module.symbol().drawGeometry(curve); });
+    const std::vector<unsigned char> pixels = loaded.frameOf([&] { loaded.symbol().drawGeometry(curve); });
     EXPECT_GT(inkOf(pixels), 50);
     EXPECT_TRUE(destroyed);
     EXPECT_EQ(points->referenceCount(), 1);
@@ -92,9 +92,9 @@ TEST_F(HostObjects, ReturnSmartPointersAndAreDestroyedByTheModule) {
 
 TEST_F(HostObjects, ReturnStructuresToTheModule) {
     const ref_ptr<IQelGeometry> ball(new HostBall(XPnt3d(48.0, 48.0, 0.0), 20.0));
-    const std::vector<unsigned char> pixels = module.frameOf([&] {
+    const std::vector<unsigned char> pixels = loaded.frameOf([&] {
         glColor3f(0.0F, 1.0F, 0.0F);
-        module.symbol().drawGeometry(ball.get());
+        loaded.symbol().drawGeometry(ball.get());
     });
     EXPECT_GT(inkOf(pixels), 100);
     EXPECT_EQ(ball->referenceCount(), 1);
@@ -109,9 +109,9 @@ class FailingCurve final : public IQelCurve {
 TEST_F(HostObjects, ThrowThroughTheModule) {
     const ref_ptr<IQelGeometry> curve(new FailingCurve);
     std::string message;
-    module.frameOf([&] {
+    loaded.frameOf([&] {
         try {
-            module.symbol().drawGeometry(curve.get());
+            loaded.symbol().drawGeometry(curve.get());
         } catch (const std::exception& error) {
             message = error.what();
         }
@@ -119,7 +119,7 @@ TEST_F(HostObjects, ThrowThroughTheModule) {
     EXPECT_EQ(message, "the points are gone");
     EXPECT_EQ(curve->referenceCount(), 1);
     bool destroyed = false;
-    EXPECT_GT(inkOf(module.frameOf([&] { module.symbol().drawGeometry(new WatchedCurve(destroyed)); })), 50);
+    EXPECT_GT(inkOf(loaded.frameOf([&] { loaded.symbol().drawGeometry(new WatchedCurve(destroyed)); })), 50);
 }
 
 TEST_F(HostObjects, AreKeptAliveByADisplay) {

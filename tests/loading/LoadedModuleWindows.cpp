@@ -4,7 +4,7 @@
 
 namespace qel::test {
 
-LoadedModule::LoadedModule() : module(LoadLibraryW(kModule)) {
+LoadedModule::LoadedModule() : library(LoadLibraryW(kModule)) {
     WNDCLASSW description{};
     description.style = CS_OWNDC;
     description.lpfnWndProc = DefWindowProcW;
@@ -23,7 +23,7 @@ LoadedModule::~LoadedModule() {
     drawn.reset();
     shown.reset();
     DestroyWindow(window);
-    FreeLibrary(module);
+    FreeLibrary(library);
 }
 
 void LoadedModule::beginFrame() {

@@ -46,7 +46,7 @@ class LoadedModule {
     void beginFrame();
     std::vector<unsigned char> endFrame();
 
-    HMODULE module;
+    HMODULE library;
     HWND window = nullptr;
     ref_ptr<IQelDisplay> shown;
     ref_ptr<IQelSymbol> drawn;

@@ -17,9 +17,9 @@ bool leaves() {
 }
 
 int inkOfASquare() {
-    LoadedModule module;
-    return inkOf(module.frameOf([&] {
-        module.symbol().drawSquare(XPnt3d(48.0, 48.0, 0.0), 30.0, 3.0, {1.0F, 1.0F, 1.0F}, false, false);
+    LoadedModule loaded;
+    return inkOf(loaded.frameOf([&] {
+        loaded.symbol().drawSquare(XPnt3d(48.0, 48.0, 0.0), 30.0, 3.0, {1.0F, 1.0F, 1.0F}, false, false);
     }));
 }
 

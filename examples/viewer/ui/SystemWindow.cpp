@@ -92,6 +92,26 @@ std::string absoluteName(const std::string& file) {
     return error ? file : toUtf8(whole.wstring());
 }
 
+std::string toPlainLetters(const std::string& utf8) {
+    constexpr wchar_t kFirstAccent = 0x300;
+    constexpr wchar_t kLastAccent = 0x36F;
+    constexpr wchar_t kFirstLetter = 0x20;
+    constexpr wchar_t kLastLetter = 0x7E;
+    const std::wstring wide = toWide(utf8);
+    const int length = static_cast<int>(wide.size());
+    std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
+                       L'\0');
+    FoldStringW(MAP_COMPOSITE, wide.c_str(), length, apart.data(), static_cast<int>(apart.size()));
+    std::string plain;
+    for (const wchar_t letter : apart) {
+        if (letter < kFirstAccent || letter > kLastAccent) {
+            const bool isInFont = letter >= kFirstLetter && letter <= kLastLetter;
+            plain.push_back(isInFont ? static_cast<char>(letter) : '?');
+        }
+    }
+    return plain;
+}
+
 void showError(HWND owner, const std::string& text) {
     MessageBoxW(owner, toWide(text).c_str(), L"qelview", MB_OK | MB_ICONWARNING);
 }

@@ -38,6 +38,9 @@ void setClientSize(HWND window, const ClientSize& size);
 [[nodiscard]] std::string toUtf8(const std::wstring& wide);
 /// The absolute path of a file, in UTF-8.
 [[nodiscard]] std::string absoluteName(const std::string& file);
+/// UTF-8 text reduced to the characters of the display's font: accents are dropped, other characters become
+/// '?'.
+[[nodiscard]] std::string toPlainLetters(const std::string& utf8);
 
 /// Shows the user an error message and waits until it is closed.
 /// @param owner the window that it belongs to, or null.

@@ -67,7 +67,7 @@ TEST_F(ViewerCapture, IsOnceTwiceOrFourTimesAsLargeWithEverythingInProportion) {
     std::size_t alike = 0;
     for (int y = 0; y < kHeight; ++y) {
         for (int x = 0; x < kWidth; ++x) {
-            alike += qel::test::difference(once.at(x, y), fourTimes.at(4 * x + 2, 4 * y + 2)) < 40 ? 1 : 0;
+            alike += qel::test::difference(once.at(x, y), fourTimes.at(4 * x + 2, 4 * y + 2)) < 40 ? 1U : 0U;
         }
     }
     EXPECT_GT(alike, std::size_t{kWidth} * kHeight * 85 / 100);

@@ -56,7 +56,7 @@ class ThinningScene : public testing::Test {
     /// How many elements each drawing of elements takes.
     Calls drawn(const char* function, std::size_t partsPerDrawn) {
         qel::test::CallTrace trace;
-        scene->draw(*symbol, qel::test::flatView(64, 64), textures, partsPerDrawn);
+        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {partsPerDrawn, 1.0F, {}});
         return trace.calls(function);
     }
 
@@ -104,7 +104,7 @@ TEST_F(ThinningScene, DrawsEachNthPointOfClouds) {
     scene = std::make_unique<qelview::HostScene>(source);
     const auto shownPoints = [this](std::size_t partsPerDrawn) {
         surface.clear();
-        scene->draw(*symbol, qel::test::flatView(64, 64), textures, partsPerDrawn);
+        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {partsPerDrawn, 1.0F, {}});
         std::vector<int> shown;
         for (int i = 0; i < 10; ++i) {
             const int x = static_cast<int>((0.1 + 0.2 * i) * 32.0);

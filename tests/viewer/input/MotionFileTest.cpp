@@ -32,7 +32,12 @@ TEST(MotionFile, RefusesMoreThanNineHours) {
 }
 
 TEST(MotionFile, RefusesWhatIsNotText) {
-    EXPECT_EQ(qel::test::refusalOf([] { return parseMotion(std::string_view("\xFF\xFE1\0", 4)); }),
+    EXPECT_EQ(qel::test::refusalOf([] {
+                  return parseMotion(
+                      std::string_view("\xFF\xFE"
+                                       "1\0",
+                                       4));
+              }),
               "line 1: the file is UTF-16 text; save it as UTF-8 or ASCII");
     EXPECT_EQ(qel::test::refusalOf([] { return parseMotion(std::string_view("# \0\n", 4)); }),
               "byte 2: the file is not text");

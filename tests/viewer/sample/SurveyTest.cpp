@@ -132,14 +132,14 @@ TEST(Survey, MarksHeadAndFootOfItsStationsInRed) {
     constexpr std::array<Mark, 3> kMarks{{{MarkerShape::Cross, 1.1, 0.16, 2.0F},
                                           {MarkerShape::DiagonalCross, 0.03, 0.5, 2.0F},
                                           {MarkerShape::Square, 0.12, 0.55, 1.5F}}};
-    constexpr std::array<std::array<double, 2>, 3> kPlaces{{{-6.0, 3.6}, {6.4, 5.0}, {8.6, -5.6}}};
+    constexpr std::array<std::array<double, 2>, 3> kStationPlaces{{{-6.0, 3.6}, {6.4, 5.0}, {8.6, -5.6}}};
     ASSERT_EQ(scene.markers.size(), 9U);
     for (std::size_t i = 0; i < scene.markers.size(); ++i) {
         const qelview::Marker& marker = scene.markers[i];
         const Mark& expected = kMarks.at(i % 3);
         EXPECT_EQ(marker.shape, expected.shape) << i;
-        EXPECT_EQ(marker.at.x, kPlaces.at(i / 3)[0]) << i;
-        EXPECT_EQ(marker.at.y, kPlaces.at(i / 3)[1]) << i;
+        EXPECT_EQ(marker.at.x, kStationPlaces.at(i / 3)[0]) << i;
+        EXPECT_EQ(marker.at.y, kStationPlaces.at(i / 3)[1]) << i;
         EXPECT_NEAR(heightOver(marker.at), expected.height, 1e-12) << i;
         EXPECT_EQ(marker.size, expected.size) << i;
         EXPECT_EQ(marker.width, expected.width) << i;
