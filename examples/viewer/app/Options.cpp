@@ -20,7 +20,7 @@ constexpr int kSmallestSide = 16;
 constexpr int kLargestSide = 8192;
 
 std::string inputHelp() {
-    constexpr std::size_t kColumn = 15;
+    constexpr std::size_t kColumn = 18;
     std::string help;
     for (const HelpLine& line : kHelpLines) {
         std::string input(line.input);

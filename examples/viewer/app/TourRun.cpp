@@ -6,7 +6,6 @@
 #include <string>
 #include <utility>
 
-#include "BitmapFile.h"
 #include "PngFile.h"
 #include "Stage.h"
 #include "SystemWindow.h"
@@ -23,10 +22,7 @@ constexpr int kRows = 4;
 /// Draws the pictures of a tour, one after the other.
 class Tour {
   public:
-    /// @param fileOfTour the only file that a tour writes: it holds the tour's capture until the sheet
-    /// replaces it.
-    Tour(Stage& viewed, std::filesystem::path fileOfTour)
-        : stage(viewed), file(std::move(fileOfTour)), sheet(kColumns, kRows, kTile.width, kTile.height) {}
+    explicit Tour(Stage& viewed) : stage(viewed), sheet(kColumns, kRows, kTile.width, kTile.height) {}
 
     bool takeAll() {
         for (unsigned view = 0; view < 8; ++view) {
@@ -111,18 +107,16 @@ class Tour {
     }
 
     bool takeCapture() {
-        begin("A capture, read from its file");
+        begin("A capture");
         stage.show();
-        const bool isWritten = stage.capture(file) == CaptureEnd::Whole;
-        const std::optional<PixelImage> read = isWritten ? readBitmap(file) : std::nullopt;
-        if (read) {
-            sheet.add(*read);
+        const std::optional<PixelImage> captured = stage.capturedPixels();
+        if (captured) {
+            sheet.add(*captured);
         }
-        return read.has_value();
+        return captured.has_value();
     }
 
     Stage& stage;
-    std::filesystem::path file;
     TileSheet sheet;
 };
 
@@ -137,7 +131,7 @@ ExitCode writeTour(const Options& options, Scene scene) {
     }
     stage->resize(kTile);
     const std::filesystem::path file(toWide(options.tour));
-    Tour tour(*stage, file);
+    Tour tour(*stage);
     if (!tour.takeAll() || !writePng(file, tour.image())) {
         std::fprintf(stderr, "qelview: %s: the picture cannot be written\n", options.tour.c_str());
         return ExitCode::Usage;

@@ -47,7 +47,7 @@ constexpr std::array<MenuLine, 21> kViewLines{{
     {"Long &axes", "A", {Command::LongAxes}},
     {"&Y points up", "U", {Command::TurnUp}},
     {},
-    {"&Elevation, plain or own colours", "E", {Command::Colours}},
+    {"Elevation, plain or own &colours", "E", {Command::Colours}},
     {"Larger &points", "P", {Command::PointSize, 0}},
     {"Smaller poi&nts", "Shift+P", {Command::PointSize, 1}},
     {},

@@ -20,7 +20,8 @@ std::vector<LegendTick> legendTicks(const HeightRange& range, double origin) {
         return {{0.5, withStep(range.low + origin, 0.01)}};
     }
     const double step = roundAtLeast(span / kMostTicks);
-    const double first = std::ceil((range.low + origin) / step);
+    // Adding zero takes the sign of a zero away.
+    const double first = std::ceil((range.low + origin) / step) + 0.0;
     // A digit more for the ends, which are no round numbers.
     std::vector<LegendTick> ticks{{0.0, withStep(range.low + origin, step * 0.1)}};
     for (double multiple = first; multiple < first + 2.0 * kMostTicks; multiple += 1.0) {

@@ -68,8 +68,8 @@ void Stage::drawMark(const PointMark& mark) {
 }
 
 void Stage::drawMeasurement() {
-    constexpr double kWidth = 290.0;
-    constexpr double kValueColumn = 120.0;
+    constexpr double kWidth = 230.0;
+    constexpr double kValueColumn = 90.0;
     constexpr double kInset = 12.0;
     if (!notes.isMeasuring || notes.marks.empty()) {
         return;

@@ -157,8 +157,8 @@ void Stage::drawPanel() {
     const double top = layoutHeight() - kMargin - 3.0 * kLineHeight;
     const double right = isHelp ? kMargin + kWidthOfHelp : layoutWidth() - kMargin;
     // All of it, in a low window too.
-    const double lineHeight =
-        std::clamp((top - kMargin) / static_cast<double>(lines + 1), kLetterHeight, kLineHeight);
+    const double lineHeight = std::clamp((top - kStripHeight - kUnderLine) / static_cast<double>(lines + 1),
+                                         kLetterHeight, kLineHeight);
     drawPlate(kMargin, top - static_cast<double>(lines + 1) * lineHeight, right, top);
     const QelTmpGlStateCtrl color(kTextColor);
     double y = top - lineHeight - kUnderLine * 0.5;

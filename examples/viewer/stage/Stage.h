@@ -195,7 +195,7 @@ class Stage {
     void drawMeasurement();
     void drawLegend();
     void drawScene();
-    /// Places the plane anew and finds where it meets meshes.
+    /// Places the plane again and finds where it meets meshes.
     void cutScene();
     [[nodiscard]] Points markedPoints() const;
     void drawLocalFrame();

@@ -81,6 +81,7 @@ TEST_F(ViewerSection, MovesWithKeysAndWithTheWheelAndControl) {
     // It stops at the end of the scene.
     send(WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, static_cast<WORD>(200 * WHEEL_DELTA)), 0);
     EXPECT_EQ(stage().annotations().notice.substr(0, 20), "Section x = 101.0000");
+    send(WM_PAINT, 0, 0);
     EXPECT_TRUE(isShownAt(0.5, -0.5, 0.75));
     play("key X\nkey X\nkey X\nkey X\nkey PageUp");
     EXPECT_EQ(stage().annotations().notice, "There is no section; X makes one");
@@ -96,8 +97,8 @@ TEST_F(ViewerSection, DrawsTheOutlineOfTheCutInCapturesToo) {
     ASSERT_TRUE(viewer->capture(file));
     const Picture captured = Picture::load(file);
     std::filesystem::remove(file);
-    EXPECT_NEAR(static_cast<double>(outlineIn(captured)), static_cast<double>(shown),
-                0.05 * static_cast<double>(shown));
+    // The strip hides none of it there.
+    EXPECT_GE(outlineIn(captured), shown);
     // Of another scene nothing is cut.
     EXPECT_EQ(stage().section(), SectionAxis::X);
     stage().setScene(qelview::makeSampleScene());

@@ -10,6 +10,7 @@
 #include "QelGl.h"
 #include "kit/GlSurface.h"
 #include "kit/Picture.h"
+#include "viewer/host/FlatView.h"
 
 namespace {
 
@@ -43,19 +44,21 @@ class HeightColorsOfAScene : public testing::Test {
   protected:
     static constexpr int kSize = 32;
 
-    /// An upright square from -1 to 1, the texture's image on it, and a cloud of one point in front of it.
+    /// A square over the whole surface.
     HeightColorsOfAScene() {
         qelview::TriangleMesh mesh;
         mesh.positions = {{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}};
         mesh.indices = {0, 1, 2, 0, 2, 3};
         mesh.color = {0.0F, 0.0F, 0.0F};
+        mesh.normals.assign(4, {0.0F, 0.0F, 1.0F});
         scene.meshes.push_back(mesh);
+        // Full light on what faces the view, in the current colour.
+        glEnable(GL_LIGHT0);
+        glEnable(GL_COLOR_MATERIAL);
     }
     qel::test::Picture drawn(HostScene& host) {
-        constexpr std::array<double, 16> kIdentity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glDisable(GL_LIGHTING);
-        host.draw(*symbol, {kIdentity, kIdentity, {0, 0, kSize, kSize}}, textures);
+        host.draw(*symbol, qel::test::flatView(kSize, kSize), textures);
         return qel::test::Picture::ofFrame();
     }
 

@@ -18,7 +18,7 @@ std::vector<std::string> textsOf(const std::vector<LegendTick>& ticks) {
 
 TEST(HeightLegend, TellsTheEndsAndRoundHeightsBetween) {
     const std::vector<LegendTick> ticks = legendTicks({-420.0, 420.0}, 656.0);
-    EXPECT_EQ(textsOf(ticks), (std::vector<std::string>{"236", "400", "600", "800", "1076"}));
+    EXPECT_EQ(textsOf(ticks), (std::vector<std::string>{"236", "400", "600", "800", "1000", "1076"}));
     EXPECT_EQ(ticks.front().share, 0.0);
     EXPECT_EQ(ticks.back().share, 1.0);
     EXPECT_NEAR(ticks[1].share, 164.0 / 840.0, 1e-12);
@@ -28,6 +28,11 @@ TEST(HeightLegend, HasTheDigitsThatASmallRangeNeeds) {
     EXPECT_EQ(textsOf(legendTicks({0.0, 0.03}, 100.0)),
               (std::vector<std::string>{"100.0000", "100.005", "100.010", "100.015", "100.020", "100.025",
                                         "100.0300"}));
+}
+
+TEST(HeightLegend, HasNoSignOnZero) {
+    EXPECT_EQ(textsOf(legendTicks({-1.4, 6.1}, 0.0)),
+              (std::vector<std::string>{"-1.4", "0", "2", "4", "6.1"}));
 }
 
 TEST(HeightLegend, OfAFlatSceneIsItsHeight) {
