@@ -57,7 +57,7 @@ class HeightColorsOfAScene : public testing::Test {
         glEnable(GL_COLOR_MATERIAL);
     }
     qel::test::Picture drawn(HostScene& host) {
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        surface.clear();
         host.draw(*symbol, qel::test::flatView(kSize, kSize), textures);
         return qel::test::Picture::ofFrame();
     }
