@@ -178,10 +178,11 @@ TEST_F(TrackBallPicking, LooksTwentyPixelsFarToTheLeftAndNineteenToTheRight) {
 }
 
 TEST_F(TrackBallPicking, FindsNothingAroundThatOpenGlDoesNotRead) {
-    drawAtDepth(90, 40, 100, 60, 0.25);
+    drawAtDepth(0, 0, 40, kTraceHeight, 0.7);
     view->refreshDepth();
     static_cast<void>(view->getMeanDepth());
     const double elsewhere = view->getMeanDepth();
+    drawAtDepth(90, 40, 100, 60, 0.25);
     const XPnt3d snapped = view->pickModelPnt(105.5, 50.5);
     CallTrace trace;
     trace.answer("glReadPixels", 0);
