@@ -93,7 +93,8 @@ class QEL_DISPLAY_API CQelTransform2d : public IQelTransform2D {
     /// object. Returns true.
     bool fitExtentToDevice(const qel::DeviceRect& rectangle, const qel::Enve3d& source,
                            qel::Enve3d& destination);
-    /// Makes the next `applyProjection` widen the view extent to the aspect ratio of the device rectangle.
+    /// Makes the next `applyProjection` widen the view extent to the aspect ratio of the device rectangle;
+    /// `getViewExtent` returns the widened one from then on.
     /// The rectangle must have a size by then: that of a minimised window has none.
     void setFitPending(bool pending);
 

@@ -44,7 +44,8 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     virtual std::int32_t attachDC(std::int32_t deviceContext, std::int32_t renderContext) = 0;
     /// Creates the display's own context for the window, makes it current and builds the font. It starts with
     /// texturing and depth testing on, lighting and blending off. Its pixel format requests 16 bits of depth,
-    /// of which drivers may give more; with `stereo` it is a stereo format, which is single-buffered. A null
+    /// of which drivers may give more; with `stereo` it is a stereo format, which is single-buffered. A
+    /// window that already has another pixel format gets no context: Windows sets one only once. A null
     /// window changes nothing. Returns 0, also if no context could be created: drawing then has no effect,
     /// and a later call may succeed.
     virtual std::int32_t attachWindow(std::int32_t window, bool stereo) = 0;
@@ -94,7 +95,8 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// or more; an extent that is null, invalid, empty, not finite, or so small that the view would be 2^31
     /// bitmap pixels wide or high.
     /// @param width, height size of the bitmap in pixels.
-    /// @param extent the part of the view to map onto the bitmap, in pixels of the view, origin lower-left.
+    /// @param extent the part of the view to map onto the bitmap, in pixels of the view, origin lower-left. A
+    /// bitmap of another aspect ratio shows it stretched.
     /// @param fileName where `saveBitmap` writes; an existing file is replaced.
     /// @return 0, with the bitmap's context current; -1 if refused or if the bitmap cannot be created.
     virtual std::int32_t beginCapture(std::uint32_t width, std::uint32_t height, qel::Enve2d* extent,
@@ -110,8 +112,10 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// Closes a draw bracket. Returns the number of brackets still open.
     virtual std::int32_t endDraw() = 0;
     /// Draws the kept copy of the last finished frame, colour and depth, and opens a draw bracket in pixel
-    /// coordinates for temporary graphics. Tests, fog, clipping planes and pixel transfer settings of the
-    /// host do not affect the copy. Inside another bracket nothing is drawn.
+    /// coordinates for temporary graphics. The copy stays for further calls; before the first finished
+    /// frame it is empty, and after a resize it has the old size, from the lower-left corner on. Tests, fog,
+    /// clipping planes and pixel transfer settings of the host do not affect it. Inside another bracket
+    /// nothing is drawn.
     ///
     /// Leaves pixel coordinates loaded (`setOrtho2D`) and the raster position moved. Returns 1.
     virtual std::int32_t restoreCache() = 0;
@@ -122,7 +126,8 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// OpenGL state calls. Owned by the display; adds no reference.
     virtual IQelGL* getGL() = 0;
     /// @{
-    /// Colour that `beginFrame(0)` clears to; black at first. The setter returns 0.
+    /// Colour that `beginFrame(0)` clears to, whatever `glClearColor` has set; black at first. The setter
+    /// returns 0.
     virtual std::int32_t setBackColor(const qel::QelColor3f& color) = 0;
     virtual qel::QelColor3f getBackColor() = 0;
     /// @}
@@ -162,10 +167,10 @@ class QEL_DISPLAY_API IQelDisplay : public qel::QelReferenced {
     /// Keeps an object of the host alive with the display and releases the one attached before. Returns 1;
     /// -1 for null, which changes nothing.
     virtual std::int32_t attachObject(qel::QelReferenced* object) = 0;
-    /// Draws printf-style text at the current raster position in the display's bitmap font (characters 32 to
-    /// 127). Text beyond 255 characters is cut; a null format draws nothing. The font exists in the display's
-    /// own context, in the first one attached with `attachDC` and in captures; in others nothing is drawn.
-    /// Leaves the raster position behind the text. Returns 0.
+    /// Draws printf-style text at the current raster position in the display's bitmap font (Segoe UI, 18
+    /// pixels high, characters 32 to 127). Text beyond 255 characters is cut; a null format draws nothing.
+    /// The font exists in the display's own context, in the first one attached with `attachDC` and in
+    /// captures; in others nothing is drawn. Leaves the raster position behind the text. Returns 0.
     virtual std::int32_t printText(const char* format, ...) = 0;
 
   protected:

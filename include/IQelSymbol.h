@@ -62,10 +62,11 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     /// @}
     virtual std::int32_t reservedSlot3() = 0;
     virtual std::int32_t reservedSlot4() = 0;
-    /// Draws a host geometry by its kind with the symbol's colour and line width. Points are always green and
-    /// two pixels wide; line segments and balls use OpenGL's current colour and width. Unknown kinds draw
-    /// nothing. Curves, rings, polylines and polygons leave the symbol's colour and line width set; a ball
-    /// leaves the current normal changed.
+    /// Draws a host geometry by its kind with the symbol's colour and line width. Points are always green,
+    /// two pixels wide, unlit and not depth-tested; other kinds take GL_LIGHTING and GL_DEPTH_TEST as they
+    /// are. Line segments and balls use OpenGL's current colour and width. Unknown kinds draw nothing.
+    /// Curves, rings, polylines and polygons leave the symbol's colour and line width set; a ball leaves the
+    /// current normal changed.
     virtual std::int32_t drawGeometry(IQelGeometry* geometry) = 0;
     /// Draws a polyline, polygon, ring, curve or line segment; other kinds draw nothing. `color` applies to
     /// rings, curves and segments, `width` to segments only; polylines and polygons use the symbol's own.
@@ -151,9 +152,11 @@ class QEL_DISPLAY_API IQelSymbol : public qel::QelReferenced {
     /// A triangle mesh. Every array except the vertices may be an empty pointer; without indices, every three
     /// vertices form a triangle. Indices must name existing vertices. Leaves the current colour, normal and
     /// texture coordinate changed if their arrays are given, and the texture bound if it is used.
-    /// @param texture name of an OpenGL texture, used if it exists and texture coordinates are given.
+    /// @param texture name of an OpenGL texture, used if it exists and texture coordinates are given; 0 for
+    /// none.
     /// @param shadeModel GL_SMOOTH or GL_FLAT.
-    /// @param frontMode, backMode polygon modes: GL_FILL, GL_LINE or GL_POINT.
+    /// @param frontMode, backMode polygon modes: GL_FILL, GL_LINE or GL_POINT. The front is where the corners
+    /// run counter-clockwise, unless the host called `glFrontFace`.
     /// @return 0; -1 if there are no vertices, the number of indices is not a multiple of three, the number
     /// of normals, colours or texture coordinates differs from the number of vertices, or an array has a
     /// count but no memory.

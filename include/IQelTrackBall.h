@@ -28,7 +28,8 @@ enum Drag : std::int32_t {
     DragPan = 1,
     /// Turns eye and target about the rotation centre.
     DragRotate = 2,
-    /// Moves eye and target towards what was under the press (mouse up), or away from it.
+    /// Dragging upwards moves eye and target towards the pressed position at the mean depth of the scene
+    /// (`IQelTrackBall::zoomAt`), dragging downwards moves them away from it.
     DragZoom = 3,
 };
 
@@ -119,8 +120,8 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     virtual std::int32_t drawAxes() = 0;
     /// Draws a labelled coordinate frame at a model point.
     /// @param xDir, yDir its first two directions, of any length; the third is their vector product.
-    /// @param size length of the axes: 400 reaches over half the view's height at the point. Orthographic
-    /// views ignore it; their axes are as long as 1/20 of half the view's width.
+    /// @param size length of the axes in 1/800 of the view's height at the point's distance from the eye.
+    /// Orthographic views ignore it; their axes are as long as 1/40 of the view's width.
     /// @param depthTest false draws the frame over the scene.
     /// @return 0. Leaves the line width at 2, or at 1 with long axes.
     virtual std::int32_t drawFrame(double x, double y, double z, const qel::XPnt3d& xDir,
@@ -128,24 +129,28 @@ class QEL_DISPLAY_API IQelTrackBall : public qel::QelReferenced {
     /// Writes formatted text next to a model point, in OpenGL's current colour (`glColor3f`), over the scene.
     /// @param dx, dy offset of the text from the point's pixel, in pixels, y up.
     /// @param format printf-style; text beyond 255 characters is cut.
-    /// @return 0; -1 if the point lies outside the depth range of the view, or the format is null. A null
-    /// format leaves the view in pixel coordinates.
+    /// @return 0, also if the text starts outside the view, which draws nothing of it; -1 if the point lies
+    /// outside the depth range of the view, or the format is null. A null format leaves the view in pixel
+    /// coordinates.
     virtual std::int32_t drawLabel(double x, double y, double z, double dx, double dy, const char* format,
                                    ...) = 0;
     /// Always 0.
     virtual std::int32_t isBusy() = 0;
     /// Copies the depth of the whole back buffer, for `zoomAt`, and applies a pending switch to orthographic.
     /// `finishFrame` calls it after the buffer swap: the copy then shows the drawn frame only if the driver
-    /// keeps the back buffer. Returns 1 if it applied a switch, else 0.
+    /// keeps the back buffer; for others call it after `restoreCache` and `updateView`, before `zoomAt`.
+    /// Returns 1 if it applied a switch, else 0.
     virtual std::int32_t refreshDepth() = 0;
     /// Sets the point that drags rotate about, in model units; the camera does not move. Returns 1.
     virtual std::int32_t setRotationCenter(double x, double y, double z) = 0;
     /// Sets the rotation centre to the model point under a window position, which it finds like
     /// `pickModelPnt`. Returns 1.
     virtual std::int32_t setRotationCenterAt(std::int32_t x, std::int32_t y) = 0;
-    /// An orthographic standard view of an extent: looking from `target` - `direction` along `direction`. The
-    /// extent becomes the model's and its middle the rotation centre; the clipping distances stay. A view
-    /// that no finite camera has changes nothing. Returns 0.
+    /// An orthographic view of an extent, fitted like a quick fit (`zoomToExtent`), looking along `direction`
+    /// at the extent's middle. Its length does not matter, unless it is 0: the eye then ends on its target.
+    /// `target` must be finite and has no other effect. The extent becomes the model's and its middle the
+    /// rotation centre; the clipping distances stay. A view that no finite camera has changes nothing.
+    /// Returns 0.
     virtual std::int32_t setOrthoView(qel::XPnt3d target, qel::XPnt3d direction, qel::XPnt3d up,
                                       qel::Enve3d extent) = 0;
     /// Switches to orthographic projection. The view volume that keeps the apparent size is computed from the

@@ -64,8 +64,9 @@ namespace qel {
 #pragma warning(disable : 4190)
 #endif
 
-/// The symbol that the module shares with its hosts; empty before the module is loaded. The module replaces
-/// it whenever a thread starts or ends; one that is held stays alive. Any thread may call it.
+/// The public symbol: one that the module keeps for hosts that draw markers and keep none of their own. The
+/// module replaces it whenever a thread starts or ends; one that is held stays alive. Empty if called before
+/// the module's entry point has run. Any thread may call it.
 extern "C" [[nodiscard]] QEL_DISPLAY_API ref_ptr<IQelSymbol> getPubSymbol();
 
 #if defined(__clang__)

@@ -3,9 +3,9 @@
 /// What nearly every host needs before its first picture: geometries and arrays over `std::vector`, and
 /// clipping planes that fit the scene. Header only; include it next to `QelDisplay64t.h`.
 ///
-/// A new object of these classes has no reference: hold it in a `qel::ref_ptr`, or pass it to an operation
-/// that takes one. No container crosses the module's boundary, so versions and debug modes of the compiler's
-/// C++ library need not match.
+/// A new object of these classes has no reference: hold it in a `qel::ref_ptr`, or pass a new array straight
+/// to a drawing operation, whose `qel::ref_ptr` parameter deletes it after the call. No container crosses the
+/// module's boundary, so versions and debug modes of the compiler's C++ library need not match.
 
 #include <algorithm>
 #include <cmath>

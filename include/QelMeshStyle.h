@@ -2,7 +2,7 @@
 
 namespace qel {
 
-/// How a mesh is drawn.
+/// How a mesh is drawn. Culling is not part of it: `GL_CULL_FACE` counts as the host has set it.
 struct MeshStyle {
     /// Whether the lights shade the mesh, which then needs normals.
     bool lighting = true;

@@ -104,7 +104,7 @@ def draws(program, prefix, looks_right=None):
 
 def built(source, folder, prefix, toolchain="share/QelDisplay64t/cmake/mingw-w64-posix.cmake"):
     """Problems of a CMake project that is built against the package."""
-    options = (f"-DCMAKE_TOOLCHAIN_FILE={prefix / toolchain}", f"-DCMAKE_PREFIX_PATH={prefix}", "-DCMAKE_BUILD_TYPE=Release")
+    options = (f"-DCMAKE_TOOLCHAIN_FILE={prefix / toolchain}", f"-DCMAKE_PREFIX_PATH={prefix}")
     configured = tree.run("cmake", "-G", "Ninja", "-S", source, "-B", folder, *options)
     return configured.problems("configuring") or tree.run("cmake", "--build", folder).problems("building")
 

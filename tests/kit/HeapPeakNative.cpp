@@ -8,11 +8,13 @@
 #ifdef __SANITIZE_ADDRESS__
 
 // The compiler has the sanitizer's functions, but no header of these.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 int __sanitizer_install_malloc_and_free_hooks(void (*taken)(const volatile void*, std::size_t),
                                               void (*freed)(const volatile void*));
 std::size_t __sanitizer_get_allocated_size(const volatile void* block);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 #endif
 
