@@ -3,6 +3,12 @@
 # Packing takes what was built; it does not build the tests first.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 
+# What is built with the tests' runtime is not packed; it is installed for the host that tests the CMake package.
+set(for_tests_alone OFF)
+if(MSVC AND CMAKE_CROSSCOMPILING)
+    set(for_tests_alone ON)
+endif()
+
 set(package_folder lib/cmake/QelDisplay64t)
 set(document_folder share/doc/QelDisplay64t)
 
@@ -17,7 +23,7 @@ endif()
 set_target_properties(qel_include PROPERTIES EXPORT_NAME Headers)
 install(EXPORT QelDisplay64tTargets NAMESPACE QelDisplay64t:: DESTINATION ${package_folder})
 foreach(program qelview qelminimal qelhostcontext)
-    if(TARGET ${program})
+    if(TARGET ${program} AND NOT for_tests_alone)
         install(TARGETS ${program} RUNTIME DESTINATION bin)
     endif()
 endforeach()
@@ -59,8 +65,7 @@ if(CMAKE_CROSSCOMPILING)
     install(DIRECTORY "${QEL_QT_HOME}/include/QtCore" DESTINATION include)
     install(FILES "${QEL_QT_HOME}/LICENSE.LGPL3" "${QEL_QT_HOME}/LICENSE.GPL3" DESTINATION ${document_folder}/licences/qt5core)
 endif()
-# Nothing that is built with the tests' runtime is packed.
-if(MSVC AND CMAKE_CROSSCOMPILING)
+if(for_tests_alone)
     return()
 endif()
 if(CMAKE_CROSSCOMPILING)

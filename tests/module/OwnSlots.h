@@ -9,12 +9,22 @@ namespace qel::test {
 #if defined(_MSC_VER)
 
 /// The slot that a few instructions jump through: mov rax, [rcx], then mov rax, [rax + offset] or jmp [rax +
-/// offset], with an offset of no byte, one or four. A linker that links in steps puts a jump before them.
+/// offset], with an offset of no byte, one or four. Before them are a jump, if the linker links in steps, and
+/// a few bytes that store the arguments, if the code is not optimised.
 inline std::size_t slotOfCode(const unsigned char* code) {
-    std::int32_t distance = 0;
-    if (constexpr unsigned char kJump = 0xE9; *code == kJump) {
+    constexpr unsigned char kJump = 0xE9;
+    if (*code == kJump) {
+        std::int32_t distance = 0;
         std::memcpy(&distance, code + 1, sizeof distance);
         code += 1 + std::ptrdiff_t{sizeof distance} + distance;
+    }
+    constexpr unsigned char kTableOfObject[] = {0x48, 0x8B, 0x01};
+    constexpr int kLongestStart = 16;
+    for (int skipped = 0; skipped < kLongestStart; ++skipped) {
+        if (std::memcmp(code, kTableOfObject, sizeof kTableOfObject) == 0) {
+            break;
+        }
+        ++code;
     }
     constexpr unsigned char kWide = 0x48;
     const unsigned char* const access = code + (code[3] == kWide ? 4 : 3);
