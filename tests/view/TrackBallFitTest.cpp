@@ -67,6 +67,12 @@ TEST_F(TrackBallFit, SetExtentWithZoomFitsItQuickly) {
     EXPECT_TRUE(matrixIsNear(GlView::current().projection, expected, kGlRounding));
 }
 
+TEST_F(TrackBallFit, KeepsTheDirectionOfAnEyeCloseToItsTarget) {
+    view->setCamera({0.0, 0.0, 0.5}, {}, {0.0, 1.0, 0.0});
+    EXPECT_EQ(view->zoomToExtent({-1.0, 1.0, -1.0, 1.0, -1.0, 1.0}, false), 1);
+    EXPECT_TRUE(isCloseTo(view->getEye(), {0.0, 0.0, std::sqrt(3.0) / kTanHalf}, 1e-9));
+}
+
 TEST_F(TrackBallFit, RefusesExtentsThatAreNoneAndChangesNothing) {
     const Enve3d before = view->getExtent();
     for (const Enve3d& box :

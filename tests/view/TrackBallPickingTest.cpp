@@ -177,6 +177,21 @@ TEST_F(TrackBallPicking, LooksTwentyPixelsFarToTheLeftAndNineteenToTheRight) {
     }
 }
 
+TEST_F(TrackBallPicking, FindsNothingAroundThatOpenGlDoesNotRead) {
+    drawAtDepth(0, 0, 40, kTraceHeight, 0.7);
+    view->refreshDepth();
+    static_cast<void>(view->getMeanDepth());
+    const double elsewhere = view->getMeanDepth();
+    drawAtDepth(90, 40, 100, 60, 0.25);
+    const XPnt3d snapped = view->pickModelPnt(105.5, 50.5);
+    CallTrace trace;
+    trace.answer("glReadPixels", 0);
+    // What the pick before left in memory is not taken for depths.
+    const XPnt3d unread = view->pickModelPnt(105.5, 50.5);
+    EXPECT_FALSE(isExactly(unread, snapped));
+    EXPECT_TRUE(isExactly(unread, unProjected(105.5, 50.5, elsewhere)));
+}
+
 TEST_F(TrackBallPicking, InEmptySpaceTakesTheMeanDepthOfTheScene) {
     drawAtDepth(0, 0, 40, kTraceHeight, 0.7);
     view->refreshDepth();

@@ -243,6 +243,8 @@ TEST_F(TrackBallStateDisplay, GoneWithTheOwnerLeavesACameraThatDrawsNothing) {
     EXPECT_EQ(view->drawAxes(), 0);
     EXPECT_EQ(view->drawFrame(0.0, 0.0, 0.0, {1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, 10.0F, false), 0);
     EXPECT_EQ(view->drawLabel(0.0, 0.0, 0.0, 0.0, 0.0, "text"), -1);
+    EXPECT_EQ(view->applyProjection(), 0);
+    EXPECT_EQ(view->applyModelview(), 0);
     EXPECT_TRUE(callsMatch(trace.glCallsAndNotes(), {}));
 }
 

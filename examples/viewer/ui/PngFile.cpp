@@ -1,29 +1,9 @@
 #include "PngFile.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <cstdlib>
 #include <fstream>
 
-#include "Deflate.h"
-
-namespace {
-
-/// The encoder's own compression takes five times as long.
-unsigned char* compress(const unsigned char* bytes, int size, int* compressedSize, int /*quality*/) {
-    const std::vector<std::uint8_t> stream = qelview::deflated({bytes, static_cast<std::size_t>(size)});
-    auto* const memory = static_cast<unsigned char*>(std::malloc(stream.size()));
-    if (memory != nullptr) {
-        std::copy(stream.begin(), stream.end(), memory);
-        *compressedSize = static_cast<int>(stream.size());
-    }
-    return memory;
-}
-
-}  // namespace
-
 // The encoder is compiled only here.
-#define STBIW_ZLIB_COMPRESS compress
 #define STB_IMAGE_WRITE_STATIC
 #define STBI_WRITE_NO_STDIO
 #define STB_IMAGE_WRITE_IMPLEMENTATION

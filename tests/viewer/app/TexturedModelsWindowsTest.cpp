@@ -52,14 +52,14 @@ std::string shown(const Picture& picture, const PixelArea& area) {
     return bright;
 }
 
-/// A square around the middle of the view, seen from the front.
+/// A square around a place 16 pixels below the middle of the view, where the heading leaves it, seen from the front.
 void expectFourColours(const Picture& picture) {
     ASSERT_EQ(picture.width(), 320);
     ASSERT_EQ(picture.height(), 240);
     EXPECT_EQ(shown(picture, {110, 130, 35, 35}), "r--");
     EXPECT_EQ(shown(picture, {175, 130, 35, 35}), "-g-");
-    EXPECT_EQ(shown(picture, {110, 75, 35, 35}), "--b");
-    EXPECT_EQ(shown(picture, {175, 75, 35, 35}), "rgb");
+    EXPECT_EQ(shown(picture, {110, 55, 35, 35}), "--b");
+    EXPECT_EQ(shown(picture, {175, 55, 35, 35}), "rgb");
 }
 
 /// A model of a square, and the view that faces it.

@@ -57,7 +57,7 @@ class HeightColorsOfAScene : public testing::Test {
         glEnable(GL_COLOR_MATERIAL);
     }
     qel::test::Picture drawn(HostScene& host) {
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        surface.clear();
         host.draw(*symbol, qel::test::flatView(kSize, kSize), textures);
         return qel::test::Picture::ofFrame();
     }
@@ -111,9 +111,9 @@ TEST_F(HeightColorsOfAScene, GrowTheirPointsWithinBounds) {
     qelview::Scene points;
     points.clouds.push_back(cloud);
     HostScene host(points);
-    const std::size_t before = drawn(host).countOtherThan({0, 0, 0, 255});
+    const std::size_t before = drawn(host).countOtherThan(qel::test::kBlack);
     EXPECT_EQ(host.growPoints(3.0F), 5.0F);
-    EXPECT_GT(drawn(host).countOtherThan({0, 0, 0, 255}), 2U * before);
+    EXPECT_GT(drawn(host).countOtherThan(qel::test::kBlack), 2U * before);
     EXPECT_EQ(host.growPoints(100.0F), 16.0F);
     EXPECT_EQ(host.growPoints(-100.0F), 1.0F);
     EXPECT_EQ(HostScene(scene).growPoints(1.0F), 0.0F);

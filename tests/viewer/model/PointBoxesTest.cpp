@@ -97,7 +97,11 @@ TEST_P(PointBoxesOutlineAlong, HasABoxForEachThirtySecondOfARow) {
     EXPECT_EQ(sorted(outline), sorted(expected));
 }
 
-const std::vector<Axis> kAxes{{"X", {1, 0, 0}}, {"Y", {0, 2, 0}}, {"Z", {0, 0, 0.5}}, {"All", {1, 2, 4}}};
+const std::vector<Axis> kAxes{{"X", {1, 0, 0}},
+                              {"Y", {0, 2, 0}},
+                              {"Z", {0, 0, 0.5}},
+                              {"All", {1, 2, 4}},
+                              {"Small", {0x1p-20, 0x1p-22, 0x1p-21}}};
 INSTANTIATE_TEST_SUITE_P(Axes, PointBoxesOutlineAlong, testing::ValuesIn(kAxes),
                          [](const auto& each) { return each.param.name; });
 

@@ -74,8 +74,7 @@ TEST(PlyTexturedFaces, HaveTheirVFromTheUpperEdgeAndNoColours) {
     ASSERT_NE(mesh.texture, nullptr);
     EXPECT_EQ(mesh.texture->image->width, 2);
     EXPECT_TRUE(mesh.colors.empty());
-    EXPECT_EQ(mesh.color.r, 1.0F);
-    EXPECT_EQ(mesh.color.b, 1.0F);
+    EXPECT_TRUE(mesh.color.r == 1.0F && mesh.color.g == 1.0F && mesh.color.b == 1.0F);
     EXPECT_EQ(mesh.positions.size(), 4U);
     expectCorner(mesh, 0, 0, 1);
     expectCorner(mesh, 1, 1, 1);

@@ -25,8 +25,7 @@ TEST(ReadOff, HasNormalsAndColoursOfItsVertices) {
 }
 
 TEST(ReadOff, TakesColoursAboveOneForBytesAndIgnoresAlpha) {
-    const qelview::Scene scene =
-        sceneOf(kOff, "COFF\n3\n1 0\n0 0 0 255 51 0 7\n1 0 0 1 0\n0 1 0\n3 0 1 2\n");
+    const qelview::Scene scene = sceneOf(kOff, "COFF\n3\n1 0\n0 0 0 255 51 0 7\n1 0 0 1 0\n0 1 0\n3 0 1 2\n");
     EXPECT_TRUE(scene.warnings.empty());
     const std::vector<qel::QelColor3f>& colors = scene.meshes.at(0).colors;
     ASSERT_EQ(colors.size(), 3U);
