@@ -1,6 +1,6 @@
 # The entries of ctest: each is a group of test cases or a check. The results of a group are in build/results as NAME.json, where
 # scripts/sum-results counts them. The labels are native, windows and check; `ctest -C Long` adds the label long, whose groups run at full
-# length what the others repeat a few times, and like `ctest -C Microsoft` the label microsoft: a host and the module under the C++ ABI of
+# length what the others repeat a few times, and like `ctest -C Microsoft` the label microsoft: the module's cases under the C++ ABI of
 # Visual Studio.
 
 set(QEL_RESULTS "${PROJECT_SOURCE_DIR}/build/results")
