@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "FileBytes.h"
 #include "ModelImages.h"
+#include "PngFile.h"
 #include "viewer/ImageBytes.h"
 #include "viewer/ViewerData.h"
 
@@ -107,40 +107,25 @@ TEST(ReadImage, RefusesAFileThatUnpacksToMoreThanItsPixels) {
               "takes too much memory to decode");
 }
 
-/// Zeros as a zlib stream of stored blocks (RFC 1950, RFC 1951); its checksum is left out.
-std::string storedZeros(std::size_t count) {
-    constexpr std::size_t kMostOfABlock = 65535;
-    std::string bytes = "\x78\x01";
-    for (std::size_t left = count; left > 0;) {
-        const std::size_t length = std::min(left, kMostOfABlock);
-        left -= length;
-        bytes.push_back(left == 0 ? '\1' : '\0');
-        for (const std::size_t word : {length, ~length}) {
-            bytes.push_back(static_cast<char>(word & 0xFFU));
-            bytes.push_back(static_cast<char>(word >> 8U & 0xFFU));
-        }
-        bytes.append(length, '\0');
-    }
-    return bytes;
-}
-
-/// A PNG file of one pixel whose data unpack to `count` bytes.
-std::string pngOfOnePixel(std::size_t count) {
-    const std::string data = storedZeros(count);
-    std::string bytes = pngHead(1, 1);
-    // Its chunk of pixels is empty.
-    bytes.resize(bytes.size() - 12);
-    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
-        bytes.push_back(static_cast<char>(static_cast<std::uint8_t>(data.size() >> shift)));
-    }
-    return bytes + "IDAT" + data + std::string("\0\0\0\0\0\0\0\0IEND\0\0\0\0", 16);
+/// A PNG file whose header says one pixel, and whose data unpack to `rows` rows of a thousand black pixels.
+std::string pngOfOnePixel(int rows) {
+    constexpr int kWidth = 1000;
+    const qel::test::TemporaryFile black("black.png", "");
+    EXPECT_TRUE(qelview::writePng(
+        black.path(),
+        {kWidth, rows, std::vector<std::uint8_t>(3U * kWidth * static_cast<std::size_t>(rows))}));
+    const std::string file = qelview::readBytes(black.path(), 1U << 20U);
+    constexpr std::size_t kSizeBeforeName = 4;
+    constexpr std::size_t kEmptyChunk = 12;
+    const std::string head = pngHead(1, 1);
+    return head.substr(0, head.size() - kEmptyChunk) + file.substr(file.find("IDAT") - kSizeBeforeName);
 }
 
 TEST(ReadImage, UnpacksUpToAMegabyteMoreThanItsPixels) {
-    const TextureImage image = qelview::readImage(pngOfOnePixel(200'000));
+    const TextureImage image = qelview::readImage(pngOfOnePixel(66));
     expectPixel(image, 0, 0, {0, 0, 0, 255}, 0);
     // Growing buffers count as often as they grow.
-    EXPECT_EQ(refusalOf([] { return qelview::readImage(pngOfOnePixel(600'000)); }),
+    EXPECT_EQ(refusalOf([] { return qelview::readImage(pngOfOnePixel(200)); }),
               "takes too much memory to decode");
 }
 
