@@ -3,6 +3,8 @@
 # On a screen of with-screen, the prefix of that screen.
 export WINEPREFIX=${QEL_SCREENS_PREFIX:-$winePrefixHome}
 export WINEARCH=win64
+# In a locale without UTF-8, files cannot have names of any language.
+export LC_ALL=C.UTF-8
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 
