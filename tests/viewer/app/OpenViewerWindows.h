@@ -38,7 +38,13 @@ class OpenViewer : public testing::Test {
     static constexpr int kWidth = 320;
     static constexpr int kHeight = 240;
 
-    void SetUp() override { open(qelview::makeSampleScene()); }
+    /// Made once for all cases.
+    static const qelview::Scene& sampleScene() {
+        static const qelview::Scene made = qelview::makeSampleScene();
+        return made;
+    }
+
+    void SetUp() override { open(sampleScene()); }
 
     void open(const qelview::Scene& scene, qelview::Environment around = qelview::Environment::scripted()) {
         viewer = std::make_unique<qelview::ViewerWindow>(std::move(around));

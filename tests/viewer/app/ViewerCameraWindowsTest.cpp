@@ -137,12 +137,12 @@ TEST_F(ViewerCamera, OfTheNextWindowHasSizeAndProjectionOfTheLast) {
     qelview::Environment around = qelview::Environment::scripted();
     around.readLook = [&kept] { return kept; };
     around.writeLook = [&kept](const qelview::WindowLook& look) { kept = look; };
-    open(qelview::makeSampleScene(), around);
+    open(sampleScene(), around);
     EXPECT_EQ(picture().width(), kWidth);
     play("key O\nsize 400 300");
     viewer.reset();
     ASSERT_TRUE(kept.has_value());
-    open(qelview::makeSampleScene(), around);
+    open(sampleScene(), around);
     EXPECT_TRUE(camera().isOrtho());
     EXPECT_EQ(picture().width(), 400);
     EXPECT_EQ(picture().height(), 300);
@@ -155,7 +155,7 @@ TEST_P(ViewerCameraScale, IsThatOfTheScreen) {
     const unsigned dotsPerInch = GetParam();
     around.dotsPerInch = [dotsPerInch](HWND) { return dotsPerInch; };
     const qel::test::Picture small = picture();
-    open(qelview::makeSampleScene(), around);
+    open(sampleScene(), around);
     const qel::test::Picture large = picture();
     const double scale = dotsPerInch / 96.0;
     EXPECT_EQ(large.width(), kWidth * scale);

@@ -83,7 +83,7 @@ qelview::Environment endlessLoads() {
 }
 
 TEST_F(ViewerFiles, StaysResponsiveDuringALongLoadAndKeepsTheSceneWhenItIsCancelled) {
-    open(qelview::makeSampleScene(), endlessLoads());
+    open(sampleScene(), endlessLoads());
     const qel::test::Picture before = picture();
     HWND const window = viewer->handle();
     std::atomic<bool> hasAnswered = false;

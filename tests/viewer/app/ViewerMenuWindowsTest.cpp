@@ -58,6 +58,20 @@ TEST_F(ViewerMenu, StandsAboveAViewOfTheWantedSize) {
     }
 }
 
+/// Opens at once, and looks different from each side and in each colouring.
+qelview::Scene slope() {
+    qelview::TriangleMesh mesh;
+    mesh.positions = {{-2, -1, 0}, {2, -1, 0}, {2, 1, 1}, {-2, 1, 1}};
+    mesh.indices = {0, 1, 2, 0, 2, 3};
+    mesh.color = {0.8F, 0.3F, 0.2F};
+    qelview::PointCloud cloud;
+    cloud.positions = {{-1, 0, 2}, {1, 0, 2}};
+    qelview::Scene scene;
+    scene.meshes.push_back(mesh);
+    scene.clouds.push_back(cloud);
+    return scene;
+}
+
 TEST_F(ViewerMenu, DoesWhatTheKeysDo) {
     for (const qelview::MenuColumn& column : qelview::menuColumns()) {
         for (const qelview::MenuLine& line : column.lines) {
@@ -68,11 +82,11 @@ TEST_F(ViewerMenu, DoesWhatTheKeysDo) {
                 continue;
             }
             // What one of them switches on would still be on for the other.
-            open(qelview::makeSampleScene());
+            open(slope());
             play("key 3\nwheel 2 90 80\nkey " + std::string(line.key));
             const qel::test::Picture byKey = picture();
             const std::string cameraByKey = cameraNow();
-            open(qelview::makeSampleScene());
+            open(slope());
             play("key 3\nwheel 2 90 80");
             choose(line.meaning);
             EXPECT_EQ(cameraNow(), cameraByKey) << line.text;
@@ -148,7 +162,7 @@ TEST_F(ViewerMenu, KeepsRecentFilesWhereItsSurroundingsSay) {
     qelview::Environment around = qelview::Environment::scripted();
     around.readRecent = [&kept] { return kept; };
     around.writeRecent = [&kept](const Names& files) { kept = files; };
-    open(qelview::makeSampleScene(), around);
+    open(sampleScene(), around);
     EXPECT_EQ(recentTexts(), Names{"&1 C:\\old.obj"});
     const TemporaryFile file("kept.xyz", "0 0 0\n1 1 1\n");
     play("drop " + file.path().string());

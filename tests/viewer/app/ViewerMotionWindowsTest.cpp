@@ -40,7 +40,7 @@ class ViewerMotionThinning : public OpenViewer {
 };
 
 TEST_F(ViewerMotionThinning, ThinsASceneThatIsTooSlowWhileTheCameraMovesAndDrawsAllAtRest) {
-    open(qelview::makeSampleScene(), slowFrames(120.0));
+    open(sampleScene(), slowFrames(120.0));
     const long full = cornersOf("key 6");
     const long moving = cornersOf("wheel 1 160 120");
     // 120 ms want a third. The last part of a mesh is a short one, and small meshes keep their first part.
@@ -54,20 +54,20 @@ TEST_F(ViewerMotionThinning, ThinsASceneThatIsTooSlowWhileTheCameraMovesAndDraws
 }
 
 TEST_F(ViewerMotionThinning, DrawsAllAsSoonAsADragEnds) {
-    open(qelview::makeSampleScene(), slowFrames(120.0));
+    open(sampleScene(), slowFrames(120.0));
     const long full = cornersOf("key 6");
     EXPECT_LT(cornersOf("down left 160 120\nmove 165 120"), full / 2);
     EXPECT_EQ(cornersOf("up left 165 120"), full);
 }
 
 TEST_F(ViewerMotionThinning, LeavesAFastSceneWhole) {
-    open(qelview::makeSampleScene(), slowFrames(20.0));
+    open(sampleScene(), slowFrames(20.0));
     const long full = cornersOf("key 6");
     EXPECT_EQ(cornersOf("down left 160 120\nmove 165 120"), full);
 }
 
 TEST_F(ViewerMotionThinning, TellsTheTimeOfTheLastFrame) {
-    open(qelview::makeSampleScene(), slowFrames(20.0));
+    open(sampleScene(), slowFrames(20.0));
     const qel::test::Picture before = picture();
     EXPECT_EQ(stage().annotations().frameMilliseconds, 20.0);
     stage().annotations().frameMilliseconds = 21.0;
@@ -78,7 +78,7 @@ TEST_F(ViewerMotionThinning, TellsTheTimeOfTheLastFrame) {
 }
 
 TEST_F(ViewerMotionThinning, ShowsAllInPicturesEvenWhileTheCameraMoves) {
-    open(qelview::makeSampleScene(), slowFrames(120.0));
+    open(sampleScene(), slowFrames(120.0));
     play("wheel 1 160 120");
     stage().annotations().frameMilliseconds.reset();
     const qel::test::Picture moving = picture();
@@ -161,7 +161,7 @@ TEST_F(ViewerMotionSession, EndsWithTheSameCameraAndPictureEveryTime) {
     const std::string camera = cameraNow();
     const qel::test::Picture shown = picture();
     EXPECT_EQ(camera.find("nan"), std::string::npos) << camera;
-    open(qelview::makeSampleScene());
+    open(sampleScene());
     EXPECT_NE(cameraNow(), camera);
     play(script);
     EXPECT_EQ(cameraNow(), camera);
