@@ -155,7 +155,7 @@ std::size_t MeshFaces::moveInto(TriangleMesh& mesh) {
     const std::vector<std::uint32_t> waiting = std::exchange(polygons, {});
     std::size_t corners = mesh.indices.size();
     for (std::size_t begin = 0; begin < waiting.size(); begin += waiting[begin] + 1) {
-        corners += 3 * (waiting[begin] - 2);
+        corners += std::size_t{3} * (waiting[begin] - 2);
     }
     mesh.indices.reserve(corners);
     std::optional<Cutting> cutting;

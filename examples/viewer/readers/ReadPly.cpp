@@ -176,6 +176,9 @@ class PlyReading {
         for (const PlyProperty& property : element.properties) {
             size += sizeOf(property.type);
         }
+        if (size == 0) {
+            return;
+        }
         const std::string_view records = body.records();
         const std::uint64_t whole = std::min<std::uint64_t>(element.count, records.size() / size);
         if (isVertex) {
@@ -253,14 +256,13 @@ class PlyReading {
 
     /// Of the instance that was read, whose properties can come in any order.
     void addFace() {
+        if (!texCoords.empty() && corners.size() >= 3 && texCoords.size() != 2 * corners.size()) {
+            warnings.add(body.here(), "a face needs 2 texture coordinates a vertex; it has no texture");
+            texCoords.clear();
+        }
         if (corners.size() < 3) {
             warnings.add(body.here(), "a face of fewer than 3 vertices is left out");
-        } else if (texCoords.empty()) {
-            faces.add(corners);
-        } else if (texCoords.size() != 2 * corners.size()) {
-            warnings.add(body.here(), "a face needs 2 texture coordinates a vertex; it has no texture");
-            faces.add(corners);
-        } else if (!texturedFaces->add(corners, texCoords, imageOfFace, warnings)) {
+        } else if (texCoords.empty() || !texturedFaces->add(corners, texCoords, imageOfFace, warnings)) {
             faces.add(corners);
         }
         corners.clear();

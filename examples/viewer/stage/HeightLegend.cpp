@@ -10,7 +10,7 @@ namespace {
 
 /// Ends and round heights have this share of the legend between them at least.
 constexpr double kClosest = 0.08;
-constexpr double kMostTicks = 6.0;
+constexpr int kMostTicks = 6;
 
 }  // namespace
 
@@ -24,7 +24,8 @@ std::vector<LegendTick> legendTicks(const HeightRange& range, double origin) {
     const double first = std::ceil((range.low + origin) / step) + 0.0;
     // A digit more for the ends, which are no round numbers.
     std::vector<LegendTick> ticks{{0.0, withStep(range.low + origin, step * 0.1)}};
-    for (double multiple = first; multiple < first + 2.0 * kMostTicks; multiple += 1.0) {
+    for (int tick = 0; tick < 2 * kMostTicks; ++tick) {
+        const double multiple = first + tick;
         const double share = (multiple * step - origin - range.low) / span;
         if (share > kClosest && share < 1.0 - kClosest) {
             ticks.push_back({share, withStep(multiple * step, step)});
