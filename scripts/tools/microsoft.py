@@ -53,7 +53,7 @@ def unexported():
 
 
 def borrowed_library_types():
-    """Functions of Qt's that pass types of the C++ library, which belongs to whoever compiled Qt."""
+    """Imported functions of Qt with types of the C++ library in their signatures: only a Qt built with the same library has them."""
     for library in abi.LIBRARIES:
         told = tree.run(tools() / "llvm-readobj", "--coff-imports", BUILD / "bin" / library).output
         names = re.findall(r"^  Symbol: (\S+)", told, re.MULTILINE)

@@ -12,8 +12,6 @@
 
 namespace qel::test {
 
-inline const double kTanHalf = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
-
 inline bool sameBox(const Enve3d& a, const Enve3d& b) {
     return a.xmin == b.xmin && a.xmax == b.xmax && a.ymin == b.ymin && a.ymax == b.ymax && a.zmin == b.zmin &&
            a.zmax == b.zmax;

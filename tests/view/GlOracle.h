@@ -17,6 +17,9 @@
 
 namespace qel::test {
 
+/// Half the height of the view at the distance 1, with the field of view that a camera has at first.
+inline const double kTanHalf = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
+
 /// OpenGL keeps its matrices in single precision; entries and what is computed with them carry that rounding,
 /// relative to the largest figure involved.
 inline constexpr double kGlRounding = 4e-7;

@@ -52,9 +52,6 @@ class WritingDisplay : public RecordingDisplay {
     std::vector<std::string> written;
 };
 
-/// Half the height of the view at the distance 1, of the first field of view.
-inline const double kHalfViewTangent = std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
-
 /// A camera in a view of 400 x 300 pixels that looks at a model of 20 units around the origin, from the side
 /// and above; lighting and texturing are on, the depth test is off, lines are 3 pixels wide.
 class OverlayTest : public ::testing::Test {

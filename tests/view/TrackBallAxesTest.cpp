@@ -29,7 +29,7 @@ class TrackBallAxes : public OverlayTest {
             return {oracle.pointUnder(corner, middle), right * 0.05, right};
         }
         const glm::dvec3 anchor = oracle.pointUnder(corner, asGlm(camera->getTarget()));
-        const double reach = glm::length(anchor - oracle.eye) * kHalfViewTangent;
+        const double reach = glm::length(anchor - oracle.eye) * kTanHalf;
         return {anchor, reach * 0.04, reach};
     }
 

@@ -16,7 +16,7 @@ class TrackBallFrameIndicator : public OverlayTest {
     double reach() const {
         const EyeOracle oracle(*camera);
         return camera->isOrtho() ? 200.0 * oracle.unitsPerPixel(-1.0)
-                                 : glm::length(at - oracle.eye) * kHalfViewTangent;
+                                 : glm::length(at - oracle.eye) * kTanHalf;
     }
 
     double length(double size) const { return camera->isOrtho() ? reach() * 0.05 : reach() * 0.0025 * size; }
@@ -113,7 +113,7 @@ TEST_F(TrackBallFrameIndicator, CountsItsSizeInPartsOfTheViewsHeight) {
     settle();
     const CallTrace trace;
     draw(glm::dvec3(1.0, 0.0, 0.0), glm::dvec3(0.0, 1.0, 0.0), 400.0F, kOver);
-    const double half = 100.0 * kHalfViewTangent;
+    const double half = 100.0 * kTanHalf;
     EXPECT_TRUE(callMatches(trace.calls("glVertex3d")[5], vertex(at + glm::dvec3(half, 0.0, 0.0), 1e-9)));
 }
 

@@ -43,7 +43,7 @@ class TrackBallStandardViews : public ::testing::TestWithParam<StandardViewCase>
     }
 
     ViewSubject view{200, 100};
-    const double distance = 4.5 / std::tan(27.0 * 0.5 * 3.141592653589793 / 180.0);
+    const double distance = 4.5 / kTanHalf;
 };
 
 TEST_P(TrackBallStandardViews, LooksAtTheMiddleOfTheModelFromItsSide) {
