@@ -4,7 +4,7 @@
 #include "SixAxisReports.h"
 #include "ViewerWindow.h"
 
-/// The camera of the viewer window by keys, and the way back.
+/// The camera of the viewer window by keys and by six-axis controllers.
 
 namespace qelview {
 
@@ -21,17 +21,17 @@ constexpr std::array<Direction, 4> kDirections{{{-1.0, 0.0}, {1.0, 0.0}, {0.0, 1
 }  // namespace
 
 void ViewerWindow::moveByKey(const KeyCommand& wanted) {
+    const auto width = static_cast<int>(stage->camera().getWidth());
+    const auto height = static_cast<int>(stage->camera().getHeight());
     if (wanted.command == Command::Zoom) {
-        const ClientSize size = clientSizeOf(window.get());
         refresh();
-        stage->zoom(wanted.number == 0 ? 1.0 : -1.0, {size.width / 2, size.height / 2});
+        stage->zoom(wanted.number == 0 ? 1.0 : -1.0, {width / 2, height / 2});
     } else {
         // A share of the view, so that a key does the same in every window.
         constexpr double kShareOfAStep = 0.05;
         const Direction& direction =
             kDirections.at(std::min<std::size_t>(wanted.number, kDirections.size() - 1));
-        const ClientSize size = clientSizeOf(window.get());
-        const double pixels = kShareOfAStep * std::min(size.width, size.height);
+        const double pixels = kShareOfAStep * std::min(width, height);
         MotionStep step{};
         const std::size_t first = wanted.command == Command::Pan ? 0 : 3;
         step.at(first) = pixels * direction.right;
@@ -47,26 +47,13 @@ void ViewerWindow::followReports(const DeviceReports& reports) {
         return;
     }
     if (!isMoving) {
-        rememberCamera();
+        stage->rememberCamera();
     }
     motion.clear();
     for (const MotionStep& step : steps) {
         stage->camera().applyMotion(step.data());
     }
     moved();
-}
-
-void ViewerWindow::rememberCamera() {
-    cameras.add(stage->cameraState());
-}
-
-void ViewerWindow::returnToPreviousCamera() {
-    const std::optional<CameraState> before = cameras.back(stage->cameraState());
-    if (before) {
-        stage->setCameraState(*before);
-    } else {
-        say("There is no earlier camera");
-    }
 }
 
 }  // namespace qelview

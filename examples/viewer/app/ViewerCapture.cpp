@@ -17,16 +17,20 @@ void ViewerWindow::captureToFreeName() {
 
 bool ViewerWindow::capture(const std::filesystem::path& file) {
     refresh();
-    const CaptureEnd end = file.empty() ? CaptureEnd::NotWritten : stage->capture(file, captureTimes);
+    const CaptureEnd end = file.empty() ? CaptureEnd::NotWritten : stage->write(file, capturedPixels());
     const std::string name = toUtf8(file.filename().wstring());
     const bool isWhole = end == CaptureEnd::Whole;
     say(isWhole ? "Captured " + name : "The capture " + name + " " + reasonOf(end));
     return isWhole;
 }
 
+std::optional<PixelImage> ViewerWindow::capturedPixels() {
+    return quartet ? quartet->capturedPixels(captureTimes) : stage->capturedPixels(captureTimes);
+}
+
 void ViewerWindow::copyView() {
     refresh();
-    const std::optional<PixelImage> image = stage->capturedPixels(captureTimes);
+    const std::optional<PixelImage> image = capturedPixels();
     if (!image) {
         say("The picture " + reasonOf(CaptureEnd::TooLarge));
         return;

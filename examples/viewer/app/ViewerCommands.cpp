@@ -29,12 +29,12 @@ bool ViewerWindow::take(const KeyCommand& wanted) {
     const bool isStep =
         wanted.command == Command::Turn || wanted.command == Command::Pan || wanted.command == Command::Zoom;
     if (wanted.command != Command::PreviousCamera && !(isStep && isMoving)) {
-        rememberCamera();
+        stage->rememberCamera();
     }
     // User input ends a demonstration.
     motion.clear();
     execute(wanted);
-    redraw(Stale::Frame);
+    redraw(isStep ? Stale::Frame : Stale::AllViews);
     return true;
 }
 
@@ -93,6 +93,9 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
         case Command::Zoom:
             moveByKey(wanted);
             break;
+        case Command::Quartet:
+            switchQuartet();
+            break;
         case Command::Section:
             nextSection();
             break;
@@ -101,7 +104,9 @@ void ViewerWindow::execute(const KeyCommand& wanted) {
             changeSection(wanted);
             break;
         case Command::PreviousCamera:
-            returnToPreviousCamera();
+            if (!stage->returnToPreviousCamera()) {
+                say("There is no earlier camera");
+            }
             break;
         case Command::CopyPicture:
             copyView();
@@ -136,6 +141,8 @@ void ViewerWindow::leave() {
         chooseRectangle(false);
     } else if (stage->annotations().isMeasuring) {
         switchMeasuring();
+    } else if (quartet) {
+        closeQuartet();
     } else {
         ended = true;
     }
@@ -160,15 +167,17 @@ void ViewerWindow::chooseRectangle(bool isChosen) {
 }
 
 void ViewerWindow::switchStereo() {
+    closeQuartet();
     // A window keeps its pixel format for life: another kind of view needs another window.
     OwnedWindow other = create(clientSizeOf(window.get()));
-    std::unique_ptr<Stage> moved = other ? stage->moveTo(other.get(), !stage->isStereo()) : nullptr;
+    std::unique_ptr<Stage> moved = other ? own->viewOn(other.get(), !own->isStereo()) : nullptr;
     if (moved == nullptr) {
         say("Stereo is not supported");
         return;
     }
     const bool isVisible = IsWindowVisible(window.get()) != FALSE;
-    stage = std::move(moved);
+    own = std::move(moved);
+    stage = own.get();
     std::swap(window, other);
     DragAcceptFiles(window.get(), TRUE);
     wchar_t caption[MAX_PATH] = L"";
@@ -222,16 +231,20 @@ void ViewerWindow::accept(Scene scene, bool isReload) {
     printWarnings(scene);
     const std::string title = scene.title;
     budget.reset();
+    const qel::XPnt3d originBefore = own->origin();
     if (isReload) {
-        stage->renewScene(std::move(scene));
+        own->renewScene(std::move(scene));
         say("Loaded again");
     } else {
-        stage->setScene(std::move(scene));
-        cameras.clear();
-        stage->setView(firstView);
+        own->setScene(std::move(scene));
+        own->setView(firstView);
+    }
+    if (quartet) {
+        quartet->sceneChanged(isReload ? std::optional(originBefore) : std::nullopt);
+        stage->makeCurrent();
     }
     setCaption(title);
-    redraw(Stale::Frame);
+    redraw(Stale::AllViews);
 }
 
 void ViewerWindow::reportFailure(const std::string& reason) {

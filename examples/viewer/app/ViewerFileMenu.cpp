@@ -11,7 +11,7 @@ namespace qelview {
 void ViewerWindow::markMenu() {
     showMarks(GetMenu(window.get()),
               {stage->camera().isOrtho(), stage->camera().getOverlayOption(), stage->up() == UpAxis::Y,
-               stage->isStereo(), stage->annotations().isMeasuring});
+               stage->isStereo(), stage->annotations().isMeasuring, quartet != nullptr});
 }
 
 void ViewerWindow::remember(const std::vector<std::string>& files) {
@@ -42,10 +42,15 @@ void ViewerWindow::keepRecent() {
 }
 
 void ViewerWindow::turnUp() {
+    const UpAxis before = stage->up();
     if (!stage->turnUp()) {
         say("The file defines that " + std::string(stage->up() == UpAxis::Y ? "Y" : "Z") + " points up");
         return;
     }
+    for (Stage* const view : views()) {
+        view->turnView(before);
+    }
+    stage->makeCurrent();
     for (const std::string& file : shownFiles) {
         recent.add(file, stage->up());
     }

@@ -72,7 +72,7 @@ void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
     }
     stage->annotations().notice.clear();
     motion.clear();
-    rememberCamera();
+    stage->rememberCamera();
     SetCapture(window.get());
     stage->camera().onButtonDown(dragOf(gesture.tool()), place.x, place.y);
 }
@@ -111,7 +111,7 @@ void ViewerWindow::release(MouseButton button) {
         markPoint(box.from);
     }
     rest();
-    redraw(Stale::Frame);
+    redraw(Stale::AllViews);
 }
 
 void ViewerWindow::cancelGesture() {
@@ -142,21 +142,23 @@ void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
     if (gesture.isActive()) {
         return;
     }
+    // Only the wheel message has screen coordinates.
+    POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+    ScreenToClient(window.get(), &onScreen);
+    const PixelPlace place = placeOf(MAKELPARAM(onScreen.x, onScreen.y));
     const double notches = static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA;
     if ((GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) != 0 && stage->section() != SectionAxis::None) {
         constexpr double kShareOfANotch = 0.01;
         stage->moveSection(kShareOfANotch * notches);
         saySection();
+        redraw(Stale::AllViews);
         return;
     }
-    // Only the wheel message has screen coordinates.
-    POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
-    ScreenToClient(window.get(), &onScreen);
     refresh();
     if (!isMoving) {
-        rememberCamera();
+        stage->rememberCamera();
     }
-    stage->zoom(notches, placeOf(MAKELPARAM(onScreen.x, onScreen.y)));
+    stage->zoom(notches, place);
     moved();
 }
 
@@ -165,8 +167,11 @@ std::optional<PixelBox> ViewerWindow::drawnRectangle() const {
     return isDrawn ? std::optional(gesture.box()) : std::nullopt;
 }
 
-PixelPlace ViewerWindow::placeOf(LPARAM position) const {
-    return {GET_X_LPARAM(position), clientSizeOf(window.get()).height - 1 - GET_Y_LPARAM(position)};
+PixelPlace ViewerWindow::placeOf(LPARAM position) {
+    const PixelPlace place{GET_X_LPARAM(position),
+                           clientSizeOf(window.get()).height - 1 - GET_Y_LPARAM(position)};
+    chooseView(place);
+    return quartet ? quartet->inActive(place) : place;
 }
 
 }  // namespace qelview

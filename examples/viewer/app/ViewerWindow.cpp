@@ -67,14 +67,16 @@ ViewerWindow::ViewerWindow(Environment around) : environment(std::move(around)) 
 }
 
 ViewerWindow::~ViewerWindow() {
-    if (stage && environment.writeLook) {
+    if (own && environment.writeLook) {
         const double scale = scaleOf(window.get());
         environment.writeLook({static_cast<int>(std::lround(ownSize.width / scale)),
                                static_cast<int>(std::lround(ownSize.height / scale)),
-                               stage->camera().isOrtho()});
+                               own->camera().isOrtho()});
     }
-    // The display releases the window before the window is destroyed.
-    stage.reset();
+    // Displays release their windows before the windows are destroyed.
+    stage = nullptr;
+    quartet.reset();
+    own.reset();
 }
 
 double ViewerWindow::scaleOf(HWND shown) const {
@@ -93,11 +95,12 @@ bool ViewerWindow::open(const Options& options, Scene scene) {
     };
     window = create(pixels(nullptr));
     const std::string title = scene.title;
-    stage = window ? Stage::open(window.get(), std::move(scene)) : nullptr;
-    if (stage == nullptr) {
+    own = window ? Stage::open(window.get(), std::move(scene)) : nullptr;
+    if (own == nullptr) {
         window.reset();
         return false;
     }
+    stage = own.get();
     // The window may have opened on a screen with another resolution than the system's.
     setClientSize(window.get(), pixels(window.get()));
     ownSize = clientSizeOf(window.get());
@@ -158,7 +161,7 @@ OwnedWindow ViewerWindow::create(const ClientSize& size) {
 LRESULT CALLBACK ViewerWindow::dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<ViewerWindow*>(GetWindowLongPtrW(receiver, GWLP_USERDATA));
     // The window is still being created, or is being replaced.
-    if (self != nullptr && self->stage && self->window.get() == receiver &&
+    if (self != nullptr && self->stage != nullptr && self->window.get() == receiver &&
         self->handle(message, wParam, lParam)) {
         return 0;
     }
@@ -209,14 +212,18 @@ void ViewerWindow::changeScale(unsigned dotsPerInch, const RECT& place) {
     stage->setScale(static_cast<double>(dotsPerInch) / USER_DEFAULT_SCREEN_DPI);
     SetWindowPos(window.get(), nullptr, place.left, place.top, place.right - place.left,
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    redraw(Stale::Frame);
+    redraw(Stale::AllViews);
 }
 
 void ViewerWindow::resized(const ClientSize& size) {
     if (size.width > 0 && size.height > 0) {
         ownSize = IsZoomed(window.get()) == FALSE ? size : ownSize;
-        stage->resize(size);
-        redraw(Stale::Frame);
+        own->resize(size);
+        if (quartet) {
+            quartet->resize(size);
+            stage->makeCurrent();
+        }
+        redraw(Stale::AllViews);
     }
 }
 
@@ -230,11 +237,16 @@ void ViewerWindow::paint() {
 }
 
 void ViewerWindow::refresh() {
-    if (stale == Stale::Frame) {
+    if (stale >= Stale::Frame) {
         drawFrame();
     }
     if (stale == Stale::Overlay) {
-        stage->showOverlay(drawnRectangle());
+        if (quartet) {
+            quartet->drawOverlay(drawnRectangle());
+            showQuartet();
+        } else {
+            stage->showOverlay(drawnRectangle());
+        }
     }
     stale = Stale::Nothing;
 }
@@ -243,7 +255,13 @@ void ViewerWindow::drawFrame() {
     const std::size_t parts = budget.partsPerDrawn(isMoving);
     stage->setPartsPerDrawn(parts);
     const double begin = environment.clock();
-    stage->show();
+    if (quartet) {
+        // The others wait while the active view is too slow to be drawn in full.
+        quartet->draw(stale == Stale::AllViews && parts == 1);
+        showQuartet();
+    } else {
+        stage->show();
+    }
     const double milliseconds = environment.clock() - begin;
     stage->setPartsPerDrawn(1);
     budget.addFrameTime(milliseconds, parts);
@@ -254,6 +272,11 @@ void ViewerWindow::drawFrame() {
 
 PixelImage ViewerWindow::picture() {
     refresh();
+    if (quartet) {
+        const PixelImage image = own->imagePicture(quartet->image(), quartet->frame());
+        stage->makeCurrent();
+        return image;
+    }
     const std::optional<PixelBox> rectangle = drawnRectangle();
     return rectangle ? stage->overlayPicture(rectangle) : stage->picture();
 }
@@ -273,7 +296,7 @@ void ViewerWindow::rest() {
     KillTimer(window.get(), kRestTimer);
     isMoving = false;
     if (isThinned) {
-        redraw(Stale::Frame);
+        redraw(Stale::AllViews);
     }
 }
 

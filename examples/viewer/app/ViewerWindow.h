@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "CameraHistory.h"
 #include "Commands.h"
 #include "DetailBudget.h"
 #include "MotionFile.h"
 #include "MouseGesture.h"
 #include "Options.h"
+#include "Quartet.h"
 #include "RecentFiles.h"
 #include "RecentStore.h"
 #include "Scene.h"
@@ -91,7 +91,7 @@ class ViewerWindow {
 
   private:
     /// What must be drawn again.
-    enum class Stale : std::uint8_t { Nothing, Overlay, Frame };
+    enum class Stale : std::uint8_t { Nothing, Overlay, Frame, AllViews };
 
     static LRESULT CALLBACK dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
     [[nodiscard]] OwnedWindow create(const ClientSize& size);
@@ -128,7 +128,7 @@ class ViewerWindow {
     void growPoints(float pixels);
     [[nodiscard]] std::optional<PixelBox> drawnRectangle() const;
     /// The mouse position of a message in the stage's coordinates: y from the lower edge.
-    [[nodiscard]] PixelPlace placeOf(LPARAM position) const;
+    [[nodiscard]] PixelPlace placeOf(LPARAM position);
 
     /// Runs a command. Returns true if it was one.
     bool take(const KeyCommand& wanted);
@@ -139,9 +139,14 @@ class ViewerWindow {
     void turnUp();
     void showAbout();
     void moveByKey(const KeyCommand& wanted);
-    void rememberCamera();
-    void returnToPreviousCamera();
     void reload();
+    void switchQuartet();
+    void closeQuartet();
+    void showQuartet();
+    /// Of four views, that at a place of the window takes mouse and keys, unless a button is held.
+    void chooseView(const PixelPlace& place);
+    /// The one view and the four.
+    [[nodiscard]] std::vector<Stage*> views() const;
     void nextSection();
     void changeSection(const KeyCommand& wanted);
     void saySection();
@@ -151,6 +156,7 @@ class ViewerWindow {
     void chooseRectangle(bool isChosen);
     void switchStereo();
     void captureToFreeName();
+    [[nodiscard]] std::optional<PixelImage> capturedPixels();
     void copyView();
     void nextCaptureSize();
     /// Returns false if loading failed, which keeps the old scene.
@@ -163,7 +169,11 @@ class ViewerWindow {
 
     Environment environment;
     OwnedWindow window;
-    std::unique_ptr<Stage> stage;
+    /// The window's own view.
+    std::unique_ptr<Stage> own;
+    std::unique_ptr<Quartet> quartet;
+    /// The view that mouse and keys use: the own one, or the active one of four.
+    Stage* stage = nullptr;
     std::string captureFile;
     /// How many times as large as the view captures and copies are.
     int captureTimes = 1;
@@ -173,7 +183,6 @@ class ViewerWindow {
     unsigned firstView = 0;
     /// Without the size of a maximised window.
     ClientSize ownSize;
-    CameraHistory cameras;
     Stale stale = Stale::Frame;
     MouseGesture gesture;
     DetailBudget budget;

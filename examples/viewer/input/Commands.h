@@ -35,6 +35,7 @@ enum class Command : std::uint8_t {
     CopyPicture,
     CaptureSize,
     CopyMeasurements,
+    Quartet,
     Section,
     /// Number 0 forward, 1 back.
     MoveSection,
@@ -72,7 +73,7 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 31> kHelpLines{{
+inline constexpr std::array<HelpLine, 32> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
@@ -90,6 +91,7 @@ inline constexpr std::array<HelpLine, 31> kHelpLines{{
     {"Z", "drag a rectangle to zoom into"},
     {"M", "measure between clicked points"},
     {"Ctrl+C", "copy the clicked points as a table"},
+    {"Q", "four views: top, front, right, isometric"},
     {"X", "cut across x, y, z, the view, nothing"},
     {"PageUp, PageDown", "move the cut; also Ctrl with the wheel"},
     {"I", "turn the cut round"},

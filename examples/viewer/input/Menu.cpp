@@ -31,7 +31,7 @@ constexpr std::array<MenuLine, 8> kToolLines{{
     {"&Turn the section round", "I", {Command::FlipSection}},
 }};
 
-constexpr std::array<MenuLine, 21> kViewLines{{
+constexpr std::array<MenuLine, 22> kViewLines{{
     {"&Top", "0", {Command::StandardView, 0}},
     {"&Bottom", "1", {Command::StandardView, 1}},
     {"Bac&k", "2", {Command::StandardView, 2}},
@@ -43,6 +43,7 @@ constexpr std::array<MenuLine, 21> kViewLines{{
     {},
     {"Fit the &model", "F", {Command::Fit}},
     {},
+    {"Four &views", "Q", {Command::Quartet}},
     {"&Orthographic", "O", {Command::SwitchProjection}},
     {"Long &axes", "A", {Command::LongAxes}},
     {"&Y points up", "U", {Command::TurnUp}},

@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 
+#include "FramePixels.h"
 #include "MapTriangles.h"
 #include "QelDisplay64t.h"
 #include "QelGl.h"
@@ -59,13 +60,8 @@ void GlMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsO
 
 PixelImage GlMapPane::picture(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
     draw(frame, view, texts);
-    PixelImage image;
-    image.width = view.width();
-    image.height = view.height();
-    image.rgb.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height) * 3);
     glReadBuffer(GL_BACK);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, image.width, image.height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
+    PixelImage image = readPixels(view.width(), view.height());
     display->present();
     return image;
 }

@@ -148,7 +148,8 @@ void Stage::printAt(double x, double y, const std::string& text) {
 }
 
 bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {
-    if (place.z <= 0.0 || place.z >= 1.0 || (plane && plane->beyond(point) > 0.0)) {
+    if (place.z <= 0.0 || place.z >= 1.0 ||
+        (content.section.plane && content.section.plane->beyond(point) > 0.0)) {
         return true;
     }
     const qel::XPnt3d inFront = camera().getModelPntAt(place.x, place.y);

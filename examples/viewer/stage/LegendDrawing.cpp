@@ -35,13 +35,13 @@ void drawRamp(double left, double bottom, double height) {
 }  // namespace
 
 bool Stage::setColouring(Colouring wanted) {
-    const HeightRange range = content.drawn.heights(content.up);
-    if (!range.isValid()) {
-        return false;
+    if (!content.heightRange.isValid() || content.heightRange.up != content.up) {
+        content.heightRange = content.drawn.heights(content.up);
     }
-    heightRange = range;
-    content.drawn.setColouring(wanted, range);
-    return true;
+    if (content.heightRange.isValid()) {
+        content.drawn.setColouring(wanted, content.heightRange);
+    }
+    return content.heightRange.isValid();
 }
 
 void Stage::drawLegend() {
@@ -59,7 +59,7 @@ void Stage::drawLegend() {
     const QelTmpGlStateCtrl color(kTextColor);
     const qel::XPnt3d origin = upright(content.origin, content.up);
     double nextFree = 0.0;
-    for (const LegendTick& tick : legendTicks(heightRange, origin.z)) {
+    for (const LegendTick& tick : legendTicks(content.heightRange, origin.z)) {
         const double y = bottom + tick.share * height;
         // A low window has no room for all of them.
         if (y >= nextFree) {

@@ -6,6 +6,7 @@
 #include "Commands.h"
 #include "CoordinateText.h"
 #include "Enve2d.h"
+#include "FramePixels.h"
 #include "QelGl.h"
 #include "QelTmpGlStateCtrl.h"
 #include "Stage.h"
@@ -78,15 +79,29 @@ void Stage::drawOverlay(const std::optional<PixelBox>& rectangle) {
     display->endDraw();
 }
 
+void Stage::showImage(const PixelImage& image, const PixelBox& rectangle) {
+    drawImage(image, rectangle);
+    display->present();
+}
+
+PixelImage Stage::imagePicture(const PixelImage& image, const PixelBox& rectangle) {
+    drawImage(image, rectangle);
+    return readBack();
+}
+
+void Stage::drawImage(const PixelImage& image, const PixelBox& rectangle) {
+    display->beginFrame(0);
+    display->beginDraw();
+    beginLayout();
+    drawPixels(image);
+    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
+    drawRectangle(rectangle);
+    display->endDraw();
+}
+
 PixelImage Stage::readBack() {
-    PixelImage image;
-    image.width = static_cast<int>(camera().getWidth());
-    image.height = static_cast<int>(camera().getHeight());
-    image.rgb.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height) * 3);
     glReadBuffer(GL_BACK);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, image.width, image.height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
-    return image;
+    return readPixels(static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight()));
 }
 
 qel::XPnt3d Stage::pointAt(const PixelPlace& place) {

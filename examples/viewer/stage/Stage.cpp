@@ -47,10 +47,11 @@ qel::ref_ptr<IQelDisplay> Stage::attach(HWND window, bool isStereo) {
 
 std::unique_ptr<Stage> Stage::open(HWND window, Scene scene) {
     const qel::ref_ptr<IQelDisplay> display = attach(window, false);
-    return display ? std::unique_ptr<Stage>(new Stage(display, Content(std::move(scene)))) : nullptr;
+    return display ? std::unique_ptr<Stage>(new Stage(display, std::make_shared<Content>(std::move(scene))))
+                   : nullptr;
 }
 
-std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
+std::unique_ptr<Stage> Stage::viewOn(HWND window, bool isStereo) {
     const qel::ref_ptr<IQelDisplay> other = attach(window, isStereo);
     GLboolean hasStereoBuffers = GL_FALSE;
     if (other) {
@@ -60,49 +61,57 @@ std::unique_ptr<Stage> Stage::moveTo(HWND window, bool isStereo) {
         display->makeCurrent();
         return nullptr;
     }
-    std::unique_ptr<Stage> moved(new Stage(other, content));
-    moved->notes = notes;
-    moved->setScale(scale);
-    moved->heightRange = heightRange;
-    moved->setSection(sectionAxis);
-    moved->sectionNormal = sectionNormal;
-    moved->isSectionFlipped = isSectionFlipped;
-    moved->moveSection(sectionShare - moved->sectionShare);
-    moved->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
-    moved->camera().setExtent(camera().getExtent(), false);
-    moved->camera().setCamera(camera().getEye(), camera().getTarget(), camera().getUp());
+    std::unique_ptr<Stage> view(new Stage(other, shared));
+    view->notes = notes;
+    view->cameras = cameras;
+    view->resize({static_cast<int>(camera().getWidth()), static_cast<int>(camera().getHeight())});
+    view->camera().setExtent(camera().getExtent(), false);
+    view->camera().setCamera(camera().getEye(), camera().getTarget(), camera().getUp());
     if (camera().isOrtho()) {
-        moved->switchProjection();
+        view->switchProjection();
     }
-    return moved;
+    return view;
 }
 
-Stage::Stage(qel::ref_ptr<IQelDisplay> attached, Content shown)
+Stage::Stage(qel::ref_ptr<IQelDisplay> attached, std::shared_ptr<Content> shown)
     : display(std::move(attached)),
       symbol(newQelSymbol()),
-      content(std::move(shown)),
+      shared(std::move(shown)),
+      content(*shared),
       underMouse(qel::XPnt3d::invalid()) {
     display->setBackColor(kBackColor);
 }
 
 void Stage::setScene(Scene scene) {
-    // A scene that does not fit into memory leaves the old one.
-    Content other(std::move(scene));
-    display->makeCurrent();
-    textures.release();
-    content = std::move(other);
-    notes.marks.clear();
-    setSection(SectionAxis::None);
-    notes.localFrame.reset();
+    replaceContent(std::move(scene));
+    sceneChanged({});
 }
 
 void Stage::renewScene(Scene scene) {
     const qel::XPnt3d originBefore = content.origin;
     const Colouring colouringBefore = colouring();
-    setScene(std::move(scene));
+    replaceContent(std::move(scene));
     setColouring(colouringBefore);
-    // The view shows the same coordinates of the files, wherever the scene's own origin is now.
-    const qel::XPnt3d moved = originBefore - content.origin;
+    sceneChanged(originBefore);
+}
+
+void Stage::replaceContent(Scene&& scene) {
+    // A scene that does not fit into memory leaves the old one.
+    Content other(std::move(scene));
+    other.scale = content.scale;
+    content = std::move(other);
+}
+
+void Stage::sceneChanged(const std::optional<qel::XPnt3d>& originBefore) {
+    display->makeCurrent();
+    textures.release();
+    notes.marks.clear();
+    notes.localFrame.reset();
+    if (!originBefore) {
+        cameras.clear();
+        return;
+    }
+    const qel::XPnt3d moved = *originBefore - content.origin;
     const qel::XPnt3d middle = content.extent.MidPoint();
     camera().setExtent(content.extent, false);
     camera().setRotationCenter(middle.x, middle.y, middle.z);
@@ -113,12 +122,16 @@ CameraState Stage::cameraState() {
     return {{camera().getEye(), camera().getTarget(), camera().getUp()}, camera().isOrtho()};
 }
 
-void Stage::setCameraState(const CameraState& state) {
-    camera().setPerspective();
-    camera().setCamera(state.place.eye, state.place.target, state.place.up);
-    if (state.isOrthographic) {
-        switchProjection();
+bool Stage::returnToPreviousCamera() {
+    const std::optional<CameraState> before = cameras.back(cameraState());
+    if (before) {
+        camera().setPerspective();
+        camera().setCamera(before->place.eye, before->place.target, before->place.up);
+        if (before->isOrthographic) {
+            switchProjection();
+        }
     }
+    return before.has_value();
 }
 
 std::string Stage::driverText() {
@@ -150,12 +163,14 @@ bool Stage::turnUp() {
     if (content.isUpKnown) {
         return false;
     }
-    const UpAxis before = content.up;
-    content.up = before == UpAxis::Y ? UpAxis::Z : UpAxis::Y;
+    content.up = content.up == UpAxis::Y ? UpAxis::Z : UpAxis::Y;
     setColouring(colouring());
+    return true;
+}
+
+void Stage::turnView(UpAxis before) {
     turnCamera(before, content.up);
     fit();
-    return true;
 }
 
 void Stage::turnCamera(UpAxis from, UpAxis to) {

@@ -49,24 +49,31 @@ class Stage {
   public:
     /// Null if the window gets no OpenGL context.
     [[nodiscard]] static std::unique_ptr<Stage> open(HWND window, Scene scene);
-    /// The same scene and camera on another window; null, with nothing changed, if that gets no context of
-    /// the wanted kind.
-    [[nodiscard]] std::unique_ptr<Stage> moveTo(HWND window, bool isStereo);
+    /// Another view of the same scene, with the same camera, on another window; null, with nothing changed, if
+    /// that gets no context of the wanted kind. Colours, cut and the axis that points up are those of all views.
+    [[nodiscard]] std::unique_ptr<Stage> viewOn(HWND window, bool isStereo);
 
-    /// Another scene; the view stays as it is.
+    /// Another scene, in all views; call `sceneChanged` of the others. The camera stays as it is.
     void setScene(Scene scene);
-    /// The same scene as its files are now: camera and colours stay.
+    /// The same scene as its files are now: colours stay, and the camera shows the same coordinates of the files.
     void renewScene(Scene scene);
+    /// Drops what the view has of the scene before.
+    /// @param originBefore that of the scene before, if the camera shall show the same coordinates of the files.
+    void sceneChanged(const std::optional<qel::XPnt3d>& originBefore);
+    /// Of the scene, in the coordinates of the files.
+    [[nodiscard]] const qel::XPnt3d& origin() const { return content.origin; }
     void resize(const ClientSize& size);
     /// How many pixels a pixel of a screen of 96 dots per inch is; 1 at first. Texts, lines and margins follow it.
-    void setScale(double pixels) { scale = pixels; }
+    void setScale(double pixels) { content.scale = pixels; }
     /// One of the eight standard views, filled by the scene.
     void setView(unsigned number);
     /// The axis of the scene's coordinates that points up.
     [[nodiscard]] UpAxis up() const { return content.up; }
-    /// Turns the scene, in the same view, so that the other of Y and Z points up; false, with nothing
+    /// From now on the other of Y and Z points up, in all views; call their `turnView`. False, with nothing
     /// changed, if a file says itself what points up.
     bool turnUp();
+    /// Sees the scene with one axis up as before with the other.
+    void turnView(UpAxis before);
     /// What was left out of the files, one line each.
     [[nodiscard]] const std::vector<std::string>& warnings() const { return content.warnings; }
     /// Fills the view without turning it: as near as all of the scene stays inside.
@@ -78,11 +85,15 @@ class Stage {
     void zoom(double notches, const PixelPlace& place);
     /// Makes the part of the scene that a rectangle shows fill the view.
     void zoomInto(const PixelBox& rectangle);
-    [[nodiscard]] CameraState cameraState();
-    void setCameraState(const CameraState& state);
+    /// Before the camera moves: a way back.
+    void rememberCamera() { cameras.add(cameraState()); }
+    /// False if there is no camera to return to.
+    bool returnToPreviousCamera();
     /// Rotates from now on about the point that is shown at a place.
     void rotateAbout(const PixelPlace& place);
     [[nodiscard]] IQelTrackBall& camera() { return *display->getTrackBall(); }
+    /// Needed before the camera moves if another view has been drawn.
+    void makeCurrent() { display->makeCurrent(); }
     /// What draws: the renderer and the version of OpenGL, one a line.
     [[nodiscard]] std::string driverText();
     [[nodiscard]] bool isStereo() { return display->isStereo(); }
@@ -109,7 +120,7 @@ class Stage {
 
     /// Cuts the scene by a plane through its middle.
     void setSection(SectionAxis axis);
-    [[nodiscard]] SectionAxis section() const { return sectionAxis; }
+    [[nodiscard]] SectionAxis section() const { return content.section.axis; }
     /// @param share of the scene's size along the plane's normal.
     void moveSection(double share);
     /// Shows what was cut away, and cuts away what was shown.
@@ -124,15 +135,29 @@ class Stage {
     /// Shows the last frame again with the strip of the moment and, over everything, a rectangle.
     void showOverlay(const std::optional<PixelBox>& rectangle);
     [[nodiscard]] PixelImage overlayPicture(const std::optional<PixelBox>& rectangle);
+    /// Shows a picture in place of the scene, with a rectangle over it.
+    void showImage(const PixelImage& image, const PixelBox& rectangle);
+    [[nodiscard]] PixelImage imagePicture(const PixelImage& image, const PixelBox& rectangle);
     /// Writes the view, without strip, help and notice, into a PNG file if its name ends so, else into a BMP file. Of pictures for BMP
     /// whose width is not a multiple of four the last pixels of each row are left out, because programs disagree about such files.
     /// @param times how many times as large as the view.
     [[nodiscard]] CaptureEnd capture(const std::filesystem::path& file, int times = 1);
     /// The same picture as pixels; nothing if the driver cannot draw it so large.
     [[nodiscard]] std::optional<PixelImage> capturedPixels(int times = 1);
+    /// Writes captured pixels as `capture` does.
+    [[nodiscard]] CaptureEnd write(const std::filesystem::path& file, const std::optional<PixelImage>& image);
 
   private:
-    /// A scene and what is asked of it again and again.
+    struct Section {
+        SectionAxis axis = SectionAxis::None;
+        qel::XPnt3d normal;
+        double share = 0.5;
+        bool isFlipped = false;
+        std::optional<SectionPlane> plane;
+        /// Where it meets meshes.
+        Points lines;
+    };
+    /// A scene and what all its views share.
     struct Content {
         explicit Content(Scene&& scene);
         qel::Enve3d extent;
@@ -146,31 +171,37 @@ class Stage {
         std::vector<std::string> warnings;
         /// Takes what the others were made from.
         HostScene drawn;
+        /// What the colours of heights stand for.
+        HeightRange heightRange = HeightRange::nothing(UpAxis::Z);
+        Section section;
+        double scale = 1.0;
     };
 
-    Stage(qel::ref_ptr<IQelDisplay> attached, Content shown);
+    Stage(qel::ref_ptr<IQelDisplay> attached, std::shared_ptr<Content> shown);
     [[nodiscard]] static qel::ref_ptr<IQelDisplay> attach(HWND window, bool isStereo);
 
-    /// Turns the camera about its target, so that it sees the scene with one axis up as before with the
-    /// other.
+    void replaceContent(Scene&& scene);
+    [[nodiscard]] CameraState cameraState();
     void turnCamera(UpAxis from, UpAxis to);
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
     [[nodiscard]] double aspect();
     /// What a fitted scene may fill: the view without its heading.
     [[nodiscard]] UsableView usableView();
-    [[nodiscard]] CaptureEnd captureBitmap(const std::filesystem::path& file, int times);
-    [[nodiscard]] CaptureEnd capturePng(const std::filesystem::path& file, int times);
+    [[nodiscard]] CaptureEnd writeBitmap(const std::filesystem::path& file, const PixelImage& image);
+    /// The whole view becomes a bitmap of this size.
+    [[nodiscard]] bool beginCapture(int width, int height, const std::wstring& file);
     void drawCapture(int times);
+    void drawImage(const PixelImage& image, const PixelBox& rectangle);
     /// Coordinates of layout, with the origin at the lower left; what is drawn in them is as large on every screen.
     void beginLayout();
     /// Pixels of a unit of layout.
-    [[nodiscard]] double unit() const { return scale * captureTimes; }
+    [[nodiscard]] double unit() const { return content.scale * captureTimes; }
     [[nodiscard]] qel::XPnt3d inLayout(const qel::XPnt3d& pixel) const {
         return {pixel.x / unit(), pixel.y / unit(), pixel.z};
     }
-    [[nodiscard]] double layoutWidth() { return static_cast<double>(camera().getWidth()) / scale; }
-    [[nodiscard]] double layoutHeight() { return static_cast<double>(camera().getHeight()) / scale; }
+    [[nodiscard]] double layoutWidth() { return static_cast<double>(camera().getWidth()) / content.scale; }
+    [[nodiscard]] double layoutHeight() { return static_cast<double>(camera().getHeight()) / content.scale; }
     [[nodiscard]] int letterHeight(double units) const;
     /// The camera that OpenGL holds.
     [[nodiscard]] PixelView pixelView();
@@ -214,24 +245,17 @@ class Stage {
 
     qel::ref_ptr<IQelDisplay> display;
     qel::ref_ptr<IQelSymbol> symbol;
-    Content content;
+    std::shared_ptr<Content> shared;
+    Content& content;
+    CameraHistory cameras;
     /// Of the context that is drawn to: the window's, but for a capture.
     HostTextures textures;
     Annotations notes;
     qel::XPnt3d underMouse;
     std::size_t partsPerDrawn = 1;
-    SectionAxis sectionAxis = SectionAxis::None;
-    qel::XPnt3d sectionNormal;
-    double sectionShare = 0.5;
-    bool isSectionFlipped = false;
-    std::optional<SectionPlane> plane;
-    Points sectionLines;
-    double scale = 1.0;
     /// Of the picture that is drawn: more than 1 in captures only.
     int captureTimes = 1;
     ScreenFont font;
-    /// What the colours of heights stand for.
-    HeightRange heightRange;
 };
 
 }  // namespace qelview

@@ -7,7 +7,7 @@
 #include "BitmapFile.h"
 #include "CaptureName.h"
 #include "Enve2d.h"
-#include "QelGl.h"
+#include "FramePixels.h"
 #include "QelHostKit.h"
 #include "Stage.h"
 
@@ -29,22 +29,6 @@ CaptureEnd endOf(const std::filesystem::path& file, std::uint32_t width, std::ui
     return isWholeBitmap(file, width, height) ? CaptureEnd::Whole : CaptureEnd::NotWhole;
 }
 
-bool begin(IQelDisplay& display, std::uint32_t width, std::uint32_t height, double viewWidth,
-           double viewHeight, const std::wstring& file) {
-    qel::Enve2d part(0.0, 0.0, viewWidth, viewHeight);
-    return display.beginCapture(width, height, &part, QString::fromStdWString(file)) == 0;
-}
-
-/// Of the bitmap, which is current.
-PixelImage readPixels(int width, int height) {
-    PixelImage image{
-        width, height,
-        std::vector<std::uint8_t>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)};
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
-    return image;
-}
-
 }  // namespace
 
 std::string reasonOf(CaptureEnd end) {
@@ -59,31 +43,18 @@ std::string reasonOf(CaptureEnd end) {
 }
 
 CaptureEnd Stage::capture(const std::filesystem::path& file, int times) {
+    return write(file, capturedPixels(times));
+}
+
+CaptureEnd Stage::write(const std::filesystem::path& file, const std::optional<PixelImage>& image) {
+    if (!image) {
+        return CaptureEnd::TooLarge;
+    }
     if (!removeOldPicture(file)) {
         return CaptureEnd::NotWritten;
     }
-    return hasPngEnding(file) ? capturePng(file, times) : captureBitmap(file, times);
-}
-
-CaptureEnd Stage::captureBitmap(const std::filesystem::path& file, int times) {
-    const auto wholeWidth =
-        static_cast<std::uint32_t>(camera().getWidth()) * static_cast<std::uint32_t>(times);
-    const std::uint32_t width = wholeWidth < 4 ? wholeWidth : wholeWidth / 4 * 4;
-    const auto height = static_cast<std::uint32_t>(camera().getHeight()) * static_cast<std::uint32_t>(times);
-    const auto viewHeight = static_cast<double>(camera().getHeight());
-    qel::fitClippingPlanes(camera(), content.extent);
-    if (!begin(*display, width, height, static_cast<double>(width) / times, viewHeight, file.wstring())) {
-        return CaptureEnd::TooLarge;
-    }
-    drawCapture(times);
-    display->saveBitmap();
-    return endOf(file, width, height);
-}
-
-CaptureEnd Stage::capturePng(const std::filesystem::path& file, int times) {
-    const std::optional<PixelImage> image = capturedPixels(times);
-    if (!image) {
-        return CaptureEnd::TooLarge;
+    if (!hasPngEnding(file)) {
+        return writeBitmap(file, *image);
     }
     if (writePng(file, *image)) {
         return CaptureEnd::Whole;
@@ -92,13 +63,30 @@ CaptureEnd Stage::capturePng(const std::filesystem::path& file, int times) {
     return std::filesystem::exists(file, error) ? CaptureEnd::NotWhole : CaptureEnd::NotWritten;
 }
 
+CaptureEnd Stage::writeBitmap(const std::filesystem::path& file, const PixelImage& image) {
+    const int width = image.width < 4 ? image.width : image.width / 4 * 4;
+    if (!beginCapture(width, image.height, file.wstring())) {
+        return CaptureEnd::TooLarge;
+    }
+    display->setOrtho2D();
+    drawPixels(image);
+    display->saveBitmap();
+    return endOf(file, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(image.height));
+}
+
+bool Stage::beginCapture(int width, int height, const std::wstring& file) {
+    qel::Enve2d all(0.0, 0.0, static_cast<double>(camera().getWidth()),
+                    static_cast<double>(camera().getHeight()));
+    return display->beginCapture(static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height), &all,
+                                 QString::fromStdWString(file)) == 0;
+}
+
 std::optional<PixelImage> Stage::capturedPixels(int times) {
     const int width = static_cast<int>(camera().getWidth()) * times;
     const int height = static_cast<int>(camera().getHeight()) * times;
     qel::fitClippingPlanes(camera(), content.extent);
     // The pixels are read before the display writes its file, which goes nowhere.
-    if (!begin(*display, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
-               static_cast<double>(camera().getWidth()), static_cast<double>(camera().getHeight()), L"NUL")) {
+    if (!beginCapture(width, height, L"NUL")) {
         return std::nullopt;
     }
     drawCapture(times);

@@ -51,45 +51,44 @@ std::pair<double, double> rangeAlong(const qel::XPnt3d& direction, const qel::En
 }  // namespace
 
 void Stage::setSection(SectionAxis axis) {
-    sectionAxis = axis;
-    sectionShare = 0.5;
-    isSectionFlipped = false;
-    sectionNormal = axis == SectionAxis::X   ? qel::XPnt3d(1.0, 0.0, 0.0)
-                    : axis == SectionAxis::Y ? qel::XPnt3d(0.0, 1.0, 0.0)
-                    : axis == SectionAxis::Z ? qel::XPnt3d(0.0, 0.0, 1.0)
-                                             : camera().getEye() - camera().getTarget();
-    sectionNormal.normalize();
+    content.section = {axis};
+    qel::XPnt3d& normal = content.section.normal;
+    normal = axis == SectionAxis::X   ? qel::XPnt3d(1.0, 0.0, 0.0)
+             : axis == SectionAxis::Y ? qel::XPnt3d(0.0, 1.0, 0.0)
+             : axis == SectionAxis::Z ? qel::XPnt3d(0.0, 0.0, 1.0)
+                                      : camera().getEye() - camera().getTarget();
+    normal.normalize();
     cutScene();
 }
 
 void Stage::moveSection(double share) {
-    sectionShare = std::clamp(sectionShare + share, 0.0, 1.0);
+    content.section.share = std::clamp(content.section.share + share, 0.0, 1.0);
     cutScene();
 }
 
 void Stage::flipSection() {
-    isSectionFlipped = !isSectionFlipped;
+    content.section.isFlipped = !content.section.isFlipped;
     cutScene();
 }
 
 void Stage::cutScene() {
-    if (sectionAxis == SectionAxis::None) {
-        plane.reset();
-        sectionLines.clear();
+    Section& section = content.section;
+    if (section.axis == SectionAxis::None) {
         return;
     }
-    const auto [low, high] = rangeAlong(sectionNormal, content.extent);
-    const double place = low + sectionShare * (high - low);
-    plane =
-        isSectionFlipped ? SectionPlane{sectionNormal * -1.0, -place} : SectionPlane{sectionNormal, place};
-    sectionLines = content.drawn.sectionLines(*plane);
+    const auto [low, high] = rangeAlong(section.normal, content.extent);
+    const double place = low + section.share * (high - low);
+    section.plane =
+        section.isFlipped ? SectionPlane{section.normal * -1.0, -place} : SectionPlane{section.normal, place};
+    section.lines = content.drawn.sectionLines(*section.plane);
 }
 
 std::string Stage::sectionText() const {
-    const double place =
-        (isSectionFlipped ? -plane->offset : plane->offset) + qel::dot(sectionNormal, content.origin);
+    const Section& section = content.section;
+    const double place = (section.isFlipped ? -section.plane->offset : section.plane->offset) +
+                         qel::dot(section.normal, content.origin);
     const std::string text = decimalText(place, content.extent.getDiagonal());
-    switch (sectionAxis) {
+    switch (section.axis) {
         case SectionAxis::X:
             return "x = " + text;
         case SectionAxis::Y:
@@ -103,15 +102,15 @@ std::string Stage::sectionText() const {
 
 void Stage::drawScene() {
     {
-        const ClipScope clip(plane);
+        const ClipScope clip(content.section.plane);
         content.drawn.draw(*symbol, pixelView(), textures,
-                           {partsPerDrawn, static_cast<float>(unit()), plane});
+                           {partsPerDrawn, static_cast<float>(unit()), content.section.plane});
     }
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
     const QelTmpGlStateCtrl color(kOutlineColor);
     glLineWidth(static_cast<GLfloat>(kOutlineWidth * unit()));
     glBegin(GL_LINES);
-    for (const qel::XPnt3d& point : sectionLines) {
+    for (const qel::XPnt3d& point : content.section.lines) {
         glVertex3d(point.x, point.y, point.z);
     }
     glEnd();

@@ -7,28 +7,27 @@ namespace qelview {
 
 namespace {
 
-constexpr int kGap = 4;
 constexpr std::size_t kChannels = 3;
-constexpr std::uint8_t kGapShade = 92;
+constexpr std::uint8_t betweenShade = 92;
 
 }  // namespace
 
-TileSheet::TileSheet(int columns, int rows, int tileWidth, int tileHeight)
-    : columnCount(columns), rowCount(rows), width(tileWidth), height(tileHeight) {
-    sheet.width = columns * (tileWidth + kGap) + kGap;
-    sheet.height = rows * (tileHeight + kGap) + kGap;
+TileSheet::TileSheet(int columns, int rows, int tileWidth, int tileHeight, int gap)
+    : columnCount(columns), rowCount(rows), width(tileWidth), height(tileHeight), between(gap) {
+    sheet.width = columns * (tileWidth + between) + between;
+    sheet.height = rows * (tileHeight + between) + between;
     sheet.rgb.assign(
         static_cast<std::size_t>(sheet.width) * static_cast<std::size_t>(sheet.height) * kChannels,
-        kGapShade);
+        betweenShade);
 }
 
 void TileSheet::add(const PixelImage& tile) {
     if (taken == columnCount * rowCount) {
         return;
     }
-    const int left = kGap + taken % columnCount * (width + kGap);
+    const int left = between + taken % columnCount * (width + between);
     // Rows of pixels go from bottom to top.
-    const int bottom = kGap + (rowCount - 1 - taken / columnCount) * (height + kGap);
+    const int bottom = between + (rowCount - 1 - taken / columnCount) * (height + between);
     const std::size_t bytes = static_cast<std::size_t>(std::min(tile.width, width)) * kChannels;
     for (int y = 0; y < std::min(tile.height, height); ++y) {
         const std::size_t from =

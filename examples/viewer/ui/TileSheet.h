@@ -7,8 +7,11 @@ namespace qelview {
 /// Pictures of one size in rows and columns.
 class TileSheet {
   public:
+    static constexpr int kGap = 4;
+
     /// @param tileWidth, tileHeight size of a picture in pixels.
-    TileSheet(int columns, int rows, int tileWidth, int tileHeight);
+    /// @param gap between the pictures and around them, in pixels.
+    TileSheet(int columns, int rows, int tileWidth, int tileHeight, int gap = kGap);
 
     /// Adds a picture at the next place, row by row from the upper left. A picture larger than a tile is
     /// cropped at the right and at the top. When all places are taken, it does nothing.
@@ -22,6 +25,7 @@ class TileSheet {
     int rowCount;
     int width;
     int height;
+    int between;
     int taken = 0;
 };
 

@@ -75,6 +75,7 @@ void showMarks(HMENU bar, const MenuMarks& marks) {
     mark(Command::TurnUp, marks.hasYUp);
     mark(Command::Stereo, marks.isStereo);
     mark(Command::Measure, marks.isMeasuring);
+    mark(Command::Quartet, marks.isQuartet);
 }
 
 }  // namespace qelview

@@ -14,6 +14,7 @@ struct MenuMarks {
     bool hasYUp = false;
     bool isStereo = false;
     bool isMeasuring = false;
+    bool isQuartet = false;
 };
 
 /// Creates the menu bar for a new window, which destroys it. Null if it cannot be created.

@@ -151,7 +151,7 @@ TEST_F(ViewerStage, MovesToAnotherWindowWithItsCamera) {
         stage->show();
         const qelview::PixelImage before = stage->picture();
         const qelview::OwnedWindow other = qelview::createHiddenWindow({320, 200});
-        std::unique_ptr<Stage> moved = stage->moveTo(other.get(), false);
+        std::unique_ptr<Stage> moved = stage->viewOn(other.get(), false);
         ASSERT_NE(moved, nullptr);
         EXPECT_EQ(moved->camera().isOrtho(), isOrthographic);
         EXPECT_EQ(qel::dist(moved->camera().getEye(), stage->camera().getEye()), 0.0);

@@ -128,7 +128,7 @@ TEST_F(StageTextures, OfAnotherSceneReplaceThem) {
 TEST_F(StageTextures, MoveToAnotherWindow) {
     stage->show();
     const qelview::OwnedWindow other = qelview::createHiddenWindow({320, 200});
-    std::unique_ptr<Stage> moved = stage->moveTo(other.get(), false);
+    std::unique_ptr<Stage> moved = stage->viewOn(other.get(), false);
     ASSERT_NE(moved, nullptr);
     stage = std::move(moved);
     expectFourColours(stage->picture());

@@ -1,0 +1,129 @@
+#include "Quartet.h"
+
+#include <algorithm>
+
+#include "TileSheet.h"
+
+namespace qelview {
+
+namespace {
+
+constexpr int kGap = TileSheet::kGap;
+constexpr std::array<unsigned, 4> kViews{qel::ViewTop, qel::ViewFront, qel::ViewRight, qel::ViewIsometric};
+
+}  // namespace
+
+std::unique_ptr<Quartet> Quartet::open(Stage& one, const ClientSize& size) {
+    auto quartet = std::make_unique<Quartet>();
+    for (View& view : quartet->views) {
+        view.window = createHiddenWindow(size);
+        view.stage = view.window ? one.viewOn(view.window.get(), false) : nullptr;
+        if (view.stage == nullptr) {
+            return nullptr;
+        }
+    }
+    quartet->resize(size);
+    quartet->setViews();
+    return quartet;
+}
+
+void Quartet::resize(const ClientSize& size) {
+    tile = {std::max((size.width - 3 * kGap) / 2, 1), std::max((size.height - 3 * kGap) / 2, 1)};
+    for (const View& view : views) {
+        setClientSize(view.window.get(), tile);
+        view.stage->resize(tile);
+    }
+}
+
+void Quartet::setViews() {
+    for (std::size_t i = 0; i < views.size(); ++i) {
+        Stage& stage = *views.at(i).stage;
+        // Drawings are read and compared along the axes.
+        if (kViews.at(i) != qel::ViewIsometric && !stage.camera().isOrtho()) {
+            stage.switchProjection();
+        }
+        stage.setView(kViews.at(i));
+    }
+}
+
+void Quartet::sceneChanged(const std::optional<qel::XPnt3d>& originBefore) {
+    for (const View& view : views) {
+        view.stage->sceneChanged(originBefore);
+    }
+    if (!originBefore) {
+        setViews();
+    }
+}
+
+bool Quartet::choose(const PixelPlace& place) {
+    const std::size_t column = place.x < cornerOf(1).x ? 0 : 1;
+    const std::size_t row = place.y < cornerOf(0).y ? 1 : 0;
+    const std::size_t wanted = 2 * row + column;
+    if (wanted == chosen) {
+        return false;
+    }
+    active().annotations().mouse.reset();
+    active().annotations().notice.clear();
+    drawOverlay({});
+    chosen = wanted;
+    return true;
+}
+
+PixelPlace Quartet::cornerOf(std::size_t view) const {
+    const bool isRight = view % 2 == 1;
+    const bool isUpper = view < 2;
+    return {isRight ? 2 * kGap + tile.width : kGap, isUpper ? 2 * kGap + tile.height : kGap};
+}
+
+PixelPlace Quartet::inActive(const PixelPlace& place) const {
+    const PixelPlace corner = cornerOf(chosen);
+    return {place.x - corner.x, place.y - corner.y};
+}
+
+PixelBox Quartet::frame() const {
+    constexpr int kHalfGap = kGap / 2;
+    const PixelPlace corner = cornerOf(chosen);
+    return {{corner.x - kHalfGap, corner.y - kHalfGap},
+            {corner.x + tile.width + kHalfGap - 1, corner.y + tile.height + kHalfGap - 1}};
+}
+
+std::array<Stage*, 4> Quartet::stages() {
+    return {views[0].stage.get(), views[1].stage.get(), views[2].stage.get(), views[3].stage.get()};
+}
+
+void Quartet::draw(bool all) {
+    const Annotations& notes = active().annotations();
+    for (View& view : views) {
+        if (all || view.stage.get() == &active()) {
+            view.stage->annotations().marks = notes.marks;
+            view.stage->annotations().isMeasuring = notes.isMeasuring;
+            view.picture = view.stage->picture();
+        }
+    }
+}
+
+void Quartet::drawOverlay(const std::optional<PixelBox>& rectangle) {
+    views.at(chosen).picture = active().overlayPicture(rectangle);
+}
+
+PixelImage Quartet::image() const {
+    TileSheet sheet(2, 2, tile.width, tile.height);
+    for (const View& view : views) {
+        sheet.add(view.picture);
+    }
+    return sheet.image();
+}
+
+std::optional<PixelImage> Quartet::capturedPixels(int times) {
+    TileSheet sheet(2, 2, tile.width * times, tile.height * times, kGap * times);
+    for (const View& view : views) {
+        const std::optional<PixelImage> captured = view.stage->capturedPixels(times);
+        if (!captured) {
+            return std::nullopt;
+        }
+        sheet.add(*captured);
+    }
+    return sheet.image();
+}
+
+}  // namespace qelview
