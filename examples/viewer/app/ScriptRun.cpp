@@ -32,7 +32,8 @@ void send(const ViewerWindow& viewer, UINT message, WPARAM wParam, LPARAM lParam
 void pressOrRelease(const ViewerWindow& viewer, const ScriptStep& step) {
     const ButtonMessages& button = kButtonMessages.at(static_cast<std::size_t>(step.button));
     const bool isDown = step.action == ScriptAction::Down;
-    const WPARAM keys = (isDown ? button.held : 0) | (step.withShift ? WPARAM{MK_SHIFT} : WPARAM{0});
+    const WPARAM keys = (isDown ? button.held : 0) | (step.withShift ? WPARAM{MK_SHIFT} : WPARAM{0}) |
+                        (step.withControl ? WPARAM{MK_CONTROL} : WPARAM{0});
     send(viewer, isDown ? button.down : button.up, keys, MAKELPARAM(step.x, step.y));
 }
 

@@ -67,7 +67,9 @@ void ViewerWindow::press(MouseButton button, WPARAM wParam, LPARAM position) {
     const PixelPlace place = placeOf(position);
     // The drag starts from the picture that the user saw at the press.
     refresh();
-    if (!gesture.press(button, (wParam & MK_SHIFT) != 0, choosesRectangle, place)) {
+    const LeftButton left{choosesRectangle, (wParam & MK_SHIFT) != 0,
+                          (wParam & MK_CONTROL) != 0 && stage->section() != SectionAxis::None};
+    if (!gesture.press(button, left, place)) {
         return;
     }
     stage->annotations().notice.clear();
@@ -83,14 +85,23 @@ void ViewerWindow::moveMouse(const PixelPlace& place) {
         TRACKMOUSEEVENT tracking{sizeof tracking, TME_LEAVE, window.get(), 0};
         TrackMouseEvent(&tracking);
         redraw(Stale::Overlay);
-    } else if (gesture.move(place)) {
-        if (gesture.tool() == DragTool::Rectangle) {
-            redraw(Stale::Overlay);
-        } else {
-            stage->camera().onMouseMove(place.x, place.y);
-            moved();
-        }
+        return;
     }
+    const PixelPlace before = gesture.box().to;
+    if (!gesture.move(place)) {
+        return;
+    }
+    if (gesture.tool() == DragTool::Rectangle) {
+        redraw(Stale::Overlay);
+        return;
+    }
+    if (gesture.tool() == DragTool::Section) {
+        stage->dragSection(before, place);
+        saySection();
+    } else {
+        stage->camera().onMouseMove(place.x, place.y);
+    }
+    moved();
 }
 
 void ViewerWindow::release(MouseButton button) {
@@ -151,7 +162,6 @@ void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {
         constexpr double kShareOfANotch = 0.01;
         stage->moveSection(kShareOfANotch * notches);
         saySection();
-        redraw(Stale::AllViews);
         return;
     }
     refresh();

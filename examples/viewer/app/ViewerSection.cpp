@@ -29,6 +29,7 @@ void ViewerWindow::saySection() {
     const bool isCut = stage->section() != SectionAxis::None;
     say(isCut ? "Section " + stage->sectionText() + "; PageUp and PageDown move it, I turns it round"
               : "No section");
+    redraw(Stale::AllViews);
 }
 
 }  // namespace qelview

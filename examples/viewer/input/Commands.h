@@ -93,7 +93,7 @@ inline constexpr std::array<HelpLine, 32> kHelpLines{{
     {"Ctrl+C", "copy the clicked points as a table"},
     {"Q", "four views: top, front, right, isometric"},
     {"X", "cut across x, y, z, the view, nothing"},
-    {"PageUp, PageDown", "move the cut; also Ctrl with the wheel"},
+    {"PageUp, PageDown", "move the cut; also Ctrl with wheel or left button"},
     {"I", "turn the cut round"},
     {"E", "colour by elevation, plainly, or as the files say"},
     {"P", "larger points"},

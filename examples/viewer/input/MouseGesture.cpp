@@ -6,19 +6,14 @@ namespace qelview {
 
 namespace {
 
-DragTool toolOf(MouseButton button, bool withShift, bool drawsRectangle) {
-    switch (button) {
-        case MouseButton::Middle:
-            return DragTool::Pan;
-        case MouseButton::Right:
-            return DragTool::Zoom;
-        default:
-            break;
+DragTool toolOf(MouseButton button, const LeftButton& left) {
+    if (button != MouseButton::Left) {
+        return button == MouseButton::Middle ? DragTool::Pan : DragTool::Zoom;
     }
-    if (drawsRectangle) {
-        return DragTool::Rectangle;
-    }
-    return withShift ? DragTool::Pan : DragTool::Rotate;
+    return left.drawsRectangle ? DragTool::Rectangle
+           : left.pans         ? DragTool::Pan
+           : left.movesSection ? DragTool::Section
+                               : DragTool::Rotate;
 }
 
 }  // namespace
@@ -31,12 +26,12 @@ int PixelBox::height() const {
     return std::abs(to.y - from.y);
 }
 
-bool MouseGesture::press(MouseButton button, bool withShift, bool drawsRectangle, const PixelPlace& place) {
+bool MouseGesture::press(MouseButton button, const LeftButton& left, const PixelPlace& place) {
     if (held) {
         return false;
     }
     held = button;
-    driven = toolOf(button, withShift, drawsRectangle);
+    driven = toolOf(button, left);
     isDragged = false;
     path = {place, place};
     return true;

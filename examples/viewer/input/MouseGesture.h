@@ -26,7 +26,14 @@ struct PixelBox {
 enum class MouseButton : std::uint8_t { Left, Middle, Right };
 
 /// What a drag does.
-enum class DragTool : std::uint8_t { Nothing, Pan, Rotate, Zoom, Rectangle };
+enum class DragTool : std::uint8_t { Nothing, Pan, Rotate, Zoom, Rectangle, Section };
+
+/// What the left button drives in place of a rotation; the first one counts.
+struct LeftButton {
+    bool drawsRectangle = false;
+    bool pans = false;
+    bool movesSection = false;
+};
 
 /// A gesture from the press of a mouse button to its release: which tool it drives, and whether it was a
 /// click.
@@ -35,9 +42,9 @@ class MouseGesture {
     /// How far the mouse may move in a click, in pixels.
     static constexpr int kClickReach = 3;
 
-    /// Starts a gesture: left rotates, or pans with shift, or draws a rectangle; middle pans, right zooms.
-    /// Returns false for another button while one is held, which changes nothing.
-    bool press(MouseButton button, bool withShift, bool drawsRectangle, const PixelPlace& place);
+    /// Starts a gesture: middle pans, right zooms. Returns false for another button while one is held, which
+    /// changes nothing.
+    bool press(MouseButton button, const LeftButton& left, const PixelPlace& place);
     /// Follows the mouse. Returns true if the tool must act: not while it may still be a click.
     bool move(const PixelPlace& place);
     /// Ends the gesture of this button; ignores other buttons.

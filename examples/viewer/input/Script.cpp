@@ -26,9 +26,9 @@ struct Verb {
 constexpr std::array<Verb, 12> kVerbs{{
     {"size", ScriptAction::Size, Operands::Place, "size WIDTH HEIGHT", "resizes the view"},
     {"move", ScriptAction::Move, Operands::Place, "move X Y", "moves the mouse"},
-    {"down", ScriptAction::Down, Operands::ButtonAndPlace, "down left|middle|right X Y [shift]",
+    {"down", ScriptAction::Down, Operands::ButtonAndPlace, "down left|middle|right X Y [shift|ctrl]",
      "presses a button"},
-    {"up", ScriptAction::Up, Operands::ButtonAndPlace, "up left|middle|right X Y [shift]",
+    {"up", ScriptAction::Up, Operands::ButtonAndPlace, "up left|middle|right X Y [shift|ctrl]",
      "releases a button"},
     {"wheel", ScriptAction::Wheel, Operands::NotchesAndPlace, "wheel NOTCHES X Y",
      "turns the wheel; positive is away from the user"},
@@ -82,9 +82,9 @@ MouseButton readButton(std::string_view word, const TextLines& lines) {
 }
 
 void readButtonAndPlace(ScriptStep& step, const Words& words, const Verb& verb, const TextLines& lines) {
-    constexpr std::size_t kWordsWithoutShift = 4;
-    step.withShift = words.size() == kWordsWithoutShift + 1 && words.back() == "shift";
-    requireCount(words, step.withShift ? kWordsWithoutShift + 1 : kWordsWithoutShift, verb, lines);
+    step.withShift = words.back() == "shift";
+    step.withControl = words.back() == "ctrl";
+    requireCount(words, step.withShift || step.withControl ? 5 : 4, verb, lines);
     step.button = readButton(words[1], lines);
     readPlace(step, words[2], words[3], lines);
 }
@@ -160,7 +160,7 @@ std::vector<ScriptStep> parseScript(std::string_view text) {
 }
 
 std::string scriptHelp() {
-    constexpr std::size_t kColumn = 38;
+    constexpr std::size_t kColumn = 41;
     std::string help;
     for (const Verb& verb : kVerbs) {
         std::string usage(verb.usage);

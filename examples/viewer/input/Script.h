@@ -34,6 +34,7 @@ struct ScriptStep {
     int y = 0;
     MouseButton button = MouseButton::Left;
     bool withShift = false;
+    bool withControl = false;
     /// Notches of the wheel, positive away from the user.
     int notches = 0;
     KeyPress key;

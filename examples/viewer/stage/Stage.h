@@ -123,6 +123,9 @@ class Stage {
     [[nodiscard]] SectionAxis section() const { return content.section.axis; }
     /// @param share of the scene's size along the plane's normal.
     void moveSection(double share);
+    /// Moves the plane with the mouse: along its normal as the view shows it, or up and down where that points
+    /// at the viewer.
+    void dragSection(const PixelPlace& from, const PixelPlace& to);
     /// Shows what was cut away, and cuts away what was shown.
     void flipSection();
     /// Where the plane is, in the coordinates of the files; only with a section.

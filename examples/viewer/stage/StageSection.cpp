@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "CoordinateText.h"
 #include "QelGl.h"
@@ -64,6 +65,22 @@ void Stage::setSection(SectionAxis axis) {
 void Stage::moveSection(double share) {
     content.section.share = std::clamp(content.section.share + share, 0.0, 1.0);
     cutScene();
+}
+
+void Stage::dragSection(const PixelPlace& from, const PixelPlace& to) {
+    // A small part of the way, which no perspective turns round.
+    constexpr double kShare = 0.01;
+    constexpr double kLeastOfTheView = 0.1 * kShare;
+    const auto& [axis, normal, share, isFlipped, plane, lines] = content.section;
+    const auto [low, high] = rangeAlong(normal, content.extent);
+    const qel::XPnt3d middle = content.extent.MidPoint();
+    const qel::XPnt3d at = middle + normal * (low + share * (high - low) - qel::dot(normal, middle));
+    qel::XPnt3d way = camera().projectPnt(at + normal * (kShare * (high - low))) - camera().projectPnt(at);
+    if (std::hypot(way.x, way.y) < kLeastOfTheView * static_cast<double>(camera().getHeight())) {
+        way = {0.0, -kShare * static_cast<double>(camera().getHeight()), 0.0};
+    }
+    const double along = (to.x - from.x) * way.x + (to.y - from.y) * way.y;
+    moveSection(kShare * along / (way.x * way.x + way.y * way.y));
 }
 
 void Stage::flipSection() {

@@ -1,4 +1,6 @@
+#include <cmath>
 #include <filesystem>
+#include <string>
 
 #include "OpenViewerWindows.h"
 
@@ -85,6 +87,40 @@ TEST_F(ViewerSection, MovesWithKeysAndWithTheWheelAndControl) {
     EXPECT_TRUE(isShownAt(0.5, -0.5, 0.75));
     play("key X\nkey X\nkey X\nkey X\nkey PageUp");
     EXPECT_EQ(stage().annotations().notice, "There is no section; X makes one");
+}
+
+TEST_F(ViewerSection, FollowsADragWithControlAlongItsNormal) {
+    // The cube has 2 units; the plane begins in its middle.
+    for (const char* const view : {"key 0", "key 3", "key O", "key 6"}) {
+        play(std::string(view) + "\nkey X");
+        const qel::XPnt3d from = camera().project(0.0, 0.0, 0.0);
+        const qel::XPnt3d to = camera().project(0.3, 0.0, 0.0);
+        const std::string before = cameraNow();
+        const qelview::PixelPlace press{static_cast<int>(from.x), static_cast<int>(from.y)};
+        const qelview::PixelPlace end{press.x + static_cast<int>(std::lround(to.x - from.x)),
+                                      press.y + static_cast<int>(std::lround(to.y - from.y))};
+        play("down left " + mouse(press) + " ctrl\nmove " + mouse(end) + "\nup left " + mouse(end) + " ctrl");
+        EXPECT_EQ(cameraNow(), before) << view;
+        EXPECT_NEAR(std::stod(stage().sectionText().substr(4)), 100.3, 0.03) << view;
+        EXPECT_EQ(stage().annotations().notice.substr(0, 11), "Section x =") << view;
+        play("key X\nkey X\nkey X\nkey X");
+    }
+}
+
+TEST_F(ViewerSection, FollowsADragUpAndDownWhereItsNormalPointsAtTheViewer) {
+    play("key X\nkey X\nkey X");
+    ASSERT_EQ(stage().section(), SectionAxis::Z);
+    play("down left 100 120 ctrl\nmove 180 120\nup left 180 120 ctrl");
+    EXPECT_EQ(stage().sectionText(), "z = 0.2500") << "across";
+    play("down left 100 120 ctrl\nmove 100 60\nup left 100 60 ctrl");
+    // A quarter of the view is a quarter of the scene.
+    EXPECT_EQ(stage().sectionText(), "z = -0.3750");
+    // Without a section the same drag rotates.
+    play("key X\nkey X");
+    ASSERT_EQ(stage().section(), SectionAxis::None);
+    const std::string before = cameraNow();
+    play("down left 100 120 ctrl\nmove 180 120\nup left 180 120 ctrl");
+    EXPECT_NE(cameraNow(), before);
 }
 
 TEST_F(ViewerSection, DrawsTheOutlineOfTheCutInCapturesToo) {

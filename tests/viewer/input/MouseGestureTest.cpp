@@ -11,8 +11,7 @@ using qelview::MouseGesture;
 struct Press {
     const char* name;
     MouseButton button;
-    bool withShift;
-    bool drawsRectangle;
+    qelview::LeftButton left;
     DragTool tool;
 };
 
@@ -21,7 +20,7 @@ class MouseGestureOfAButton : public testing::TestWithParam<Press> {};
 TEST_P(MouseGestureOfAButton, DrivesItsTool) {
     const Press& press = GetParam();
     MouseGesture gesture;
-    EXPECT_TRUE(gesture.press(press.button, press.withShift, press.drawsRectangle, {10, 10}));
+    EXPECT_TRUE(gesture.press(press.button, press.left, {10, 10}));
     EXPECT_EQ(gesture.tool(), press.tool);
     EXPECT_TRUE(gesture.move({30, 10}));
     EXPECT_EQ(gesture.release(press.button), press.tool);
@@ -31,18 +30,21 @@ TEST_P(MouseGestureOfAButton, DrivesItsTool) {
 
 INSTANTIATE_TEST_SUITE_P(
     Buttons, MouseGestureOfAButton,
-    testing::Values(Press{"Left", MouseButton::Left, false, false, DragTool::Rotate},
-                    Press{"ShiftLeft", MouseButton::Left, true, false, DragTool::Pan},
-                    Press{"Middle", MouseButton::Middle, false, false, DragTool::Pan},
-                    Press{"Right", MouseButton::Right, false, false, DragTool::Zoom},
-                    Press{"LeftForARectangle", MouseButton::Left, false, true, DragTool::Rectangle},
-                    Press{"ShiftLeftForARectangle", MouseButton::Left, true, true, DragTool::Rectangle},
-                    Press{"RightBesideARectangle", MouseButton::Right, false, true, DragTool::Zoom}),
+    testing::Values(Press{"Left", MouseButton::Left, {}, DragTool::Rotate},
+                    Press{"ShiftLeft", MouseButton::Left, {false, true, false}, DragTool::Pan},
+                    Press{"ControlLeft", MouseButton::Left, {false, false, true}, DragTool::Section},
+                    Press{"ShiftControlLeft", MouseButton::Left, {false, true, true}, DragTool::Pan},
+                    Press{"Middle", MouseButton::Middle, {}, DragTool::Pan},
+                    Press{"ControlMiddle", MouseButton::Middle, {false, false, true}, DragTool::Pan},
+                    Press{"Right", MouseButton::Right, {}, DragTool::Zoom},
+                    Press{"LeftForARectangle", MouseButton::Left, {true, false, false}, DragTool::Rectangle},
+                    Press{"AnyLeftForARectangle", MouseButton::Left, {true, true, true}, DragTool::Rectangle},
+                    Press{"RightBesideARectangle", MouseButton::Right, {true, false, false}, DragTool::Zoom}),
     [](const auto& each) { return each.param.name; });
 
 TEST(MouseGesture, IsAClickWhileTheMouseHardlyMoves) {
     MouseGesture gesture;
-    gesture.press(MouseButton::Left, false, false, {10, 10});
+    gesture.press(MouseButton::Left, {}, {10, 10});
     EXPECT_FALSE(gesture.move({13, 7}));
     EXPECT_FALSE(gesture.isDrag());
     EXPECT_EQ(gesture.release(MouseButton::Left), DragTool::Nothing);
@@ -50,7 +52,7 @@ TEST(MouseGesture, IsAClickWhileTheMouseHardlyMoves) {
 
 TEST(MouseGesture, StaysADragWhenTheMouseComesBack) {
     MouseGesture gesture;
-    gesture.press(MouseButton::Left, false, false, {10, 10});
+    gesture.press(MouseButton::Left, {}, {10, 10});
     EXPECT_TRUE(gesture.move({10, 14}));
     EXPECT_TRUE(gesture.move({10, 10}));
     EXPECT_EQ(gesture.release(MouseButton::Left), DragTool::Rotate);
@@ -58,8 +60,8 @@ TEST(MouseGesture, StaysADragWhenTheMouseComesBack) {
 
 TEST(MouseGesture, KeepsToTheFirstButton) {
     MouseGesture gesture;
-    gesture.press(MouseButton::Left, false, false, {10, 10});
-    EXPECT_FALSE(gesture.press(MouseButton::Right, false, false, {50, 50}));
+    gesture.press(MouseButton::Left, {}, {10, 10});
+    EXPECT_FALSE(gesture.press(MouseButton::Right, {}, {50, 50}));
     EXPECT_EQ(gesture.release(MouseButton::Right), std::nullopt);
     EXPECT_EQ(gesture.tool(), DragTool::Rotate);
     EXPECT_EQ(gesture.box().from, (qelview::PixelPlace{10, 10}));
@@ -67,7 +69,7 @@ TEST(MouseGesture, KeepsToTheFirstButton) {
 
 TEST(MouseGesture, ForgetsADragThatWasTakenAway) {
     MouseGesture gesture;
-    gesture.press(MouseButton::Left, false, false, {10, 10});
+    gesture.press(MouseButton::Left, {}, {10, 10});
     gesture.move({40, 40});
     gesture.cancel();
     EXPECT_FALSE(gesture.move({60, 60}));
@@ -77,7 +79,7 @@ TEST(MouseGesture, ForgetsADragThatWasTakenAway) {
 
 TEST(MouseGesture, SpansTheRectangleFromThePressToTheMouse) {
     MouseGesture gesture;
-    gesture.press(MouseButton::Left, false, true, {40, 10});
+    gesture.press(MouseButton::Left, {true, false, false}, {40, 10});
     gesture.move({10, 30});
     EXPECT_EQ(gesture.box().width(), 30);
     EXPECT_EQ(gesture.box().height(), 20);

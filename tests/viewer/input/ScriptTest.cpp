@@ -31,6 +31,7 @@ TEST(Script, ReadsButtonsWithAndWithoutShift) {
     EXPECT_EQ(down.action, ScriptAction::Down);
     EXPECT_EQ(down.button, MouseButton::Middle);
     EXPECT_TRUE(down.withShift);
+    EXPECT_FALSE(down.withControl);
     EXPECT_EQ(down.x, 5);
     EXPECT_EQ(down.y, 6);
     const ScriptStep up = onlyStep("up right 7 8");
