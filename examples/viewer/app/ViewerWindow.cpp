@@ -210,8 +210,7 @@ bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void ViewerWindow::changeScale(unsigned dotsPerInch, const RECT& place) {
     stage->setScale(static_cast<double>(dotsPerInch) / USER_DEFAULT_SCREEN_DPI);
-    SetWindowPos(window.get(), nullptr, place.left, place.top, place.right - place.left,
-                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    placeWindow(window.get(), place);
     redraw(Stale::AllViews);
 }
 

@@ -28,6 +28,10 @@ void printAt(HDC dc, int x, int baseline, const std::string& text) {
     TextOutW(dc, x, baseline, wide.c_str(), static_cast<int>(wide.size()));
 }
 
+int wholePixels(const MapView& view, double dots) {
+    return static_cast<int>(std::lround(view.dots(dots)));
+}
+
 /// Rows from bottom to top, without padding.
 PixelImage imageOf(HDC dc, int width, int height) {
     PixelImage image;
@@ -61,12 +65,6 @@ PixelImage imageOf(HDC dc, int width, int height) {
 GdiMapPane::GdiMapPane(HWND window) {
     display = qel::adopt(newGDIScrDisplay());
     display->attachWindow(qel::handleNumber(window));
-    font = CreateFontW(-kTextHeightPx, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                       OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, kMapFont);
-}
-
-GdiMapPane::~GdiMapPane() {
-    DeleteObject(font);
 }
 
 HDC GdiMapPane::deviceContext() {
@@ -77,11 +75,13 @@ void GdiMapPane::show(const MapFrame& frame, const MapView& view, const MapTexts
     HDC const dc = deviceContext();
     display->setPixelSize(view.width(), view.height());
     display->setViewExtent(view.extent());
+    display->setPenWidth(wholePixels(view, 1.0));
     const RECT all{0, 0, view.width(), view.height()};
     HBRUSH const sea = CreateSolidBrush(kSea.forGdi());
     FillRect(dc, &all, sea);
     DeleteObject(sea);
     display->beginDraw();
+    display->setPenWidth(wholePixels(view, 1.0));
     drawLines(frame.grid, kGridColor.forGdi());
     fillAreas(frame.areas);
     drawLines(frame.outlines, kOutline.forGdi());
@@ -137,7 +137,7 @@ void GdiMapPane::fillArea(const Rings2d& rings) {
 void GdiMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
     display->setPenColor(kPointColorOfMap.forGdi());
     const double pixel = view.unitsPerPixel();
-    const double half = kPointHalfPx * pixel;
+    const double half = view.dots(kPointHalfPx) * pixel;
     for (const qel::XPnt2d& point : frame.points) {
         if (frame.isCrowded) {
             display->drawLineSeg({{point.x, point.y, 0.0}, {point.x + pixel, point.y, 0.0}});
@@ -149,25 +149,25 @@ void GdiMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
 
 void GdiMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
     HDC const dc = deviceContext();
-    const Selected writing(dc, font);
+    const Selected writing(dc, font.handle(wholePixels(view, kTextHeightPx)));
+    const int margin = wholePixels(view, kTextMarginPx);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, kInk.forGdi());
     SetTextAlign(dc, TA_LEFT | TA_BASELINE);
-    constexpr int kLabelOffset = 6;
     for (const Name2d& name : frame.names) {
         const qel::XPnt2d at = view.pixelOf(name.at);
-        printAt(dc, static_cast<int>(at.x) + kLabelOffset, static_cast<int>(at.y) - kLabelOffset / 2,
-                name.text);
+        printAt(dc, static_cast<int>(at.x) + wholePixels(view, kLabelOffsetPx),
+                static_cast<int>(at.y) - wholePixels(view, kLabelOffsetPx * 0.5), name.text);
     }
-    printAt(dc, kTextMarginPx, kTextMarginPx + kTextHeightPx, texts.title);
-    printAt(dc, kTextMarginPx, view.height() - kTextMarginPx, texts.place);
+    printAt(dc, margin, margin + wholePixels(view, kTextHeightPx), texts.title);
+    printAt(dc, margin, view.height() - margin, texts.place);
     drawBar(view, texts.bar);
 }
 
 void GdiMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
     display->setPenColor(kInk.forGdi());
-    const double base = view.height() - 1.0 - kTextMarginPx;
-    const double tick = 6.0;
+    const double base = view.height() - 1.0 - view.dots(kTextMarginPx);
+    const double tick = view.dots(kTickPx);
     const auto segment = [&](double fromX, double fromY, double toX, double toY) {
         const qel::XPnt2d from = view.worldAt(fromX, fromY);
         const qel::XPnt2d to = view.worldAt(toX, toY);
@@ -176,7 +176,8 @@ void GdiMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
     segment(bar.left, base, bar.right, base);
     segment(bar.left, base - tick, bar.left, base);
     segment(bar.right, base - tick, bar.right, base + 1.0);
-    printAt(deviceContext(), static_cast<int>(bar.textLeft), static_cast<int>(base) - 5, bar.text);
+    printAt(deviceContext(), static_cast<int>(bar.textLeft),
+            static_cast<int>(base) - wholePixels(view, kOverBarPx), bar.text);
 }
 
 }  // namespace qelview

@@ -7,6 +7,7 @@
 #include "IQelScrDisplay2D.h"
 #include "MapPane.h"
 #include "QelRefPtr.h"
+#include "ScreenFont.h"
 
 namespace qelview {
 
@@ -16,7 +17,6 @@ class GdiMapPane final : public MapPane {
   public:
     /// @param window with its own device context; it must be visible to be drawn on.
     explicit GdiMapPane(HWND window);
-    ~GdiMapPane() override;
 
     void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) override;
     [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view,
@@ -32,7 +32,7 @@ class GdiMapPane final : public MapPane {
     void drawBar(const MapView& view, const ScaleBar& bar);
 
     qel::ref_ptr<IQelScrDisplay2D> display;
-    HFONT font = nullptr;
+    ScreenFont font;
     std::vector<POINT> corners;
     std::vector<INT> counts;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iterator>
 
 #include "FramePixels.h"
@@ -10,7 +11,6 @@
 #include "QelGl.h"
 #include "QelHostKit.h"
 #include "QelTmpGlStateCtrl.h"
-#include "SystemWindow.h"
 
 namespace qelview {
 
@@ -50,7 +50,6 @@ std::unique_ptr<GlMapPane> GlMapPane::open(HWND window) {
 GlMapPane::GlMapPane(qel::ref_ptr<IQelDisplay> attached)
     : display(std::move(attached)), symbol(newQelSymbol()), transform(new CQelTransform2d()) {
     display->setBackColor(kSea.forOpenGl());
-    symbol->setLineWidth(1.0F);
 }
 
 void GlMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
@@ -71,6 +70,7 @@ void GlMapPane::draw(const MapFrame& frame, const MapView& view, const MapTextsO
     display->beginFrame(0);
     display->beginDraw();
     loadView(view);
+    symbol->setLineWidth(static_cast<float>(view.dots(1.0)));
     const QelTmpGlStateCtrl lighting(GL_LIGHTING, false);
     const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
@@ -145,13 +145,13 @@ void GlMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
         Points places;
         std::transform(frame.points.begin(), frame.points.end(), std::back_inserter(places),
                        [this](const qel::XPnt2d& point) { return local(point); });
-        symbol->drawPoints(places.data(), static_cast<std::int32_t>(places.size()), 1.0,
+        symbol->drawPoints(places.data(), static_cast<std::int32_t>(places.size()), view.dots(1.0),
                            kPointColorOfMap.forOpenGl(), false, false);
         return;
     }
-    const double half = kPointHalfPx * view.unitsPerPixel();
+    const double half = view.dots(kPointHalfPx) * view.unitsPerPixel();
     for (const qel::XPnt2d& point : frame.points) {
-        symbol->drawSquare(local(point), half, 1.0, kPointColorOfMap.forOpenGl(), false, false);
+        symbol->drawSquare(local(point), half, view.dots(1.0), kPointColorOfMap.forOpenGl(), false, false);
     }
 }
 
@@ -159,32 +159,32 @@ void GlMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapT
     drawBar(view, texts.bar);
     display->setOrtho2D();
     const QelTmpGlStateCtrl ink(kInk.forOpenGl());
-    constexpr double kLabelOffset = 6.0;
+    const double margin = view.dots(kTextMarginPx);
     const double height = view.height();
+    const int letters = static_cast<int>(std::lround(view.dots(kTextHeightPx)));
+    const auto print = [&](double x, double y, const std::string& text) {
+        glRasterPos2d(0.0, 0.0);
+        font.print(text, letters, static_cast<int>(x), static_cast<int>(y));
+    };
     for (const Name2d& name : frame.names) {
         const qel::XPnt2d at = view.pixelOf(name.at);
-        printAt(at.x + kLabelOffset, height - at.y + kLabelOffset * 0.5, name.text);
+        print(at.x + view.dots(kLabelOffsetPx), height - at.y + view.dots(kLabelOffsetPx * 0.5), name.text);
     }
-    printAt(kTextMarginPx, height - kTextMarginPx - kTextHeightPx, texts.title);
-    printAt(kTextMarginPx, kTextMarginPx, texts.place);
-    printAt(texts.bar.textLeft, kTextMarginPx + 5, texts.bar.text);
+    print(margin, height - margin - view.dots(kTextHeightPx), texts.title);
+    print(margin, margin, texts.place);
+    print(texts.bar.textLeft, margin + view.dots(kOverBarPx), texts.bar.text);
 }
 
 void GlMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
-    const double base = view.height() - 1.0 - kTextMarginPx;
-    const double tick = 6.0;
+    const double base = view.height() - 1.0 - view.dots(kTextMarginPx);
+    const double tick = view.dots(kTickPx);
     const auto segment = [&](double fromX, double fromY, double toX, double toY) {
-        symbol->drawLine(local(view.worldAt(fromX, fromY)), local(view.worldAt(toX, toY)), 1.0,
+        symbol->drawLine(local(view.worldAt(fromX, fromY)), local(view.worldAt(toX, toY)), view.dots(1.0),
                          kInk.forOpenGl(), false, false);
     };
     segment(bar.left, base, bar.right, base);
     segment(bar.left, base - tick, bar.left, base);
     segment(bar.right, base - tick, bar.right, base + 1.0);
-}
-
-void GlMapPane::printAt(double x, double y, const std::string& text) {
-    glRasterPos2d(x, y);
-    display->printText("%s", toPlainLetters(text).c_str());
 }
 
 }  // namespace qelview

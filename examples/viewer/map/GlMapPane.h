@@ -9,6 +9,7 @@
 #include "IQelSymbol.h"
 #include "MapPane.h"
 #include "MapStyle.h"
+#include "ScreenFont.h"
 
 namespace qelview {
 
@@ -34,13 +35,13 @@ class GlMapPane final : public MapPane {
     void drawPoints(const MapFrame& frame, const MapView& view);
     void drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
     void drawBar(const MapView& view, const ScaleBar& bar);
-    void printAt(double x, double y, const std::string& text);
     [[nodiscard]] qel::XPnt3d local(const qel::XPnt2d& world) const;
 
     qel::ref_ptr<IQelDisplay> display;
     qel::ref_ptr<IQelSymbol> symbol;
     qel::ref_ptr<CQelTransform2d> transform;
     qel::XPnt3d origin;
+    ScreenFont font;
 };
 
 }  // namespace qelview

@@ -34,11 +34,16 @@ inline constexpr MapColor kLineColor{150, 108, 62};
 inline constexpr MapColor kPointColorOfMap{196, 52, 44};
 inline constexpr MapColor kInk{38, 44, 54};
 
-/// Half the side of the frame around a point, in pixels.
+/// In pixels of a screen of 96 dots per inch, like all that `MapView::dots` takes. Half the side of the frame
+/// around a point:
 inline constexpr int kPointHalfPx = 2;
 inline constexpr int kTextMarginPx = 14;
 inline constexpr int kTextHeightPx = 18;
-inline constexpr const wchar_t* kMapFont = L"Segoe UI";
+/// Of the scale bar: its ends, and the text over it.
+inline constexpr double kTickPx = 6.0;
+inline constexpr double kOverBarPx = 5.0;
+/// Of a name from its place.
+inline constexpr double kLabelOffsetPx = 6.0;
 
 /// The rows of GDI's cross hatch, most significant bit on the left.
 inline constexpr std::array<std::uint8_t, 8> kHatchRows{0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81};

@@ -23,12 +23,12 @@ std::string degrees(double value, double step, const char* positive, const char*
 
 ScaleBar scaleBarOf(const MapView& view, bool isGeographic) {
     ScaleBar bar;
-    bar.units = roundAtMost(kLongestBarPx * view.unitsPerPixel());
-    bar.right = view.width() - 1.0 - kTextMarginPx;
+    bar.units = roundAtMost(view.dots(kLongestBarPx) * view.unitsPerPixel());
+    bar.right = view.width() - 1.0 - view.dots(kTextMarginPx);
     bar.left = bar.right - bar.units / view.unitsPerPixel();
     bar.text = withStep(bar.units, bar.units) + (isGeographic ? " deg" : " units");
-    bar.textLeft =
-        std::min(bar.left + kTextInset, bar.right - kLetterPx * static_cast<double>(bar.text.size()));
+    bar.textLeft = std::min(bar.left + view.dots(kTextInset),
+                            bar.right - view.dots(kLetterPx) * static_cast<double>(bar.text.size()));
     return bar;
 }
 

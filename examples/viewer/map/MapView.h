@@ -21,6 +21,10 @@ class MapView {
     /// Zooms by a factor (in above 1) about a pixel.
     void zoomAt(double column, double row, double factor);
 
+    /// How many pixels a pixel of a screen of 96 dots per inch is; 1 at first.
+    void setScale(double pixels) { dot = pixels; }
+    [[nodiscard]] double dots(double pixels) const { return pixels * dot; }
+
     [[nodiscard]] int width() const { return columns; }
     [[nodiscard]] int height() const { return rows; }
     [[nodiscard]] double unitsPerPixel() const { return scale; }
@@ -37,6 +41,7 @@ class MapView {
     int rows = 1;
     qel::XPnt2d middle;
     double scale = 1.0;
+    double dot = 1.0;
     double finest = 0.0;
     double coarsest = 1.0;
 };

@@ -44,15 +44,18 @@ MapWindow::~MapWindow() {
 
 bool MapWindow::open(const ClientSize& size, bool isForPictures) {
     const DWORD style = (isForPictures ? WS_POPUP : WS_OVERLAPPEDWINDOW) | WS_CLIPCHILDREN;
-    RECT frame{0, 0, size.width, size.height};
-    AdjustWindowRectExForDpi(&frame, style, FALSE, 0, GetDpiForSystem());
+    const UINT dotsPerInch = isForPictures ? UINT{USER_DEFAULT_SCREEN_DPI} : GetDpiForSystem();
+    const auto scaled = [dotsPerInch](int pixels) {
+        return MulDiv(pixels, static_cast<int>(dotsPerInch), USER_DEFAULT_SCREEN_DPI);
+    };
+    const auto [width, height] =
+        frameSizeAround({scaled(size.width), scaled(size.height)}, style, dotsPerInch);
     const int where = isForPictures ? 0 : CW_USEDEFAULT;
     const std::wstring caption = toWide(map.title + " - qelview");
     const wchar_t* const name = registerWindowClass(L"QelViewMap", dispatch);
     HINSTANCE const program = GetModuleHandleW(nullptr);
     window.reset(CreateWindowExW(isForPictures ? WS_EX_NOACTIVATE : 0, name, caption.c_str(), style, where,
-                                 where, frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr,
-                                 program, nullptr));
+                                 where, width, height, nullptr, nullptr, program, nullptr));
     if (!window) {
         return false;
     }
@@ -69,6 +72,7 @@ bool MapWindow::open(const ClientSize& size, bool isForPictures) {
         return false;
     }
     SetWindowLongPtrW(window.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    setScale(dotsPerInch);
     resize();
     fit();
     mouse = {client.width / 2, client.height / 2};
@@ -115,6 +119,12 @@ void MapWindow::resize() {
     relief->resize(size);
 }
 
+void MapWindow::setScale(unsigned dotsPerInch) {
+    const double scale = static_cast<double>(dotsPerInch) / USER_DEFAULT_SCREEN_DPI;
+    mapView.setScale(scale);
+    relief->setScale(scale);
+}
+
 LRESULT CALLBACK MapWindow::dispatch(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<MapWindow*>(GetWindowLongPtrW(receiver, GWLP_USERDATA));
     if (self != nullptr && self->relief && self->handleMessage(receiver, message, wParam, lParam)) {
@@ -130,6 +140,11 @@ bool MapWindow::handleMessage(HWND receiver, UINT message, WPARAM wParam, LPARAM
                 resize();
                 redraw();
             }
+            return true;
+        case WM_DPICHANGED:
+            setScale(LOWORD(wParam));
+            placeWindow(window.get(), *reinterpret_cast<const RECT*>(lParam));
+            redraw();
             return true;
         case WM_PAINT:
             paint(receiver);

@@ -28,7 +28,8 @@ class MapWindow {
     MapWindow& operator=(const MapWindow&) = delete;
 
     /// Creates the window and shows it with the map fitted.
-    /// @param isForPictures creates it without a frame and without activating it.
+    /// @param size in pixels of a screen of 96 dots per inch.
+    /// @param isForPictures creates it without a frame and without activating it, as on such a screen.
     /// @return false if no OpenGL context could be created.
     [[nodiscard]] bool open(const ClientSize& size, bool isForPictures);
     /// Runs until the window is closed.
@@ -50,6 +51,7 @@ class MapWindow {
     bool handleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool handleKey(WPARAM key);
     void resize();
+    void setScale(unsigned dotsPerInch);
     void press(UINT message, const POINT& place);
     void move(const POINT& place);
     void release();

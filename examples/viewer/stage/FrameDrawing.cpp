@@ -75,6 +75,7 @@ void Stage::drawContent() {
     drawMarks();
     drawNotice();
     drawPanel();
+    drawAxes();
 }
 
 void Stage::drawTexts() {

@@ -48,7 +48,6 @@ PixelImage Stage::picture() {
     display->restoreCache();
     camera().updateView();
     camera().drawTrackBall();
-    camera().drawAxes();
     display->endDraw();
     return readBack();
 }
@@ -74,8 +73,6 @@ void Stage::drawOverlay(const std::optional<PixelBox>& rectangle) {
         drawRectangle(*rectangle);
     }
     camera().updateView();
-    // The copy of a frame has no overlays.
-    camera().drawAxes();
     display->endDraw();
 }
 

@@ -57,17 +57,17 @@ ScreenFont::~ScreenFont() {
     DeleteDC(memory);
 }
 
-void ScreenFont::select(int height) {
+HFONT ScreenFont::handle(int height) {
     HFONT& font = fonts[height];
     if (font == nullptr) {
         font = CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS,
                            CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, 0, kFace);
     }
-    SelectObject(memory, font);
+    return font;
 }
 
 int ScreenFont::widthOf(const std::string& text, int height) {
-    select(height);
+    SelectObject(memory, handle(height));
     const std::wstring wide = toWide(text);
     SIZE size{};
     GetTextExtentPoint32W(memory, wide.c_str(), static_cast<int>(wide.size()), &size);
@@ -94,7 +94,7 @@ const ScreenFont::TextImage& ScreenFont::imageOf(const std::string& text, int he
     if (images.size() >= kMostImages) {
         images.clear();
     }
-    select(height);
+    SelectObject(memory, handle(height));
     return images.emplace(std::pair(height, text), draw(toWide(text))).first->second;
 }
 

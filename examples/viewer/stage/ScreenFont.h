@@ -19,6 +19,8 @@ class ScreenFont {
     ScreenFont(const ScreenFont&) = delete;
     ScreenFont& operator=(const ScreenFont&) = delete;
 
+    /// The font for GDI, as long as this lives.
+    [[nodiscard]] HFONT handle(int height);
     /// Width of a text in UTF-8, in pixels.
     /// @param height of the letters in pixels.
     [[nodiscard]] int widthOf(const std::string& text, int height);
@@ -37,7 +39,6 @@ class ScreenFont {
         std::vector<std::uint8_t> coverage;
     };
 
-    void select(int height);
     [[nodiscard]] const TextImage& imageOf(const std::string& text, int height);
     [[nodiscard]] TextImage draw(const std::wstring& text) const;
 

@@ -80,6 +80,8 @@ Stage::Stage(qel::ref_ptr<IQelDisplay> attached, std::shared_ptr<Content> shown)
       content(*shared),
       underMouse(qel::XPnt3d::invalid()) {
     display->setBackColor(kBackColor);
+    // The tripod belongs to the content, so that frames, their copies and captures have the same.
+    display->setShowOverlay2(false);
 }
 
 void Stage::setScene(Scene scene) {

@@ -233,6 +233,8 @@ class Stage {
     void cutScene();
     [[nodiscard]] Points markedPoints() const;
     void drawLocalFrame();
+    void drawAxes();
+    void drawTripod();
     void printAt(double x, double y, const std::string& text);
 
     void drawOverlay(const std::optional<PixelBox>& rectangle);

@@ -106,8 +106,6 @@ void Stage::drawCapture(int times) {
     // The bitmap's context has no textures yet.
     HostTextures texturesOfWindow = std::exchange(textures, {});
     drawContent();
-    camera().updateView();
-    camera().drawAxes();
     std::swap(shown, notes);
     partsPerDrawn = parts;
     captureTimes = 1;

@@ -1,6 +1,5 @@
 #include "ProgressWindow.h"
 
-#include <windows.h>
 // After windows.h, which it needs.
 #include <commctrl.h>
 
@@ -30,10 +29,9 @@ LRESULT CALLBACK handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM 
 }
 
 /// Creates a window at the centre of the screen, above others; `bar` receives its progress bar.
-OwnedWindow openProgressWindow(LoadTask& task, HWND& bar) {
+OwnedWindow openProgressWindow(LoadTask& task, unsigned dpi, HWND& bar) {
     const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_PROGRESS_CLASS};
     InitCommonControlsEx(&wanted);
-    const UINT dpi = GetDpiForSystem();
     const auto scaled = [dpi](int pixels) {
         return MulDiv(pixels, static_cast<int>(dpi), USER_DEFAULT_SCREEN_DPI);
     };
@@ -62,7 +60,7 @@ void answerMessages() {
 
 }  // namespace
 
-Scene waitWithWindow(LoadTask& task) {
+Scene waitWithWindow(LoadTask& task, unsigned dotsPerInch) {
     constexpr DWORD kPollMilliseconds = 30;
     const ULONGLONG begin = GetTickCount64();
     OwnedWindow window;
@@ -71,7 +69,7 @@ Scene waitWithWindow(LoadTask& task) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, kPollMilliseconds, QS_ALLINPUT);
         answerMessages();
         if (!window && GetTickCount64() - begin > static_cast<ULONGLONG>(kQuietMilliseconds)) {
-            window = openProgressWindow(task, bar);
+            window = openProgressWindow(task, dotsPerInch, bar);
         }
         if (window) {
             SendMessageW(bar, PBM_SETPOS, static_cast<WPARAM>(task.progressDone() * kBarSteps), 0);

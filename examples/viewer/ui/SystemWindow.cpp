@@ -62,6 +62,11 @@ void setClientSize(HWND window, const ClientSize& size) {
     }
 }
 
+void placeWindow(HWND window, const RECT& place) {
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi, bool hasMenu) {
     RECT area{0, 0, client.width, client.height};
     AdjustWindowRectExForDpi(&area, style, hasMenu ? TRUE : FALSE, 0, dpi);
@@ -90,26 +95,6 @@ std::string absoluteName(const std::string& file) {
     std::error_code error;
     const std::filesystem::path whole = std::filesystem::absolute(toWide(file), error);
     return error ? file : toUtf8(whole.wstring());
-}
-
-std::string toPlainLetters(const std::string& utf8) {
-    constexpr wchar_t kFirstAccent = 0x300;
-    constexpr wchar_t kLastAccent = 0x36F;
-    constexpr wchar_t kFirstLetter = 0x20;
-    constexpr wchar_t kLastLetter = 0x7E;
-    const std::wstring wide = toWide(utf8);
-    const int length = static_cast<int>(wide.size());
-    std::wstring apart(static_cast<std::size_t>(FoldStringW(MAP_COMPOSITE, wide.c_str(), length, nullptr, 0)),
-                       L'\0');
-    FoldStringW(MAP_COMPOSITE, wide.c_str(), length, apart.data(), static_cast<int>(apart.size()));
-    std::string plain;
-    for (const wchar_t letter : apart) {
-        if (letter < kFirstAccent || letter > kLastAccent) {
-            const bool isInFont = letter >= kFirstLetter && letter <= kLastLetter;
-            plain.push_back(isInFont ? static_cast<char>(letter) : '?');
-        }
-    }
-    return plain;
 }
 
 void showError(HWND owner, const std::string& text) {

@@ -30,6 +30,8 @@ const wchar_t* registerWindowClass(const wchar_t* name, WNDPROC procedure);
 [[nodiscard]] ClientSize clientSizeOf(HWND window);
 /// Resizes a window so that its client area gets this size, considering its menu and its screen's resolution.
 void setClientSize(HWND window, const ClientSize& size);
+/// Moves a window to where the system suggests.
+void placeWindow(HWND window, const RECT& place);
 /// The frame around a client area on a screen of this many dots per inch.
 [[nodiscard]] ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi,
                                          bool hasMenu = false);
@@ -38,9 +40,6 @@ void setClientSize(HWND window, const ClientSize& size);
 [[nodiscard]] std::string toUtf8(const std::wstring& wide);
 /// The absolute path of a file, in UTF-8.
 [[nodiscard]] std::string absoluteName(const std::string& file);
-/// UTF-8 text reduced to the characters of the display's font: accents are dropped, other characters become
-/// '?'.
-[[nodiscard]] std::string toPlainLetters(const std::string& utf8);
 
 /// Shows the user an error message and waits until it is closed.
 /// @param owner the window that it belongs to, or null.
