@@ -6,11 +6,11 @@
 #include <set>
 #include <string>
 
-#include "BitmapFile.h"
 #include "OpenViewerWindows.h"
 #include "RecentStore.h"
 #include "RunViewerWindows.h"
 #include "kit/Picture.h"
+#include "viewer/BitmapReader.h"
 #include "viewer/ViewerData.h"
 
 namespace {
@@ -134,7 +134,7 @@ TEST(QelView, CapturesWhatItsPicturesShow) {
     const Ended ended =
         runViewer(L"--size 400x300 --capture " + quoted(captured) + L" --out " + quoted(shown));
     ASSERT_EQ(ended.code, 0U) << ended.errors;
-    const auto bitmap = qelview::readBitmap(captured);
+    const auto bitmap = qel::test::readBitmap(captured);
     ASSERT_TRUE(bitmap.has_value());
     const Picture picture = Picture::load(shown);
     // Two contexts, and 24 bits of depth in one of them where the other may have 16.
@@ -206,7 +206,7 @@ TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
     EXPECT_EQ(ended.errors, "");
     EXPECT_EQ(Picture::load(picture).width(), 200);
     EXPECT_EQ(contentOf(camera).rfind("eye ", 0), 0U);
-    EXPECT_TRUE(qelview::readBitmap(capture).has_value());
+    EXPECT_TRUE(qel::test::readBitmap(capture).has_value());
     for (const auto& file : {picture, camera, capture}) {
         std::filesystem::remove(file);
     }

@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <string>
 
-#include "BitmapFile.h"
 #include "OpenViewerWindows.h"
 #include "RunViewerWindows.h"
 #include "kit/Picture.h"
+#include "viewer/BitmapReader.h"
 #include "viewer/ImageBytes.h"
 #include "viewer/ViewerData.h"
 
@@ -77,7 +77,7 @@ void expectShown(const Model& model) {
     ASSERT_EQ(ended.code, 0U) << ended.errors;
     EXPECT_EQ(ended.errors, "");
     expectFourColours(Picture::load(file));
-    const auto bitmap = qelview::readBitmap(capture);
+    const auto bitmap = qel::test::readBitmap(capture);
     ASSERT_TRUE(bitmap.has_value());
     expectFourColours(qel::test::pictureOf(*bitmap));
     std::filesystem::remove(file);

@@ -1,5 +1,5 @@
-#include "BitmapFile.h"
 #include "OpenViewerWindows.h"
+#include "viewer/BitmapReader.h"
 
 /// Colours and sizes in the viewer's window, through its window procedure.
 
@@ -38,7 +38,7 @@ TEST_F(ViewerColours, ShowTheirLegendInCapturesToo) {
     EXPECT_EQ(barIn(picture()), 16U * 22U);
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "qelview-test-legend.bmp";
     ASSERT_TRUE(viewer->capture(file));
-    const auto captured = qelview::readBitmap(file);
+    const auto captured = qel::test::readBitmap(file);
     std::filesystem::remove(file);
     ASSERT_TRUE(captured.has_value());
     EXPECT_EQ(barIn(qel::test::pictureOf(*captured)), 16U * 22U);

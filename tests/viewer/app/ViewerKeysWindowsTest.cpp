@@ -2,10 +2,10 @@
 #include <cmath>
 #include <fstream>
 
-#include "BitmapFile.h"
 #include "OpenViewerWindows.h"
 #include "kit/CallTrace.h"
 #include "kit/Picture.h"
+#include "viewer/BitmapReader.h"
 
 /// The keys of the viewer's window, through its window procedure.
 
@@ -183,8 +183,8 @@ class ViewerKeysCaptures : public ViewerKeys {
 TEST_F(ViewerKeysCaptures, GetANameOfTheirOwn) {
     play("key C\nkey 0\nkey C");
     EXPECT_EQ(stage().annotations().notice, "Captured qelview-002.bmp");
-    const auto first = qelview::readBitmap("qelview-001.bmp");
-    const auto second = qelview::readBitmap("qelview-002.bmp");
+    const auto first = qel::test::readBitmap("qelview-001.bmp");
+    const auto second = qel::test::readBitmap("qelview-002.bmp");
     ASSERT_TRUE(first.has_value() && second.has_value());
     EXPECT_EQ(first->width, kWidth);
     EXPECT_EQ(first->height, kHeight);
@@ -193,19 +193,19 @@ TEST_F(ViewerKeysCaptures, GetANameOfTheirOwn) {
 
 TEST_F(ViewerKeysCaptures, ShowTheMarkButNeitherHelpNorNoticeNorStrip) {
     play("capture plain.bmp\nkey H\nmove 170 150\ncapture helped.bmp");
-    const auto plain = qelview::readBitmap("plain.bmp");
-    const auto helped = qelview::readBitmap("helped.bmp");
+    const auto plain = qel::test::readBitmap("plain.bmp");
+    const auto helped = qel::test::readBitmap("helped.bmp");
     ASSERT_TRUE(plain.has_value() && helped.has_value());
     EXPECT_EQ(plain->rgb, helped->rgb);
     play("key H\ndown left 170 149\nup left 170 149\ncapture marked.bmp");
-    const auto marked = qelview::readBitmap("marked.bmp");
+    const auto marked = qel::test::readBitmap("marked.bmp");
     ASSERT_TRUE(marked.has_value());
     EXPECT_GT(qel::test::pictureOf(*marked).countOf(kSignalColour, 2), 60U);
 }
 
 TEST_F(ViewerKeysCaptures, LeaveOutThePixelsBeyondAMultipleOfFour) {
     play("size 323 200\ncapture odd.bmp");
-    const auto odd = qelview::readBitmap("odd.bmp");
+    const auto odd = qel::test::readBitmap("odd.bmp");
     ASSERT_TRUE(odd.has_value());
     EXPECT_EQ(odd->width, 320);
     EXPECT_EQ(odd->height, 200);
@@ -229,7 +229,7 @@ TEST_F(ViewerKeysCaptures, DoNotTakeWhatStandsUnderTheirNameForThePicture) {
     ASSERT_NE(locked, INVALID_HANDLE_VALUE);
     EXPECT_FALSE(viewer->capture("locked.bmp"));
     CloseHandle(locked);
-    EXPECT_TRUE(qelview::readBitmap("locked.bmp").has_value());
+    EXPECT_TRUE(qel::test::readBitmap("locked.bmp").has_value());
     std::filesystem::create_directory("folder.bmp");
     EXPECT_FALSE(viewer->capture("folder.bmp"));
     EXPECT_TRUE(std::filesystem::is_directory("folder.bmp"));
@@ -251,7 +251,7 @@ TEST_P(ViewerKeysCapturesOnAFullDisk, AreReportedAsIncomplete) {
     // The next one finds room.
     EXPECT_TRUE(viewer->capture("full.bmp"));
     EXPECT_EQ(stage().annotations().notice, "Captured full.bmp");
-    EXPECT_TRUE(qelview::readBitmap("full.bmp").has_value());
+    EXPECT_TRUE(qel::test::readBitmap("full.bmp").has_value());
 }
 INSTANTIATE_TEST_SUITE_P(Writes, ViewerKeysCapturesOnAFullDisk, testing::Values(0, 3));
 

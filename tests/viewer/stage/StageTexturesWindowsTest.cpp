@@ -6,12 +6,12 @@
 #include <memory>
 #include <string>
 
-#include "BitmapFile.h"
 #include "QelGl.h"
 #include "ReadImage.h"
 #include "Stage.h"
 #include "SystemWindow.h"
 #include "kit/CallTrace.h"
+#include "viewer/BitmapReader.h"
 #include "viewer/ImageBytes.h"
 
 namespace {
@@ -86,7 +86,7 @@ class StageTextures : public testing::Test {
         const std::filesystem::path file =
             std::filesystem::temp_directory_path() / "qelview-test-textures.bmp";
         EXPECT_EQ(stage->capture(file), qelview::CaptureEnd::Whole);
-        const auto image = qelview::readBitmap(file);
+        const auto image = qel::test::readBitmap(file);
         std::filesystem::remove(file);
         return image.value_or(PixelImage());
     }

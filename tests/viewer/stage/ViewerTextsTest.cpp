@@ -6,12 +6,12 @@
 #include <fstream>
 #include <thread>
 
-#include "BitmapFile.h"
 #include "CameraText.h"
 #include "CaptureName.h"
 #include "CoordinateText.h"
 #include "LoadTask.h"
 #include "TileSheet.h"
+#include "viewer/BitmapReader.h"
 #include "viewer/ViewerData.h"
 
 /// Texts and files that the viewer makes.
@@ -72,7 +72,7 @@ TEST(ViewerTextsReadBitmap, TurnsColoursRoundAndSkipsThePadding) {
     // Two rows of one pixel: four bytes the first, two of the second with its padding cut.
     const qel::test::TemporaryFile file("odd.bmp",
                                         bitmapOf(1, 2, std::string("\x01\x02\x03\x00\x04\x05", 6)));
-    const auto image = qelview::readBitmap(file.path());
+    const auto image = qel::test::readBitmap(file.path());
     ASSERT_TRUE(image.has_value());
     EXPECT_EQ(image->width, 1);
     EXPECT_EQ(image->height, 2);
@@ -87,9 +87,9 @@ TEST(ViewerTextsReadBitmap, RefusesOtherFiles) {
     for (const std::string& content :
          {std::string("BM"), bitmapOf(2, 2, "abc"), bitmapOf(0, 1, "abc"), deep, endless}) {
         const qel::test::TemporaryFile file("refused.bmp", content);
-        EXPECT_FALSE(qelview::readBitmap(file.path()).has_value()) << content.size();
+        EXPECT_FALSE(qel::test::readBitmap(file.path()).has_value()) << content.size();
     }
-    EXPECT_FALSE(qelview::readBitmap("absent.bmp").has_value());
+    EXPECT_FALSE(qel::test::readBitmap("absent.bmp").has_value());
 }
 
 TEST(ViewerTextsReadBitmap, ReadsSidesOfUpToThirtyTwoThousandPixels) {
@@ -98,7 +98,7 @@ TEST(ViewerTextsReadBitmap, ReadsSidesOfUpToThirtyTwoThousandPixels) {
         bytes[18] = static_cast<char>(width % 256);
         bytes[19] = static_cast<char>(width / 256);
         const qel::test::TemporaryFile file("wide.bmp", bytes);
-        return qelview::readBitmap(file.path()).has_value();
+        return qel::test::readBitmap(file.path()).has_value();
     };
     EXPECT_TRUE(isRead(32768));
     EXPECT_FALSE(isRead(32769));
