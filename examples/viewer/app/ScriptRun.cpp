@@ -65,6 +65,13 @@ void clickTwice(const ViewerWindow& viewer, const ScriptStep& step) {
     send(viewer, WM_LBUTTONUP, 0, place);
 }
 
+void changeScale(const ViewerWindow& viewer, int percent) {
+    const auto dotsPerInch = static_cast<WORD>(MulDiv(USER_DEFAULT_SCREEN_DPI, percent, 100));
+    RECT place{};
+    GetWindowRect(viewer.handle(), &place);
+    send(viewer, WM_DPICHANGED, MAKEWPARAM(dotsPerInch, dotsPerInch), reinterpret_cast<LPARAM>(&place));
+}
+
 bool writeCamera(ViewerWindow& viewer, const ScriptStep& step) {
     std::ofstream stream(pathOf(step), std::ios::binary | std::ios::trunc);
     IQelTrackBall& camera = viewer.view().camera();
@@ -91,6 +98,9 @@ bool perform(ViewerWindow& viewer, const ScriptStep& step) {
     switch (step.action) {
         case ScriptAction::Size:
             setClientSize(viewer.handle(), {step.x, step.y});
+            return true;
+        case ScriptAction::Scale:
+            changeScale(viewer, step.x);
             return true;
         case ScriptAction::Move:
             send(viewer, WM_MOUSEMOVE, 0, MAKELPARAM(step.x, step.y));

@@ -13,7 +13,7 @@ namespace qelview {
 namespace {
 
 /// What follows the first word of a line.
-enum class Operands : std::uint8_t { Place, ButtonAndPlace, NotchesAndPlace, KeyName, FileName };
+enum class Operands : std::uint8_t { Place, ButtonAndPlace, NotchesAndPlace, Percent, KeyName, FileName };
 
 struct Verb {
     std::string_view word;
@@ -23,8 +23,10 @@ struct Verb {
     std::string_view meaning;
 };
 
-constexpr std::array<Verb, 12> kVerbs{{
+constexpr std::array<Verb, 13> kVerbs{{
     {"size", ScriptAction::Size, Operands::Place, "size WIDTH HEIGHT", "resizes the view"},
+    {"scale", ScriptAction::Scale, Operands::Percent, "scale PERCENT",
+     "moves the window to a screen of this scaling"},
     {"move", ScriptAction::Move, Operands::Place, "move X Y", "moves the mouse"},
     {"down", ScriptAction::Down, Operands::ButtonAndPlace, "down left|middle|right X Y [shift|ctrl]",
      "presses a button"},
@@ -130,6 +132,10 @@ ScriptStep readStep(const Words& words, const TextLines& lines) {
             requireCount(words, 4, *verb, lines);
             step.notches = readWithin(words[1], -kMostNotches, kMostNotches, lines);
             readPlace(step, words[2], words[3], lines);
+            break;
+        case Operands::Percent:
+            requireCount(words, 2, *verb, lines);
+            step.x = readWithin(words[1], 100, 500, lines);
             break;
         case Operands::KeyName:
             requireCount(words, 2, *verb, lines);

@@ -24,12 +24,14 @@ enum class ScriptAction : std::uint8_t {
     Picture,
     Camera,
     Capture,
+    Scale,
 };
 
 /// One line of a script.
 struct ScriptStep {
     ScriptAction action = ScriptAction::Move;
-    /// A position in the view in pixels, from its upper-left corner like the mouse; or the size of the view.
+    /// A position in the view in pixels, from its upper-left corner like the mouse; or the size of the view; or
+    /// percent.
     int x = 0;
     int y = 0;
     MouseButton button = MouseButton::Left;

@@ -40,6 +40,15 @@ TEST(Script, ReadsButtonsWithAndWithoutShift) {
     EXPECT_FALSE(up.withShift);
 }
 
+TEST(Script, ReadsTheControlKeyAndScaling) {
+    EXPECT_TRUE(onlyStep("down left 5 6 ctrl").withControl);
+    EXPECT_FALSE(onlyStep("down left 5 6 ctrl").withShift);
+    EXPECT_EQ(onlyStep("scale 150").action, ScriptAction::Scale);
+    EXPECT_EQ(onlyStep("scale 150").x, 150);
+    EXPECT_EQ(qel::test::refusalOf([] { return parseScript("scale 99"); }),
+              "line 1: '99' is out of range (100 to 500)");
+}
+
 TEST(Script, ReadsWheelsAndKeys) {
     const ScriptStep wheel = onlyStep("wheel -3 10 20");
     EXPECT_EQ(wheel.action, ScriptAction::Wheel);
