@@ -56,4 +56,10 @@ void ViewerWindow::followReports(const DeviceReports& reports) {
     moved();
 }
 
+void ViewerWindow::returnToPreviousCamera() {
+    if (!stage->returnToPreviousCamera()) {
+        say("There is no earlier camera");
+    }
+}
+
 }  // namespace qelview

@@ -1,4 +1,7 @@
+#include <algorithm>
+#include <array>
 #include <cstdio>
+#include <utility>
 
 #include "FileInput.h"
 #include "LoadTask.h"
@@ -39,95 +42,45 @@ bool ViewerWindow::take(const KeyCommand& wanted) {
 }
 
 void ViewerWindow::execute(const KeyCommand& wanted) {
-    switch (wanted.command) {
-        case Command::StandardView:
-            stage->setView(wanted.number);
-            break;
-        case Command::Fit:
-            stage->fit();
-            break;
-        case Command::SwitchProjection:
-            stage->switchProjection();
-            break;
-        case Command::LongAxes:
-            stage->switchLongAxes();
-            break;
-        case Command::TurnUp:
-            turnUp();
-            break;
-        case Command::Warnings:
-            showWarnings();
-            break;
-        case Command::Stereo:
-            switchStereo();
-            break;
-        case Command::ZoomRectangle:
-            chooseRectangle(!choosesRectangle);
-            break;
-        case Command::Capture:
-            captureToFreeName();
-            break;
-        case Command::Help:
-            switchPanel(Panel::Help);
-            break;
-        case Command::Open:
-            openFiles(askForFiles(window.get()));
-            break;
-        case Command::Measure:
-            switchMeasuring();
-            break;
-        case Command::CopyMeasurements:
-            copyMeasurements();
-            break;
-        case Command::Colours:
-            nextColours();
-            break;
-        case Command::PointSize:
-            growPoints(wanted.number == 0 ? 1.0F : -1.0F);
-            break;
-        case Command::Reload:
-            reload();
-            break;
-        case Command::Turn:
-        case Command::Pan:
-        case Command::Zoom:
-            moveByKey(wanted);
-            break;
-        case Command::Quartet:
-            switchQuartet();
-            break;
-        case Command::Section:
-            nextSection();
-            break;
-        case Command::MoveSection:
-        case Command::FlipSection:
-            changeSection(wanted);
-            break;
-        case Command::PreviousCamera:
-            if (!stage->returnToPreviousCamera()) {
-                say("There is no earlier camera");
-            }
-            break;
-        case Command::CopyPicture:
-            copyView();
-            break;
-        case Command::CaptureSize:
-            nextCaptureSize();
-            break;
-        case Command::Leave:
-            leave();
-            break;
-        case Command::Recent:
-            openRecent(wanted.number);
-            break;
-        case Command::About:
-            showAbout();
-            break;
-        case Command::Quit:
-            ended = true;
-            break;
-        case Command::Nothing:
-            break;
+    using Window = ViewerWindow&;
+    using Key = const KeyCommand&;
+    static constexpr std::array<std::pair<Command, void (*)(Window, Key)>, 30> kActions{{
+        {Command::StandardView, [](Window it, Key key) { it.stage->setView(key.number); }},
+        {Command::Fit, [](Window it, Key) { it.stage->fit(); }},
+        {Command::SwitchProjection, [](Window it, Key) { it.stage->switchProjection(); }},
+        {Command::LongAxes, [](Window it, Key) { it.stage->switchLongAxes(); }},
+        {Command::TurnUp, [](Window it, Key) { it.turnUp(); }},
+        {Command::Warnings, [](Window it, Key) { it.showWarnings(); }},
+        {Command::Stereo, [](Window it, Key) { it.switchStereo(); }},
+        {Command::ZoomRectangle, [](Window it, Key) { it.chooseRectangle(!it.choosesRectangle); }},
+        {Command::Capture, [](Window it, Key) { it.captureToFreeName(); }},
+        {Command::Help, [](Window it, Key) { it.switchPanel(Panel::Help); }},
+        {Command::Open, [](Window it, Key) { it.openFiles(askForFiles(it.window.get())); }},
+        {Command::Reload, [](Window it, Key) { it.reload(); }},
+        {Command::Turn, [](Window it, Key key) { it.moveByKey(key); }},
+        {Command::Pan, [](Window it, Key key) { it.moveByKey(key); }},
+        {Command::Zoom, [](Window it, Key key) { it.moveByKey(key); }},
+        {Command::PreviousCamera, [](Window it, Key) { it.returnToPreviousCamera(); }},
+        {Command::Measure, [](Window it, Key) { it.switchMeasuring(); }},
+        {Command::Colours, [](Window it, Key) { it.nextColours(); }},
+        {Command::PointSize, [](Window it, Key key) { it.growPoints(key.number == 0 ? 1.0F : -1.0F); }},
+        {Command::CopyPicture, [](Window it, Key) { it.copyView(); }},
+        {Command::CaptureSize, [](Window it, Key) { it.nextCaptureSize(); }},
+        {Command::CopyMeasurements, [](Window it, Key) { it.copyMeasurements(); }},
+        {Command::Quartet, [](Window it, Key) { it.switchQuartet(); }},
+        {Command::Section, [](Window it, Key) { it.nextSection(); }},
+        {Command::MoveSection, [](Window it, Key key) { it.changeSection(key); }},
+        {Command::FlipSection, [](Window it, Key key) { it.changeSection(key); }},
+        {Command::Leave, [](Window it, Key) { it.leave(); }},
+        {Command::Recent, [](Window it, Key key) { it.openRecent(key.number); }},
+        {Command::About, [](Window it, Key) { it.showAbout(); }},
+        {Command::Quit, [](Window it, Key) { it.ended = true; }},
+    }};
+    const auto* const action = std::find_if(kActions.begin(), kActions.end(), [&wanted](const auto& each) {
+        return each.first == wanted.command;
+    });
+    if (action != kActions.end()) {
+        action->second(*this, wanted);
     }
 }
 

@@ -47,10 +47,11 @@ void ViewerWindow::turnUp() {
         say("The file defines that " + std::string(stage->up() == UpAxis::Y ? "Y" : "Z") + " points up");
         return;
     }
-    for (Stage* const view : views()) {
-        view->turnView(before);
+    own->turnView(before);
+    if (quartet) {
+        quartet->setViews();
+        stage->makeCurrent();
     }
-    stage->makeCurrent();
     for (const std::string& file : shownFiles) {
         recent.add(file, stage->up());
     }

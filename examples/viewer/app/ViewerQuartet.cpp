@@ -41,17 +41,8 @@ void ViewerWindow::chooseView(const PixelPlace& place) {
     }
 }
 
-std::vector<Stage*> ViewerWindow::views() const {
-    std::vector<Stage*> all{own.get()};
-    if (quartet) {
-        const auto four = quartet->stages();
-        all.insert(all.end(), four.begin(), four.end());
-    }
-    return all;
-}
-
 void ViewerWindow::showQuartet() {
-    own->showImage(quartet->image(), quartet->frame());
+    own->showImage(quartet->image());
     stage->makeCurrent();
 }
 

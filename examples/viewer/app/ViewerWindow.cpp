@@ -272,9 +272,7 @@ void ViewerWindow::drawFrame() {
 PixelImage ViewerWindow::picture() {
     refresh();
     if (quartet) {
-        const PixelImage image = own->imagePicture(quartet->image(), quartet->frame());
-        stage->makeCurrent();
-        return image;
+        return quartet->image();
     }
     const std::optional<PixelBox> rectangle = drawnRectangle();
     return rectangle ? stage->overlayPicture(rectangle) : stage->picture();

@@ -139,14 +139,13 @@ class ViewerWindow {
     void turnUp();
     void showAbout();
     void moveByKey(const KeyCommand& wanted);
+    void returnToPreviousCamera();
     void reload();
     void switchQuartet();
     void closeQuartet();
     void showQuartet();
     /// Of four views, that at a place of the window takes mouse and keys, unless a button is held.
     void chooseView(const PixelPlace& place);
-    /// The one view and the four.
-    [[nodiscard]] std::vector<Stage*> views() const;
     void nextSection();
     void changeSection(const KeyCommand& wanted);
     void saySection();

@@ -73,12 +73,13 @@ struct HelpLine {
     std::string_view meaning;
 };
 
-inline constexpr std::array<HelpLine, 32> kHelpLines{{
+inline constexpr std::array<HelpLine, 33> kHelpLines{{
     {"Left button", "rotate; a click marks a point"},
     {"Middle button", "pan; also left with Shift"},
     {"Right button", "zoom: up closer, down away"},
     {"Wheel", "zoom at the cursor"},
     {"Double click", "set the rotation centre"},
+    {"Six-axis device", "move and turn the scene"},
     {"0 to 7", "top, bottom, back, front, right, left, isometric"},
     {"Arrow keys", "turn; with Shift pan"},
     {"+ and -", "zoom"},

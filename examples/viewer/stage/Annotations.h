@@ -40,6 +40,8 @@ struct Annotations {
     Panel panel = Panel::None;
     /// A line of text for the user; empty for none.
     std::string notice;
+    /// Title and counts.
+    bool hasHeading = true;
     /// A strip at the lower edge: the view, the point under the mouse, the time of the last frame.
     bool hasStrip = false;
     std::optional<PixelPlace> mouse;

@@ -112,6 +112,9 @@ std::vector<Stage::HeadingLine> Stage::heading() {
         return font.widthOf(line, letterHeight(kLetterHeight)) <= room * unit();
     };
     std::vector<HeadingLine> lines;
+    if (!notes.hasHeading) {
+        return lines;
+    }
     for (const auto& [text, color] :
          {std::pair(&content.title, kTitleColor), std::pair(&content.summary, kSummaryColor)}) {
         for (std::string& line : wrappedText(*text, fits)) {
@@ -131,21 +134,22 @@ void Stage::drawHeading() {
 }
 
 void Stage::beginLayout() {
+    // Spans the view, in captures of any size too.
     display->setOrtho2D();
-    glScaled(unit(), unit(), 1.0);
+    glScaled(content.scale, content.scale, 1.0);
 }
 
 int Stage::letterHeight(double units) const {
     return static_cast<int>(std::lround(units * unit()));
 }
 
-void Stage::printAt(double x, double y, const std::string& text) {
+void Stage::printAt(double x, double y, const std::string& text, double letters) {
     // A position inside the view is always valid; the text may begin outside.
     glRasterPos2d(1.0, 1.0);
     const auto pixels = [this](double units) {
         return static_cast<int>(std::lround((units - 1.0) * unit()));
     };
-    font.print(text, letterHeight(kLetterHeight), pixels(x), pixels(y));
+    font.print(text, letterHeight(letters), pixels(x), pixels(y));
 }
 
 bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {

@@ -103,16 +103,16 @@ std::vector<MeasurementLine> measurementLines(const Points& points, const qel::X
 std::string measurementTable(const Points& points, const qel::XPnt3d& origin, UpAxis up) {
     std::string table = "point\tx\ty\tz\tdx\tdy\tdz\tdistance\thorizontal\tslope (deg)\tpath";
     table += kLineEnd;
-    Points soFar;
-    Measurement measured;
-    for (const qel::XPnt3d& point : points) {
-        soFar.push_back(point);
-        measured = measure(soFar, up);
-        addRow(table, soFar.size(), point + origin, soFar.size() > 1 ? &measured : nullptr);
+    double path = 0.0;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        Measurement measured = measure({points[i == 0 ? 0 : i - 1], points[i]}, up);
+        measured.pathLength = path += measured.distance;
+        addRow(table, i + 1, points[i] + origin, i > 0 ? &measured : nullptr);
     }
     if (points.size() > 2) {
-        table += "area\t" + inFull(measured.area) + kLineEnd + "area from above\t" +
-                 inFull(measured.areaFromAbove) + kLineEnd;
+        const Measurement all = measure(points, up);
+        table += "area\t" + inFull(all.area) + kLineEnd + "area from above\t" + inFull(all.areaFromAbove) +
+                 kLineEnd;
     }
     return table;
 }

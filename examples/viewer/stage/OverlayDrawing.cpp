@@ -76,24 +76,13 @@ void Stage::drawOverlay(const std::optional<PixelBox>& rectangle) {
     display->endDraw();
 }
 
-void Stage::showImage(const PixelImage& image, const PixelBox& rectangle) {
-    drawImage(image, rectangle);
-    display->present();
-}
-
-PixelImage Stage::imagePicture(const PixelImage& image, const PixelBox& rectangle) {
-    drawImage(image, rectangle);
-    return readBack();
-}
-
-void Stage::drawImage(const PixelImage& image, const PixelBox& rectangle) {
+void Stage::showImage(const PixelImage& image) {
     display->beginFrame(0);
     display->beginDraw();
-    beginLayout();
+    display->setOrtho2D();
     drawPixels(image);
-    const QelTmpGlStateCtrl depthTest(GL_DEPTH_TEST, false);
-    drawRectangle(rectangle);
     display->endDraw();
+    display->present();
 }
 
 PixelImage Stage::readBack() {
@@ -159,6 +148,8 @@ void Stage::drawPanel() {
     constexpr double kInputColumn = 20.0;
     constexpr double kMeaningColumn = 160.0;
     constexpr double kWidthOfHelp = 600.0;
+    constexpr double kSmallestLine = 9.0;
+    constexpr double kShareOfLetters = 0.85;
     const bool isHelp = notes.panel == Panel::Help;
     const std::size_t lines = isHelp ? kHelpLines.size() : content.warnings.size();
     if (notes.panel == Panel::None || lines == 0) {
@@ -170,16 +161,17 @@ void Stage::drawPanel() {
     const double right = isHelp ? kMargin + kWidthOfHelp : layoutWidth() - kMargin;
     // All of it, in a low window too.
     const double lineHeight = std::clamp((top - kStripHeight - kUnderLine) / static_cast<double>(lines + 1),
-                                         kLetterHeight, kLineHeight);
+                                         kSmallestLine, kLineHeight);
+    const double letters = std::min(kLetterHeight, kShareOfLetters * lineHeight);
     drawPlate(kMargin, top - static_cast<double>(lines + 1) * lineHeight, right, top);
     const QelTmpGlStateCtrl color(kTextColor);
     double y = top - lineHeight - kUnderLine * 0.5;
     for (std::size_t i = 0; i < lines; ++i) {
         if (isHelp) {
-            printAt(kMargin + kInputColumn, y, std::string(kHelpLines.at(i).input));
-            printAt(kMargin + kMeaningColumn, y, std::string(kHelpLines.at(i).meaning));
+            printAt(kMargin + kInputColumn, y, std::string(kHelpLines.at(i).input), letters);
+            printAt(kMargin + kMeaningColumn, y, std::string(kHelpLines.at(i).meaning), letters);
         } else {
-            printAt(kMargin + kInputColumn, y, content.warnings[i]);
+            printAt(kMargin + kInputColumn, y, content.warnings[i], letters);
         }
         y -= lineHeight;
     }

@@ -1,6 +1,7 @@
 #include "Quartet.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "TileSheet.h"
 
@@ -21,6 +22,7 @@ std::unique_ptr<Quartet> Quartet::open(Stage& one, const ClientSize& size) {
         if (view.stage == nullptr) {
             return nullptr;
         }
+        view.stage->annotations().hasHeading = &view == quartet->views.data();
     }
     quartet->resize(size);
     quartet->setViews();
@@ -62,9 +64,13 @@ bool Quartet::choose(const PixelPlace& place) {
     if (wanted == chosen) {
         return false;
     }
-    active().annotations().mouse.reset();
-    active().annotations().notice.clear();
-    drawOverlay({});
+    Annotations& notes = active().annotations();
+    notes.mouse.reset();
+    if (std::exchange(notes.notice, "").empty()) {
+        drawOverlay({});
+    } else {
+        draw(false);
+    }
     chosen = wanted;
     return true;
 }
@@ -78,17 +84,6 @@ PixelPlace Quartet::cornerOf(std::size_t view) const {
 PixelPlace Quartet::inActive(const PixelPlace& place) const {
     const PixelPlace corner = cornerOf(chosen);
     return {place.x - corner.x, place.y - corner.y};
-}
-
-PixelBox Quartet::frame() const {
-    constexpr int kHalfGap = kGap / 2;
-    const PixelPlace corner = cornerOf(chosen);
-    return {{corner.x - kHalfGap, corner.y - kHalfGap},
-            {corner.x + tile.width + kHalfGap - 1, corner.y + tile.height + kHalfGap - 1}};
-}
-
-std::array<Stage*, 4> Quartet::stages() {
-    return {views[0].stage.get(), views[1].stage.get(), views[2].stage.get(), views[3].stage.get()};
 }
 
 void Quartet::draw(bool all) {

@@ -17,6 +17,8 @@ class Quartet {
     /// @param size of the window.
     [[nodiscard]] static std::unique_ptr<Quartet> open(Stage& one, const ClientSize& size);
     void resize(const ClientSize& size);
+    /// The standard view of each, filled by the scene.
+    void setViews();
     /// As `Stage::sceneChanged`, with the standard views of a new scene.
     void sceneChanged(const std::optional<qel::XPnt3d>& originBefore);
 
@@ -27,9 +29,6 @@ class Quartet {
     bool choose(const PixelPlace& place);
     /// A place of the window in the active view.
     [[nodiscard]] PixelPlace inActive(const PixelPlace& place) const;
-    /// Around the active view, in the window.
-    [[nodiscard]] PixelBox frame() const;
-    [[nodiscard]] std::array<Stage*, 4> stages();
 
     /// Draws the active view, or all, which then have its marks.
     void draw(bool all);
@@ -47,8 +46,6 @@ class Quartet {
         PixelImage picture;
     };
 
-    /// The standard view of each, filled by the scene.
-    void setViews();
     /// The lower left corner of a view in the window.
     [[nodiscard]] PixelPlace cornerOf(std::size_t view) const;
 

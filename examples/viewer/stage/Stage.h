@@ -21,6 +21,7 @@
 #include "Scene.h"
 #include "ScreenFont.h"
 #include "SystemWindow.h"
+#include "TextPlaces.h"
 
 namespace qelview {
 
@@ -138,9 +139,8 @@ class Stage {
     /// Shows the last frame again with the strip of the moment and, over everything, a rectangle.
     void showOverlay(const std::optional<PixelBox>& rectangle);
     [[nodiscard]] PixelImage overlayPicture(const std::optional<PixelBox>& rectangle);
-    /// Shows a picture in place of the scene, with a rectangle over it.
-    void showImage(const PixelImage& image, const PixelBox& rectangle);
-    [[nodiscard]] PixelImage imagePicture(const PixelImage& image, const PixelBox& rectangle);
+    /// Shows a picture in place of the scene.
+    void showImage(const PixelImage& image);
     /// Writes the view, without strip, help and notice, into a PNG file if its name ends so, else into a BMP file. Of pictures for BMP
     /// whose width is not a multiple of four the last pixels of each row are left out, because programs disagree about such files.
     /// @param times how many times as large as the view.
@@ -195,7 +195,6 @@ class Stage {
     /// The whole view becomes a bitmap of this size.
     [[nodiscard]] bool beginCapture(int width, int height, const std::wstring& file);
     void drawCapture(int times);
-    void drawImage(const PixelImage& image, const PixelBox& rectangle);
     /// Coordinates of layout, with the origin at the lower left; what is drawn in them is as large on every screen.
     void beginLayout();
     /// Pixels of a unit of layout.
@@ -235,7 +234,7 @@ class Stage {
     void drawLocalFrame();
     void drawAxes();
     void drawTripod();
-    void printAt(double x, double y, const std::string& text);
+    void printAt(double x, double y, const std::string& text, double letters = kLetterHeight);
 
     void drawOverlay(const std::optional<PixelBox>& rectangle);
     /// The point of the scene that OpenGL holds at a place, as `pointAt` gives it.

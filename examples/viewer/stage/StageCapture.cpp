@@ -99,6 +99,7 @@ void Stage::drawCapture(int times) {
     Annotations shown;
     shown.marks = notes.marks;
     shown.isMeasuring = notes.isMeasuring;
+    shown.hasHeading = notes.hasHeading;
     shown.localFrame = notes.localFrame;
     std::swap(shown, notes);
     const std::size_t parts = std::exchange(partsPerDrawn, 1);

@@ -52,7 +52,8 @@ std::pair<double, double> rangeAlong(const qel::XPnt3d& direction, const qel::En
 }  // namespace
 
 void Stage::setSection(SectionAxis axis) {
-    content.section = {axis};
+    content.section = {};
+    content.section.axis = axis;
     qel::XPnt3d& normal = content.section.normal;
     normal = axis == SectionAxis::X   ? qel::XPnt3d(1.0, 0.0, 0.0)
              : axis == SectionAxis::Y ? qel::XPnt3d(0.0, 1.0, 0.0)

@@ -1,9 +1,9 @@
 #include <cstring>
 
-#include "BitmapFile.h"
 #include "OpenViewerWindows.h"
 #include "Options.h"
 #include "kit/CallTrace.h"
+#include "viewer/BitmapReader.h"
 
 /// Pictures of the view for files and for the clipboard.
 
@@ -31,7 +31,7 @@ class ViewerCapture : public OpenViewer {
 
 TEST_F(ViewerCapture, IsAPngFileIfItsNameEndsSo) {
     ASSERT_TRUE(viewer->capture(bmp));
-    const auto bitmap = qelview::readBitmap(bmp);
+    const auto bitmap = qel::test::readBitmap(bmp);
     ASSERT_TRUE(bitmap.has_value());
     EXPECT_EQ(capturedPng(), qel::test::pictureOf(*bitmap));
     EXPECT_EQ(stage().annotations().notice, "Captured qelview-test-capture.PNG");
@@ -73,6 +73,35 @@ TEST_F(ViewerCapture, IsOnceTwiceOrFourTimesAsLargeWithEverythingInProportion) {
     EXPECT_GT(alike, std::size_t{kWidth} * kHeight * 85 / 100);
     play("key R");
     EXPECT_EQ(capturedPng(), once);
+}
+
+struct Detail {
+    const char* name;
+    qel::test::Rgba colour;
+    /// Where it is at once the size, from the lower left.
+    qel::test::PixelArea area;
+};
+
+TEST_F(ViewerCapture, EnlargesMarksLegendAndTripodInProportion) {
+    constexpr Detail kDetails[] = {{"cross", {255, 217, 64, 255}, {159, 79, 22, 22}},
+                                   {"legend", {61, 184, 135, 255}, {14, 98, 24, 32}},
+                                   {"tripod", {0, 0, 255, 255}, {260, 180, 60, 60}}};
+    play("key E\ndown left 170 149\nup left 170 149");
+    for (const char* const projection : {"perspective", "orthographic"}) {
+        const Picture once = capturedPng();
+        play("key R\nkey R");
+        const Picture fourTimes = capturedPng();
+        play("key R\nkey O");
+        for (const auto& [name, colour, area] : kDetails) {
+            const std::size_t before = once.countOf(colour, 40, area);
+            const std::size_t after =
+                fourTimes.countOf(colour, 40, {4 * area.x, 4 * area.y, 4 * area.width, 4 * area.height});
+            EXPECT_GT(before, 8U) << name << ", " << projection;
+            // Enlarged letters are of a font with other strokes.
+            EXPECT_NEAR(static_cast<double>(after) / static_cast<double>(before), 16.0, 8.0)
+                << name << ", " << projection;
+        }
+    }
 }
 
 TEST_F(ViewerCapture, SaysWhenThePictureIsTooLargeForTheDriver) {

@@ -109,6 +109,34 @@ TEST_F(ViewerFiles, StaysResponsiveDuringALongLoadAndKeepsTheSceneWhenItIsCancel
     expectTheOldScene(before);
 }
 
+TEST(ViewerFilesProgress, IsAsLargeOnEveryScreen) {
+    constexpr int kDotsPerInch[] = {96, 144, 192};
+    for (const int dotsPerInch : kDotsPerInch) {
+        RECT window{};
+        RECT bar{};
+        std::thread user([&] {
+            HWND progress = nullptr;
+            for (int attempt = 0; attempt < 1000 && progress == nullptr; ++attempt) {
+                Sleep(10);
+                progress = FindWindowW(L"QelViewProgress", nullptr);
+            }
+            HWND const child = GetWindow(progress, GW_CHILD);
+            GetClientRect(progress, &window);
+            GetClientRect(child, &bar);
+            PostMessageW(progress, WM_CLOSE, 0, 0);
+        });
+        qelview::LoadTask task(loadForEver);
+        EXPECT_THROW(static_cast<void>(qelview::waitWithWindow(task, static_cast<unsigned>(dotsPerInch))),
+                     qelview::ReadCancelled);
+        user.join();
+        EXPECT_EQ(window.right, 420 * dotsPerInch / 96);
+        // This screen's caption may be lower than the one that belongs to the resolution.
+        EXPECT_GE(window.bottom, 64 * dotsPerInch / 96);
+        EXPECT_EQ(bar.right, 380 * dotsPerInch / 96);
+        EXPECT_EQ(bar.bottom, 24 * dotsPerInch / 96);
+    }
+}
+
 TEST(ViewerFilesOfAnswer, ReadsOneNameOrAFolderWithItsNames) {
     using Files = std::vector<std::string>;
     using namespace std::string_literals;

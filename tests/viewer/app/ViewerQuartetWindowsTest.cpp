@@ -2,8 +2,8 @@
 #include <string>
 #include <utility>
 
-#include "BitmapFile.h"
 #include "OpenViewerWindows.h"
+#include "viewer/BitmapReader.h"
 #include "viewer/ViewerData.h"
 
 /// Four views in the viewer's window, through its window procedure.
@@ -52,6 +52,8 @@ TEST_F(ViewerQuartet, ShowsTheSceneFromAboveInFrontFromTheRightAndIsometrically)
     play("key Q\nsize 314 234\nkey O");
     int number = 0;
     for (const char* const key : {"key 0", "key 3", "key 4", "key O\nkey 6"}) {
+        // The first view has the heading of all.
+        stage().annotations().hasHeading = number == 0;
         play(key);
         EXPECT_LT(qel::test::compare(quarter(whole, number), picture(), 8).share, 0.01) << key;
         ++number;
@@ -89,16 +91,24 @@ TEST_F(ViewerQuartet, TurnsOnlyTheViewUnderTheMouse) {
 
 TEST_F(ViewerQuartet, ZoomsAtThePlaceUnderTheMouseOfEachView) {
     play("key Q");
-    for (const auto& [x, y] :
+    for (const auto& [x, top] :
          {std::pair(160, 120), std::pair(480, 120), std::pair(160, 360), std::pair(480, 360)}) {
-        play("move " + std::to_string(x) + " " + std::to_string(y));
+        const auto at = [column = x](int row) { return std::to_string(column) + " " + std::to_string(row); };
+        // From the middle of the view down to the scene.
+        int y = top;
+        do {
+            play("move " + at(++y));
+        } while (y < top + 60 && !stage().pointAt(*stage().annotations().mouse).isValid());
         const qelview::PixelPlace place = *stage().annotations().mouse;
         const qel::XPnt3d point = stage().pointAt(place);
-        ASSERT_TRUE(point.isValid()) << x << " " << y;
-        play("wheel 3 " + std::to_string(x) + " " + std::to_string(y));
+        ASSERT_TRUE(point.isValid()) << at(y);
+        play("wheel 3 " + at(y));
         const qel::XPnt3d shown = camera().project(point.x, point.y, point.z);
-        EXPECT_NEAR(shown.x, place.x + 0.5, 1.5) << x << " " << y;
-        EXPECT_NEAR(shown.y, place.y + 0.5, 1.5) << x << " " << y;
+        EXPECT_EQ(place.x, x < 320 ? x - kGap : x - 2 * kGap - kColumns);
+        EXPECT_EQ(place.y, top > 240 ? 479 - y - kGap : 479 - y - 2 * kGap - kRows);
+        // Orthographic views zoom by the mean depth of the scene.
+        EXPECT_NEAR(shown.x, place.x + 0.5, 4.0) << at(y);
+        EXPECT_NEAR(shown.y, place.y + 0.5, 4.0) << at(y);
     }
 }
 
@@ -143,7 +153,7 @@ TEST_F(ViewerQuartet, IsCapturedAsAWhole) {
         ASSERT_TRUE(viewer->capture(png));
         ASSERT_TRUE(viewer->capture(bmp));
         const Picture captured = Picture::load(png);
-        const auto bitmap = qelview::readBitmap(bmp);
+        const auto bitmap = qel::test::readBitmap(bmp);
         ASSERT_TRUE(bitmap.has_value());
         EXPECT_EQ(qel::test::compare(captured, qel::test::pictureOf(*bitmap)).pixels, 0U) << times;
         EXPECT_EQ(captured.width(), 640 * times);

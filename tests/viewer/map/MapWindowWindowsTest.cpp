@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "MapRun.h"
@@ -133,6 +134,38 @@ TEST_F(MapWindowTest, FollowsTheSizeOfItsWindow) {
     EXPECT_EQ(window.picture().width, 1) << "of a pane without a size";
     key('2');
     EXPECT_EQ(window.picture().width, 1);
+}
+
+TEST_F(MapWindowTest, DrawsTextsLinesAndMarginsAsLargeOnEveryScreen) {
+    const auto inkIn = [this](const char pane) {
+        key(pane);
+        const qelview::PixelImage image = window.picture();
+        const auto dark = [&](std::size_t x, std::size_t y) {
+            return image.rgb[3 * (y * static_cast<std::size_t>(image.width) + x)] < 90;
+        };
+        // The upper left corner, with the title, at twice the size.
+        std::size_t highest = 0;
+        std::size_t count = 0;
+        for (std::size_t y = static_cast<std::size_t>(image.height) - 100;
+             y < static_cast<std::size_t>(image.height); ++y) {
+            for (std::size_t x = 0; x < 200; ++x) {
+                highest = dark(x, y) ? y : highest;
+                count += dark(x, y) ? 1U : 0U;
+            }
+        }
+        return std::pair(static_cast<double>(image.height) - static_cast<double>(highest),
+                         static_cast<double>(count));
+    };
+    for (const char pane : {'1', '2'}) {
+        const auto [marginBefore, inkBefore] = inkIn(pane);
+        const RECT place{0, 0, 500, 400};
+        SendMessageW(window.handle(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&place));
+        const auto [marginAfter, inkAfter] = inkIn(pane);
+        EXPECT_NEAR(marginAfter / marginBefore, 2.0, 0.2) << pane;
+        EXPECT_GT(inkAfter, 1.5 * inkBefore) << pane;
+        SendMessageW(window.handle(), WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&place));
+        EXPECT_EQ(inkIn(pane).second, inkBefore) << pane;
+    }
 }
 
 TEST(MapWindowRun, WritesAPictureOfEachPane) {
