@@ -35,8 +35,18 @@ SCRIPTED = (
         + ("key 6",),
     ),
     ("elevation", "Coloured by elevation.", ("key E",)),
+    (
+        "quartet",
+        "Four views at once, with a marked point, cut across y.",
+        ("key Q", "down left 195 140", "up left 195 140", "key X", "key X", "move 480 350", "key F"),
+    ),
+    ("sixAxes", "Moved by the six axes of a recording.", ("key 3", "motion flight.txt")),
     ("section", "Cut across y, turned round, with the outline of the cut.", ("key X", "key X", "key I", "key PageUp")),
 )
+# The recording: right and towards the eye, then turned and rolled.
+FLIGHT = "3 1 2 0 0 0 10\n0 0 0 6 -4 0 20\n0 0 0 0 0 8 12\n"
+# The same view on screens of several scalings, in percent, side by side.
+SCALINGS = (100, 150, 200)
 # Drawing operations that are not the symbol's.
 OVERLAYS = {"drawAxes", "drawTrackBall", "drawFrame", "drawLabel", "printText", "restoreCache"}
 
@@ -74,7 +84,13 @@ def page(listing):
     for name, text, script in SCRIPTED:
         steps = "\n".join(f"    {step}" for step in script)
         lines.append(f"### {name}\n\n{text} The script, for `./run --size 640x480 --script FILE`:\n\n{steps}\n\n![{name}]({name}.png)\n")
+    steps = "\n".join(f"    {step}" for step in scaled(SCALINGS[1]))
+    lines.append(f"### scaling\n\nOn screens of {', '.join(map(str, SCALINGS))} %. The script of the second:\n\n{steps}\n\n![scaling](scaling.png)\n")
     return "\n".join(lines)
+
+
+def scaled(percent):
+    return f"scale {percent}", f"size {320 * percent // 100} {240 * percent // 100}", "down left 150 120", "up left 150 120", "key E"
 
 
 def draw(program, *arguments):
@@ -91,11 +107,20 @@ def draw_gallery(folder):
         draw("qelview.exe", "--size", "640x480", "--map-out", tree.windows_path(f"{work}/map"))
         for name, file, _, _ in OF_THE_VIEWER:
             pictures.read(f"{work}/{file}").reduce(2).save(f"{folder}/{name}.png")
+        pathlib.Path(work, "flight.txt").write_text(FLIGHT)
         for name, _, steps in SCRIPTED:
-            script = pathlib.Path(work, f"{name}.txt")
-            script.write_text("\n".join((*steps, f"picture {tree.windows_path(folder / f'{name}.png')}")))
-            draw("qelview.exe", "--size", "640x480", "--script", tree.windows_path(script))
+            play(work, [step.replace("flight.txt", tree.windows_path(f"{work}/flight.txt")) for step in steps], folder / f"{name}.png")
+        scalings = [pathlib.Path(work, f"{percent}.png") for percent in SCALINGS]
+        for percent, file in zip(SCALINGS, scalings):
+            play(work, scaled(percent), file)
+        pictures.row([pictures.read(file) for file in scalings]).save(f"{folder}/scaling.png")
     (folder / "README.md").write_text(page("\n".join(re.findall(r"^[^|\n]+\|.*$", listing, re.MULTILINE))))
+
+
+def play(work, steps, picture):
+    script = pathlib.Path(work, "script.txt")
+    script.write_text("\n".join((*steps, f"picture {tree.windows_path(picture)}")))
+    draw("qelview.exe", "--size", "640x480", "--script", tree.windows_path(script))
 
 
 def draw_scenes(folder):

@@ -46,6 +46,16 @@ def count(marks):
     return marks.histogram()[255]
 
 
+def row(shown):
+    """Pictures side by side, from a common lower edge."""
+    sheet = Image.new("RGB", (sum(picture.width + 4 for picture in shown) - 4, max(picture.height for picture in shown)), (255, 255, 255))
+    left = 0
+    for picture in shown:
+        sheet.paste(picture, (left, sheet.height - picture.height))
+        left += picture.width + 4
+    return sheet
+
+
 def side_by_side(first, second, marks):
     """Both pictures and their difference: white disagrees, dark differs within the rule."""
     width, height = (max(sizes) for sizes in zip(first.size, second.size))
