@@ -6,9 +6,9 @@
 namespace qelview {
 
 PixelImage readPixels(int width, int height) {
-    PixelImage image{
-        width, height,
-        std::vector<std::uint8_t>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)};
+    PixelImage image{width, height,
+                     std::vector<std::uint8_t>(static_cast<std::size_t>(width) *
+                                               static_cast<std::size_t>(height) * PixelImage::kChannels)};
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
     glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
     return image;

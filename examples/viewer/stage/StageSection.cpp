@@ -121,8 +121,8 @@ std::string Stage::sectionText() const {
 void Stage::drawScene() {
     {
         const ClipScope clip(content.section.plane);
-        content.drawn.draw(*symbol, pixelView(), textures,
-                           {partsPerDrawn, static_cast<float>(unit()), content.section.plane});
+        content.drawn.draw(*symbol, pixelViewOf(camera()), textures,
+                           {&camera(), thinning, static_cast<float>(unit()), content.section.plane});
     }
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
     const QelTmpGlStateCtrl color(kOutlineColor);

@@ -17,7 +17,6 @@ constexpr std::size_t kPixelsAt = 10;
 constexpr std::size_t kWidthAt = 18;
 constexpr std::size_t kHeightAt = 22;
 constexpr std::size_t kBitsAt = 28;
-constexpr std::size_t kChannels = 3;
 constexpr std::uint8_t kBitsOfAPixel = 24;
 
 std::uint32_t wordAt(const Bytes& bytes, std::size_t place) {
@@ -31,7 +30,7 @@ std::uint32_t wordAt(const Bytes& bytes, std::size_t place) {
 }  // namespace
 
 bool isWholeBitmap(const std::filesystem::path& file, std::uint32_t width, std::uint32_t height) {
-    const std::uintmax_t whole = kHeaderBytes + std::uintmax_t{width} * height * kChannels;
+    const std::uintmax_t whole = kHeaderBytes + std::uintmax_t{width} * height * PixelImage::kChannels;
     std::error_code error;
     if (std::filesystem::file_size(file, error) != whole || error) {
         return false;

@@ -7,8 +7,7 @@ namespace qelview {
 
 namespace {
 
-constexpr std::size_t kChannels = 3;
-constexpr std::uint8_t betweenShade = 92;
+constexpr std::uint8_t kGapShade = 92;
 
 }  // namespace
 
@@ -16,9 +15,9 @@ TileSheet::TileSheet(int columns, int rows, int tileWidth, int tileHeight, int g
     : columnCount(columns), rowCount(rows), width(tileWidth), height(tileHeight), between(gap) {
     sheet.width = columns * (tileWidth + between) + between;
     sheet.height = rows * (tileHeight + between) + between;
-    sheet.rgb.assign(
-        static_cast<std::size_t>(sheet.width) * static_cast<std::size_t>(sheet.height) * kChannels,
-        betweenShade);
+    sheet.rgb.assign(static_cast<std::size_t>(sheet.width) * static_cast<std::size_t>(sheet.height) *
+                         PixelImage::kChannels,
+                     kGapShade);
 }
 
 void TileSheet::add(const PixelImage& tile) {
@@ -28,13 +27,13 @@ void TileSheet::add(const PixelImage& tile) {
     const int left = between + taken % columnCount * (width + between);
     // Rows of pixels go from bottom to top.
     const int bottom = between + (rowCount - 1 - taken / columnCount) * (height + between);
-    const std::size_t bytes = static_cast<std::size_t>(std::min(tile.width, width)) * kChannels;
+    const std::size_t bytes = static_cast<std::size_t>(std::min(tile.width, width)) * PixelImage::kChannels;
     for (int y = 0; y < std::min(tile.height, height); ++y) {
         const std::size_t from =
-            static_cast<std::size_t>(y) * static_cast<std::size_t>(tile.width) * kChannels;
+            static_cast<std::size_t>(y) * static_cast<std::size_t>(tile.width) * PixelImage::kChannels;
         const std::size_t to = (static_cast<std::size_t>(bottom + y) * static_cast<std::size_t>(sheet.width) +
                                 static_cast<std::size_t>(left)) *
-                               kChannels;
+                               PixelImage::kChannels;
         std::copy_n(tile.rgb.begin() + static_cast<std::ptrdiff_t>(from), bytes,
                     sheet.rgb.begin() + static_cast<std::ptrdiff_t>(to));
     }
