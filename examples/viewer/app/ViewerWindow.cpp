@@ -256,7 +256,7 @@ void ViewerWindow::drawFrame() {
     const double begin = environment.clock();
     if (quartet) {
         // The others wait while the active view is too slow to be drawn in full.
-        quartet->draw(stale == Stale::AllViews && parts == 1);
+        quartet->draw(stale == Stale::AllViews && thinning == 1);
         showQuartet();
     } else {
         stage->show();
