@@ -25,6 +25,8 @@ OF_THE_VIEWER = (
     ("mapPlane", "map-gl.png", "The sample map, drawn by OpenGL through the planar transform.", "--map-out PREFIX"),
     ("mapRelief", "map-3d.png", "The sample map in three dimensions.", "--map-out PREFIX"),
 )
+# Recorded motion: right and towards the eye, then turned and rolled.
+FLIGHT = ("3 1 2 0 0 0 10", "0 0 0 6 -4 0 20", "0 0 0 0 0 8 12")
 # Pictures that the viewer draws while it plays a script: name, text, lines of the script.
 SCRIPTED = (
     (
@@ -40,11 +42,9 @@ SCRIPTED = (
         "Four views at once, with a marked point, cut across y.",
         ("key Q", "down left 195 140", "up left 195 140", "key X", "key X", "move 480 350", "key F"),
     ),
-    ("sixAxes", "Moved by the six axes of a recording.", ("key 3", "motion flight.txt")),
+    ("sixAxes", f"Moved by six axes: `flight.txt` has the lines `{'`, `'.join(FLIGHT)}`.", ("key 3", "motion flight.txt")),
     ("section", "Cut across y, turned round, with the outline of the cut.", ("key X", "key X", "key I", "key PageUp")),
 )
-# The recording: right and towards the eye, then turned and rolled.
-FLIGHT = "3 1 2 0 0 0 10\n0 0 0 6 -4 0 20\n0 0 0 0 0 8 12\n"
 # The same view on screens of several scalings, in percent, side by side.
 SCALINGS = (100, 150, 200)
 # Drawing operations that are not the symbol's.
@@ -90,7 +90,8 @@ def page(listing):
 
 
 def scaled(percent):
-    return f"scale {percent}", f"size {320 * percent // 100} {240 * percent // 100}", "down left 150 120", "up left 150 120", "key E"
+    width, height, x, y = (pixels * percent // 100 for pixels in (320, 240, 150, 120))
+    return f"scale {percent}", f"size {width} {height}", f"down left {x} {y}", f"up left {x} {y}", "key E"
 
 
 def draw(program, *arguments):
@@ -107,7 +108,7 @@ def draw_gallery(folder):
         draw("qelview.exe", "--size", "640x480", "--map-out", tree.windows_path(f"{work}/map"))
         for name, file, _, _ in OF_THE_VIEWER:
             pictures.read(f"{work}/{file}").reduce(2).save(f"{folder}/{name}.png")
-        pathlib.Path(work, "flight.txt").write_text(FLIGHT)
+        pathlib.Path(work, "flight.txt").write_text("\n".join(FLIGHT))
         for name, _, steps in SCRIPTED:
             play(work, [step.replace("flight.txt", tree.windows_path(f"{work}/flight.txt")) for step in steps], folder / f"{name}.png")
         scalings = [pathlib.Path(work, f"{percent}.png") for percent in SCALINGS]

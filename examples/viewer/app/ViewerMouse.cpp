@@ -30,7 +30,7 @@ constexpr int kSmallestRectangle = 4;
 bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_LBUTTONDBLCLK:
-            rotateAbout(lParam);
+            rotateAbout(placeOf(lParam));
             return true;
         case WM_MOUSEMOVE:
             moveMouse(placeOf(lParam));
@@ -140,13 +140,12 @@ void ViewerWindow::mouseLeft() {
     redraw(Stale::Overlay);
 }
 
-void ViewerWindow::rotateAbout(LPARAM position) {
+void ViewerWindow::rotateAbout(const PixelPlace& place) {
     refresh();
-    if (gesture.isActive()) {
-        return;
+    if (!gesture.isActive()) {
+        stage->rotateAbout(place);
+        say("Rotation centre set");
     }
-    stage->rotateAbout(placeOf(position));
-    say("Rotation centre set");
 }
 
 void ViewerWindow::zoom(WPARAM wParam, LPARAM position) {

@@ -119,7 +119,7 @@ class ViewerWindow {
     void moveMouse(const PixelPlace& place);
     void cancelGesture();
     void mouseLeft();
-    void rotateAbout(LPARAM position);
+    void rotateAbout(const PixelPlace& place);
     void zoom(WPARAM wParam, LPARAM position);
     void markPoint(const PixelPlace& place);
     void switchMeasuring();

@@ -22,7 +22,10 @@ std::unique_ptr<Quartet> Quartet::open(Stage& one, const ClientSize& size) {
         if (view.stage == nullptr) {
             return nullptr;
         }
-        view.stage->annotations().hasHeading = &view == quartet->views.data();
+        Annotations& notes = view.stage->annotations();
+        notes.hasHeading = &view == quartet->views.data();
+        notes.panel = Panel::None;
+        notes.mouse.reset();
     }
     quartet->resize(size);
     quartet->setViews();
