@@ -6,6 +6,8 @@
 #include <system_error>
 #include <vector>
 
+#include "PngFile.h"
+
 namespace qelview {
 
 namespace {
