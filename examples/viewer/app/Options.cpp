@@ -2,8 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
+#include <optional>
 #include <string_view>
-#include <tuple>
 #include <utility>
 
 #include "Commands.h"
@@ -62,6 +63,26 @@ std::string helpFooter() {
     return help;
 }
 
+std::optional<std::pair<int, int>> parseSize(std::string_view text) {
+    const std::size_t cross = text.find('x');
+    if (cross == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const auto side = [](std::string_view digits) {
+        int pixels = 0;
+        const char* const end = digits.data() + digits.size();
+        const auto [stop, error] = std::from_chars(digits.data(), end, pixels);
+        return error == std::errc() && stop == end ? pixels : 0;
+    };
+    const int width = side(text.substr(0, cross));
+    const int height = side(text.substr(cross + 1));
+    const auto isSensible = [](int pixels) { return pixels >= kSmallestSide && pixels <= kLargestSide; };
+    if (!isSensible(width) || !isSensible(height)) {
+        return std::nullopt;
+    }
+    return std::pair(width, height);
+}
+
 void addWindowOptions(CLI::App& app, Options& options) {
     app.add_option("--capture", options.capture,
                    "Capture the view to a BMP or PNG file and exit; with --script, the file for the key C")
@@ -99,15 +120,18 @@ void addMapOptions(CLI::App& app, Options& options) {
 
 void addOptions(CLI::App& app, Options& options) {
     app.add_option("FILE", options.files, "Files to show together");
-    app.add_option_function<std::pair<int, int>>(
+    app.add_option_function<std::string>(
            "--size",
-           [&options](const std::pair<int, int>& size) {
-               std::tie(options.width, options.height) = size;
+           [&options](const std::string& text) {
+               const auto size = parseSize(text);
+               if (!size) {
+                   throw CLI::ValidationError("--size",
+                                              "'" + text + "' is not WIDTHxHEIGHT with 16 to 8192 pixels");
+               }
+               std::tie(options.width, options.height) = *size;
                options.hasSize = true;
            },
            "Size of the view in pixels (that of the last window, else 1280x800)")
-        ->delimiter('x')
-        ->check(CLI::Range(kSmallestSide, kLargestSide))
         ->type_name("WxH");
     app.add_option("--view", options.view, "Standard view to start with (6)")
         ->check(CLI::Range(0, 7))
