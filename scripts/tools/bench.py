@@ -29,7 +29,7 @@ OWN_COST_SHARE = 0.1
 LONGEST_BAR_NS = 1000
 # Rows that tell a user nothing new (internals, and variants with the same calls), by the key of their table; bench.json has them all.
 OFF_THE_PAGE = {
-    "ratio": r"growth:|.*mean depth",
+    "ratio": r"growth:|viewer:|.*mean depth",
     "own_ns": r"matrix |transformPoint|frame: |GDI redraw|beginDraw and|restoreCache|\w+F\b|.*(mean depth|neighbourhood|curves|polygons)"
     r"|drawEnvelopeOutline|drawStippledLoop|drawDiagonalCross|drawSquare|worldToScreen",
 }

@@ -1,5 +1,6 @@
 """bench --load [--page]: measures the time from the command to the finished picture of generated files, and peak memory, for the viewer and
-for f3d if it is installed. Prints a table and saves it as out/bench/load.json; --page writes the saved table to docs/performance.md."""
+for f3d if it is installed, and frames of large scenes. Prints tables and saves them as out/bench/load.json; --page writes the saved tables
+to docs/performance.md."""
 
 import datetime
 import json
@@ -72,7 +73,10 @@ def measure_files():
         other = best(["f3d", file, "--output", picture, "--resolution", "1280,800"], picture) if shutil.which("f3d") else None
         row = {"title": title, "size": file.stat().st_size, "seconds": seconds, "peak": megabytes, "parts": parts}
         rows.append({**row, "f3d": other and other[:2]})
-    by = {"date": datetime.date.today().isoformat(), "cores": os.cpu_count(), "load": round(os.getloadavg()[0], 1)}
+    frames = FOLDER / "frames.json"
+    bench = ["wine", tree.BINARIES / "qel_bench.exe", "--pairs", "--json", tree.windows_path(frames), "viewer:"]
+    subprocess.run(bench, stdin=subprocess.DEVNULL, check=False)
+    by = {"frames": json.loads(frames.read_text())["operations"], "date": datetime.date.today().isoformat(), "cores": os.cpu_count(), "load": round(os.getloadavg()[0], 1)}
     RESULTS.write_text(json.dumps({**by, "empty": empty[0], "files": rows}, indent=2) + "\n")
 
 
@@ -83,11 +87,19 @@ def table(results):
         parts = (f"{each['parts'][part]:.2f}" for part in PARTS)
         return [size, f"{each['seconds']:.2f}", f"{each['peak']:.0f}", *other, *parts]
 
+    def frame_row(each):
+        times = (f"{each[form]['median'] / 1e6:.1f}" for form in ("module_ns", "bare_ns"))
+        return [each["name"].removeprefix("viewer: "), *times, f"{each['ratio']['median']:.3f}", f"{each['ratio_bound']:.2f}"]
+
+    def rows_of(lines):
+        lines.insert(1, ["---", *["--:"] * (len(lines[0]) - 1)])
+        return "\n".join(f"| {' | '.join(line)} |" for line in lines)
+
     head = ["file", "qelview, s", "peak, MB", "f3d, s", "peak, MB", *PARTS]
-    lines = [head, ["---", *["--:"] * (len(head) - 1)], *map(row, results["files"])]
-    text = "\n".join(f"| {' | '.join(line)} |" for line in lines)
+    files = rows_of([head, *map(row, results["files"])])
+    frames = rows_of([["frame / frame", "ms", "ms", "ratio", "bound"], *map(frame_row, results["frames"])])
     by = f"Measured on {results['date']}, {results['cores']} cores, load {results['load']}."
-    return f"{text}\n\nThe sample scene, which reads no file, takes {results['empty']:.2f} s. {by}\n"
+    return f"{files}\n\n{frames}\n\nThe sample scene, which reads no file, takes {results['empty']:.2f} s. {by}\n"
 
 
 def main(arguments):
@@ -95,7 +107,7 @@ def main(arguments):
         measure()
         return 0
     if "--page" not in arguments:
-        tree.build("windows", "qelview")
+        tree.build("windows", "qelview", "qel_bench")
         load_files.make(FOLDER)
         subprocess.run(["scripts/with-screen", sys.executable, __file__, "--measure"], cwd=tree.ROOT, check=True)
     text = table(json.loads(RESULTS.read_text()))
