@@ -40,13 +40,13 @@ SCRIPTED = (
     (
         "quartet",
         "Four views at once, with a marked point, cut across y.",
-        ("key Q", "down left 195 140", "up left 195 140", "key X", "key X", "move 480 350", "key F"),
+        ("size 960 720", "key Q", "down left 300 190", "up left 300 190", "key X", "key X", "move 720 520", "key Right"),
     ),
     ("sixAxes", f"Moved by six axes: `flight.txt` has the lines `{'`, `'.join(FLIGHT)}`.", ("key 3", "motion flight.txt")),
     ("section", "Cut across y, turned round, with the outline of the cut.", ("key X", "key X", "key I", "key PageUp")),
 )
 # The same view on screens of several scalings, in percent, side by side.
-SCALINGS = (100, 150, 200)
+SCALINGS = (100, 150)
 # Drawing operations that are not the symbol's.
 OVERLAYS = {"drawAxes", "drawTrackBall", "drawFrame", "drawLabel", "printText", "restoreCache"}
 
@@ -85,13 +85,14 @@ def page(listing):
         steps = "\n".join(f"    {step}" for step in script)
         lines.append(f"### {name}\n\n{text} The script, for `./run --size 640x480 --script FILE`:\n\n{steps}\n\n![{name}]({name}.png)\n")
     steps = "\n".join(f"    {step}" for step in scaled(SCALINGS[1]))
-    lines.append(f"### scaling\n\nOn screens of {', '.join(map(str, SCALINGS))} %. The script of the second:\n\n{steps}\n\n![scaling](scaling.png)\n")
+    text = f"On screens of {' % and '.join(map(str, SCALINGS))} %. The script of the second:"
+    lines.append(f"### scaling\n\n{text}\n\n{steps}\n\n![scaling](scaling.png)\n")
     return "\n".join(lines)
 
 
 def scaled(percent):
-    width, height, x, y = (pixels * percent // 100 for pixels in (320, 240, 150, 120))
-    return f"scale {percent}", f"size {width} {height}", f"down left {x} {y}", f"up left {x} {y}", "key E"
+    width, height, x, y = (pixels * percent // 100 for pixels in (480, 360, 225, 180))
+    return f"scale {percent}", f"size {width} {height}", "key F", f"down left {x} {y}", f"up left {x} {y}", "key E"
 
 
 def draw(program, *arguments):
