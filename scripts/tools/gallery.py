@@ -42,7 +42,7 @@ SCRIPTED = (
         "Four views at once, with a marked point, cut across y.",
         ("size 960 720", "key Q", "down left 300 190", "up left 300 190", "key X", "key X", "move 720 520", "key Right"),
     ),
-    ("sixAxes", f"Moved by six axes: `flight.txt` has the lines `{'`, `'.join(FLIGHT)}`.", ("key 3", "motion flight.txt")),
+    ("sixAxes", f"Moved by six axes. The lines of the recording are `{'`, `'.join(FLIGHT)}`.", ("key 3", "motion flight.txt")),
     ("section", "Cut across y, turned round, with the outline of the cut.", ("key X", "key X", "key I", "key PageUp")),
 )
 # The same view on screens of several scalings, in percent, side by side.

@@ -185,7 +185,8 @@ void Stage::drawRectangle(const PixelBox& rectangle) {
     const auto place = [this](int x, int y) { return inLayout({x + 0.5, y + 0.5, 0.0}); };
     const auto [from, to] = rectangle;
     const auto edge = [&](int x1, int y1, int x2, int y2) {
-        symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false, kFrameDashes);
+        symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false,
+                                 kFrameDashes);
     };
     edge(from.x, from.y, to.x, from.y);
     edge(to.x, from.y, to.x, to.y);
