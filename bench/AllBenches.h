@@ -19,6 +19,7 @@ void addMatrixBenches(Operations& all);
 void addGdiBenches(Operations& all);
 void addWholeFrameBenches(Operations& all);
 void addGrowthBenches(Operations& all);
+void addSceneBenches(Operations& all);
 
 /// Everything that is measured, in the order of the report.
 [[nodiscard]] inline Operations allOperations() {
@@ -38,6 +39,7 @@ void addGrowthBenches(Operations& all);
     addGdiBenches(all);
     addWholeFrameBenches(all);
     addGrowthBenches(all);
+    addSceneBenches(all);
     return all;
 }
 

@@ -9,6 +9,7 @@ Bound boundOf(Kind kind) {
         case Kind::Cloud:
         case Kind::FrameOfMesh:
         case Kind::FrameOfCloud:
+        case Kind::SceneInParts:
             return {1.02, 0.0};
         case Kind::Polyline:
         case Kind::Polygon:
@@ -25,6 +26,8 @@ Bound boundOf(Kind kind) {
         case Kind::FrameBracket:
         case Kind::Capture:
             return {1.05, 0.0};
+        case Kind::SceneInView:
+            return {0.05, 0.0};
         case Kind::PlanarLoad:
             return {0.0, 100.0};
         case Kind::Drag:

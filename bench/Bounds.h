@@ -26,6 +26,8 @@ enum class Kind : std::uint8_t {
     FrameOfCloud,
     FrameOfPolylines,
     Growth,
+    SceneInParts,
+    SceneInView,
     Start,
 };
 

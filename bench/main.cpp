@@ -24,7 +24,8 @@ constexpr double kWidthWithoutBound = 0.05;
 /// What draws much in one call has few rounds in the usual time.
 bool isLarge(Kind kind) {
     return kind == Kind::Mesh || kind == Kind::Cloud || kind == Kind::Capture || kind == Kind::FrameOfMesh ||
-           kind == Kind::FrameOfCloud || kind == Kind::FrameOfPolylines || kind == Kind::Growth;
+           kind == Kind::FrameOfCloud || kind == Kind::FrameOfPolylines || kind == Kind::Growth ||
+           kind == Kind::SceneInParts || kind == Kind::SceneInView;
 }
 
 Plan planOf(Kind kind, const Options& options) {

@@ -19,7 +19,7 @@ FOLDER = tree.ROOT / "out/bench/load"
 RESULTS = tree.ROOT / "out/bench/load.json"
 BEGIN, END = "<!-- load: begin -->", "<!-- load: end -->"
 RUNS = 3
-PARTS = ("read", "normals", "middle", "prepared", "picture")
+PARTS = ("read", "normals", "middle", "parts", "prepared", "picture")
 
 
 def run(command):

@@ -87,15 +87,16 @@ def digest(*parts):
 
 
 def compile_commands(preset):
-    """Source file -> its compiler command as a list of words, in a build of ours. Tests that are compiled together have one command."""
+    """Source file -> its compiler command as a list of words, in a build of ours. Sources that are compiled together have one command."""
     database = ROOT / "build" / preset / "compile_commands.json"
     entries = json.loads(database.read_text()) if database.exists() else []
     commands = {pathlib.Path(entry["file"]): shlex.split(entry["command"]) for entry in entries if entry["file"].endswith(".cpp")}
-    tests = ROOT / "build" / preset / "tests"
+    build = ROOT / "build" / preset
     for joined, command in list(commands.items()):
-        if joined.is_relative_to(tests):
+        if joined.is_relative_to(build):
             for member in re.findall(r'^#include "(.*\.cpp)"$', joined.read_text(), re.MULTILINE):
-                source = ROOT / "tests" / member
+                # FOLDER/TARGET/MEMBER'S FOLDER/JOINED of the build is made of FOLDER/MEMBER of the project.
+                source = ROOT / joined.parents[member.count("/") + 1].relative_to(build) / member
                 commands[source] = [str(source) if word == str(joined) else word for word in command]
     return {path: command for path, command in commands.items() if path.is_relative_to(ROOT) and not path.is_relative_to(ROOT / "build")}
 

@@ -240,14 +240,14 @@ void ViewerWindow::refresh() {
 }
 
 void ViewerWindow::drawFrame() {
-    const std::size_t parts = budget.partsPerDrawn(isMoving);
-    stage->setPartsPerDrawn(parts);
+    const std::size_t thinning = budget.thinning(isMoving);
+    stage->setThinning(thinning);
     const double begin = environment.clock();
     stage->show();
     const double milliseconds = environment.clock() - begin;
-    stage->setPartsPerDrawn(1);
-    budget.addFrameTime(milliseconds, parts);
-    isThinned = parts > 1;
+    stage->setThinning(1);
+    budget.addFrameTime(milliseconds, thinning);
+    isThinned = thinning > 1;
     stage->annotations().frameMilliseconds = milliseconds;
     stale = drawnRectangle() ? Stale::Overlay : Stale::Nothing;
 }

@@ -70,6 +70,8 @@ HostScene::HostScene(Scene scene) : markers(std::move(scene.markers)) {
 
 void HostScene::addMesh(TriangleMesh&& mesh) {
     Mesh added;
+    added.parts = std::move(mesh.parts);
+    added.drawnCorners = new qel::HostArray<qel::ArrayIndex>({});
     const bool isIndexed = !mesh.indices.empty();
     added.indices = makeArray(std::move(mesh.indices));
     added.vertices = convertAll<qel::ArrayVertex>(mesh.positions, toVertex);
@@ -89,11 +91,12 @@ void HostScene::addMesh(TriangleMesh&& mesh) {
     added.texture = std::move(mesh.texture);
     added.color = mesh.color;
     added.shadeModel = mesh.faceted ? GL_FLAT : GL_SMOOTH;
-    meshes.push_back(added);
+    meshes.push_back(std::move(added));
 }
 
 void HostScene::addCloud(PointCloud&& cloud) {
     Cloud added;
+    added.parts = std::move(cloud.parts);
     added.vertices = convertAll<qel::ArrayVertex>(cloud.positions, toVertex);
     added.positions = std::move(cloud.positions);
     added.order = new qel::HostArray<qel::ArrayIndex>({});
@@ -145,7 +148,7 @@ auto HostScene::shownColors(const Part& part) const {
 
 void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
                      const DrawingDetail& detail) {
-    drawMeshes(symbol, textures, detail.partsPerDrawn);
+    drawMeshes(symbol, textures, detail);
     drawClouds(symbol, view, detail);
     for (const Geometry& drawn : geometries) {
         drawGeometry(symbol, drawn, detail.pixelScale);
@@ -155,19 +158,34 @@ void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& te
     }
 }
 
-void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn) {
+void HostScene::findRanges(const std::vector<SpatialPart>& parts, std::size_t count,
+                           const DrawingDetail& detail) {
+    if (detail.camera == nullptr || parts.empty()) {
+        ranges.assign(1, {0, count, detail.thinning});
+    } else {
+        findPartsInView(*detail.camera, parts, detail.thinning, ranges);
+    }
+}
+
+void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, const DrawingDetail& detail) {
     // Moves surfaces back a little, so that lines on them are not hidden in part.
     glPolygonOffset(1.0F, 1.0F);
     const QelTmpGlStateCtrl offset(GL_POLYGON_OFFSET_FILL, true);
     for (Mesh& mesh : meshes) {
-        if (partsPerDrawn > 1) {
-            thin(mesh, partsPerDrawn);
+        if (!mesh.vertices) {
+            continue;
         }
-        const Array<qel::ArrayIndex>& indices = partsPerDrawn > 1 ? mesh.thinned : mesh.indices;
+        const int corners = mesh.indices ? mesh.indices->count() : mesh.vertices->count();
+        const std::size_t triangles = static_cast<std::size_t>(corners) / 3;
+        findRanges(mesh.parts, triangles, detail);
+        if (ranges.empty()) {
+            continue;
+        }
+        const Array<qel::ArrayIndex>& drawn = cornersInRanges(mesh, triangles);
         if (mesh.texture && shownColouring == Colouring::Own) {
-            drawTextured(symbol, mesh, indices, textures);
+            drawTextured(symbol, mesh, drawn, textures);
         } else {
-            drawMesh(symbol, mesh, indices, 0);
+            drawMesh(symbol, mesh, drawn, 0);
         }
     }
 }
@@ -178,7 +196,8 @@ void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, const Draw
     }
     const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
     for (Cloud& cloud : clouds) {
-        orderVisiblePoints(cloud.positions, view, depths, detail.partsPerDrawn, cloud.order->content());
+        findRanges(cloud.parts, cloud.positions.size(), detail);
+        orderVisiblePoints(cloud.positions, view, depths, ranges, cloud.order->content());
         if (detail.section) {
             // Clipping hides these points; picking must not find them.
             std::erase_if(cloud.order->content(), [&](qel::ArrayIndex i) {
@@ -203,15 +222,17 @@ std::optional<qel::XPnt3d> HostScene::cloudPointAt(const PixelView& view, double
     return std::nullopt;
 }
 
-void HostScene::thin(Mesh& mesh, std::size_t partsPerDrawn) {
-    if (!mesh.vertices || mesh.partsPerThinned == partsPerDrawn) {
-        return;
+const HostScene::Array<qel::ArrayIndex>& HostScene::cornersInRanges(Mesh& mesh, std::size_t triangles) {
+    if (ranges == std::vector{DrawnRange{0, triangles, 1}}) {
+        return mesh.indices;
     }
-    const std::vector<qel::ArrayIndex> all =
-        mesh.indices ? mesh.indices->content() : std::vector<qel::ArrayIndex>();
-    mesh.thinned =
-        makeArray(thinnedTriangles(all, static_cast<std::size_t>(mesh.vertices->count()), partsPerDrawn));
-    mesh.partsPerThinned = partsPerDrawn;
+    if (ranges != mesh.drawnRanges) {
+        static const std::vector<qel::ArrayIndex> kNone;
+        findDrawnCorners(ranges, mesh.indices ? mesh.indices->content() : kNone,
+                         mesh.drawnCorners->content());
+        mesh.drawnRanges = ranges;
+    }
+    return mesh.drawnCorners;
 }
 
 void HostScene::drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,

@@ -9,6 +9,8 @@
 #include "HeightColors.h"
 #include "HostTextures.h"
 #include "IQelSymbol.h"
+#include "IQelTrackBall.h"
+#include "PartsInView.h"
 #include "PointOrder.h"
 #include "QelArrayElements.h"
 #include "QelHostKit.h"
@@ -20,8 +22,10 @@ namespace qelview {
 
 /// How finely a scene is drawn.
 struct DrawingDetail {
-    /// Draws only one of so many points of clouds and parts of meshes; 1 draws all.
-    std::size_t partsPerDrawn = 1;
+    /// Asked which parts are in view; null draws all of them.
+    IQelTrackBall* camera = nullptr;
+    /// With n, draws about one in n of the triangles and points in view, more of them where parts look large.
+    std::size_t thinning = 1;
     /// Widths of lines and points are multiplied by it.
     float pixelScale = 1.0F;
     /// What cuts the scene; nothing for none. OpenGL must hold it as a clipping plane.
@@ -66,9 +70,10 @@ class HostScene {
     struct Mesh {
         Array<qel::ArrayVertex> vertices;
         Array<qel::ArrayIndex> indices;
-        /// Those of a thinned mesh, for the number of parts that they were made for.
-        Array<qel::ArrayIndex> thinned;
-        std::size_t partsPerThinned = 0;
+        std::vector<SpatialPart> parts;
+        /// The corners drawn in the last frame that did not draw all, and the ranges that they are of.
+        Array<qel::ArrayIndex> drawnCorners;
+        std::vector<DrawnRange> drawnRanges;
         Array<qel::ArrayNormal4f> normals;
         Array<qel::ArrayNormal3b> byteNormals;
         Array<qel::ArrayColor4f> colors;
@@ -82,6 +87,7 @@ class HostScene {
     };
     struct Cloud {
         Points positions;
+        std::vector<SpatialPart> parts;
         Array<qel::ArrayVertex> vertices;
         Array<qel::ArrayIndex> order;
         Array<qel::ArrayColor3b> colors;
@@ -99,7 +105,10 @@ class HostScene {
     void addGeometry(IQelGeometry* geometry, const LineStyle& style);
     void addGeometries(const Scene& scene);
 
-    static void thin(Mesh& mesh, std::size_t partsPerDrawn);
+    /// Fills `ranges` with what a frame draws.
+    void findRanges(const std::vector<SpatialPart>& parts, std::size_t count, const DrawingDetail& detail);
+    /// The corners of a mesh in `ranges`; null for all.
+    [[nodiscard]] const Array<qel::ArrayIndex>& cornersInRanges(Mesh& mesh, std::size_t triangles);
     /// The colours of a mesh or cloud, as they are coloured.
     template <class Part>
     [[nodiscard]] auto shownColors(const Part& part) const;
@@ -109,13 +118,14 @@ class HostScene {
                       HostTextures& textures) const;
     static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pixelScale);
     static void drawMarker(IQelSymbol& symbol, const Marker& marker, float pixelScale);
-    void drawMeshes(IQelSymbol& symbol, HostTextures& textures, std::size_t partsPerDrawn);
+    void drawMeshes(IQelSymbol& symbol, HostTextures& textures, const DrawingDetail& detail);
     void drawClouds(IQelSymbol& symbol, const PixelView& view, const DrawingDetail& detail);
 
     std::vector<Mesh> meshes;
     std::vector<Cloud> clouds;
     std::vector<Geometry> geometries;
     std::vector<Marker> markers;
+    std::vector<DrawnRange> ranges;
     Colouring shownColouring = Colouring::Own;
 };
 

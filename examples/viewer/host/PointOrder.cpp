@@ -102,34 +102,74 @@ struct DepthRange {
     }
 };
 
+/// The points of ranges, numbered from 0 in their order.
+class NumberedPoints {
+  public:
+    explicit NumberedPoints(const std::vector<DrawnRange>& numbered) : ranges(numbered) {
+        for (const DrawnRange& range : ranges) {
+            firsts.push_back(total);
+            total += (range.end - range.begin + range.step - 1) / range.step;
+        }
+    }
+
+    [[nodiscard]] std::size_t count() const { return total; }
+    /// @param work called with the number of each point of a piece and its place among all points.
+    template <class Work>
+    void forEach(const Piece& piece, const Work& work) const {
+        const auto after = std::upper_bound(firsts.begin(), firsts.end(), piece.begin);
+        auto range = static_cast<std::size_t>(after - firsts.begin());
+        for (std::size_t number = piece.begin; number < piece.end; ++range) {
+            const DrawnRange& of = ranges[range - 1];
+            std::size_t point = of.begin + (number - firsts[range - 1]) * of.step;
+            for (; point < of.end && number < piece.end; point += of.step, ++number) {
+                work(number, point);
+            }
+        }
+    }
+
+  private:
+    const std::vector<DrawnRange>& ranges;
+    std::vector<std::size_t> firsts;
+    std::size_t total = 0;
+};
+
 using Slices = std::array<std::uint32_t, kSlices>;
 
 }  // namespace
 
+PixelView pixelViewOf(IQelTrackBall& camera) {
+    PixelView view;
+    std::copy_n(camera.getModelviewMatrix(), view.modelview.size(), view.modelview.begin());
+    std::copy_n(camera.getProjectionMatrix(), view.projection.size(), view.projection.begin());
+    std::copy_n(camera.getViewport(), view.viewport.size(), view.viewport.begin());
+    return view;
+}
+
 void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
-                        std::size_t everyNth, std::vector<std::uint32_t>& order) {
+                        const std::vector<DrawnRange>& ranges, std::vector<std::uint32_t>& order) {
     const DepthOfPoints depthOf(view, depths);
-    std::vector<float> depthsOfPoints((positions.size() + everyNth - 1) / everyNth);
+    const NumberedPoints points(ranges);
+    std::vector<float> depthsOfPoints(points.count());
     const std::vector<Piece> pieces = piecesOf(depthsOfPoints.size());
-    std::vector<DepthRange> ranges(pieces.size());
+    std::vector<DepthRange> reaches(pieces.size());
     onAllCores(pieces, [&](std::size_t number) {
-        DepthRange range;
-        for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
-            depthsOfPoints[i] = static_cast<float>(depthOf(positions[i * everyNth]));
-            range.include(depthsOfPoints[i]);
-        }
-        ranges[number] = range;
+        DepthRange reach;
+        points.forEach(pieces[number], [&](std::size_t i, std::size_t point) {
+            depthsOfPoints[i] = static_cast<float>(depthOf(positions[point]));
+            reach.include(depthsOfPoints[i]);
+        });
+        reaches[number] = reach;
     });
-    std::for_each(ranges.begin() + 1, ranges.end(), [&](const DepthRange& range) {
-        ranges.front().include(range.nearest);
-        ranges.front().include(range.farthest);
+    std::for_each(reaches.begin() + 1, reaches.end(), [&](const DepthRange& reach) {
+        reaches.front().include(reach.nearest);
+        reaches.front().include(reach.farthest);
     });
     // Counts of points in each slice of each piece become the places of the first ones.
     std::vector<Slices> next(pieces.size());
     onAllCores(pieces, [&](std::size_t number) {
         for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
             if (depthsOfPoints[i] <= 1.0F) {
-                ++next[number][ranges.front().sliceOf(depthsOfPoints[i])];
+                ++next[number][reaches.front().sliceOf(depthsOfPoints[i])];
             }
         }
     });
@@ -141,12 +181,12 @@ void orderVisiblePoints(const Points& positions, const PixelView& view, const De
     }
     order.resize(place);
     onAllCores(pieces, [&](std::size_t number) {
-        for (std::size_t i = pieces[number].begin; i < pieces[number].end; ++i) {
+        points.forEach(pieces[number], [&](std::size_t i, std::size_t point) {
             if (depthsOfPoints[i] <= 1.0F) {
-                order[next[number][ranges.front().sliceOf(depthsOfPoints[i])]++] =
-                    static_cast<std::uint32_t>(i * everyNth);
+                order[next[number][reaches.front().sliceOf(depthsOfPoints[i])]++] =
+                    static_cast<std::uint32_t>(point);
             }
-        }
+        });
     });
 }
 

@@ -6,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+#include "IQelTrackBall.h"
+#include "PartsInView.h"
 #include "SceneParts.h"
 
 namespace qelview {
@@ -18,16 +20,19 @@ struct PixelView {
     std::array<std::int32_t, 4> viewport{};
 };
 
+/// @param camera as OpenGL holds it.
+[[nodiscard]] PixelView pixelViewOf(IQelTrackBall& camera);
+
 /// Window depths of the viewport, row by row from the lowest; empty where nothing can hide anything.
 using DepthImage = std::vector<float>;
 
 /// Symbols draw clouds without a depth test. Drawing the points in this order, and these alone, gives the
 /// same picture as a depth test would: from the farthest to the nearest, without those that surfaces hide or
 /// that lie outside the view.
-/// @param everyNth leaves out all points but each n-th one, from the first.
+/// @param ranges the points that are looked at.
 /// @param order receives the numbers of the points; its storage is used again.
 void orderVisiblePoints(const Points& positions, const PixelView& view, const DepthImage& depths,
-                        std::size_t everyNth, std::vector<std::uint32_t>& order);
+                        const std::vector<DrawnRange>& ranges, std::vector<std::uint32_t>& order);
 
 /// The nearest to the eye of the points whose images lie close to a place. Clouds leave no depth to pick by.
 /// @param order what `orderVisiblePoints` gave for the same view.

@@ -1,21 +1,28 @@
 #include "Thinning.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace qelview {
 
-std::vector<std::uint32_t> thinnedTriangles(const std::vector<std::uint32_t>& indices,
-                                            std::size_t positionCount, std::size_t partsPerDrawn) {
-    constexpr std::size_t kCornersOfAPart = kTrianglesOfAPart * 3;
-    const std::size_t corners = indices.empty() ? positionCount / 3 * 3 : indices.size();
-    std::vector<std::uint32_t> kept;
-    for (std::size_t begin = 0; begin < corners; begin += kCornersOfAPart * partsPerDrawn) {
-        const std::size_t end = std::min(begin + kCornersOfAPart, corners);
-        for (std::size_t corner = begin; corner < end; ++corner) {
-            kept.push_back(indices.empty() ? static_cast<std::uint32_t>(corner) : indices[corner]);
+void findDrawnCorners(const std::vector<DrawnRange>& ranges, const std::vector<std::uint32_t>& indices,
+                      std::vector<std::uint32_t>& corners) {
+    corners.clear();
+    for (const DrawnRange& range : ranges) {
+        const std::size_t together = range.step == 1 ? range.end - range.begin : kTrianglesOfABlock;
+        for (std::size_t block = range.begin; block < range.end; block += together * range.step) {
+            const std::size_t begin = block * 3;
+            const std::size_t end = std::min(block + together, range.end) * 3;
+            const std::size_t place = corners.size();
+            corners.resize(place + end - begin);
+            if (indices.empty()) {
+                std::iota(corners.data() + place, corners.data() + corners.size(),
+                          static_cast<std::uint32_t>(begin));
+            } else {
+                std::copy(indices.data() + begin, indices.data() + end, corners.data() + place);
+            }
         }
     }
-    return kept;
 }
 
 }  // namespace qelview

@@ -10,13 +10,13 @@ class DetailBudget {
   public:
     /// Longest frame time while the camera moves.
     static constexpr double kMilliseconds = 50.0;
-    /// The largest number of parts of which one is drawn.
+    /// Of so many triangles and points about one is drawn at the least.
     static constexpr std::size_t kThinnest = 64;
 
-    /// One in how many parts the next frame draws; 1 draws all.
-    [[nodiscard]] std::size_t partsPerDrawn(bool isMoving) const { return isMoving ? wanted : 1; }
-    /// Reports how long a frame took that drew one in `partsPerDrawn` parts.
-    void addFrameTime(double milliseconds, std::size_t partsPerDrawn);
+    /// One in how many triangles and points the next frame draws; 1 draws all.
+    [[nodiscard]] std::size_t thinning(bool isMoving) const { return isMoving ? wanted : 1; }
+    /// Reports how long a frame took that drew one in `thinning`.
+    void addFrameTime(double milliseconds, std::size_t thinning);
     /// Starts again for another scene.
     void reset() { wanted = 1; }
 

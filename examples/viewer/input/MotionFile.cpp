@@ -15,12 +15,12 @@ constexpr long long kMostRepeats = 10000;
 /// Nine hours: short lines with large repeat counts must not fill the memory.
 constexpr std::size_t kMostSteps = 1'000'000;
 
-MotionStep readStep(const std::vector<std::string_view>& words, const TextLines& lines) {
+MotionStep readMotionStep(const std::vector<std::string_view>& words, const TextLines& lines) {
     MotionStep step{};
     for (std::size_t axis = 0; axis < step.size(); ++axis) {
         const double value = readNumber(words[axis], lines);
         if (!(std::abs(value) <= kLargestValue)) {
-            lines.refuseLine(quoted(words[axis]) + " is out of range (-1000 to 1000)");
+            lines.refuseLine(inQuotes(words[axis]) + " is out of range (-1000 to 1000)");
         }
         step.at(axis) = value;
     }
@@ -44,10 +44,10 @@ std::vector<MotionStep> parseMotion(std::string_view text) {
         if (words.size() != kAxes && words.size() != kAxes + 1) {
             lines.refuseLine("expected six numbers and an optional repeat count");
         }
-        const MotionStep step = readStep(words, lines);
+        const MotionStep step = readMotionStep(words, lines);
         const long long repeats = words.size() > kAxes ? readWhole(words[kAxes], lines) : 1;
         if (repeats < 1 || repeats > kMostRepeats) {
-            lines.refuseLine(quoted(words[kAxes]) + " is out of range (1 to 10000)");
+            lines.refuseLine(inQuotes(words[kAxes]) + " is out of range (1 to 10000)");
         }
         if (static_cast<std::size_t>(repeats) > kMostSteps - steps.size()) {
             lines.refuseLine("more than 1000000 steps");

@@ -52,7 +52,7 @@ using Words = std::vector<std::string_view>;
 int readWithin(std::string_view word, long long smallest, long long largest, const TextLines& lines) {
     const long long value = readWhole(word, lines);
     if (value < smallest || value > largest) {
-        lines.refuseLine(quoted(word) + " is out of range (" + std::to_string(smallest) + " to " +
+        lines.refuseLine(inQuotes(word) + " is out of range (" + std::to_string(smallest) + " to " +
                          std::to_string(largest) + ")");
     }
     return static_cast<int>(value);
@@ -76,7 +76,7 @@ MouseButton readButton(std::string_view word, const TextLines& lines) {
     constexpr std::array<std::string_view, 3> kNames{"left", "middle", "right"};
     const auto* const found = std::find(kNames.begin(), kNames.end(), word);
     if (found == kNames.end()) {
-        lines.refuseLine(quoted(word) + " is not left, middle or right");
+        lines.refuseLine(inQuotes(word) + " is not left, middle or right");
     }
     return static_cast<MouseButton>(found - kNames.begin());
 }
@@ -92,10 +92,10 @@ void readButtonAndPlace(ScriptStep& step, const Words& words, const Verb& verb, 
 void readKey(ScriptStep& step, std::string_view word, const TextLines& lines) {
     step.key = keyOf(word);
     if (step.key.key == 0) {
-        lines.refuseLine(quoted(word) + " is not a key");
+        lines.refuseLine(inQuotes(word) + " is not a key");
     }
     if (commandOf(step.key).command == Command::Open) {
-        lines.refuseLine(quoted(word) + " opens a dialog, which waits for a user; use drop");
+        lines.refuseLine(inQuotes(word) + " opens a dialog, which waits for a user; use drop");
     }
 }
 
@@ -109,11 +109,11 @@ void readFileName(ScriptStep& step, const Words& words, const Verb& verb, const 
     step.file.assign(begin, end);
 }
 
-ScriptStep readStep(const Words& words, const TextLines& lines) {
+ScriptStep readScriptStep(const Words& words, const TextLines& lines) {
     const auto* const verb = std::find_if(kVerbs.begin(), kVerbs.end(),
                                           [&words](const Verb& each) { return each.word == words[0]; });
     if (verb == kVerbs.end()) {
-        lines.refuseLine(quoted(words[0]) + " is not an action");
+        lines.refuseLine(inQuotes(words[0]) + " is not an action");
     }
     ScriptStep step;
     step.action = verb->action;
@@ -153,7 +153,7 @@ std::vector<ScriptStep> parseScript(std::string_view text) {
     while (lines.next()) {
         splitWords(lines.line(), words);
         if (!words.empty() && words[0].front() != '#') {
-            steps.push_back(readStep(words, lines));
+            steps.push_back(readScriptStep(words, lines));
         }
     }
     return steps;

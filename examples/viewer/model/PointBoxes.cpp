@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 #include <vector>
 
 #include "AllCores.h"
+#include "Reach.h"
 
 namespace qelview {
 
@@ -14,27 +14,6 @@ namespace {
 /// A pass over this many points takes no noticeable time.
 constexpr std::size_t kFew = 200'000;
 constexpr std::size_t kBoxesOfASide = 32;
-
-/// Faster than an envelope, which checks its validity for each point.
-struct Reach {
-    qel::XPnt3d low{kInfinite, kInfinite, kInfinite};
-    qel::XPnt3d high{-kInfinite, -kInfinite, -kInfinite};
-
-    void include(const qel::XPnt3d& point) {
-        low = qel::XPnt3d{std::min(low.x, point.x), std::min(low.y, point.y), std::min(low.z, point.z)};
-        high = qel::XPnt3d{std::max(high.x, point.x), std::max(high.y, point.y), std::max(high.z, point.z)};
-    }
-    [[nodiscard]] bool isEmpty() const { return low.x > high.x; }
-    void include(const Reach& other) {
-        if (!other.isEmpty()) {
-            include(other.low);
-            include(other.high);
-        }
-    }
-
-  private:
-    static constexpr double kInfinite = std::numeric_limits<double>::infinity();
-};
 
 Reach reachOf(const Points& points) {
     const std::vector<Piece> pieces = piecesOf(points.size());
@@ -89,14 +68,7 @@ void appendCorners(Points& outline, const Reach& reach) {
 }  // namespace
 
 qel::Enve3d boxOf(const Points& points) {
-    qel::Enve3d box;
-    box.setInvalid();
-    if (!points.empty()) {
-        const Reach reach = reachOf(points);
-        box.SetBox(reach.low);
-        box.SetBox(reach.high);
-    }
-    return box;
+    return reachOf(points).box();
 }
 
 void appendOutline(Points& outline, const Points& points) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -30,6 +31,13 @@ enum class UpAxis : std::uint8_t { Y, Z };
     return up == UpAxis::Y ? qel::XPnt3d(vector.x, vector.z, -vector.y) : vector;
 }
 
+/// Neighbours: a range of the triangles of a mesh, or of the points of a cloud, and the box around them.
+struct SpatialPart {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    qel::Enve3d box;
+};
+
 /// Triangles with optional normals, colours and texture.
 struct TriangleMesh {
     std::string name;
@@ -50,6 +58,8 @@ struct TriangleMesh {
     std::vector<qel::ArrayTexCoord2f> texCoords;
     /// Multiplies the colours; only with texture coordinates.
     std::shared_ptr<const Texture> texture;
+    /// All triangles in their order; empty while the mesh is one part.
+    std::vector<SpatialPart> parts;
 };
 
 struct PointCloud {
@@ -60,6 +70,8 @@ struct PointCloud {
     qel::QelColor3f color{0.90F, 0.88F, 0.80F};
     /// In pixels.
     float size = 2.0F;
+    /// All points in their order; empty while the cloud is one part.
+    std::vector<SpatialPart> parts;
 };
 
 /// Colour and width (in pixels) of lines.

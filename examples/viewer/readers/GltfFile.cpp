@@ -35,11 +35,11 @@ std::string bytesNamed(const std::string& place, const json& member, const std::
     }
     const std::string name = percentDecode(uri);
     if (!isSiblingName(name)) {
-        refuse(place, qelview::quoted(name) + " is not a file next to the model");
+        refuse(place, inQuotes(name) + " is not a file next to the model");
     }
     bytes = siblingBytes(file, name, room);
     if (!bytes) {
-        refuse(place, "the file " + qelview::quoted(name) + " cannot be read");
+        refuse(place, "the file " + inQuotes(name) + " cannot be read");
     }
     return std::move(*bytes);
 }
@@ -58,8 +58,7 @@ std::size_t widthOf(const std::string& place, const json& type) {
     const auto* const found =
         std::find_if(kTypes.begin(), kTypes.end(), [&](const auto& known) { return known.first == name; });
     if (found == kTypes.end()) {
-        refuse(place,
-               "its accessor is of the type " + qelview::quoted(name) + ", which is not one of vertices");
+        refuse(place, "its accessor is of the type " + inQuotes(name) + ", which is not one of vertices");
     }
     return found->second;
 }
@@ -85,7 +84,7 @@ std::uint64_t wholeOf(const std::string& place, const json& object, const char* 
         return missing;
     }
     if (!number.is_number_unsigned() || number.get<std::uint64_t>() > kLargestWhole) {
-        refuse(place, "its " + qelview::quoted(name) + " is not a valid integer");
+        refuse(place, "its " + inQuotes(name) + " is not a valid integer");
     }
     return number.get<std::uint64_t>();
 }
@@ -98,7 +97,7 @@ void readNumbers(const std::string& place, const json& object, const char* name,
     }
     for (std::size_t i = 0; i < count; ++i) {
         if (!list.is_array() || i >= list.size() || !list[i].is_number()) {
-            refuse(place, "its " + qelview::quoted(name) + " are not " + std::to_string(count) + " numbers");
+            refuse(place, "its " + inQuotes(name) + " are not " + std::to_string(count) + " numbers");
         }
         numbers[i] = list[i].get<double>();
     }
@@ -158,7 +157,7 @@ void GltfFile::checkVersion() const {
     for (const json& extension : top("extensionsRequired")) {
         if (!extension.is_string() || !isExtensionRead(extension.get<std::string>())) {
             refuse("file", "it requires the extension " +
-                               qelview::quoted(extension.is_string() ? extension.get<std::string>() : "") +
+                               inQuotes(extension.is_string() ? extension.get<std::string>() : "") +
                                ", which is not supported");
         }
     }
@@ -176,7 +175,7 @@ std::size_t GltfFile::count(const char* list) const {
 const json& GltfFile::element(const std::string& place, const char* list, const json& index) const {
     const bool isListed = index.is_number_unsigned() && index.get<std::uint64_t>() < count(list);
     if (!isListed || !top(list)[index.get<std::size_t>()].is_object()) {
-        refuse(place, "its index into " + qelview::quoted(list) + " is out of range");
+        refuse(place, "its index into " + inQuotes(list) + " is out of range");
     }
     return top(list)[index.get<std::size_t>()];
 }

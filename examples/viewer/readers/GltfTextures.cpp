@@ -84,7 +84,7 @@ void GltfTextures::dress(TriangleMesh& mesh, const std::string& place, const jso
         std::to_string(transform.is_object() ? wholeOf(place, transform, "texCoord", set) : set);
     const GltfNumbers numbers = file.numbers(place, within(attributes, name.c_str()), 2, 2);
     if (numbers.count() != mesh.positions.size()) {
-        refuse(place, "its attribute " + qelview::quoted(name) + " and its positions differ in length");
+        refuse(place, "its attribute " + inQuotes(name) + " and its positions differ in length");
     }
     mesh.texCoords.reserve(numbers.count());
     for (std::size_t i = 0; i < numbers.values.size(); i += 2) {

@@ -1,11 +1,13 @@
 #include "LoadTask.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <utility>
 
 #include "ReadFile.h"
+#include "SpatialParts.h"
 
 namespace qelview {
 
@@ -42,6 +44,9 @@ Scene loadScene(const std::vector<std::string>& files, UpAxis up, Progress& prog
     }
     scene.moveToOrigin();
     watch.lap("middle");
+    std::for_each(scene.meshes.begin(), scene.meshes.end(), [](TriangleMesh& mesh) { sortIntoParts(mesh); });
+    std::for_each(scene.clouds.begin(), scene.clouds.end(), [](PointCloud& cloud) { sortIntoParts(cloud); });
+    watch.lap("parts");
     return scene;
 }
 

@@ -15,7 +15,7 @@ namespace qelview {
 /// Reads files into one scene, moved to the origin.
 /// @param files in UTF-8.
 /// @param up where the format of a file does not say.
-/// @param watch gets the parts of `readFile`, and "middle".
+/// @param watch gets the parts of `readFile`, "middle" and "parts".
 /// @throws ReadError, ReadCancelled as `readFile` does; nothing is shown of the other files then.
 [[nodiscard]] Scene loadScene(const std::vector<std::string>& files, UpAxis up, Progress& progress,
                               Stopwatch& watch);

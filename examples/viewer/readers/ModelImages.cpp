@@ -18,7 +18,7 @@ constexpr std::size_t kMostImages = 1024;
 }  // namespace
 
 std::shared_ptr<const TextureImage> ModelImages::fileNamed(std::string_view name) {
-    const auto refuseIt = [name](const std::string& reason) { refuse("image " + quoted(name), reason); };
+    const auto refuseIt = [name](const std::string& reason) { refuse("image " + inQuotes(name), reason); };
     if (const auto known = files.find(name); known != files.end()) {
         return known->second;
     }

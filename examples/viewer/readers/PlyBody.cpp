@@ -25,7 +25,7 @@ class AsciiBody final : public PlyBody {
             if (!lines.next()) {
                 refuse(atLine(lines.number()), "the file ends after " + std::to_string(index) + " of " +
                                                    std::to_string(element.count) + " instances of element " +
-                                                   quoted(element.name));
+                                                   inQuotes(element.name));
             }
             splitWords(lines.line(), words);
         } while (words.empty());

@@ -89,12 +89,12 @@ class HeaderReader {
         } else if (keyword == "property") {
             readProperty();
         } else if (!isLetter(keyword.front())) {
-            lines.refuseLine(quoted(keyword) +
+            lines.refuseLine(inQuotes(keyword) +
                              " is not a statement of a PLY header; end_header may be missing");
         } else if (keyword == "comment" && words.size() > 2 && words[1] == "TextureFile") {
             header.textureFiles.emplace_back(behindFirstWord(behindFirstWord(lines.line())));
         } else if (keyword != "comment" && keyword != "obj_info") {
-            warnings.add(atLine(lines.number()), "unknown statement " + quoted(keyword));
+            warnings.add(atLine(lines.number()), "unknown statement " + inQuotes(keyword));
         }
     }
 
@@ -114,10 +114,10 @@ class HeaderReader {
         }
         const long long count = readWhole(words[2], lines);
         if (count < 0 || count > kMostInstances) {
-            lines.refuseLine("invalid count " + quoted(words[2]) + " of element " + quoted(words[1]));
+            lines.refuseLine("invalid count " + inQuotes(words[2]) + " of element " + inQuotes(words[1]));
         }
         if (header.find(words[1]) != nullptr) {
-            lines.refuseLine("duplicate element " + quoted(words[1]));
+            lines.refuseLine("duplicate element " + inQuotes(words[1]));
         }
         requireFew(header.elements.size());
         header.elements.push_back({std::string(words[1]), static_cast<std::uint64_t>(count), {}});
@@ -140,7 +140,7 @@ class HeaderReader {
         std::vector<PlyProperty>& properties = header.elements.back().properties;
         if (std::any_of(properties.begin(), properties.end(),
                         [&](const PlyProperty& other) { return other.name == property.name; })) {
-            lines.refuseLine("duplicate property " + quoted(property.name));
+            lines.refuseLine("duplicate property " + inQuotes(property.name));
         }
         requireFew(properties.size());
         properties.push_back(property);
@@ -155,7 +155,7 @@ class HeaderReader {
     ScalarType readType(std::string_view word) {
         const std::optional<ScalarType> type = typeNamed(word);
         if (!type) {
-            lines.refuseLine("unknown type " + quoted(word));
+            lines.refuseLine("unknown type " + inQuotes(word));
         }
         return *type;
     }
@@ -170,7 +170,7 @@ class HeaderReader {
                 return property.name == name && !property.countType;
             };
             if (std::none_of(vertex->properties.begin(), vertex->properties.end(), isCoordinate)) {
-                lines.refuseLine("vertices have no property " + quoted(name));
+                lines.refuseLine("vertices have no property " + inQuotes(name));
             }
         }
     }

@@ -116,7 +116,7 @@ class GeoJsonReader {
         const std::string collected = type.starts_with("Multi") ? type.substr(5) : std::string();
         const std::string single = collected.empty() ? type : collected;
         if (single != "Point" && single != "LineString" && single != "Polygon") {
-            refuseHere(type.empty() ? "there is no type" : "unknown type " + qelview::quoted(type));
+            refuseHere(type.empty() ? "there is no type" : "unknown type " + inQuotes(type));
         }
         requireArray(coordinates, "coordinates");
         if (collected.empty()) {

@@ -223,7 +223,7 @@ class GltfReading {
         }
         GltfNumbers numbers = file.numbers(place, attributes[name], 3, widest);
         if (numbers.count() != vertices) {
-            refuse(place, "its attribute " + qelview::quoted(name) + " and its positions differ in length");
+            refuse(place, "its attribute " + inQuotes(name) + " and its positions differ in length");
         }
         return numbers;
     }

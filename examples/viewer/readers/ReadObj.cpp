@@ -19,7 +19,7 @@ namespace qelview {
 namespace {
 
 /// One kind of thing that elements name by number: positions, texture coordinates, normals.
-struct Numbered {
+struct NumberedKind {
     const char* name;
     long long count = 0;
     /// The largest number named so far, and where: it may be defined further down.
@@ -50,7 +50,7 @@ class ObjReading {
                 readStatement(line);
             }
         }
-        for (const Numbered& kind : kinds) {
+        for (const NumberedKind& kind : kinds) {
             requireDefined(kind);
         }
         if (kinds[0].count == 0) {
@@ -121,7 +121,7 @@ class ObjReading {
         } else if (keyword == "mtllib") {
             readLibraries(behindFirstWord(line));
         } else if (keyword != "o" && keyword != "g" && !isPassedOver(keyword)) {
-            warn("unknown statement " + quoted(keyword));
+            warn("unknown statement " + inQuotes(keyword));
         }
     }
 
@@ -201,7 +201,7 @@ class ObjReading {
             const bool isLeftOut = kind == 1 && behind == at;
             if (kind >= kinds.size() || (error != std::errc() && !isLeftOut) ||
                 (behind != end && *behind != '/')) {
-                lines.refuseLine(quoted(word) + " is not a corner of an element");
+                lines.refuseLine(inQuotes(word) + " is not a corner of an element");
             }
             if (!isLeftOut) {
                 numbers.at(kind) = numberNamed(kinds.at(kind), index);
@@ -214,7 +214,7 @@ class ObjReading {
     }
 
     /// From 0; in the file from 1, and negative ones count back from the line.
-    std::uint32_t numberNamed(Numbered& kind, long long index) {
+    std::uint32_t numberNamed(NumberedKind& kind, long long index) {
         if (index == 0) {
             lines.refuseLine(std::string(kind.name) + " 0 does not exist: numbers begin at 1");
         }
@@ -230,7 +230,7 @@ class ObjReading {
         return static_cast<std::uint32_t>(index > 0 ? index - 1 : kind.count + index);
     }
 
-    static void requireDefined(const Numbered& kind) {
+    static void requireDefined(const NumberedKind& kind) {
         if (kind.highestNamed > kind.count) {
             refuse(atLine(kind.lineOfHighest),
                    std::string(kind.name) + " " + std::to_string(kind.highestNamed) +
@@ -240,7 +240,7 @@ class ObjReading {
 
     void useMaterial(std::string_view name) {
         if (!materials.has(name)) {
-            warn("there is no material " + quoted(name));
+            warn("there is no material " + inQuotes(name));
         }
         meshes.setLook(materials.lookOf(name, atLine(lines.number()), warnings));
     }
@@ -252,7 +252,7 @@ class ObjReading {
         }
         for (std::size_t i = 1; i < words.size(); ++i) {
             if (words.size() == 2 || !materials.readLibrary(words[i])) {
-                warn("the file of materials " + quoted(words[i]) + " cannot be read");
+                warn("the file of materials " + inQuotes(words[i]) + " cannot be read");
             }
         }
     }
@@ -266,7 +266,8 @@ class ObjReading {
     Warnings warnings;
     std::vector<std::string_view> words;
     std::string joined;
-    std::array<Numbered, 3> kinds{Numbered{"vertex"}, Numbered{"texture coordinate"}, Numbered{"normal"}};
+    std::array<NumberedKind, 3> kinds{NumberedKind{"vertex"}, NumberedKind{"texture coordinate"},
+                                      NumberedKind{"normal"}};
     std::vector<ObjCorner> corners;
 };
 

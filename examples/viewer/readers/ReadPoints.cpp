@@ -101,7 +101,7 @@ class PointReader {
     std::uint8_t readChannel(std::string_view word) {
         const double value = readNumber(word, lines);
         if (!(value >= 0.0 && value <= 255.0)) {
-            lines.refuseLine("the colour " + quoted(word) + " is not from 0 to 255");
+            lines.refuseLine("the colour " + inQuotes(word) + " is not from 0 to 255");
         }
         return static_cast<std::uint8_t>(std::lround(value));
     }

@@ -187,7 +187,7 @@ class AsciiStlReading {
             return step.from == state && is(step.word);
         });
         if (found == kSteps.end()) {
-            lines.refuseLine("unexpected " + quoted(words.front()));
+            lines.refuseLine("unexpected " + inQuotes(words.front()));
         }
         checkRest(found->word);
         state = found->to;
@@ -214,7 +214,7 @@ class AsciiStlReading {
         if (!isNamed && words.size() != expected) {
             warnings.add(atLine(lines.number()),
                          std::string(words.size() < expected ? "too few" : "too many") + " words for " +
-                             quoted(keyword));
+                             inQuotes(keyword));
         }
     }
 

@@ -13,8 +13,8 @@ namespace qelview {
 
 namespace {
 
-constexpr std::size_t kColumns = 256;
-constexpr std::size_t kRows = 168;
+constexpr std::size_t kColumnsOfMap = 256;
+constexpr std::size_t kRowsOfMap = 168;
 /// Metres between the points of the grid, and where it begins.
 constexpr double kStep = 250.0;
 constexpr double kEast = 412000.0;
@@ -83,18 +83,18 @@ double heightAt(double x, double y) {
         frequency *= 2.1;
     }
     // The sea closes the map on all sides.
-    const double edge = std::min({x, 1.0 - x, y, kRows * 1.0 / kColumns - y});
+    const double edge = std::min({x, 1.0 - x, y, kRowsOfMap * 1.0 / kColumnsOfMap - y});
     return height - 0.6 * std::exp(-edge / 0.025);
 }
 
 HeightGrid makeGrid() {
     HeightGrid grid;
-    grid.columns = kColumns;
-    for (std::size_t row = 0; row < kRows; ++row) {
-        for (std::size_t column = 0; column < kColumns; ++column) {
+    grid.columns = kColumnsOfMap;
+    for (std::size_t row = 0; row < kRowsOfMap; ++row) {
+        for (std::size_t column = 0; column < kColumnsOfMap; ++column) {
             const auto x = static_cast<double>(column);
             const auto y = static_cast<double>(row);
-            const double share = 1.0 / static_cast<double>(kColumns);
+            const double share = 1.0 / static_cast<double>(kColumnsOfMap);
             grid.points.push_back(
                 {kEast + x * kStep, kNorth + y * kStep, heightAt(x * share, y * share) * kRelief});
         }

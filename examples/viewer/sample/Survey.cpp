@@ -14,7 +14,7 @@ namespace qelview {
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
+constexpr double kFullTurn = 2.0 * std::numbers::pi;
 /// Keeps lines off the surface that they follow.
 constexpr double kLift = 0.03;
 
@@ -63,7 +63,7 @@ void addTree(PointCloud& cloud, const Tree& tree, Numbers& numbers) {
     constexpr int kReturns = 1500;
     for (int i = 0; i < kReturns; ++i) {
         const double up = 1.0 - std::sqrt(numbers.next());
-        const double angle = kTurn * numbers.next();
+        const double angle = kFullTurn * numbers.next();
         const double tier = 0.85 + 0.15 * std::cos(up * 40.0);
         const double reach = 0.30 * tree.height * (1.0 - up) * tier * (0.82 + 0.18 * numbers.next());
         cloud.positions.push_back(onGround(tree.x, tree.y, 0.25 + up * tree.height) +
@@ -109,7 +109,7 @@ void addShore(Scene& scene) {
     constexpr int kPieces = 72;
     Points shore;
     for (int i = 0; i < kPieces; ++i) {
-        const double angle = kTurn * i / kPieces;
+        const double angle = kFullTurn * i / kPieces;
         const double reach = 1.55 + 0.22 * std::sin(2.0 * angle + 0.6) + 0.1 * std::cos(5.0 * angle);
         shore.push_back(
             onGround(2.6 + 1.25 * reach * std::cos(angle), -2.4 + reach * std::sin(angle), kLift));
@@ -123,7 +123,7 @@ void addFlight(Scene& scene) {
     Points flight;
     for (int i = 0; i <= kPieces; ++i) {
         const double share = static_cast<double>(i) / kPieces;
-        const double angle = kTurn * (2.25 * share + 0.1);
+        const double angle = kFullTurn * (2.25 * share + 0.1);
         flight.emplace_back(-6.0 + (3.4 - 1.6 * share) * std::cos(angle),
                             3.6 + (3.0 - 1.4 * share) * std::sin(angle), 4.0 + 2.6 * share);
     }

@@ -37,14 +37,6 @@ void placeKeyLight(IQelGL& gl) {
 
 }  // namespace
 
-PixelView Stage::pixelView() {
-    PixelView view;
-    std::copy_n(camera().getModelviewMatrix(), view.modelview.size(), view.modelview.begin());
-    std::copy_n(camera().getProjectionMatrix(), view.projection.size(), view.projection.begin());
-    std::copy_n(camera().getViewport(), view.viewport.size(), view.viewport.begin());
-    return view;
-}
-
 void Stage::drawFrame() {
     display->makeCurrent();
     qel::fitClippingPlanes(camera(), content.extent);

@@ -16,12 +16,12 @@ namespace qelview {
 
 namespace {
 
-constexpr qel::QelColor3f kTextColor{0.62F, 0.68F, 0.76F};
+constexpr qel::QelColor3f kPanelTextColor{0.62F, 0.68F, 0.76F};
 constexpr qel::QelColor3f kNoticeColor{1.0F, 0.85F, 0.25F};
 constexpr qel::QelColor3f kPlateColor{0.07F, 0.085F, 0.105F};
 constexpr qel::QelColor3f kPlateEdgeColor{0.30F, 0.34F, 0.40F};
 constexpr qel::QelColor3f kRectangleColor{1.0F, 0.85F, 0.25F};
-constexpr std::uint16_t kDashes = 0xF0F0;
+constexpr std::uint16_t kFrameDashes = 0xF0F0;
 
 /// Below a line of text, so that descenders stay on the plate.
 constexpr double kUnderLine = 8.0;
@@ -101,7 +101,7 @@ qel::XPnt3d Stage::pointAt(const PixelPlace& place) {
 qel::XPnt3d Stage::drawnAt(const PixelPlace& place) {
     const double x = place.x + 0.5;
     const double y = place.y + 0.5;
-    const std::optional<qel::XPnt3d> ofACloud = content.drawn.cloudPointAt(pixelView(), x, y);
+    const std::optional<qel::XPnt3d> ofACloud = content.drawn.cloudPointAt(pixelViewOf(camera()), x, y);
     return ofACloud ? *ofACloud : camera().getModelPntAt(x, y);
 }
 
@@ -129,7 +129,7 @@ void Stage::drawStrip() {
             text += "   " + textOf(underMouse);
         }
     }
-    const QelTmpGlStateCtrl color(kTextColor);
+    const QelTmpGlStateCtrl color(kPanelTextColor);
     printAt(kMargin, kMargin - (notes.hasStrip ? kUnderLine * 0.5 : 0.0), text);
 }
 
@@ -160,7 +160,7 @@ void Stage::drawPanel() {
     const double lineHeight = std::clamp((top - kStripHeight - kUnderLine) / static_cast<double>(lines + 1),
                                          kLetterHeight, kLineHeight);
     drawPlate(kMargin, top - static_cast<double>(lines + 1) * lineHeight, right, top);
-    const QelTmpGlStateCtrl color(kTextColor);
+    const QelTmpGlStateCtrl color(kPanelTextColor);
     double y = top - lineHeight - kUnderLine * 0.5;
     for (std::size_t i = 0; i < lines; ++i) {
         if (isHelp) {
@@ -181,7 +181,7 @@ void Stage::drawRectangle(const PixelBox& rectangle) {
     const auto place = [this](int x, int y) { return inLayout({x + 0.5, y + 0.5, 0.0}); };
     const auto [from, to] = rectangle;
     const auto edge = [&](int x1, int y1, int x2, int y2) {
-        symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false, kDashes);
+        symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false, kFrameDashes);
     };
     edge(from.x, from.y, to.x, from.y);
     edge(to.x, from.y, to.x, to.y);

@@ -98,8 +98,8 @@ class Stage {
     [[nodiscard]] Annotations& annotations() { return notes; }
     /// The title of the view, in place of the scene's own and its counts.
     void setTitle(const std::string& text);
-    /// From now on draws one of so many parts of the scene; 1 draws all.
-    void setPartsPerDrawn(std::size_t parts) { partsPerDrawn = parts; }
+    /// With n, draws about one in n of the triangles and points from now on.
+    void setThinning(std::size_t wanted) { thinning = wanted; }
 
     /// Colours meshes and clouds; false, with nothing changed, if there are none.
     bool setColouring(Colouring wanted);
@@ -173,7 +173,6 @@ class Stage {
     [[nodiscard]] double layoutHeight() { return static_cast<double>(camera().getHeight()) / scale; }
     [[nodiscard]] int letterHeight(double units) const;
     /// The camera that OpenGL holds.
-    [[nodiscard]] PixelView pixelView();
     /// Draws into the back buffer, up to and without the exchange of the buffers.
     void drawFrame();
     /// The scene with everything on it, into whatever the display draws to.
@@ -219,7 +218,7 @@ class Stage {
     HostTextures textures;
     Annotations notes;
     qel::XPnt3d underMouse;
-    std::size_t partsPerDrawn = 1;
+    std::size_t thinning = 1;
     SectionAxis sectionAxis = SectionAxis::None;
     qel::XPnt3d sectionNormal;
     double sectionShare = 0.5;

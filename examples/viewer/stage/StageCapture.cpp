@@ -113,7 +113,7 @@ void Stage::drawCapture(int times) {
     shown.isMeasuring = notes.isMeasuring;
     shown.localFrame = notes.localFrame;
     std::swap(shown, notes);
-    const std::size_t parts = std::exchange(partsPerDrawn, 1);
+    const std::size_t thinningOfWindow = std::exchange(thinning, 1);
     captureTimes = times;
     // The bitmap's context has no textures yet.
     HostTextures texturesOfWindow = std::exchange(textures, {});
@@ -121,7 +121,7 @@ void Stage::drawCapture(int times) {
     camera().updateView();
     camera().drawAxes();
     std::swap(shown, notes);
-    partsPerDrawn = parts;
+    thinning = thinningOfWindow;
     captureTimes = 1;
     textures.release();
     textures = std::move(texturesOfWindow);

@@ -104,8 +104,8 @@ std::string Stage::sectionText() const {
 void Stage::drawScene() {
     {
         const ClipScope clip(plane);
-        content.drawn.draw(*symbol, pixelView(), textures,
-                           {partsPerDrawn, static_cast<float>(unit()), plane});
+        content.drawn.draw(*symbol, pixelViewOf(camera()), textures,
+                           {&camera(), thinning, static_cast<float>(unit()), plane});
     }
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
     const QelTmpGlStateCtrl color(kOutlineColor);

@@ -27,7 +27,7 @@ nlohmann::json parseJson(std::string_view text) {
         const bool isAtEnd = error.byte > text.size();
         refuse(atLine(lineOf(text, error.byte)),
                isAtEnd ? "the file ends in the middle of the JSON text"
-                       : "no JSON at " + qelview::quoted(text.substr(error.byte == 0 ? 0 : error.byte - 1)));
+                       : "no JSON at " + inQuotes(text.substr(error.byte == 0 ? 0 : error.byte - 1)));
     } catch (const json::exception&) {
         // The only other exception of the parser.
         refuse("file", "a number is too large");

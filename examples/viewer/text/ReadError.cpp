@@ -22,7 +22,7 @@ std::string atLine(std::size_t number) {
     return "line " + std::to_string(number);
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string shown(text.substr(0, kLongestQuote));
     std::replace_if(
         shown.begin(), shown.end(), [](char character) { return !isReadable(character); }, '?');

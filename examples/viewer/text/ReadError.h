@@ -26,7 +26,7 @@ class ReadCancelled : public std::runtime_error {
 [[nodiscard]] std::string atLine(std::size_t number);
 
 /// Part of a file for a message: truncated, in quotes, without control characters.
-[[nodiscard]] std::string quoted(std::string_view text);
+[[nodiscard]] std::string inQuotes(std::string_view text);
 
 /// Text of another library as one line of printable characters.
 [[nodiscard]] std::string oneLine(std::string_view text);

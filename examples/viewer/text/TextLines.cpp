@@ -103,10 +103,10 @@ double readNumber(std::string_view word, const TextLines& lines) {
     double value = 0.0;
     const std::errc error = parse(word, value);
     if (error == std::errc::result_out_of_range) {
-        lines.refuseLine(quoted(word) + " is beyond the range of numbers");
+        lines.refuseLine(inQuotes(word) + " is beyond the range of numbers");
     }
     if (error != std::errc()) {
-        lines.refuseLine(quoted(word) + " is not a number");
+        lines.refuseLine(inQuotes(word) + " is not a number");
     }
     return value;
 }
@@ -122,7 +122,7 @@ std::string faultOfCoordinate(double value) {
 double readCoordinate(std::string_view word, const TextLines& lines) {
     const double value = readNumber(word, lines);
     if (!(std::abs(value) <= kLargestCoordinate)) {
-        lines.refuseLine("the coordinate " + quoted(word) + " " + faultOfCoordinate(value));
+        lines.refuseLine("the coordinate " + inQuotes(word) + " " + faultOfCoordinate(value));
     }
     return value;
 }
@@ -130,7 +130,7 @@ double readCoordinate(std::string_view word, const TextLines& lines) {
 long long readWhole(std::string_view word, const TextLines& lines) {
     long long value = 0;
     if (parse(word, value) != std::errc()) {
-        lines.refuseLine(quoted(word) + " is not an integer");
+        lines.refuseLine(inQuotes(word) + " is not an integer");
     }
     return value;
 }

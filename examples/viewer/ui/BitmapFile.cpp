@@ -18,7 +18,6 @@ constexpr std::size_t kPixelsAt = 10;
 constexpr std::size_t kWidthAt = 18;
 constexpr std::size_t kHeightAt = 22;
 constexpr std::size_t kBitsAt = 28;
-constexpr std::size_t kChannels = 3;
 constexpr std::uint8_t kBitsOfAPixel = 24;
 constexpr std::uint32_t kLargestSide = 1U << 15;
 
@@ -46,17 +45,17 @@ std::optional<PixelImage> readBitmap(const std::filesystem::path& file) {
     const std::uint32_t width = wordAt(bytes, kWidthAt);
     const std::uint32_t height = wordAt(bytes, kHeightAt);
     if (width == 0 || height == 0 || width > kLargestSide || height > kLargestSide ||
-        bytes.size() < kHeaderBytes + std::size_t{width} * height * kChannels) {
+        bytes.size() < kHeaderBytes + std::size_t{width} * height * PixelImage::kChannels) {
         return std::nullopt;
     }
-    const std::size_t rowBytes = (std::size_t{width} * kChannels + 3) / 4 * 4;
+    const std::size_t rowBytes = (std::size_t{width} * PixelImage::kChannels + 3) / 4 * 4;
     PixelImage image{static_cast<int>(width), static_cast<int>(height), {}};
-    image.rgb.reserve(std::size_t{width} * height * kChannels);
+    image.rgb.reserve(std::size_t{width} * height * PixelImage::kChannels);
     for (std::size_t y = 0; y < height; ++y) {
         for (std::size_t x = 0; x < width; ++x) {
-            const std::size_t pixel = kHeaderBytes + y * rowBytes + x * kChannels;
+            const std::size_t pixel = kHeaderBytes + y * rowBytes + x * PixelImage::kChannels;
             // Files store blue, green, red.
-            for (std::size_t channel = kChannels; channel-- > 0;) {
+            for (std::size_t channel = PixelImage::kChannels; channel-- > 0;) {
                 image.rgb.push_back(pixel + channel < bytes.size() ? bytes[pixel + channel]
                                                                    : std::uint8_t{0});
             }
@@ -66,7 +65,7 @@ std::optional<PixelImage> readBitmap(const std::filesystem::path& file) {
 }
 
 bool isWholeBitmap(const std::filesystem::path& file, std::uint32_t width, std::uint32_t height) {
-    const std::uintmax_t whole = kHeaderBytes + std::uintmax_t{width} * height * kChannels;
+    const std::uintmax_t whole = kHeaderBytes + std::uintmax_t{width} * height * PixelImage::kChannels;
     std::error_code error;
     if (std::filesystem::file_size(file, error) != whole || error) {
         return false;

@@ -13,8 +13,6 @@ namespace qelview {
 
 namespace {
 
-constexpr int kChannels = 3;
-
 void append(void* context, void* data, int size) {
     auto& bytes = *static_cast<std::vector<char>*>(context);
     const char* const begin = static_cast<const char*>(data);
@@ -24,7 +22,8 @@ void append(void* context, void* data, int size) {
 }  // namespace
 
 bool writePng(const std::filesystem::path& file, const PixelImage& image) {
-    const int bytesOfARow = image.width * kChannels;
+    constexpr auto kBytesOfAPixel = static_cast<int>(PixelImage::kChannels);
+    const int bytesOfARow = image.width * kBytesOfAPixel;
     const auto size = static_cast<std::size_t>(bytesOfARow) * static_cast<std::size_t>(image.height);
     if (image.width <= 0 || image.height <= 0 || image.rgb.size() != size) {
         return false;
@@ -35,7 +34,7 @@ bool writePng(const std::filesystem::path& file, const PixelImage& image) {
     // PNG rows go from top to bottom: a negative step from the last row flips the image.
     const std::uint8_t* const highestRow = image.rgb.data() + size - static_cast<std::size_t>(bytesOfARow);
     std::vector<char> bytes;
-    if (stbi_write_png_to_func(append, &bytes, image.width, image.height, kChannels, highestRow,
+    if (stbi_write_png_to_func(append, &bytes, image.width, image.height, kBytesOfAPixel, highestRow,
                                -bytesOfARow) == 0) {
         return false;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <vector>
@@ -8,6 +9,7 @@ namespace qelview {
 
 /// Pixels in OpenGL's order: rows from bottom to top, red, green and blue, without padding.
 struct PixelImage {
+    static constexpr std::size_t kChannels = 3;
     int width = 0;
     int height = 0;
     std::vector<std::uint8_t> rgb;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "FlatView.h"
@@ -18,7 +20,7 @@ PixelView smallView() {
 
 Order orderOf(const qelview::Points& points, const PixelView& view, const qelview::DepthImage& depths = {}) {
     Order order{7, 7, 7, 7, 7, 7, 7};
-    orderVisiblePoints(points, view, depths, 1, order);
+    orderVisiblePoints(points, view, depths, {{0, points.size(), 1}}, order);
     return order;
 }
 
@@ -28,15 +30,40 @@ TEST(PointOrder, BeginsWithTheFarthest) {
 
 TEST(PointOrder, TakesEachNthPointAlone) {
     Order order;
-    orderVisiblePoints({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}, {0, 0, -0.5}}, smallView(), {}, 2,
-                       order);
+    orderVisiblePoints({{0, 0, 0}, {0, 0, 0.9}, {0, 0, -0.9}, {0, 0, 0.5}, {0, 0, -0.5}}, smallView(), {},
+                       {{0, 5, 2}}, order);
     EXPECT_EQ(order, (Order{0, 4, 2}));
+}
+
+TEST(PointOrder, TakesThePointsOfRangesAlone) {
+    const qelview::Points points{{0, 0, 0},   {0, 0, 0.9},  {0, 0, -0.9},
+                                 {0, 0, 0.5}, {0, 0, -0.5}, {0, 0, 0.1}};
+    Order order;
+    orderVisiblePoints(points, smallView(), {}, {{1, 2, 1}, {2, 5, 2}}, order);
+    EXPECT_EQ(order, (Order{1, 4, 2}));
+    orderVisiblePoints(points, smallView(), {}, {}, order);
+    EXPECT_EQ(order, Order());
+}
+
+TEST(PointOrder, IsThatOfOneRangeHoweverManyRangesAndCoresThereAre) {
+    qelview::Points points;
+    for (int i = 0; i < 100'000; ++i) {
+        points.emplace_back(0.0, 0.0, std::sin(i * 0.37));
+    }
+    std::vector<qelview::DrawnRange> ranges;
+    for (std::size_t begin = 0; begin < points.size(); begin += 777) {
+        ranges.push_back({begin, std::min(begin + 777, points.size()), 1});
+    }
+    Order parted;
+    orderVisiblePoints(points, smallView(), {}, ranges, parted);
+    EXPECT_EQ(parted, orderOf(points, smallView()));
+    EXPECT_EQ(parted.size(), points.size());
 }
 
 TEST(PointOrderVisiblePointAt, FindsTheNearestToTheEyeWithinReach) {
     const qelview::Points points{{0, 0, 0.5}, {0, 0, -0.5}, {0.5, 0, -0.9}, {0, 0, 0}};
     Order order;
-    orderVisiblePoints(points, smallView(), {}, 1, order);
+    orderVisiblePoints(points, smallView(), {}, {{0, points.size(), 1}}, order);
     EXPECT_EQ(qelview::visiblePointAt(points, order, smallView(), 2.0, 1.0, 0.4), 1U);
     EXPECT_EQ(qelview::visiblePointAt(points, order, smallView(), 2.7, 1.0, 0.4), 2U);
     EXPECT_EQ(qelview::visiblePointAt(points, order, smallView(), 1.5, 1.0, 0.4), std::nullopt);

@@ -15,27 +15,33 @@
 namespace {
 
 using qel::test::Calls;
-using qelview::kTrianglesOfAPart;
-using qelview::thinnedTriangles;
+using qelview::DrawnRange;
+using qelview::kTrianglesOfABlock;
 using Indices = std::vector<std::uint32_t>;
 
-constexpr std::size_t kCorners = kTrianglesOfAPart * 3;
+constexpr std::size_t kCorners = kTrianglesOfABlock * 3;
 
-/// Parts whose corners count down from the last, so that an index is not its own place.
+/// Blocks whose corners count down from the last, so that an index is not its own place.
 Indices countingDown(std::size_t count) {
     Indices indices(count);
     std::iota(indices.rbegin(), indices.rend(), 0U);
     return indices;
 }
 
-TEST(ThinningTriangles, KeepsAllWhereEachPartIsDrawn) {
-    const Indices all = countingDown(kCorners * 2 + 3);
-    EXPECT_EQ(thinnedTriangles(all, all.size(), 1), all);
+Indices cornersOf(const std::vector<DrawnRange>& ranges, const Indices& indices) {
+    Indices corners{7, 7};
+    qelview::findDrawnCorners(ranges, indices, corners);
+    return corners;
 }
 
-TEST(ThinningTriangles, KeepsEachThirdPartAndTheShortLastOne) {
+TEST(ThinningCorners, AreAllWhereEachBlockIsDrawn) {
+    const Indices all = countingDown(kCorners * 2 + 3);
+    EXPECT_EQ(cornersOf({{0, all.size() / 3, 1}}, all), all);
+}
+
+TEST(ThinningCorners, AreThoseOfEachThirdBlockAndTheShortLastOne) {
     const Indices all = countingDown(kCorners * 3 + 6);
-    const Indices kept = thinnedTriangles(all, all.size(), 3);
+    const Indices kept = cornersOf({{0, all.size() / 3, 3}}, all);
     ASSERT_EQ(kept.size(), kCorners + 6);
     EXPECT_EQ(kept.front(), all.front());
     EXPECT_EQ(kept[kCorners - 1], all[kCorners - 1]);
@@ -43,20 +49,24 @@ TEST(ThinningTriangles, KeepsEachThirdPartAndTheShortLastOne) {
     EXPECT_EQ(kept.back(), all.back());
 }
 
-TEST(ThinningTriangles, CountsThePositionsOfAMeshWithoutIndices) {
-    const Indices kept = thinnedTriangles({}, kCorners * 2 + 4, 2);
+TEST(ThinningCorners, AreNumbersOfPositionsWithoutIndices) {
+    const Indices kept = cornersOf({{0, kTrianglesOfABlock * 2 + 1, 2}}, {});
     ASSERT_EQ(kept.size(), kCorners + 3);
     EXPECT_EQ(kept[kCorners - 1], kCorners - 1);
     EXPECT_EQ(kept[kCorners], kCorners * 2);
-    EXPECT_TRUE(thinnedTriangles({}, 2, 1).empty());
+    EXPECT_TRUE(cornersOf({}, {}).empty());
+}
+
+TEST(ThinningCorners, FollowTheRangesOneAfterTheOther) {
+    EXPECT_EQ(cornersOf({{1, 2, 1}, {4, 5, 9}}, {}), (Indices{3, 4, 5, 12, 13, 14}));
 }
 
 class ThinningScene : public testing::Test {
   protected:
     /// How many elements each drawing of elements takes.
-    Calls drawn(const char* function, std::size_t partsPerDrawn) {
+    Calls drawn(const char* function, std::size_t thinning) {
         qel::test::CallTrace trace;
-        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {partsPerDrawn, 1.0F, {}});
+        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {nullptr, thinning, 1.0F, {}});
         return trace.calls(function);
     }
 
@@ -75,7 +85,7 @@ std::vector<std::string> beginnings(const Calls& calls) {
     return texts;
 }
 
-TEST_F(ThinningScene, DrawsPartsOfMeshesAndAllOfThemAgainAfterwards) {
+TEST_F(ThinningScene, DrawsBlocksOfMeshesAndAllOfThemAgainAfterwards) {
     qelview::Scene source;
     qelview::TriangleMesh mesh;
     mesh.positions.assign(3, qel::XPnt3d(0.0, 0.0, 0.0));
@@ -102,9 +112,9 @@ TEST_F(ThinningScene, DrawsEachNthPointOfClouds) {
     cloud.size = 1.0F;
     source.clouds.push_back(cloud);
     scene = std::make_unique<qelview::HostScene>(source);
-    const auto shownPoints = [this](std::size_t partsPerDrawn) {
+    const auto shownPoints = [this](std::size_t thinning) {
         surface.clear();
-        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {partsPerDrawn, 1.0F, {}});
+        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {nullptr, thinning, 1.0F, {}});
         std::vector<int> shown;
         for (int i = 0; i < 10; ++i) {
             const int x = static_cast<int>((0.1 + 0.2 * i) * 32.0);

@@ -167,7 +167,7 @@ TEST(MapFrameData, IsInDegreesThoughAFileRoundsTheEdgeOfTheGlobe) {
 TEST(MapFrame, HoldsOnlyWhatIsSeen) {
     qelview::Scene scene = sceneOf({square(0, 0, 4), square(1, 1, 1)}, {});
     scene.polylines.push_back({{{{-1e6, 2, 0}, {1e6, 2, 0}}, {{500, 500, 0}, {600, 600, 0}}}, {}});
-    scene.clouds.push_back({{{2, 2, 0}, {900, 900, 0}}, {}, {}, 1.0F});
+    scene.clouds.push_back({{{2, 2, 0}, {900, 900, 0}}, {}, {}, 1.0F, {}});
     const qelview::MapData map = qelview::mapOf(scene);
     qelview::MapView view;
     view.resize(100, 100);

@@ -16,7 +16,7 @@ Scene farScene() {
     qelview::TriangleMesh& mesh = scene.meshes.emplace_back();
     mesh.positions = {at(0, 0, 0), at(1, 0, 0), at(0, 1, 0)};
     mesh.indices = {0, 1, 2};
-    scene.clouds.push_back({{at(-2, 0, 0), at(0.001, 0, 0)}, {}, {}, 1.0F});
+    scene.clouds.push_back({{at(-2, 0, 0), at(0.001, 0, 0)}, {}, {}, 1.0F, {}});
     scene.polylines.push_back({{{at(0, 0, 0), at(4, 0, 0)}}, {}});
     scene.polygons.push_back({{{at(0, 0, 0), at(0, 6, 0)}, {at(0, -2, 0)}}, {}});
     scene.rings.push_back({{at(0, 0, 5)}, {}});

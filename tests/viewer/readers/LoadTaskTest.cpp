@@ -57,7 +57,7 @@ TEST(LoadTask, MeasuresItsParts) {
         parts += part.name + " ";
         EXPECT_GE(part.seconds, 0.0);
     }
-    EXPECT_EQ(parts, "read normals middle ");
+    EXPECT_EQ(parts, "read normals middle parts ");
 }
 
 Scene loadFiles(const std::vector<std::string>& files, UpAxis up, std::vector<double>* reports = nullptr) {

@@ -14,10 +14,10 @@ TEST(ReadError, NamesThePlaceBeforeTheReason) {
 }
 
 TEST(ReadErrorQuoted, ShowsTheFirstLettersAndNothingUnreadable) {
-    EXPECT_EQ(qelview::quoted(""), "''");
-    EXPECT_EQ(qelview::quoted(" ~\x1F\x7F\xC3"), "' ~\?\?\?'");
-    EXPECT_EQ(qelview::quoted(std::string(32, 'a')), "'" + std::string(32, 'a') + "'");
-    EXPECT_EQ(qelview::quoted(std::string(33, 'a')), "'" + std::string(32, 'a') + "...'");
+    EXPECT_EQ(qelview::inQuotes(""), "''");
+    EXPECT_EQ(qelview::inQuotes(" ~\x1F\x7F\xC3"), "' ~\?\?\?'");
+    EXPECT_EQ(qelview::inQuotes(std::string(32, 'a')), "'" + std::string(32, 'a') + "'");
+    EXPECT_EQ(qelview::inQuotes(std::string(33, 'a')), "'" + std::string(32, 'a') + "...'");
 }
 
 TEST(ReadErrorOneLine, HasSingleSpacesBetweenItsWords) {
