@@ -79,7 +79,7 @@ function(qel_windows_groups)
         ENVIRONMENT ${guarded} "GTEST_FILTER=GuardedSuite*:ScreenDisplay*:Symbol*-${not_guarded}")
     if(QEL_LABEL STREQUAL microsoft)
         # How a thread and its library end depends on the C runtime.
-        qel_test_group(microsoft.loads COST 150 ENVIRONMENT QEL_LONG_TESTS=1 "GTEST_FILTER=ModuleEntry.*")
+        qel_test_group(microsoft.loads COST 150 ENVIRONMENT QEL_LONG_TESTS=1 "GTEST_FILTER=ModuleEntry.*:ProcessEnd.*")
         qel_check(microsoft LABEL microsoft CONFIGURATIONS Microsoft Long COMMAND "${PROJECT_SOURCE_DIR}/scripts/check" microsoft)
     else()
         qel_test_group(windows LONG)

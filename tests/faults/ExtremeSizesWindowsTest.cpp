@@ -22,8 +22,8 @@ constexpr std::array<std::int32_t, 6> kSides{0, 1, 46341, 65536, kLargest, -1};
 constexpr std::size_t kMostBytes = std::size_t{64} << 20U;
 constexpr std::size_t kBytesOfAPixel = 4 * sizeof(float);
 
-/// The size that the heap refuses where `wanted` bytes are too many. What does not fit 64 bits is not asked for, and
-/// under Microsoft's C++ ABI as the largest size there is.
+/// The size that the heap refuses where `wanted` bytes are too many. What does not fit 64 bits never reaches the
+/// heap, or under Microsoft's C++ ABI as the largest size there is.
 double refusedOf(double wanted) {
     constexpr double kMostThatCanBeAsked = 9e18;
 #if defined(_MSC_VER)

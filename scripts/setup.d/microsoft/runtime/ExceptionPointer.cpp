@@ -4,14 +4,15 @@
 #include <cstring>
 #include <exception>
 
-// std::rethrow_exception throws a copy on the stack. Wine's msvcp140 would throw the object that the pointers own, and a
-// handler would find it destroyed if the last pointer went with the frames in between.
+// std::rethrow_exception throws a copy on the stack. Wine's msvcp140 would throw the object that the pointers
+// own, and a handler would find it destroyed if the last pointer was in a frame in between.
 
 extern "C" [[noreturn]] void __stdcall _CxxThrowException(void* object, const void* throwInfo);
 
 namespace {
 
-/// What the compiler writes about a thrown object. The numbers are offsets from the start of the module that threw.
+/// What the compiler writes about a thrown object. The numbers are offsets from the start of the module that
+/// threw.
 struct ThrowInfo {
     std::uint32_t attributes;
     std::int32_t destructor;
