@@ -11,26 +11,30 @@ namespace qelview {
 
 namespace {
 
-/// Calls `visit` for each array of positions that may be large.
+using Parts = std::vector<SpatialPart>;
+
+/// Calls `visit` for each array of positions that may be large, and its parts.
 template <class SceneType, class Visitor>
 void visitArrays(SceneType& scene, const Visitor& visit) {
     for (auto& mesh : scene.meshes) {
-        visit(mesh.positions);
+        visit(mesh.positions, mesh.parts);
     }
     for (auto& cloud : scene.clouds) {
-        visit(cloud.positions);
+        visit(cloud.positions, cloud.parts);
     }
+    static constexpr Parts kNoParts;
+    const auto visitPoints = [&visit](auto& points) { visit(points, kNoParts); };
     for (auto& polyline : scene.polylines) {
-        std::for_each(polyline.parts.begin(), polyline.parts.end(), visit);
+        std::for_each(polyline.parts.begin(), polyline.parts.end(), visitPoints);
     }
     for (auto& polygon : scene.polygons) {
-        std::for_each(polygon.rings.begin(), polygon.rings.end(), visit);
+        std::for_each(polygon.rings.begin(), polygon.rings.end(), visitPoints);
     }
     for (auto& ring : scene.rings) {
-        visit(ring.points);
+        visitPoints(ring.points);
     }
     for (auto& curve : scene.curves) {
-        visit(curve.points);
+        visitPoints(curve.points);
     }
 }
 
@@ -49,7 +53,7 @@ void visitOthers(SceneType& scene, const Visitor& visit) {
 /// Calls `change` for each position that shapes the scene, on all cores.
 template <class Change>
 void changePositions(Scene& scene, const Change& change) {
-    visitArrays(scene, [&change](Points& positions) {
+    visitArrays(scene, [&change](Points& positions, const Parts&) {
         forEachOnAllCores(positions.size(), [&](std::size_t i) { change(positions[i]); });
     });
     visitOthers(scene, change);
@@ -74,7 +78,8 @@ std::size_t totalSize(const Arrays& arrays) {
 
 bool Scene::isEmpty() const {
     bool isEmpty = balls.empty();
-    visitArrays(*this, [&isEmpty](const Points& positions) { isEmpty = isEmpty && positions.empty(); });
+    visitArrays(
+        *this, [&isEmpty](const Points& positions, const Parts&) { isEmpty = isEmpty && positions.empty(); });
     visitOthers(*this, [&isEmpty](const qel::XPnt3d&) { isEmpty = false; });
     return isEmpty;
 }
@@ -82,7 +87,7 @@ bool Scene::isEmpty() const {
 qel::Enve3d Scene::bounds() const {
     qel::Enve3d box;
     box.setInvalid();
-    visitArrays(*this, [&box](const Points& positions) {
+    visitArrays(*this, [&box](const Points& positions, const Parts&) {
         if (const qel::Enve3d own = boxOf(positions); own.isValid()) {
             box.SetBox({own.xmin, own.ymin, own.zmin});
             box.SetBox({own.xmax, own.ymax, own.zmax});
@@ -99,7 +104,9 @@ qel::Enve3d Scene::bounds() const {
 
 Points Scene::outline() const {
     Points found;
-    visitArrays(*this, [&found](const Points& positions) { appendOutline(found, positions); });
+    visitArrays(*this, [&found](const Points& positions, const Parts& parts) {
+        appendOutline(found, positions, parts);
+    });
     visitOthers(*this, [&found](const qel::XPnt3d& position) { found.push_back(position); });
     for (const Ball& ball : balls) {
         for (const double reach : {-ball.radius, ball.radius}) {

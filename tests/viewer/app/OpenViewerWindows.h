@@ -13,6 +13,7 @@
 #include "Script.h"
 #include "ScriptRun.h"
 #include "ViewerWindow.h"
+#include "kit/CallTrace.h"
 #include "kit/Picture.h"
 
 namespace qel::test {
@@ -27,6 +28,22 @@ namespace qel::test {
         }
     }
     return picture;
+}
+
+/// How many corners of triangles were drawn.
+[[nodiscard]] inline long cornersIn(const CallTrace& trace) {
+    long sum = 0;
+    for (const std::string& call : trace.calls("glDrawElements(4,")) {
+        sum += std::stol(call.substr(call.find(',') + 1));
+    }
+    return sum;
+}
+
+/// A clock that each look moves on, so that each frame takes so long.
+[[nodiscard]] inline qelview::Environment slowFrames(double milliseconds) {
+    qelview::Environment around = qelview::Environment::scripted();
+    around.clock = [now = 0.0, milliseconds]() mutable { return now += milliseconds; };
+    return around;
 }
 
 /// Notices, marks and rectangles are drawn in this colour.

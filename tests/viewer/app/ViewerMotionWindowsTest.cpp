@@ -12,14 +12,9 @@
 namespace {
 
 using qel::test::CallTrace;
+using qel::test::cornersIn;
 using qel::test::OpenViewer;
-
-/// A clock that each look moves on, so that each frame takes so long.
-qelview::Environment slowFrames(double milliseconds) {
-    qelview::Environment around = qelview::Environment::scripted();
-    around.clock = [now = 0.0, milliseconds]() mutable { return now += milliseconds; };
-    return around;
-}
+using qel::test::slowFrames;
 
 class ViewerMotionThinning : public OpenViewer {
   protected:
@@ -29,13 +24,6 @@ class ViewerMotionThinning : public OpenViewer {
         const CallTrace trace;
         play(script);
         return cornersIn(trace);
-    }
-    static long cornersIn(const CallTrace& trace) {
-        long sum = 0;
-        for (const std::string& call : trace.calls("glDrawElements(4,")) {
-            sum += std::stol(call.substr(call.find(',') + 1));
-        }
-        return sum;
     }
 };
 
