@@ -22,16 +22,15 @@ constexpr std::array<std::int32_t, 6> kSides{0, 1, 46341, 65536, kLargest, -1};
 constexpr std::size_t kMostBytes = std::size_t{64} << 20U;
 constexpr std::size_t kBytesOfAPixel = 4 * sizeof(float);
 
-/// The size that the heap refuses where `wanted` bytes are too many. What does not fit 64 bits never reaches the
-/// heap, or under Microsoft's C++ ABI as the largest size there is.
+/// The size that the heap refuses where `wanted` bytes are too many. Under Microsoft's C++ ABI a size beyond 64
+/// bits is asked for as the largest there is; under the other one more than half of that is not asked for.
 double refusedOf(double wanted) {
-    constexpr double kMostThatCanBeAsked = 9e18;
 #if defined(_MSC_VER)
-    constexpr double kInstead = static_cast<double>(SIZE_MAX);
+    return std::min(wanted, static_cast<double>(SIZE_MAX));
 #else
-    constexpr double kInstead = 0.0;
+    constexpr double kMostThatCanBeAsked = 9e18;
+    return wanted < kMostThatCanBeAsked ? wanted : 0.0;
 #endif
-    return wanted < kMostThatCanBeAsked ? wanted : kInstead;
 }
 
 /// Bytes of the copy's colours in double, which no size overflows.
