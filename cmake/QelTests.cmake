@@ -63,15 +63,15 @@ function(qel_native_groups)
     qel_test_group(native LONG ENVIRONMENT ${sanitizers})
 endfunction()
 
-# Windows: two halves, each on its own screen; speed measurements alone; and the cases that use the most module memory with a guard page
+# Windows: three thirds, each on its own screen; speed measurements alone; and the cases that use the most module memory with a guard page
 # behind each block. The last leave out cases that make such blocks themselves, count the blocks of the ordinary heap, or measure speed.
 function(qel_windows_groups)
     set(speeds "*Speed*")
     set(not_guarded "GuardedHeap*:CensusOfMemory.*:*MemoryFlat*:*BlockOfTheModulesOwn*:LoadStorm.*:${speeds}")
     set(guarded QEL_GUARDED_SUITE=1)
-    foreach(half 1 2)
-        math(EXPR index "${half} - 1")
-        qel_test_group(${QEL_LABEL}.${half} COST 60 LEFT_OUT ${speeds} ENVIRONMENT GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=${index})
+    foreach(third 1 2 3)
+        math(EXPR index "${third} - 1")
+        qel_test_group(${QEL_LABEL}.${third} COST 60 LEFT_OUT ${speeds} ENVIRONMENT GTEST_TOTAL_SHARDS=3 GTEST_SHARD_INDEX=${index})
     endforeach()
     qel_test_group(${QEL_LABEL}.loading PROGRAM qel_loading_host COST 20)
     qel_test_group(${QEL_LABEL}.speed SERIAL ENVIRONMENT "GTEST_FILTER=${speeds}")
@@ -101,18 +101,20 @@ function(qel_check name)
     set_tests_properties(check.${name} PROPERTIES LABELS ${check_LABEL} TIMEOUT 5400)
 endfunction()
 
-# The checks of scripts/check. Those of Windows programs need the Windows build as well. The named analyses take minutes: `ctest -C Whole`
-# runs the one of all sources. That of the other C++ ABI belongs to its build.
+# The checks of scripts/check. Those of Windows programs need the Windows build as well. `ctest -C Whole` also runs those that take minutes,
+# of all sources and of all headers. That of the other C++ ABI belongs to its build.
 function(qel_checks)
     set(check "${PROJECT_SOURCE_DIR}/scripts/check")
     execute_process(COMMAND "${check}" --list OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${check}")
     string(REGEX MATCHALL "[^\n]+" names "${listed}")
-    list(FILTER names EXCLUDE REGEX "^(tidy-|microsoft$)")
+    list(FILTER names EXCLUDE REGEX "^(tidy-|headers$|microsoft$)")
     foreach(name IN LISTS names)
         qel_check(${name} COMMAND "${check}" ${name})
     endforeach()
-    qel_check(tidy-whole CONFIGURATIONS Whole COMMAND "${check}" tidy-whole)
+    foreach(name tidy-whole headers)
+        qel_check(${name} CONFIGURATIONS Whole COMMAND "${check}" ${name})
+    endforeach()
     qel_check(fuzz LABEL long CONFIGURATIONS Long COMMAND "${PROJECT_SOURCE_DIR}/scripts/fuzz" 60)
     qel_check(coverage LABEL coverage CONFIGURATIONS Coverage COMMAND "${PROJECT_SOURCE_DIR}/scripts/coverage")
 endfunction()
