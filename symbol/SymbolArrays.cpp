@@ -90,8 +90,8 @@ std::int32_t drawCloud(const ArrayView& vertices, const ArrayView& indices, cons
         !colors.isAbsentOrMatches(vertices)) {
         return qel::kRefused;
     }
-    drawPointArrays({GL_FLOAT, vertices.stride, vertices.data}, vertices.count, indices,
-                    {colorType, colors.stride, colors.data}, style);
+    const Layout places{GL_FLOAT, vertices.stride, vertices.data};
+    drawPointArrays(places, vertices.count, indices, {colorType, colors.stride, colors.data}, style);
     return 0;
 }
 

@@ -154,7 +154,7 @@ TEST_P(ViewerCameraScale, IsThatOfTheScreen) {
     qelview::Environment around = qelview::Environment::scripted();
     const unsigned dotsPerInch = GetParam();
     around.dotsPerInch = [dotsPerInch](HWND) { return dotsPerInch; };
-    const qel::test::Picture small = picture();
+    const qel::test::Picture usual = picture();
     open(sampleScene(), around);
     const qel::test::Picture large = picture();
     const double scale = dotsPerInch / 96.0;
@@ -168,7 +168,7 @@ TEST_P(ViewerCameraScale, IsThatOfTheScreen) {
         }
         return rows;
     };
-    EXPECT_NEAR(stripOf(large), stripOf(small) * scale, 2.0);
+    EXPECT_NEAR(stripOf(large), stripOf(usual) * scale, 2.0);
     // The end of the text on the strip: hinting makes large letters bolder, not wider.
     const auto endOfText = [](const qel::test::Picture& shown, int height) {
         int end = 0;
@@ -179,9 +179,9 @@ TEST_P(ViewerCameraScale, IsThatOfTheScreen) {
         }
         return end;
     };
-    const double endOfSmall = endOfText(small, stripOf(small));
-    EXPECT_GT(endOfSmall, 100.0);
-    EXPECT_NEAR(endOfText(large, stripOf(large)), endOfSmall * scale, 0.12 * endOfSmall * scale);
+    const double endOfUsual = endOfText(usual, stripOf(usual));
+    EXPECT_GT(endOfUsual, 100.0);
+    EXPECT_NEAR(endOfText(large, stripOf(large)), endOfUsual * scale, 0.12 * endOfUsual * scale);
 }
 INSTANTIATE_TEST_SUITE_P(Screens, ViewerCameraScale, testing::Values(144U, 192U));
 

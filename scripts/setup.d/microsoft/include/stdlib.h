@@ -1,5 +1,5 @@
 #pragma once
-// libc++ and Qt call functions of the universal C runtime that Wine's header does not declare.
+// libc++, Qt and the parser of command lines call functions of the universal C runtime that Wine's header does not declare.
 #include_next <stdlib.h>
 #ifndef QEL_STDLIB
 #define QEL_STDLIB
@@ -12,6 +12,7 @@ int __cdecl ___mb_cur_max_func(void);
 int __cdecl ___mb_cur_max_l_func(_locale_t);
 int* __cdecl __sys_nerr(void);
 int __cdecl getenv_s(size_t*, char*, size_t, const char*);
+int __cdecl _dupenv_s(char**, size_t*, const char*);
 int __cdecl _wgetenv_s(size_t*, wchar_t*, size_t, const wchar_t*);
 int __cdecl _putenv_s(const char*, const char*);
 int __cdecl _wputenv_s(const wchar_t*, const wchar_t*);
