@@ -76,8 +76,9 @@ def measure_files():
     frames = FOLDER / "frames.json"
     bench = ["wine", tree.BINARIES / "qel_bench.exe", "--pairs", "--json", tree.windows_path(frames), "viewer:"]
     subprocess.run(bench, stdin=subprocess.DEVNULL, check=False)
-    by = {"frames": json.loads(frames.read_text())["operations"], "date": datetime.date.today().isoformat(), "cores": os.cpu_count(), "load": round(os.getloadavg()[0], 1)}
-    RESULTS.write_text(json.dumps({**by, "empty": empty[0], "files": rows}, indent=2) + "\n")
+    by = {"date": datetime.date.today().isoformat(), "cores": os.cpu_count(), "load": round(os.getloadavg()[0], 1)}
+    found = {"empty": empty[0], "files": rows, "frames": json.loads(frames.read_text())["operations"]}
+    RESULTS.write_text(json.dumps({**by, **found}, indent=2) + "\n")
 
 
 def table(results):

@@ -19,8 +19,8 @@ MAY_USE = {
     "module": ("base", "include", "view", "symbol", "transform", "system", "display", "gdi"),
     "examples": ("base", "include"),
     "examples/gallery": ("base", "include", "examples/viewer/host", "examples/viewer/ui"),
-    # A host with the test kit, and the matrices, which public headers do not show.
-    "bench": ("base", "include", "view", "tests"),
+    # A host with the test kit, the viewer's scenes, and the matrices, which public headers do not show.
+    "bench": ("base", "include", "view", "examples/viewer/model", "examples/viewer/host", "tests"),
 }
 # The layers of the viewer, from the ground up; each also uses the public headers.
 VIEWER = {
