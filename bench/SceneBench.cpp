@@ -65,7 +65,7 @@ qelview::Scene scan(std::size_t points) {
         const double y = place(random);
         cloud.positions.emplace_back(x, y, heightAt(x, y));
         const auto shade = static_cast<std::uint8_t>(i % 251);
-        cloud.colors.push_back({shade, shade, shade});
+        cloud.colors.emplace_back(shade, shade, shade);
     }
     sortIntoParts(cloud);
     qelview::Scene scene;
