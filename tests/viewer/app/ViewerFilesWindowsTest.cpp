@@ -116,7 +116,8 @@ TEST(ViewerFilesProgress, IsAsLargeOnEveryScreen) {
         RECT bar{};
         std::thread user([&] {
             HWND progress = nullptr;
-            for (int attempt = 0; attempt < 1000 && progress == nullptr; ++attempt) {
+            // The bar is there once the window is shown.
+            for (int attempt = 0; attempt < 1000 && IsWindowVisible(progress) == FALSE; ++attempt) {
                 Sleep(10);
                 progress = FindWindowW(L"QelViewProgress", nullptr);
             }
