@@ -16,8 +16,8 @@ namespace {
 
 using qelview::Scene;
 
-constexpr int kColumns = 300;
-constexpr int kRows = 150;
+constexpr int kColumns = 150;
+constexpr int kRows = 75;
 
 double heightAt(int x, int y) {
     return 8.0 * std::sin(x * 0.037) * std::cos(y * 0.029);
