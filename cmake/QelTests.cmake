@@ -114,6 +114,8 @@ function(qel_checks)
     foreach(name IN LISTS names)
         qel_check(${name} COMMAND "${check}" ${name})
     endforeach()
+    # The longest start early.
+    set_tests_properties(check.package check.pictures PROPERTIES COST 55)
     foreach(name tidy-whole headers)
         qel_check(${name} CONFIGURATIONS Whole COMMAND "${check}" ${name})
     endforeach()
