@@ -223,7 +223,7 @@ std::optional<qel::XPnt3d> HostScene::cloudPointAt(const PixelView& view, double
 }
 
 const HostScene::Array<qel::ArrayIndex>& HostScene::cornersInRanges(Mesh& mesh, std::size_t triangles) {
-    if (ranges == std::vector{DrawnRange{0, triangles, 1}}) {
+    if (ranges.size() == 1 && ranges.front() == DrawnRange{0, triangles, 1}) {
         return mesh.indices;
     }
     if (ranges != mesh.drawnRanges) {

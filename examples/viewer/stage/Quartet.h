@@ -34,7 +34,7 @@ class Quartet {
 
     /// Draws the active view, or all, which then have its marks.
     void draw(bool all);
-    /// Draws the active view's overlay anew.
+    /// Draws the active view's overlay again.
     void drawOverlay(const std::optional<PixelBox>& rectangle);
     /// What was drawn last, in the size of the window.
     [[nodiscard]] PixelImage image() const;
