@@ -10,10 +10,7 @@
 #include "FileBytes.h"
 #include "MeshNormals.h"
 #include "ReadError.h"
-#include "ReadGeoJson.h"
-#include "ReadGltf.h"
-#include "ReadMesh.h"
-#include "ReadPoints.h"
+#include "ReadFormats.h"
 
 namespace qelview {
 

@@ -1,4 +1,4 @@
-#include "ReadGeoJson.h"
+#include "ReadFormats.h"
 
 #include <algorithm>
 #include <cmath>

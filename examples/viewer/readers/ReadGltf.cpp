@@ -1,4 +1,4 @@
-#include "ReadGltf.h"
+#include "ReadFormats.h"
 
 #include <algorithm>
 #include <array>

@@ -10,7 +10,7 @@
 #include "ObjMaterials.h"
 #include "ObjMeshes.h"
 #include "ReadError.h"
-#include "ReadMesh.h"
+#include "ReadFormats.h"
 #include "TextLines.h"
 #include "Warnings.h"
 

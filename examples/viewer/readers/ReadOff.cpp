@@ -8,7 +8,7 @@
 #include "MeshLook.h"
 #include "MeshNormals.h"
 #include "ReadError.h"
-#include "ReadMesh.h"
+#include "ReadFormats.h"
 #include "TextLines.h"
 #include "Warnings.h"
 

@@ -17,7 +17,7 @@
 #include "PlyTextures.h"
 #include "PlyVertices.h"
 #include "ReadError.h"
-#include "ReadMesh.h"
+#include "ReadFormats.h"
 #include "TextLines.h"
 #include "Warnings.h"
 

@@ -1,4 +1,4 @@
-#include "ReadPoints.h"
+#include "ReadFormats.h"
 
 #include <algorithm>
 #include <cmath>

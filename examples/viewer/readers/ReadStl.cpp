@@ -11,7 +11,7 @@
 #include "ByteOrder.h"
 #include "Numbering.h"
 #include "ReadError.h"
-#include "ReadMesh.h"
+#include "ReadFormats.h"
 #include "TextLines.h"
 #include "Warnings.h"
 

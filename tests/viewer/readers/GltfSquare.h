@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "ReadGltf.h"
+#include "ReadFormats.h"
 #include "viewer/ViewerData.h"
 
 /// A small glTF scene that tests change.

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ReadMesh.h"
+#include "ReadFormats.h"
 #include "viewer/ViewerData.h"
 
 namespace qel::test {

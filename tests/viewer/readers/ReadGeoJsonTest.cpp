@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "ReadGeoJson.h"
+#include "ReadFormats.h"
 #include "viewer/ViewerData.h"
 
 /// GeoJSON, good and bad.

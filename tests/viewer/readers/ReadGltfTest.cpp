@@ -1,4 +1,4 @@
-#include "ReadGltf.h"
+#include "ReadFormats.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 
 #include "MeshFormats.h"
 #include "MeshNormals.h"
-#include "ReadPoints.h"
+#include "ReadFormats.h"
 #include "kit/HeapPeak.h"
 
 /// How much memory the readers take for a scene.

@@ -1,4 +1,4 @@
-#include "ReadMesh.h"
+#include "ReadFormats.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "MeshFormats.h"
-#include "ReadPoints.h"
 
 /// What the readers of meshes say about faults.
 
