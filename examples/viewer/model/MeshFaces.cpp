@@ -1,6 +1,5 @@
 #include "MeshFaces.h"
 
-#include <optional>
 #include <utility>
 
 #include "MeshNormals.h"
@@ -153,19 +152,19 @@ void MeshFaces::add(std::span<const std::uint32_t> corners) {
 std::size_t MeshFaces::moveInto(TriangleMesh& mesh) {
     mesh.indices = std::exchange(triangles, {});
     const std::vector<std::uint32_t> waiting = std::exchange(polygons, {});
+    if (waiting.empty()) {
+        return 0;
+    }
     std::size_t corners = mesh.indices.size();
     for (std::size_t begin = 0; begin < waiting.size(); begin += waiting[begin] + 1) {
         corners += std::size_t{3} * (waiting[begin] - 2);
     }
     mesh.indices.reserve(corners);
-    std::optional<Cutting> cutting;
+    Cutting cutting(mesh);
     for (std::size_t begin = 0; begin < waiting.size(); begin += waiting[begin] + 1) {
-        if (!cutting) {
-            cutting.emplace(mesh);
-        }
-        cutting->add(std::span(waiting).subspan(begin + 1, waiting[begin]));
+        cutting.add(std::span(waiting).subspan(begin + 1, waiting[begin]));
     }
-    return cutting ? cutting->leftOut() : 0;
+    return cutting.leftOut();
 }
 
 }  // namespace qelview

@@ -157,19 +157,11 @@ class Smoother {
     /// are known.
     void appendCopies() {
         const auto first = static_cast<std::uint32_t>(mesh.positions.size());
-        // Room for all first: what is copied lies in the same array.
-        mesh.positions.reserve(mesh.positions.size() + copies.size());
-        mesh.colors.reserve(mesh.colors.size() + (mesh.colors.empty() ? 0 : copies.size()));
-        mesh.texCoords.reserve(mesh.texCoords.size() + (mesh.texCoords.empty() ? 0 : copies.size()));
+        appendCopies(mesh.positions);
+        appendCopies(mesh.colors);
+        appendCopies(mesh.texCoords);
         for (const Copy& copy : copies) {
-            mesh.positions.push_back(mesh.positions[copy.vertex]);
             mesh.normals.push_back(copy.normal);
-            if (!mesh.colors.empty()) {
-                mesh.colors.push_back(mesh.colors[copy.vertex]);
-            }
-            if (!mesh.texCoords.empty()) {
-                mesh.texCoords.push_back(mesh.texCoords[copy.vertex]);
-            }
         }
         for (const auto& [corner, copy] : cornersOfCopies) {
             mesh.indices[corner] = first + copy;
@@ -177,6 +169,16 @@ class Smoother {
     }
 
   private:
+    /// To an array that the mesh may be without.
+    template <class Element>
+    void appendCopies(std::vector<Element>& elements) const {
+        // Room for all first: what is copied lies in the same array.
+        elements.reserve(elements.empty() ? 0 : elements.size() + copies.size());
+        for (std::size_t i = 0; i < copies.size() && !elements.empty(); ++i) {
+            elements.push_back(elements[copies[i].vertex]);
+        }
+    }
+
     [[nodiscard]] const Facet& facetOf(std::uint32_t corner) const { return facets[corner / 3]; }
 
     static double cosine(const qel::XPnt3f& a, const qel::XPnt3f& b) {

@@ -8,23 +8,14 @@
 
 namespace qelview {
 
-namespace {
-
-/// The type of all callbacks of GLU.
-using Callback = void (*)();
-
-struct TessellatorCloser {
-    void operator()(GLUtesselator* tessellator) const { gluDeleteTess(tessellator); }
-};
-
-}  // namespace
-
 class PolygonCutter::Work {
   public:
-    explicit Work(Filling filling) : tessellator(gluNewTess()) {
+    explicit Work(Filling filling) : tessellator(gluNewTess(), gluDeleteTess) {
         if (tessellator == nullptr) {
             throw std::bad_alloc();
         }
+        // The type of all callbacks of GLU.
+        using Callback = void (*)();
         GLUtesselator* const tess = tessellator.get();
         gluTessCallback(tess, GLU_TESS_VERTEX_DATA, reinterpret_cast<Callback>(takeVertex));
         gluTessCallback(tess, GLU_TESS_EDGE_FLAG_DATA, reinterpret_cast<Callback>(takeEdgeFlag));
@@ -93,7 +84,7 @@ class PolygonCutter::Work {
         *made = &self->addCorner(crossing.position);
     }
 
-    std::unique_ptr<GLUtesselator, TessellatorCloser> tessellator;
+    std::unique_ptr<GLUtesselator, decltype(&gluDeleteTess)> tessellator;
     /// A deque, because GLU keeps pointers to its elements.
     std::deque<Corner> corners;
     Triangles result;

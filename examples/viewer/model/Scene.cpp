@@ -13,6 +13,23 @@ namespace {
 
 using Parts = std::vector<SpatialPart>;
 
+/// Calls `visit` for each array of positions that are joined by lines.
+template <class SceneType, class Visitor>
+void visitLines(SceneType& scene, const Visitor& visit) {
+    for (auto& polyline : scene.polylines) {
+        std::for_each(polyline.parts.begin(), polyline.parts.end(), visit);
+    }
+    for (auto& polygon : scene.polygons) {
+        std::for_each(polygon.rings.begin(), polygon.rings.end(), visit);
+    }
+    for (auto& ring : scene.rings) {
+        visit(ring.points);
+    }
+    for (auto& curve : scene.curves) {
+        visit(curve.points);
+    }
+}
+
 /// Calls `visit` for each array of positions that may be large, and its parts.
 template <class SceneType, class Visitor>
 void visitArrays(SceneType& scene, const Visitor& visit) {
@@ -23,19 +40,7 @@ void visitArrays(SceneType& scene, const Visitor& visit) {
         visit(cloud.positions, cloud.parts);
     }
     static constexpr Parts kNoParts;
-    const auto visitPoints = [&visit](auto& points) { visit(points, kNoParts); };
-    for (auto& polyline : scene.polylines) {
-        std::for_each(polyline.parts.begin(), polyline.parts.end(), visitPoints);
-    }
-    for (auto& polygon : scene.polygons) {
-        std::for_each(polygon.rings.begin(), polygon.rings.end(), visitPoints);
-    }
-    for (auto& ring : scene.rings) {
-        visitPoints(ring.points);
-    }
-    for (auto& curve : scene.curves) {
-        visitPoints(curve.points);
-    }
+    visitLines(scene, [&visit](auto& points) { visit(points, kNoParts); });
 }
 
 /// Calls `visit` for each position that stands alone.
@@ -50,28 +55,33 @@ void visitOthers(SceneType& scene, const Visitor& visit) {
     }
 }
 
-/// Calls `change` for each position that shapes the scene, on all cores.
+/// Calls `change` for each position, on all cores for those of arrays.
 template <class Change>
 void changePositions(Scene& scene, const Change& change) {
     visitArrays(scene, [&change](Points& positions, const Parts&) {
         forEachOnAllCores(positions.size(), [&](std::size_t i) { change(positions[i]); });
     });
     visitOthers(scene, change);
+    for (Ball& ball : scene.balls) {
+        change(ball.center);
+    }
+    for (Marker& marker : scene.markers) {
+        change(marker.at);
+        change(marker.to);
+        const auto& [xmin, xmax, ymin, ymax, zmin, zmax] = marker.box;
+        Points corners{{xmin, ymin, zmin}, {xmax, ymax, zmax}};
+        std::for_each(corners.begin(), corners.end(), change);
+        marker.box = boxOf(corners);
+    }
+    for (Label& label : scene.labels) {
+        change(label.at);
+    }
 }
 
 template <class Part>
 void moveInto(std::vector<Part>& target, std::vector<Part>& source) {
     target.insert(target.end(), std::make_move_iterator(source.begin()),
                   std::make_move_iterator(source.end()));
-}
-
-template <class Arrays>
-std::size_t totalSize(const Arrays& arrays) {
-    std::size_t sum = 0;
-    for (const auto& array : arrays) {
-        sum += array.size();
-    }
-    return sum;
 }
 
 }  // namespace
@@ -135,19 +145,7 @@ void Scene::moveToOrigin() {
         return;
     }
     const qel::XPnt3d middle = box.MidPoint();
-    const auto move = [&middle](qel::XPnt3d& position) { position -= middle; };
-    changePositions(*this, move);
-    for (Ball& ball : balls) {
-        move(ball.center);
-    }
-    for (Marker& marker : markers) {
-        move(marker.at);
-        move(marker.to);
-        marker.box.offset(-middle.x, -middle.y, -middle.z);
-    }
-    for (Label& label : labels) {
-        move(label.at);
-    }
+    changePositions(*this, [&middle](qel::XPnt3d& position) { position -= middle; });
     origin += middle;
 }
 
@@ -161,23 +159,6 @@ void Scene::turn(UpAxis wanted) {
         for (qel::XPnt3f& normal : mesh.normals) {
             normal = qel::XPnt3f(fromUpright(upright(qel::XPnt3d(normal), up), wanted));
         }
-    }
-    for (Ball& ball : balls) {
-        turned(ball.center);
-    }
-    for (Marker& marker : markers) {
-        turned(marker.at);
-        turned(marker.to);
-        qel::XPnt3d low(marker.box.xmin, marker.box.ymin, marker.box.zmin);
-        qel::XPnt3d high(marker.box.xmax, marker.box.ymax, marker.box.zmax);
-        turned(low);
-        turned(high);
-        marker.box.setInvalid();
-        marker.box.SetBox(low);
-        marker.box.SetBox(high);
-    }
-    for (Label& label : labels) {
-        turned(label.at);
     }
     up = wanted;
 }
@@ -218,18 +199,7 @@ std::size_t Scene::cloudPointCount() const {
 
 std::size_t Scene::lineVertexCount() const {
     std::size_t sum = 0;
-    for (const Polyline& polyline : polylines) {
-        sum += totalSize(polyline.parts);
-    }
-    for (const Polygon& polygon : polygons) {
-        sum += totalSize(polygon.rings);
-    }
-    for (const Ring& ring : rings) {
-        sum += ring.points.size();
-    }
-    for (const Curve& curve : curves) {
-        sum += curve.points.size();
-    }
+    visitLines(*this, [&sum](const Points& line) { sum += line.size(); });
     return sum;
 }
 

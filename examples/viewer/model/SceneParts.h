@@ -125,13 +125,13 @@ enum class MarkerShape : std::uint8_t { Cross, DiagonalCross, Square, Circle, Bo
 struct Marker {
     MarkerShape shape = MarkerShape::Cross;
     /// Centre; one end of a stippled line.
-    qel::XPnt3d at;
+    qel::XPnt3d at{};
     /// The other end of a stippled line.
-    qel::XPnt3d to;
+    qel::XPnt3d to{};
     /// Half length, half side or radius in model units.
     double size = 1.0;
     /// Corners of a box.
-    qel::Enve3d box;
+    qel::Enve3d box{};
     qel::QelColor3f color{1.0F, 1.0F, 1.0F};
     float width = 1.0F;
 };

@@ -14,10 +14,6 @@ namespace {
 /// An edge of the grid by the numbers of its two ends, the smaller first.
 using Edge = std::pair<std::size_t, std::size_t>;
 
-Edge edgeBetween(std::size_t a, std::size_t b) {
-    return {std::min(a, b), std::max(a, b)};
-}
-
 /// Joins pieces from edge to edge into lines.
 class Tracer {
   public:
@@ -30,7 +26,7 @@ class Tracer {
             const std::size_t a = corners.at(i);
             const std::size_t b = corners.at((i + 1) % corners.size());
             if (isAbove(a) != isAbove(b)) {
-                crossed.push_back(edgeBetween(a, b));
+                crossed.push_back(std::minmax(a, b));
             }
         }
         if (crossed.size() == 2) {
@@ -82,16 +78,23 @@ class Tracer {
 
 }  // namespace
 
+std::vector<std::uint32_t> gridTriangles(std::size_t points, std::size_t columns) {
+    std::vector<std::uint32_t> corners;
+    for (std::size_t i = 0; i + columns + 1 < points; ++i) {
+        if ((i + 1) % columns != 0) {
+            const auto low = static_cast<std::uint32_t>(i);
+            const auto high = static_cast<std::uint32_t>(i + columns);
+            corners.insert(corners.end(), {low, low + 1, high + 1, low, high + 1, high});
+        }
+    }
+    return corners;
+}
+
 std::vector<Points> contourLines(const HeightGrid& grid, double level) {
     Tracer tracer(grid, level);
-    const std::size_t rows = grid.columns == 0 ? 0 : grid.points.size() / grid.columns;
-    for (std::size_t row = 0; row + 1 < rows; ++row) {
-        for (std::size_t column = 0; column + 1 < grid.columns; ++column) {
-            const std::size_t low = row * grid.columns + column;
-            const std::size_t high = low + grid.columns;
-            tracer.addTriangle({low, low + 1, high + 1});
-            tracer.addTriangle({low, high + 1, high});
-        }
+    const std::vector<std::uint32_t> corners = gridTriangles(grid.points.size(), grid.columns);
+    for (std::size_t i = 0; i < corners.size(); i += 3) {
+        tracer.addTriangle({corners[i], corners[i + 1], corners[i + 2]});
     }
     return tracer.lines();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "SceneParts.h"
@@ -12,6 +13,9 @@ struct HeightGrid {
     Points points;
     std::size_t columns = 0;
 };
+
+/// The triangles of such points, two between four neighbours, by their numbers.
+[[nodiscard]] std::vector<std::uint32_t> gridTriangles(std::size_t points, std::size_t columns);
 
 /// The lines on which the surface has the height `level`. A line that closes repeats its first point.
 [[nodiscard]] std::vector<Points> contourLines(const HeightGrid& grid, double level);

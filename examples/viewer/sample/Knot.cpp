@@ -7,6 +7,8 @@
 #include <memory>
 #include <numbers>
 
+#include "Contours.h"
+
 namespace qelview {
 
 namespace {
@@ -85,28 +87,8 @@ TriangleMesh makeKnot() {
             knot.texCoords.push_back({static_cast<float>(share), static_cast<float>(shareAround)});
         }
     }
-    for (std::size_t step = 0; step < kSteps; ++step) {
-        const std::size_t next = step + 1;
-        for (std::size_t side = 0; side < kSides; ++side) {
-            const std::size_t beside = side + 1;
-            const auto number = [](std::size_t ring, std::size_t place) {
-                return static_cast<std::uint32_t>(ring * (kSides + 1) + place);
-            };
-            knot.indices.insert(knot.indices.end(),
-                                {number(step, side), number(step, beside), number(next, beside),
-                                 number(step, side), number(next, beside), number(next, side)});
-        }
-    }
+    knot.indices = gridTriangles(knot.positions.size(), kSides + 1);
     return knot;
-}
-
-qel::Enve3d boxOf(const TriangleMesh& mesh) {
-    qel::Enve3d box;
-    box.setInvalid();
-    for (const qel::XPnt3d& position : mesh.positions) {
-        box.SetBox(position);
-    }
-    return box;
 }
 
 }  // namespace qelview

@@ -10,7 +10,4 @@ inline constexpr qel::XPnt3d kKnotCenter{2.6, -2.4, 4.0};
 /// A tube along a trefoil knot: indexed, smooth, with a texture that winds around the tube.
 [[nodiscard]] TriangleMesh makeKnot();
 
-/// The bounding box of a mesh.
-[[nodiscard]] qel::Enve3d boxOf(const TriangleMesh& mesh);
-
 }  // namespace qelview

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <span>
 #include <utility>
 
 #include "Contours.h"
@@ -56,9 +57,8 @@ constexpr std::array<Tint, 5> kSoils{{
     {3.6, {0.78F, 0.68F, 0.52F}},
 }};
 
-template <std::size_t Count>
-qel::QelColor3f colorAt(const std::array<Tint, Count>& tints, double height) {
-    const auto* const above =
+qel::QelColor3f colorAt(std::span<const Tint> tints, double height) {
+    const auto above =
         std::find_if(tints.begin(), tints.end(), [height](const Tint& tint) { return tint.height > height; });
     if (above == tints.begin()) {
         return tints.front().color;
@@ -73,17 +73,31 @@ qel::QelColor3f colorAt(const std::array<Tint, Count>& tints, double height) {
             mix(low.color.b, above->color.b)};
 }
 
-double gridX(std::size_t column) {
-    return kLandHalfWidth * (2.0 * static_cast<double>(column) / static_cast<double>(kColumns - 1) - 1.0);
+/// A point of the ground; the first and the last ones lie on its edges.
+qel::XPnt3d gridPoint(std::size_t column, std::size_t row) {
+    const auto place = [](std::size_t index, std::size_t count) {
+        return 2.0 * static_cast<double>(index) / static_cast<double>(count - 1) - 1.0;
+    };
+    return onGround(kLandHalfWidth * place(column, kColumns), kLandHalfDepth * place(row, kRows));
 }
 
-double gridY(std::size_t row) {
-    return kLandHalfDepth * (2.0 * static_cast<double>(row) / static_cast<double>(kRows - 1) - 1.0);
+/// Every so many points of the ground.
+HeightGrid groundGrid(std::size_t stride) {
+    HeightGrid grid;
+    grid.columns = (kColumns - 1) / stride + 1;
+    for (std::size_t row = 0; row < kRows; row += stride) {
+        for (std::size_t column = 0; column < kColumns; column += stride) {
+            grid.points.push_back(gridPoint(column, row));
+        }
+    }
+    return grid;
 }
 
 /// A triangle of the cut side, unless it has no area.
 void addSideTriangle(TriangleMesh& sides, const std::array<qel::XPnt3d, 3>& corners) {
-    if (qel::cross(corners[0], corners[1], corners[2]).norm() > 0.0) {
+    qel::XPnt3d normal = qel::cross(corners[0], corners[1], corners[2]);
+    if (normal.norm() > 0.0) {
+        sides.normals.insert(sides.normals.end(), 3, qel::XPnt3f(normal.normalize()));
         for (const qel::XPnt3d& corner : corners) {
             sides.positions.push_back(corner);
             sides.colors.push_back(colorAt(kSoils, corner.z));
@@ -93,39 +107,23 @@ void addSideTriangle(TriangleMesh& sides, const std::array<qel::XPnt3d, 3>& corn
 
 /// The cut side between two points of the edge of the ground, layer by layer.
 void addSide(TriangleMesh& sides, const qel::XPnt3d& from, const qel::XPnt3d& to) {
-    constexpr std::array<double, 5> kLayers{kLandFloor, -0.9, -0.3, 0.8, 100.0};
     const auto below = [](const qel::XPnt3d& edge, double z) {
         return qel::XPnt3d(edge.x, edge.y, std::min(z, edge.z));
     };
-    for (std::size_t layer = 0; layer + 1 < kLayers.size(); ++layer) {
-        const double low = kLayers.at(layer);
-        const double high = kLayers.at(layer + 1);
+    for (std::size_t layer = 0; layer + 1 < kSoils.size(); ++layer) {
+        const double low = kSoils.at(layer).height;
+        const double high = kSoils.at(layer + 1).height;
         addSideTriangle(sides, {below(from, low), below(to, low), below(to, high)});
         addSideTriangle(sides, {below(from, low), below(to, high), below(from, high)});
     }
 }
 
 void addFloor(TriangleMesh& sides) {
-    const std::array<std::pair<double, double>, 6> corners{{
-        {-1.0, -1.0},
-        {1.0, 1.0},
-        {1.0, -1.0},
-        {-1.0, -1.0},
-        {-1.0, 1.0},
-        {1.0, 1.0},
-    }};
-    for (const auto& [x, y] : corners) {
-        sides.positions.emplace_back(x * kLandHalfWidth, y * kLandHalfDepth, kLandFloor);
-        sides.colors.push_back(kSoils.front().color);
-    }
-}
-
-/// One normal a triangle.
-void addFlatNormals(TriangleMesh& mesh) {
-    for (std::size_t i = 0; i + 2 < mesh.positions.size(); i += 3) {
-        qel::XPnt3d normal = qel::cross(mesh.positions[i], mesh.positions[i + 1], mesh.positions[i + 2]);
-        mesh.normals.insert(mesh.normals.end(), 3, qel::XPnt3f(normal.normalize()));
-    }
+    const auto corner = [](double x, double y) {
+        return qel::XPnt3d(x * kLandHalfWidth, y * kLandHalfDepth, kLandFloor);
+    };
+    addSideTriangle(sides, {corner(-1.0, -1.0), corner(1.0, 1.0), corner(1.0, -1.0)});
+    addSideTriangle(sides, {corner(-1.0, -1.0), corner(-1.0, 1.0), corner(1.0, 1.0)});
 }
 
 }  // namespace
@@ -148,18 +146,11 @@ qel::XPnt3d onGround(double x, double y, double lift) {
 TriangleMesh makeGround() {
     TriangleMesh ground;
     ground.name = "ground";
-    for (std::size_t row = 0; row < kRows; ++row) {
-        for (std::size_t column = 0; column < kColumns; ++column) {
-            ground.positions.push_back(onGround(gridX(column), gridY(row)));
-            ground.colors.push_back(colorAt(kTints, ground.positions.back().z));
-        }
-    }
-    for (std::size_t row = 0; row + 1 < kRows; ++row) {
-        for (std::size_t column = 0; column + 1 < kColumns; ++column) {
-            const auto low = static_cast<std::uint32_t>(row * kColumns + column);
-            const auto high = static_cast<std::uint32_t>(low + kColumns);
-            ground.indices.insert(ground.indices.end(), {low, low + 1, high + 1, low, high + 1, high});
-        }
+    HeightGrid grid = groundGrid(1);
+    ground.indices = gridTriangles(grid.points.size(), grid.columns);
+    ground.positions = std::move(grid.points);
+    for (const qel::XPnt3d& position : ground.positions) {
+        ground.colors.push_back(colorAt(kTints, position.z));
     }
     makeNormals(ground);
     return ground;
@@ -170,32 +161,20 @@ TriangleMesh makeBlockSides() {
     sides.name = "block";
     sides.faceted = true;
     for (std::size_t column = 0; column + 1 < kColumns; ++column) {
-        const double from = gridX(column);
-        const double to = gridX(column + 1);
-        addSide(sides, onGround(from, -kLandHalfDepth), onGround(to, -kLandHalfDepth));
-        addSide(sides, onGround(to, kLandHalfDepth), onGround(from, kLandHalfDepth));
+        addSide(sides, gridPoint(column, 0), gridPoint(column + 1, 0));
+        addSide(sides, gridPoint(column + 1, kRows - 1), gridPoint(column, kRows - 1));
     }
     for (std::size_t row = 0; row + 1 < kRows; ++row) {
-        const double from = gridY(row);
-        const double to = gridY(row + 1);
-        addSide(sides, onGround(kLandHalfWidth, from), onGround(kLandHalfWidth, to));
-        addSide(sides, onGround(-kLandHalfWidth, to), onGround(-kLandHalfWidth, from));
+        addSide(sides, gridPoint(kColumns - 1, row), gridPoint(kColumns - 1, row + 1));
+        addSide(sides, gridPoint(0, row + 1), gridPoint(0, row));
     }
     addFloor(sides);
-    addFlatNormals(sides);
     return sides;
 }
 
 std::vector<Points> makeContours(bool isIndex) {
     // Coarser than the surface: pieces of a pixel or two would look dotted.
-    constexpr std::size_t kStride = 3;
-    HeightGrid grid;
-    grid.columns = (kColumns - 1) / kStride + 1;
-    for (std::size_t row = 0; row < kRows; row += kStride) {
-        for (std::size_t column = 0; column < kColumns; column += kStride) {
-            grid.points.push_back(onGround(gridX(column), gridY(row)));
-        }
-    }
+    const HeightGrid grid = groundGrid(3);
     std::vector<Points> contours;
     for (int level = -5; level <= 20; ++level) {
         if ((level % kIndexContour == 0) == isIndex) {

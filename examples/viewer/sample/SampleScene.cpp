@@ -4,6 +4,7 @@
 
 #include "Knot.h"
 #include "Landscape.h"
+#include "PointBoxes.h"
 #include "Survey.h"
 
 namespace qelview {
@@ -16,36 +17,24 @@ constexpr qel::QelColor3f kPaleLine{0.78F, 0.82F, 0.88F};
 
 void addKnot(Scene& scene) {
     TriangleMesh knot = makeKnot();
-    Marker box;
-    box.shape = MarkerShape::Box;
-    box.box = boxOf(knot);
-    box.color = kPaleLine;
-    scene.markers.push_back(box);
-    Marker plumb;
-    plumb.shape = MarkerShape::StippledLine;
-    plumb.at = qel::XPnt3d(kKnotCenter.x, kKnotCenter.y, box.box.zmin);
-    plumb.to = onGround(kKnotCenter.x, kKnotCenter.y);
-    plumb.color = {1.0F, 1.0F, 1.0F};
-    plumb.width = 1.5F;
-    scene.markers.push_back(plumb);
-    scene.labels.push_back({{kKnotCenter.x, kKnotCenter.y, box.box.zmax + 0.2}, "Trefoil"});
+    const qel::Enve3d box = boxOf(knot.positions);
+    scene.markers.push_back({.shape = MarkerShape::Box, .box = box, .color = kPaleLine});
+    scene.markers.push_back({.shape = MarkerShape::StippledLine,
+                             .at = {kKnotCenter.x, kKnotCenter.y, box.zmin},
+                             .to = onGround(kKnotCenter.x, kKnotCenter.y),
+                             .width = 1.5F});
+    scene.labels.push_back({{kKnotCenter.x, kKnotCenter.y, box.zmax + 0.2}, "Trefoil"});
     scene.meshes.push_back(std::move(knot));
 }
 
 /// A ring with a cross, and a line to the north, next to the block.
 void addCompass(Scene& scene) {
     const qel::XPnt3d middle(14.2, -7.0, 0.0);
-    Marker circle;
-    circle.shape = MarkerShape::Circle;
-    circle.at = middle;
-    circle.size = 1.2;
-    circle.color = kPaleLine;
-    circle.width = 1.5F;
-    scene.markers.push_back(circle);
-    Marker cross = circle;
-    cross.shape = MarkerShape::DiagonalCross;
-    cross.size = 0.4;
-    scene.markers.push_back(cross);
+    for (const auto& [shape, size] :
+         {std::pair(MarkerShape::Circle, 1.2), std::pair(MarkerShape::DiagonalCross, 0.4)}) {
+        scene.markers.push_back(
+            {.shape = shape, .at = middle, .size = size, .color = kPaleLine, .width = 1.5F});
+    }
     const qel::XPnt3d north = middle + qel::XPnt3d(0.0, 1.8, 0.0);
     scene.segments.push_back({middle, north, {{200, 210, 224}, 2.0F}});
     scene.labels.push_back({north, "N"});

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <numbers>
+#include <tuple>
 #include <utility>
 
 #include "Landscape.h"
@@ -144,12 +145,11 @@ void addScannedWood(Scene& scene) {
 
 void addStations(Scene& scene) {
     constexpr double kMast = 1.1;
-    constexpr std::array<std::pair<double, double>, 3> kPlaces{{{-6.0, 3.6}, {6.4, 5.0}, {8.6, -5.6}}};
-    constexpr std::array<const char*, 3> kNames{"Station A", "Station B", "Station C"};
+    constexpr std::array<std::tuple<double, double, const char*>, 3> kStations{
+        {{-6.0, 3.6, "Station A"}, {6.4, 5.0, "Station B"}, {8.6, -5.6, "Station C"}}};
     constexpr qel::QelColor3f kMarkColor{1.0F, 0.35F, 0.30F};
     Points heads;
-    for (std::size_t i = 0; i < kPlaces.size(); ++i) {
-        const auto& [x, y] = kPlaces.at(i);
+    for (const auto& [x, y, name] : kStations) {
         const qel::XPnt3d foot = onGround(x, y, kLift);
         const qel::XPnt3d head = onGround(x, y, kMast);
         heads.push_back(head);
@@ -158,7 +158,7 @@ void addStations(Scene& scene) {
         scene.markers.push_back({MarkerShape::Cross, head, {}, 0.16, {}, kMarkColor, 2.0F});
         scene.markers.push_back({MarkerShape::DiagonalCross, foot, {}, 0.5, {}, kMarkColor, 2.0F});
         scene.markers.push_back({MarkerShape::Square, onGround(x, y, 0.12), {}, 0.55, {}, kMarkColor, 1.5F});
-        scene.labels.push_back({head + qel::XPnt3d(0.0, 0.0, 0.6), kNames.at(i)});
+        scene.labels.push_back({head + qel::XPnt3d(0.0, 0.0, 0.6), name});
     }
     for (std::size_t i = 0; i < heads.size(); ++i) {
         scene.segments.push_back({heads[i], heads[(i + 1) % heads.size()], kSightStyle});

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <numbers>
 
+#include "PointBoxes.h"
+
 namespace {
 
 using qelview::TextureImage;
@@ -73,7 +75,7 @@ TEST(Knot, IsClosed) {
     }
     EXPECT_NEAR(sum.norm(), 0.0, 1e-6);
     EXPECT_NEAR(volume, length * 0.36 * 0.36 * 11.0 * std::sin(2.0 * kPi / 22.0), 0.01 * volume);
-    const qel::Enve3d box = qelview::boxOf(knot);
+    const qel::Enve3d box = qelview::boxOf(knot.positions);
     EXPECT_EQ(
         box.zmax,
         std::max_element(knot.positions.begin(), knot.positions.end(), [](const auto& a, const auto& b) {
