@@ -12,6 +12,10 @@ std::string utf8(const std::filesystem::path& path) {
     return {text.begin(), text.end()};
 }
 
+std::filesystem::path pathOf(std::string_view name) {
+    return {std::u8string(name.begin(), name.end())};
+}
+
 std::string readBytes(const std::filesystem::path& file, std::uintmax_t most) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error)) {
@@ -44,7 +48,7 @@ std::optional<std::string> siblingBytes(const std::filesystem::path& model, std:
         return std::nullopt;
     }
     try {
-        return readBytes(model.parent_path() / std::u8string(name.begin(), name.end()), most);
+        return readBytes(model.parent_path() / pathOf(name), most);
     } catch (const ReadError&) {
         return std::nullopt;
     }

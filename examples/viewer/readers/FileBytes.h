@@ -10,6 +10,8 @@ namespace qelview {
 
 /// The name of a file in UTF-8.
 [[nodiscard]] std::string utf8(const std::filesystem::path& path);
+/// The file of a name in UTF-8.
+[[nodiscard]] std::filesystem::path pathOf(std::string_view name);
 
 /// The contents of a file.
 /// @throws ReadError if it does not exist, cannot be read, is empty, or has more than `most` bytes.

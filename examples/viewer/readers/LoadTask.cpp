@@ -3,27 +3,13 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <utility>
 
+#include "FileBytes.h"
 #include "ReadFile.h"
 #include "SpatialParts.h"
 
 namespace qelview {
-
-namespace {
-
-std::filesystem::path pathOf(const std::string& file) {
-    return {std::u8string(file.begin(), file.end())};
-}
-
-std::string titleOf(const std::vector<std::string>& files) {
-    const std::u8string name = pathOf(files.front()).filename().u8string();
-    const std::string first(name.begin(), name.end());
-    return files.size() == 1 ? first : first + " and " + std::to_string(files.size() - 1) + " more";
-}
-
-}  // namespace
 
 Scene loadScene(const std::vector<std::string>& files, UpAxis up, Progress& progress, Stopwatch& watch) {
     Scene scene;
@@ -40,7 +26,9 @@ Scene loadScene(const std::vector<std::string>& files, UpAxis up, Progress& prog
         }
     }
     if (!files.empty()) {
-        scene.title = titleOf(files);
+        const std::string others =
+            files.size() > 1 ? " and " + std::to_string(files.size() - 1) + " more" : "";
+        scene.title = utf8(pathOf(files.front()).filename()) + others;
     }
     scene.moveToOrigin();
     watch.lap("middle");

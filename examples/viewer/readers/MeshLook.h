@@ -20,14 +20,23 @@ namespace qelview {
 
 inline constexpr LineStyle kLinesOfMeshFiles{{150, 200, 255}, 1.5F};
 
+inline constexpr std::array kChannels{&qel::QelColor3f::r, &qel::QelColor3f::g, &qel::QelColor3f::b};
+
 /// A channel of a colour as OpenGL takes it: from 0 to 1, and 0 for what is no number.
 [[nodiscard]] inline float shownShare(double channel) {
     return channel >= 0.0 ? static_cast<float>(std::min(channel, 1.0)) : 0.0F;
 }
 
+[[nodiscard]] inline qel::QelColor3f shownColor(double red, double green, double blue) {
+    return {shownShare(red), shownShare(green), shownShare(blue)};
+}
+
+[[nodiscard]] inline std::uint8_t byteOf(float share) {
+    return static_cast<std::uint8_t>(std::lround(share * 255.0F));
+}
+
 [[nodiscard]] inline qel::QelColor3b colorOfDot(const qel::QelColor3f& color) {
-    const auto byte = [](float share) { return static_cast<std::uint8_t>(std::lround(share * 255.0F)); };
-    return {byte(color.r), byte(color.g), byte(color.b)};
+    return {byteOf(color.r), byteOf(color.g), byteOf(color.b)};
 }
 
 /// Gives a mesh its faces, and says how many of them cannot be shown.

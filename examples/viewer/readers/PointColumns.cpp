@@ -11,14 +11,6 @@ namespace {
 
 using Names = std::initializer_list<std::string_view>;
 
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-    });
-    return lower;
-}
-
 std::optional<std::size_t> findColumn(const std::vector<std::string>& columns, Names names) {
     for (const std::string_view name : names) {
         const auto found = std::find(columns.begin(), columns.end(), name);
@@ -42,11 +34,8 @@ std::optional<std::array<std::size_t, 3>> findThree(const std::vector<std::strin
 
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view kAround = " \t\"'";
-    const std::size_t begin = text.find_first_not_of(kAround);
-    if (begin == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(begin, text.find_last_not_of(kAround) - begin + 1);
+    text.remove_prefix(std::min(text.find_first_not_of(kAround), text.size()));
+    return text.substr(0, text.find_last_not_of(kAround) + 1);
 }
 
 }  // namespace
@@ -74,8 +63,10 @@ void splitColumns(std::string_view line, Separator separator, std::vector<std::s
 }
 
 std::optional<PointColumns> columnsByName(const std::vector<std::string_view>& names) {
-    std::vector<std::string> columns(names.size());
-    std::transform(names.begin(), names.end(), columns.begin(), lowerCase);
+    std::vector<std::string> columns(names.begin(), names.end());
+    for (std::string& column : columns) {
+        std::transform(column.begin(), column.end(), column.begin(), lowered);
+    }
     const auto position = findThree(columns, {"x", "easting", "east"}, {"y", "northing", "north"},
                                     {"z", "height", "elevation", "altitude"});
     if (!position) {

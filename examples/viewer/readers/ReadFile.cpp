@@ -11,6 +11,7 @@
 #include "MeshNormals.h"
 #include "ReadError.h"
 #include "ReadFormats.h"
+#include "TextLines.h"
 
 namespace qelview {
 
@@ -19,61 +20,49 @@ namespace {
 /// Files are held in memory while they are checked.
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
 
-enum class Kind : std::uint8_t { Obj, Ply, Stl, Off, Gltf, Points, Map };
+using Reader = Scene (*)(std::string_view bytes, const std::filesystem::path& file,
+                         const ProgressStretch& progress);
+
+/// Of formats whose files name no others.
+template <Scene (*kRead)(std::string_view, const ProgressStretch&)>
+Scene readAlone(std::string_view bytes, const std::filesystem::path& /*file*/,
+                const ProgressStretch& progress) {
+    return kRead(bytes, progress);
+}
+
+Scene readAsset(std::string_view bytes, const std::filesystem::path& file, const ProgressStretch& progress) {
+    return readGltf(bytes, file, progress);
+}
 
 struct Format {
     std::string_view extension;
-    Kind kind;
+    Reader read;
 };
 
 constexpr std::array<Format, 12> kFormats{{
-    {".obj", Kind::Obj},
-    {".ply", Kind::Ply},
-    {".stl", Kind::Stl},
-    {".off", Kind::Off},
-    {".gltf", Kind::Gltf},
-    {".glb", Kind::Gltf},
-    {".xyz", Kind::Points},
-    {".csv", Kind::Points},
-    {".txt", Kind::Points},
-    {".asc", Kind::Points},
-    {".geojson", Kind::Map},
-    {".json", Kind::Map},
+    {".obj", readObj},
+    {".ply", readPly},
+    {".stl", readAlone<readStl>},
+    {".off", readAlone<readOff>},
+    {".gltf", readAsset},
+    {".glb", readAsset},
+    {".xyz", readAlone<readPoints>},
+    {".csv", readAlone<readPoints>},
+    {".txt", readAlone<readPoints>},
+    {".asc", readAlone<readPoints>},
+    {".geojson", readAlone<readGeoJson>},
+    {".json", readAlone<readGeoJson>},
 }};
 
 const Format& formatOf(const std::filesystem::path& file) {
     std::string extension = utf8(file.extension());
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-    });
-    const auto* const found = std::find_if(kFormats.begin(), kFormats.end(), [&](const Format& format) {
-        return format.extension == extension;
-    });
-    if (found == kFormats.end()) {
-        throw ReadError("unknown format; known are " + knownExtensions());
+    std::transform(extension.begin(), extension.end(), extension.begin(), lowered);
+    for (const Format& format : kFormats) {
+        if (format.extension == extension) {
+            return format;
+        }
     }
-    return *found;
-}
-
-Scene readAs(Kind kind, const std::filesystem::path& file, const ProgressStretch& progress) {
-    const std::string bytes = readBytes(file, kLargestFile);
-    switch (kind) {
-        case Kind::Obj:
-            return readObj(bytes, file, progress);
-        case Kind::Ply:
-            return readPly(bytes, file, progress);
-        case Kind::Stl:
-            return readStl(bytes, progress);
-        case Kind::Off:
-            return readOff(bytes, progress);
-        case Kind::Gltf:
-            return readGltf(bytes, file, progress);
-        case Kind::Points:
-            return readPoints(bytes, progress);
-        case Kind::Map:
-            break;
-    }
-    return readGeoJson(bytes, progress);
+    throw ReadError("unknown format; known are " + knownExtensions());
 }
 
 }  // namespace
@@ -93,7 +82,8 @@ std::string readTextFile(const std::filesystem::path& file) {
 Scene readFile(const std::filesystem::path& file, const ProgressStretch& progress, Stopwatch& watch) {
     try {
         constexpr double kShareOfReading = 0.7;
-        Scene scene = readAs(formatOf(file).kind, file, progress.part(0.0, kShareOfReading));
+        Scene scene =
+            formatOf(file).read(readBytes(file, kLargestFile), file, progress.part(0.0, kShareOfReading));
         progress.report(kShareOfReading);
         watch.lap("read");
         for (TriangleMesh& mesh : scene.meshes) {

@@ -21,18 +21,14 @@ struct Budget {
 
 thread_local Budget budget;
 
-bool takeBytes(std::size_t size) {
-    if (size > budget.bytesLeft) {
-        budget.isExceeded = true;
-        return false;
-    }
-    budget.bytesLeft -= size;
-    return true;
-}
-
 /// Zeroed, since the decoder leaves pixels of cut files unwritten.
 void* allocate(std::size_t size) {
-    return takeBytes(size) ? std::calloc(std::max<std::size_t>(size, 1), 1) : nullptr;
+    if (size > budget.bytesLeft) {
+        budget.isExceeded = true;
+        return nullptr;
+    }
+    budget.bytesLeft -= size;
+    return std::calloc(std::max<std::size_t>(size, 1), 1);
 }
 
 void* reallocate(void* memory, std::size_t oldSize, std::size_t size) {
@@ -75,10 +71,6 @@ constexpr std::uint64_t kBytesPerFileByte = 8;
 /// Of an image of any size: with what is there of the model, less than a gigabyte.
 constexpr std::uint64_t kMostBytes = 768U << 20U;
 
-struct Release {
-    void operator()(stbi_uc* pixels) const { stbi_image_free(pixels); }
-};
-
 }  // namespace
 
 TextureImage readImage(std::string_view bytes, std::uint64_t mostPixels) {
@@ -100,8 +92,9 @@ TextureImage readImage(std::string_view bytes, std::uint64_t mostPixels) {
     image.channels = channels % 2 == 0 ? 4 : 3;
     budget = {
         std::min(kBytesPerImage + pixels * kBytesPerPixel + bytes.size() * kBytesPerFileByte, kMostBytes)};
-    const std::unique_ptr<stbi_uc, Release> decoded(
-        stbi_load_from_memory(data, size, &image.width, &image.height, &channels, image.channels));
+    const std::unique_ptr<stbi_uc, void (*)(void*)> decoded(
+        stbi_load_from_memory(data, size, &image.width, &image.height, &channels, image.channels),
+        stbi_image_free);
     const std::uint64_t decodedPixels =
         static_cast<std::uint64_t>(image.width) * static_cast<std::uint64_t>(image.height);
     if (!decoded || decodedPixels != pixels) {

@@ -26,38 +26,32 @@ class PointReader {
 
     Scene run() {
         while (lines.next()) {
-            const std::string_view line = withoutMark();
-            if (!isSkipped(line)) {
-                readLine(line);
+            if (!isSkipped(lines.line())) {
+                readLine(lines.line());
             }
         }
         if (cloud.positions.empty()) {
             refuse("end of file", "there is no point");
         }
-        return finished();
+        Scene scene;
+        if (meaning.hasTime) {
+            scene.polylines.push_back({{cloud.positions}, kPathStyle});
+        }
+        scene.clouds.push_back(std::move(cloud));
+        return scene;
     }
 
   private:
-    [[nodiscard]] std::string_view withoutMark() const {
-        std::string_view line = lines.line();
-        if (lines.number() == 1 && line.starts_with(kUtf8Mark)) {
-            line.remove_prefix(kUtf8Mark.size());
-        }
-        return line;
-    }
-
     static bool isSkipped(std::string_view line) {
         const std::size_t begin = line.find_first_not_of(" \t");
         return begin == std::string_view::npos || line[begin] == '#' || line.substr(begin).starts_with("//");
     }
 
     void readLine(std::string_view line) {
-        if (isFirst) {
-            separator = separatorOf(line);
-        }
+        const bool isFirst = columnCount == 0;
+        separator = isFirst ? separatorOf(line) : separator;
         splitColumns(line, separator, columns);
         if (isFirst) {
-            isFirst = false;
             columnCount = columns.size();
             if (const auto named = columnsByName(columns)) {
                 meaning = *named;
@@ -84,17 +78,14 @@ class PointReader {
     }
 
     void readPoint() {
-        qel::XPnt3d point;
-        point.x = readCoordinate(columns[meaning.position[0]], lines);
-        point.y = readCoordinate(columns[meaning.position[1]], lines);
-        point.z = readCoordinate(columns[meaning.position[2]], lines);
-        cloud.positions.push_back(point);
+        const auto& [x, y, z] = meaning.position;
+        cloud.positions.push_back(qel::XPnt3d{readCoordinate(columns[x], lines),
+                                              readCoordinate(columns[y], lines),
+                                              readCoordinate(columns[z], lines)});
         if (meaning.color) {
-            qel::QelColor3b color;
-            color.r = readChannel(columns[meaning.color->at(0)]);
-            color.g = readChannel(columns[meaning.color->at(1)]);
-            color.b = readChannel(columns[meaning.color->at(2)]);
-            cloud.colors.push_back(color);
+            const auto& [red, green, blue] = *meaning.color;
+            cloud.colors.push_back(qel::QelColor3b{readChannel(columns[red]), readChannel(columns[green]),
+                                                   readChannel(columns[blue])});
         }
     }
 
@@ -106,22 +97,12 @@ class PointReader {
         return static_cast<std::uint8_t>(std::lround(value));
     }
 
-    Scene finished() {
-        Scene scene;
-        if (meaning.hasTime) {
-            scene.polylines.push_back({{cloud.positions}, kPathStyle});
-        }
-        scene.clouds.push_back(std::move(cloud));
-        return scene;
-    }
-
     std::string_view text;
     TextLines lines;
     std::vector<std::string_view> columns;
     Separator separator = Separator::Blank;
     PointColumns meaning;
     std::size_t columnCount = 0;
-    bool isFirst = true;
     PointCloud cloud;
 };
 
@@ -129,6 +110,7 @@ class PointReader {
 
 Scene readPoints(std::string_view text, const ProgressStretch& progress) {
     requireText(text);
+    text.remove_prefix(text.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0);
     return PointReader(text, progress).run();
 }
 

@@ -21,7 +21,6 @@ class Progress {
     }
     [[nodiscard]] double done() const { return share; }
     void cancel() { cancelled = true; }
-    [[nodiscard]] bool isCancelled() const { return cancelled; }
 
   private:
     std::atomic<double> share = 0.0;
@@ -40,7 +39,6 @@ class ProgressStretch {
             report(static_cast<double>(piece) / static_cast<double>(pieces));
         }
     }
-    [[nodiscard]] bool isCancelled() const { return progress->isCancelled(); }
     /// A range of this range.
     [[nodiscard]] ProgressStretch part(double from, double to) const {
         const double length = end - begin;

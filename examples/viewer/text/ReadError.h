@@ -28,7 +28,4 @@ class ReadCancelled : public std::runtime_error {
 /// Part of a file for a message: truncated, in quotes, without control characters.
 [[nodiscard]] std::string inQuotes(std::string_view text);
 
-/// Text of another library as one line of printable characters.
-[[nodiscard]] std::string oneLine(std::string_view text);
-
 }  // namespace qelview

@@ -9,7 +9,6 @@ namespace qelview {
 
 namespace {
 
-constexpr std::array<double, 3> kRound{1.0, 2.0, 5.0};
 /// So that 0.1 counts as round although it is not exact in binary.
 constexpr double kSlack = 1e-9;
 constexpr int kMostDecimals = 15;
@@ -18,7 +17,7 @@ constexpr int kMostDecimals = 15;
 
 double roundAtLeast(double smallest) {
     const double power = std::pow(10.0, std::floor(std::log10(smallest)));
-    for (const double round : kRound) {
+    for (const double round : {1.0, 2.0, 5.0}) {
         if (round * power >= smallest * (1.0 - kSlack)) {
             return round * power;
         }
@@ -28,13 +27,12 @@ double roundAtLeast(double smallest) {
 
 double roundAtMost(double largest) {
     const double power = std::pow(10.0, std::floor(std::log10(largest * (1.0 + kSlack))));
-    double found = power;
-    for (const double round : kRound) {
+    for (const double round : {5.0, 2.0}) {
         if (round * power <= largest * (1.0 + kSlack)) {
-            found = round * power;
+            return round * power;
         }
     }
-    return found;
+    return power;
 }
 
 std::string withStep(double value, double step) {

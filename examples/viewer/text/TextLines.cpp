@@ -21,26 +21,18 @@ constexpr auto kIsBlank = [](char character) {
            (character == ' ' || (character >= '\t' && character <= '\f' && character != '\n'));
 };
 
-/// `std::from_chars` does not accept a plus sign.
-std::string_view withoutPlus(std::string_view word) {
+template <class Number>
+std::errc parse(std::string_view word, Number& number) {
+    // `std::from_chars` does not accept a plus sign.
     if (word.size() > 1 && word.front() == '+' && word[1] != '-') {
         word.remove_prefix(1);
     }
-    return word;
-}
-
-template <class Number>
-std::errc parse(std::string_view word, Number& number) {
-    const std::string_view digits = withoutPlus(word);
-    const char* const end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, number);
+    const char* const end = word.data() + word.size();
+    const auto [stop, error] = std::from_chars(word.data(), end, number);
     return error == std::errc() && stop != end ? std::errc::invalid_argument : error;
 }
 
 }  // namespace
-
-TextLines::TextLines(std::string_view wholeText, const ProgressStretch& progressOfText)
-    : text(wholeText), progress(progressOfText) {}
 
 bool TextLines::next() {
     if (nextBegin >= text.size()) {

@@ -13,7 +13,8 @@ namespace qelview {
 /// Iterates over the lines of a text and knows its position. Lines end in LF or CR LF.
 class TextLines {
   public:
-    TextLines(std::string_view wholeText, const ProgressStretch& progressOfText);
+    TextLines(std::string_view wholeText, const ProgressStretch& progressOfText)
+        : text(wholeText), progress(progressOfText) {}
 
     /// Advances to the next line; false at the end.
     bool next();
@@ -36,6 +37,11 @@ class TextLines {
 
 /// @throws ReadError for UTF-16 and for text with null bytes.
 void requireText(std::string_view text);
+
+/// A letter of ASCII as a small one, any other character as it is.
+[[nodiscard]] constexpr char lowered(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
 
 /// Splits a line at spaces and tabs. Reuses the storage of `words`.
 void splitWords(std::string_view line, std::vector<std::string_view>& words);

@@ -4,14 +4,9 @@
 
 namespace qelview {
 
-namespace {
-
-/// Each new reason is compared with those before it.
-constexpr std::size_t kMostReasons = 20;
-
-}  // namespace
-
 void Warnings::add(const std::string& place, const std::string& reason) {
+    // Each new reason is compared with those before it.
+    constexpr std::size_t kMostReasons = 20;
     const auto found = std::find_if(known.begin(), known.end(),
                                     [&reason](const Warning& warning) { return warning.reason == reason; });
     if (found != known.end()) {

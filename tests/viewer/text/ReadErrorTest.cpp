@@ -20,9 +20,4 @@ TEST(ReadErrorQuoted, ShowsTheFirstLettersAndNothingUnreadable) {
     EXPECT_EQ(qelview::inQuotes(std::string(33, 'a')), "'" + std::string(32, 'a') + "...'");
 }
 
-TEST(ReadErrorOneLine, HasSingleSpacesBetweenItsWords) {
-    EXPECT_EQ(qelview::oneLine(""), "");
-    EXPECT_EQ(qelview::oneLine("\r\n a \t b\n\nc\x7F\n"), "a b c");
-}
-
 }  // namespace
