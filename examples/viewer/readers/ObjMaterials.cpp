@@ -144,29 +144,25 @@ void ObjMaterials::readMap(std::string_view line, const std::vector<std::string_
     material.look.placement = scaled.then(TexturePlacement::upwards());
 }
 
-void ObjMaterials::readImageOf(Material& material) {
-    const std::string map = std::exchange(material.map, {});
-    if (std::shared_ptr<const TextureImage> image = images.fileNamed(map)) {
-        material.look.texture =
-            std::make_shared<const Texture>(Texture{std::move(image), material.wrapping, material.wrapping});
-        material.look.color = colorUnder(material.look.color);
-    }
-}
-
 const ObjLook& ObjMaterials::lookOf(std::string_view name, const std::string& place, Warnings& warnings) {
     static const ObjLook none;
     const auto found = materials.find(name);
     if (found == materials.end()) {
+        warnings.add(place, "there is no material " + inQuotes(name));
         return none;
     }
-    if (!found->second.map.empty()) {
+    auto& [look, map, wrapping] = found->second;
+    if (!map.empty()) {
         try {
-            readImageOf(found->second);
+            if (auto image = images.fileNamed(std::exchange(map, {}))) {
+                look.texture = std::make_shared<const Texture>(Texture{std::move(image), wrapping, wrapping});
+                look.color = colorUnder(look.color);
+            }
         } catch (const ReadError& error) {
             warnings.add(place, error.what());
         }
     }
-    return found->second.look;
+    return look;
 }
 
 }  // namespace qelview

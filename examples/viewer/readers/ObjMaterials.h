@@ -35,11 +35,9 @@ class ObjMaterials {
     /// the model. Lines that name no colour are passed over, and so is a file that comes after 64 others.
     /// @return false if no file can be read.
     bool readLibrary(std::string_view name);
-    /// True if a library has a material of this name, whether or not it has a colour.
-    [[nodiscard]] bool has(std::string_view name) const { return materials.find(name) != materials.end(); }
     /// Reads the image of the material. One that cannot be shown is a warning, and leaves the plain colour.
     /// @param place in the model that names the material.
-    /// @return an empty look for a material that does not exist.
+    /// @return an empty look for a material that no library has, which is a warning too.
     [[nodiscard]] const ObjLook& lookOf(std::string_view name, const std::string& place, Warnings& warnings);
 
   private:
@@ -51,7 +49,6 @@ class ObjMaterials {
     };
 
     void readText(std::string_view text);
-    void readImageOf(Material& material);
     /// The file of a texture behind its options.
     static void readMap(std::string_view line, const std::vector<std::string_view>& words,
                         Material& material);

@@ -7,22 +7,12 @@
 
 #include "MeshLook.h"
 #include "MeshNormals.h"
-#include "Numbering.h"
 
 namespace qelview {
 
 namespace {
 
 constexpr std::array<float, 3> kWhite{1.0F, 1.0F, 1.0F};
-
-/// What makes two corners the same vertex.
-struct VertexKey {
-    std::uint32_t position = 0;
-    /// Of the normal; where there are texture coordinates, of the pair of both.
-    std::uint32_t others = 0;
-    std::uint32_t mesh = kNoNumber;
-    bool operator==(const VertexKey&) const = default;
-};
 
 /// Assigning `{}` would keep the memory.
 template <class Array>
@@ -32,44 +22,31 @@ void release(Array& array) {
 
 }  // namespace
 
-/// Numbers the vertices of each mesh.
-class ObjMeshes::VertexNumbers {
-  public:
-    explicit VertexNumbers(std::size_t positions) : firstOfPositions(positions) {}
-
-    /// @param next the number that a new vertex gets.
-    std::uint32_t numberOf(const VertexKey& key, std::uint32_t next) {
+std::uint32_t ObjMeshes::VertexNumbers::numberOf(const ObjCorner& corner, std::uint32_t mesh,
+                                                 std::uint32_t next) {
+    const auto& [position, normal, texCoord] = corner;
+    if (position < firstOfPositions.size()) {
         // Nearly all positions have one normal and lie in one mesh.
-        auto& [firstKey, firstVertex] = firstOfPositions[key.position];
-        if (firstKey.mesh == kNoNumber) {
-            firstKey = key;
-            firstVertex = next;
+        Vertex& first = firstOfPositions[position];
+        if (first.mesh == kNoNumber) {
+            first = {normal, texCoord, mesh, next};
         }
-        if (firstKey == key) {
-            return firstVertex;
+        if (first.mesh == mesh && first.normal == normal && first.texCoord == texCoord) {
+            return first.number;
         }
-        const std::uint32_t other = others.numberOf({key.position, key.others, key.mesh});
-        if (other == vertexOfOther.size()) {
-            vertexOfOther.push_back(next);
-        }
-        return vertexOfOther[other];
     }
-    std::uint32_t numberOfPair(std::uint32_t normal, std::uint32_t texCoord) {
-        return pairs.numberOf({normal, texCoord});
+    const std::uint32_t other = others.numberOf({position, normal, texCoord, mesh});
+    if (other == numbersOfOthers.size()) {
+        numbersOfOthers.push_back(next);
     }
+    return numbersOfOthers[other];
+}
 
-  private:
-    std::vector<std::pair<VertexKey, std::uint32_t>> firstOfPositions;
-    Numbering<std::uint32_t, 3> others{0};
-    Numbering<std::uint32_t, 2> pairs{0};
-    std::vector<std::uint32_t> vertexOfOther;
-};
-
-void ObjMeshes::reserve(const Counts& counts) {
-    positions.reserve(counts.positions);
-    normals.reserve(counts.normals);
-    texCoords.reserve(counts.texCoords);
-    corners.reserve(counts.corners);
+ObjMeshes::ObjMeshes(const Counts& expected) : vertexNumbers(expected.corners > 0 ? expected.positions : 0) {
+    positions.reserve(expected.positions);
+    normals.reserve(expected.normals);
+    texCoords.reserve(expected.texCoords);
+    corners.reserve(expected.corners);
 }
 
 void ObjMeshes::addPosition(const qel::XPnt3d& position) {
@@ -91,37 +68,35 @@ void ObjMeshes::addNormal(const qel::XPnt3d& normal) {
     normals.push_back(unitNormal(normal));
 }
 
-std::size_t ObjMeshes::meshNumberOf(bool hasNormals, bool hasTexCoords) {
+void ObjMeshes::addFace(std::span<const ObjCorner> face) {
+    const auto allHave = [face](std::uint32_t ObjCorner::*number) {
+        return std::all_of(face.begin(), face.end(),
+                           [number](const ObjCorner& corner) { return corner.*number != kNoNumber; });
+    };
+    const bool hasNormals = allHave(&ObjCorner::normal);
+    const bool hasTexCoords = look.texture && allHave(&ObjCorner::texCoord);
     const qel::QelColor3f color = look.color.value_or(TriangleMesh().color);
     const Texture* const texture = hasTexCoords ? look.texture.get() : nullptr;
     const auto [known, isNew] =
         meshes.try_emplace({color.r, color.g, color.b, hasNormals, texture}, meshes.size());
+    const std::size_t mesh = known->second;
     if (isNew) {
-        kinds.push_back({look, hasNormals, hasTexCoords});
+        kinds.push_back({look, hasNormals, hasTexCoords, 0, {}, {}});
+        // Most files have one mesh.
+        kinds.back().vertices.reserve(kinds.size() == 1 ? positions.capacity() : 0);
     }
-    return known->second;
-}
-
-void ObjMeshes::addFace(std::span<const ObjCorner> face) {
-    const bool hasNormals = std::all_of(face.begin(), face.end(),
-                                        [](const ObjCorner& corner) { return corner.normal != kNoNumber; });
-    const bool hasTexCoords =
-        look.texture && std::all_of(face.begin(), face.end(),
-                                    [](const ObjCorner& corner) { return corner.texCoord != kNoNumber; });
-    const std::size_t mesh = meshNumberOf(hasNormals, hasTexCoords);
     if (sections.empty() || sections.back().mesh != mesh || sections.back().cornersOfAFace != face.size()) {
-        sections.push_back(
-            {mesh, face.size(), corners.size(), normalsOfCorners.size(), texCoordsOfCorners.size()});
-        normalsOfCorners.reserve(hasNormals ? corners.capacity() : 0);
-        texCoordsOfCorners.reserve(hasTexCoords ? corners.capacity() : 0);
+        sections.push_back({mesh, face.size(), corners.size()});
     }
+    kinds[mesh].triangles += face.size() == 3 ? 1U : 0U;
+    std::vector<ObjCorner>& vertices = kinds[mesh].vertices;
     for (const ObjCorner& corner : face) {
-        corners.push_back(corner.position);
-        if (hasNormals) {
-            normalsOfCorners.push_back(corner.normal);
-        }
-        if (hasTexCoords) {
-            texCoordsOfCorners.push_back(corner.texCoord);
+        const ObjCorner vertex{corner.position, hasNormals ? corner.normal : kNoNumber,
+                               hasTexCoords ? corner.texCoord : kNoNumber};
+        const auto next = static_cast<std::uint32_t>(vertices.size());
+        corners.push_back(vertexNumbers.numberOf(vertex, static_cast<std::uint32_t>(mesh), next));
+        if (corners.back() == next) {
+            vertices.push_back(vertex);
         }
     }
 }
@@ -140,36 +115,8 @@ qel::QelColor3f ObjMeshes::colorOf(std::uint32_t position) const {
     return {share(0), share(1), share(2)};
 }
 
-ObjCorner ObjMeshes::cornerAt(const Section& section, std::size_t corner) const {
-    const MeshKind& kind = kinds[section.mesh];
-    const std::size_t place = corner - section.firstCorner;
-    return {corners[corner], kind.hasNormals ? normalsOfCorners[section.firstNormal + place] : kNoNumber,
-            kind.hasTexCoords ? texCoordsOfCorners[section.firstTexCoord + place] : kNoNumber};
-}
-
-std::vector<std::vector<ObjCorner>> ObjMeshes::numberCorners() {
-    std::vector<std::vector<ObjCorner>> vertices(kinds.size());
-    VertexNumbers numbers(positions.size());
-    for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
-        const Section& section = sections[i];
-        std::vector<ObjCorner>& known = vertices[section.mesh];
-        for (std::size_t corner = section.firstCorner; corner < sections[i + 1].firstCorner; ++corner) {
-            const ObjCorner named = cornerAt(section, corner);
-            const std::uint32_t others = kinds[section.mesh].hasTexCoords
-                                             ? numbers.numberOfPair(named.normal, named.texCoord)
-                                             : named.normal;
-            const auto next = static_cast<std::uint32_t>(known.size());
-            corners[corner] =
-                numbers.numberOf({named.position, others, static_cast<std::uint32_t>(section.mesh)}, next);
-            if (corners[corner] == next) {
-                known.push_back(named);
-            }
-        }
-    }
-    return vertices;
-}
-
-TriangleMesh ObjMeshes::meshOf(const MeshKind& kind, const std::vector<ObjCorner>& vertices) const {
+TriangleMesh ObjMeshes::meshOf(const MeshKind& kind) const {
+    const std::vector<ObjCorner>& vertices = kind.vertices;
     const bool hasColors = !kind.hasTexCoords && !colors.empty();
     TriangleMesh mesh;
     mesh.color = kind.look.color.value_or(mesh.color);
@@ -206,43 +153,29 @@ Scene ObjMeshes::finished(Warnings& warnings) {
     return scene;
 }
 
-std::vector<MeshFaces> ObjMeshes::facesOfMeshes() const {
-    std::vector<std::size_t> triangles(kinds.size());
-    for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
-        if (sections[i].cornersOfAFace == 3) {
-            triangles[sections[i].mesh] += (sections[i + 1].firstCorner - sections[i].firstCorner) / 3;
-        }
-    }
-    std::vector<MeshFaces> faces(kinds.size());
-    for (std::size_t mesh = 0; mesh < faces.size(); ++mesh) {
-        faces[mesh].reserveTriangles(triangles[mesh]);
-    }
-    for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
-        const auto& [mesh, cornersOfAFace, first, firstNormal, firstTexCoord] = sections[i];
-        for (std::size_t at = first; at < sections[i + 1].firstCorner; at += cornersOfAFace) {
-            faces[mesh].add(std::span(corners).subspan(at, cornersOfAFace));
-        }
-    }
-    return faces;
-}
-
 void ObjMeshes::placeFaces(Scene& scene, Warnings& warnings) {
-    sections.push_back({0, 0, corners.size(), 0, 0});
-    std::vector<std::vector<ObjCorner>> vertices = numberCorners();
+    sections.push_back({0, 0, corners.size()});
     // What is no longer needed goes before the next arrays are made: large files have hundreds of megabytes.
-    release(normalsOfCorners);
-    release(texCoordsOfCorners);
-    for (std::size_t mesh = 0; mesh < kinds.size(); ++mesh) {
-        scene.meshes.push_back(meshOf(kinds[mesh], vertices[mesh]));
-        release(vertices[mesh]);
+    release(vertexNumbers);
+    for (MeshKind& kind : kinds) {
+        scene.meshes.push_back(meshOf(kind));
+        release(kind.vertices);
     }
     release(positions);
     release(normals);
     release(texCoords);
-    std::vector<MeshFaces> faces = facesOfMeshes();
+    for (MeshKind& kind : kinds) {
+        kind.faces.reserveTriangles(kind.triangles);
+    }
+    for (std::size_t i = 0; i + 1 < sections.size(); ++i) {
+        const auto& [mesh, cornersOfAFace, first] = sections[i];
+        for (std::size_t at = first; at < sections[i + 1].firstCorner; at += cornersOfAFace) {
+            kinds[mesh].faces.add(std::span(corners).subspan(at, cornersOfAFace));
+        }
+    }
     release(corners);
-    for (std::size_t mesh = 0; mesh < faces.size(); ++mesh) {
-        giveFaces(scene.meshes[mesh], faces[mesh], warnings);
+    for (std::size_t mesh = 0; mesh < kinds.size(); ++mesh) {
+        giveFaces(scene.meshes[mesh], kinds[mesh].faces, warnings);
     }
     std::erase_if(scene.meshes, [](const TriangleMesh& mesh) { return mesh.indices.empty(); });
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "MeshFaces.h"
+#include "Numbering.h"
 #include "ObjMaterials.h"
 #include "Scene.h"
 #include "Warnings.h"
@@ -29,7 +30,7 @@ struct ObjCorner {
 /// it, whose vertices are what corners name together.
 class ObjMeshes {
   public:
-    /// How many of each are expected, for the size of the arrays.
+    /// How many of each are expected, for the size of the arrays. There can be more.
     struct Counts {
         std::size_t positions = 0;
         std::size_t normals = 0;
@@ -37,7 +38,8 @@ class ObjMeshes {
         std::size_t corners = 0;
     };
 
-    void reserve(const Counts& counts);
+    explicit ObjMeshes(const Counts& expected);
+
     void addPosition(const qel::XPnt3d& position);
     /// Of the last position; those without one are white. Shares, or bytes if one in the file is above 1.
     void setColor(const std::array<double, 3>& color);
@@ -59,11 +61,34 @@ class ObjMeshes {
     [[nodiscard]] Scene finished(Warnings& warnings);
 
   private:
-    /// What faces of the same mesh have in common.
+    /// Numbers the vertices of each mesh.
+    class VertexNumbers {
+      public:
+        explicit VertexNumbers(std::size_t positions = 0) : firstOfPositions(positions) {}
+
+        /// @param next the number that a new vertex gets.
+        std::uint32_t numberOf(const ObjCorner& corner, std::uint32_t mesh, std::uint32_t next);
+
+      private:
+        struct Vertex {
+            std::uint32_t normal = kNoNumber;
+            std::uint32_t texCoord = kNoNumber;
+            std::uint32_t mesh = kNoNumber;
+            std::uint32_t number = 0;
+        };
+
+        std::vector<Vertex> firstOfPositions;
+        Numbering<std::uint32_t, 4> others{0};
+        std::vector<std::uint32_t> numbersOfOthers;
+    };
+    /// Faces that become one mesh.
     struct MeshKind {
         ObjLook look;
         bool hasNormals = false;
         bool hasTexCoords = false;
+        std::size_t triangles = 0;
+        std::vector<ObjCorner> vertices;
+        MeshFaces faces;
     };
     /// Red, green, blue, whether the faces have normals of their own, and their texture.
     using MeshKey = std::tuple<float, float, float, bool, const Texture*>;
@@ -72,21 +97,9 @@ class ObjMeshes {
         std::size_t mesh = 0;
         std::size_t cornersOfAFace = 0;
         std::size_t firstCorner = 0;
-        /// In `normalsOfCorners` and `texCoordsOfCorners`, if its mesh has them.
-        std::size_t firstNormal = 0;
-        std::size_t firstTexCoord = 0;
     };
 
-    class VertexNumbers;
-
-    [[nodiscard]] std::size_t meshNumberOf(bool hasNormals, bool hasTexCoords);
-    [[nodiscard]] ObjCorner cornerAt(const Section& section, std::size_t corner) const;
-    /// Replaces the position of each corner by the number of its vertex.
-    /// @return what the vertices of each mesh are.
-    [[nodiscard]] std::vector<std::vector<ObjCorner>> numberCorners();
-    [[nodiscard]] TriangleMesh meshOf(const MeshKind& kind, const std::vector<ObjCorner>& vertices) const;
-    /// Of the vertices that corners name by number.
-    [[nodiscard]] std::vector<MeshFaces> facesOfMeshes() const;
+    [[nodiscard]] TriangleMesh meshOf(const MeshKind& kind) const;
     void placeFaces(Scene& scene, Warnings& warnings);
     void placeLines(Scene& scene) const;
     void placePoints(Scene& scene) const;
@@ -101,12 +114,11 @@ class ObjMeshes {
     ObjLook look;
     std::map<MeshKey, std::size_t> meshes;
     std::vector<MeshKind> kinds;
+    VertexNumbers vertexNumbers;
     std::vector<Section> sections;
-    /// The positions of all faces, in the order of the sections.
+    /// The vertices of all faces, in the order of the sections: one array, since the size of those of each mesh
+    /// is known at the end only.
     std::vector<std::uint32_t> corners;
-    /// Of the sections that have them: most files show none.
-    std::vector<std::uint32_t> normalsOfCorners;
-    std::vector<std::uint32_t> texCoordsOfCorners;
     std::vector<std::vector<std::uint32_t>> lines;
     std::vector<std::uint32_t> points;
 };

@@ -36,11 +36,10 @@ bool isPassedOver(std::string_view keyword) {
 
 class ObjReading {
   public:
-    ObjReading(std::string_view wholeText, const std::filesystem::path& file, const ProgressStretch& progress)
-        : text(wholeText), lines(text, progress), materials(file) {}
+    ObjReading(std::string_view text, const std::filesystem::path& file, const ProgressStretch& progress)
+        : lines(text, progress), materials(file), meshes(countsIn(text)) {}
 
     Scene run() {
-        meshes.reserve(expectedCounts());
         while (lines.next()) {
             std::string_view line = lines.line();
             joinContinued(line);
@@ -51,7 +50,11 @@ class ObjReading {
             }
         }
         for (const NumberedKind& kind : kinds) {
-            requireDefined(kind);
+            if (kind.highestNamed > kind.count) {
+                refuse(atLine(kind.lineOfHighest),
+                       std::string(kind.name) + " " + std::to_string(kind.highestNamed) +
+                           " does not exist: the file has " + std::to_string(kind.count));
+            }
         }
         if (kinds[0].count == 0) {
             refuse("end of file", "there is no vertex");
@@ -63,7 +66,7 @@ class ObjReading {
 
   private:
     /// By the beginnings of lines, if faces have as many corners as the first one.
-    [[nodiscard]] ObjMeshes::Counts expectedCounts() const {
+    static ObjMeshes::Counts countsIn(std::string_view text) {
         ObjMeshes::Counts counts;
         std::size_t faces = 0;
         for (std::size_t at = 0; at < text.size(); at = std::min(text.find('\n', at), text.size()) + 1) {
@@ -117,7 +120,7 @@ class ObjReading {
         } else if (keyword == "f" || keyword == "l" || keyword == "p") {
             readElement(keyword.front());
         } else if (keyword == "usemtl") {
-            useMaterial(behindFirstWord(line));
+            meshes.setLook(materials.lookOf(behindFirstWord(line), atLine(lines.number()), warnings));
         } else if (keyword == "mtllib") {
             readLibraries(behindFirstWord(line));
         } else if (keyword != "o" && keyword != "g" && !isPassedOver(keyword)) {
@@ -230,21 +233,6 @@ class ObjReading {
         return static_cast<std::uint32_t>(index > 0 ? index - 1 : kind.count + index);
     }
 
-    static void requireDefined(const NumberedKind& kind) {
-        if (kind.highestNamed > kind.count) {
-            refuse(atLine(kind.lineOfHighest),
-                   std::string(kind.name) + " " + std::to_string(kind.highestNamed) +
-                       " does not exist: the file has " + std::to_string(kind.count));
-        }
-    }
-
-    void useMaterial(std::string_view name) {
-        if (!materials.has(name)) {
-            warn("there is no material " + inQuotes(name));
-        }
-        meshes.setLook(materials.lookOf(name, atLine(lines.number()), warnings));
-    }
-
     /// One name with blanks in it, or several.
     void readLibraries(std::string_view names) {
         if (materials.readLibrary(names)) {
@@ -259,7 +247,6 @@ class ObjReading {
 
     void warn(const std::string& reason) { warnings.add(atLine(lines.number()), reason); }
 
-    std::string_view text;
     TextLines lines;
     ObjMaterials materials;
     ObjMeshes meshes;

@@ -17,10 +17,13 @@ namespace qelview {
 namespace {
 
 constexpr std::size_t kCoordinates = 3;
+/// Of a vertex: three digits, blanks and the end of the line.
+constexpr std::size_t kShortestLine = 6;
 
 class OffReading {
   public:
-    OffReading(std::string_view text, const ProgressStretch& progress) : lines(text, progress) {}
+    OffReading(std::string_view text, const ProgressStretch& progress)
+        : lines(text, progress), mostLines(text.size() / kShortestLine + 1) {}
 
     Scene run() {
         requireWords("the header", 0);
@@ -30,6 +33,9 @@ class OffReading {
         if (vertexCount == 0) {
             lines.refuseLine("there are no vertices");
         }
+        mesh.positions.reserve(roomFor(vertexCount));
+        mesh.normals.reserve(hasNormals ? roomFor(vertexCount) : 0);
+        colors.reserve(hasColors ? roomFor(vertexCount) : 0);
         for (long long i = 0; i < vertexCount; ++i) {
             requireWords("vertex", i);
             readVertex();
@@ -37,11 +43,24 @@ class OffReading {
         for (long long i = 0; i < faceCount; ++i) {
             requireWords("face", i);
             readFace(vertexCount);
+            if (i == 0 && corners.size() == 3) {
+                faces.reserveTriangles(roomFor(faceCount));
+            }
         }
-        return finished();
+        Scene scene;
+        giveColors();
+        giveFaces(mesh, faces, warnings);
+        addMeshOrCloud(scene, std::move(mesh));
+        scene.warnings = warnings.lines();
+        return scene;
     }
 
   private:
+    /// The header may declare more than the file has lines for.
+    [[nodiscard]] std::size_t roomFor(long long count) const {
+        return std::min(static_cast<std::size_t>(count), mostLines);
+    }
+
     /// Moves to the next line that has words.
     void requireWords(const char* expected, long long number) {
         do {
@@ -137,23 +156,14 @@ class OffReading {
         });
         const double whole = areBytes ? 255.0 : 1.0;
         for (const auto& [red, green, blue] : colors) {
-            mesh.colors.emplace_back(shownShare(red / whole), shownShare(green / whole),
-                                     shownShare(blue / whole));
+            mesh.colors.push_back(shownColor(red / whole, green / whole, blue / whole));
         }
-    }
-
-    Scene finished() {
-        Scene scene;
-        giveColors();
-        giveFaces(mesh, faces, warnings);
-        addMeshOrCloud(scene, std::move(mesh));
-        scene.warnings = warnings.lines();
-        return scene;
     }
 
     void warn(const std::string& reason) { warnings.add(atLine(lines.number()), reason); }
 
     TextLines lines;
+    std::size_t mostLines;
     Warnings warnings;
     std::vector<std::string_view> words;
     std::size_t used = 0;

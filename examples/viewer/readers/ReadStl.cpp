@@ -22,16 +22,15 @@ namespace {
 constexpr std::size_t kHeaderSize = 84;
 constexpr std::size_t kRecordSize = 50;
 constexpr std::size_t kCountOffset = 80;
-constexpr std::size_t kNormalSize = 12;
-constexpr std::size_t kPlaceSize = 12;
+/// Of the normal, which is the first one, and of the three places.
+constexpr std::size_t kVectorSize = 12;
 constexpr std::size_t kColorOffset = 48;
 
 /// Of a triangle: five bits a channel, if the highest one is set.
 constexpr std::uint16_t kHasColor = 0x8000;
 
 std::uint64_t declaredTriangles(std::string_view bytes) {
-    return static_cast<std::uint64_t>(
-        readScalar<std::uint32_t>(bytes.data() + kCountOffset, ByteOrder::Little));
+    return readScalar<std::uint32_t>(bytes.data() + kCountOffset, ByteOrder::Little);
 }
 
 /// A few bytes behind the last triangle do no harm.
@@ -67,9 +66,10 @@ class BinaryStlReading {
         if (triangles == 0) {
             refuse("header", "there is no triangle");
         }
-        // Closed surfaces have twice as many triangles as vertices.
+        // Closed surfaces have twice as many triangles as vertices, open ones a few vertices more.
+        const std::size_t expected = triangles / 2 + triangles / 16 + 2;
         auto [corners, keys] = numberAll<std::uint64_t, 2>(
-            triangles * 3, triangles / 2 + 2, [this](std::size_t corner) { return keyOf(corner); });
+            triangles * 3, expected, [this](std::size_t corner) { return keyOf(corner); });
         TriangleMesh mesh;
         mesh.indices = std::move(corners);
         giveVertices(mesh, keys);
@@ -92,7 +92,7 @@ class BinaryStlReading {
         }
         const std::size_t triangle = corner / 3;
         const char* const record = bytes.data() + kHeaderSize + kRecordSize * triangle;
-        const char* const place = record + kNormalSize + corner % 3 * kPlaceSize;
+        const char* const place = record + (1 + corner % 3) * kVectorSize;
         const auto bits = readScalar<std::uint16_t>(record + kColorOffset, ByteOrder::Little);
         std::array<std::uint64_t, 3> words{};
         for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -198,13 +198,9 @@ class AsciiStlReading {
 
     /// True if the line begins with the keyword, in small or capital letters.
     [[nodiscard]] bool is(std::string_view keyword) const {
-        const auto lower = [](char character) {
-            return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                        : character;
-        };
         const std::string_view word = words.front();
         return std::equal(word.begin(), word.end(), keyword.begin(), keyword.end(),
-                          [&](char a, char b) { return lower(a) == b; });
+                          [](char a, char b) { return lowered(a) == b; });
     }
 
     /// The normal is made from the triangle, so that it may be missing or none.
@@ -250,12 +246,10 @@ class AsciiStlReading {
         }
         cornersOfLoop = 0;
         if (mesh.indices.capacity() == 0) {
-            reserve();
+            // For triangles whose text is as long as that of the first one.
+            mesh.indices.reserve(text.size() / (lines.position() / 3) + Places::kBlock);
         }
     }
-
-    /// For triangles whose text is as long as that of the first one.
-    void reserve() { mesh.indices.reserve(text.size() / (lines.position() / 3) + Places::kBlock); }
 
     Scene finished() {
         mesh.arePlacesDistinct = true;

@@ -89,7 +89,8 @@ TEST(ObjMaterials, AreReadOnceFromEachOfNotTooManyFiles) {
         }
         const bool isRead = materials.readLibrary("qelview-test-last.mtl");
         EXPECT_EQ(materials.readLibrary("qelview-test-last.mtl"), isRead);
-        return isRead && materials.has("a");
+        qelview::Warnings warnings;
+        return isRead && materials.lookOf("a", "line 1", warnings).color.has_value();
     };
     EXPECT_TRUE(hasAfter(62));
     EXPECT_FALSE(hasAfter(63));
