@@ -55,12 +55,12 @@ std::size_t widthOf(const std::string& place, const json& type) {
     static constexpr std::array<std::pair<std::string_view, std::size_t>, 4> kTypes{
         {{"SCALAR", 1}, {"VEC2", 2}, {"VEC3", 3}, {"VEC4", 4}}};
     const std::string name = type.is_string() ? type.get<std::string>() : "";
-    const auto* const found =
-        std::find_if(kTypes.begin(), kTypes.end(), [&](const auto& known) { return known.first == name; });
-    if (found == kTypes.end()) {
-        refuse(place, "its accessor is of the type " + inQuotes(name) + ", which is not one of vertices");
+    for (const auto& [known, width] : kTypes) {
+        if (known == name) {
+            return width;
+        }
     }
-    return found->second;
+    refuse(place, "its accessor is of the type " + inQuotes(name) + ", which is not one of vertices");
 }
 
 /// The type that glTF gives a number to.
@@ -89,15 +89,15 @@ std::uint64_t wholeOf(const std::string& place, const json& object, const char* 
     return number.get<std::uint64_t>();
 }
 
-void readNumbers(const std::string& place, const json& object, const char* name, double* numbers,
-                 std::size_t count) {
+void readNumbers(const std::string& place, const json& object, const char* name, std::span<double> numbers) {
     const json& list = memberOf(object, name);
     if (list.is_null()) {
         return;
     }
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
         if (!list.is_array() || i >= list.size() || !list[i].is_number()) {
-            refuse(place, "its " + inQuotes(name) + " are not " + std::to_string(count) + " numbers");
+            refuse(place,
+                   "its " + inQuotes(name) + " are not " + std::to_string(numbers.size()) + " numbers");
         }
         numbers[i] = list[i].get<double>();
     }
@@ -146,8 +146,8 @@ std::string_view GltfFile::parseBinary(std::string_view bytes) {
 }
 
 void GltfFile::checkVersion() const {
-    const json& asset = root.is_object() ? memberOf(root, "asset") : root;
-    if (!root.is_object() || !asset.is_object()) {
+    const json& asset = memberOf(root, "asset");
+    if (!asset.is_object()) {
         refuse("file", "not a glTF asset");
     }
     const json& version = memberOf(asset, "version");

@@ -4,6 +4,7 @@
 #include <deque>
 #include <filesystem>
 #include <nlohmann/json.hpp>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,8 +66,8 @@ class GltfFile {
                                     std::uint64_t missing);
 
 /// Numbers among the members of an object; `numbers` stay as they are if there are none.
-/// @throws ReadError naming `place` if there are not `count` at least, or they are no numbers.
-void readNumbers(const std::string& place, const nlohmann::json& object, const char* name, double* numbers,
-                 std::size_t count);
+/// @throws ReadError naming `place` if there are too few, or they are no numbers.
+void readNumbers(const std::string& place, const nlohmann::json& object, const char* name,
+                 std::span<double> numbers);
 
 }  // namespace qelview

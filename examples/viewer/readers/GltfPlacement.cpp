@@ -28,7 +28,7 @@ GltfPlacement GltfPlacement::ofNode(const std::string& place, const nlohmann::js
     if (node.contains("matrix")) {
         // By columns.
         std::array<double, 16> matrix{};
-        readNumbers(place, node, "matrix", matrix.data(), matrix.size());
+        readNumbers(place, node, "matrix", matrix);
         for (std::size_t i = 0; i < 3; ++i) {
             placement.axes.at(i) = qel::XPnt3d(matrix.at(4 * i), matrix.at(4 * i + 1), matrix.at(4 * i + 2));
         }
@@ -38,9 +38,9 @@ GltfPlacement GltfPlacement::ofNode(const std::string& place, const nlohmann::js
     std::array<double, 3> translation{};
     Quaternion rotation{0.0, 0.0, 0.0, 1.0};
     std::array<double, 3> scale{1.0, 1.0, 1.0};
-    readNumbers(place, node, "translation", translation.data(), translation.size());
-    readNumbers(place, node, "rotation", rotation.data(), rotation.size());
-    readNumbers(place, node, "scale", scale.data(), scale.size());
+    readNumbers(place, node, "translation", translation);
+    readNumbers(place, node, "rotation", rotation);
+    readNumbers(place, node, "scale", scale);
     placement.axes = axesTurnedBy(rotation);
     for (std::size_t i = 0; i < 3; ++i) {
         placement.axes.at(i) *= scale.at(i);

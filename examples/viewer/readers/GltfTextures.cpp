@@ -23,28 +23,21 @@ constexpr std::uint64_t kRepeat = 10497;
 constexpr std::uint64_t kNearest = 9728;
 constexpr std::uint64_t kLinear = 9729;
 
-/// A member of what may be no object, or null.
-const json& within(const json& object, const char* name) {
-    return object.is_object() ? memberOf(object, name) : memberOf(json::object(), name);
-}
-
 /// What a material says about its texture, or null.
 const json& textureInfoOf(const json& material) {
-    const json& gloss = within(within(material, "extensions"), "KHR_materials_pbrSpecularGlossiness");
-    const json& diffuse = within(gloss, "diffuseTexture");
-    return diffuse.is_null() ? within(within(material, "pbrMetallicRoughness"), "baseColorTexture") : diffuse;
+    const json& gloss = memberOf(memberOf(material, "extensions"), "KHR_materials_pbrSpecularGlossiness");
+    const json& diffuse = memberOf(gloss, "diffuseTexture");
+    return diffuse.is_null() ? memberOf(memberOf(material, "pbrMetallicRoughness"), "baseColorTexture")
+                             : diffuse;
 }
 
 /// Scaled, then turned, then moved. Coordinates run downwards in the image, so that they turn the other way
 /// round.
 TexturePlacement placementOf(const std::string& place, const json& transform) {
-    if (!transform.is_object()) {
-        return {};
-    }
     std::array<double, 2> scale{1.0, 1.0};
     std::array<double, 2> offset{0.0, 0.0};
-    readNumbers(place, transform, "scale", scale.data(), scale.size());
-    readNumbers(place, transform, "offset", offset.data(), offset.size());
+    readNumbers(place, transform, "scale", scale);
+    readNumbers(place, transform, "offset", offset);
     const json& rotation = memberOf(transform, "rotation");
     const double angleRadians = rotation.is_number() ? rotation.get<double>() : 0.0;
     const double cosine = std::cos(angleRadians);
@@ -71,18 +64,16 @@ void GltfTextures::dress(TriangleMesh& mesh, const std::string& place, const jso
     if (info.is_null()) {
         return;
     }
-    const json& transform = within(within(info, "extensions"), "KHR_texture_transform");
+    const json& transform = memberOf(memberOf(info, "extensions"), "KHR_texture_transform");
     TexturePlacement placement = placementOf(place, transform);
-    Texture texture = textureOf(place, within(info, "index"), placement);
+    Texture texture = textureOf(place, memberOf(info, "index"), placement);
     if (!texture.image) {
         return;
     }
     texture.alphaCutoff = cutoffOf(material);
     const std::uint64_t set = wholeOf(place, info, "texCoord", 0);
-    const std::string name =
-        "TEXCOORD_" +
-        std::to_string(transform.is_object() ? wholeOf(place, transform, "texCoord", set) : set);
-    const GltfNumbers numbers = file.numbers(place, within(attributes, name.c_str()), 2, 2);
+    const std::string name = "TEXCOORD_" + std::to_string(wholeOf(place, transform, "texCoord", set));
+    const GltfNumbers numbers = file.numbers(place, memberOf(attributes, name.c_str()), 2, 2);
     if (numbers.count() != mesh.positions.size()) {
         refuse(place, "its attribute " + inQuotes(name) + " and its positions differ in length");
     }
@@ -93,11 +84,10 @@ void GltfTextures::dress(TriangleMesh& mesh, const std::string& place, const jso
     mesh.texture = std::make_shared<const Texture>(std::move(texture));
 }
 
-Texture GltfTextures::textureOf(const std::string& place, const json& number, TexturePlacement& placement) {
-    const json& its = file.element(place, "textures", number);
-    const json none = json::object();
-    const json& samplerNumber = memberOf(its, "sampler");
-    const json& sampler = samplerNumber.is_null() ? none : file.element(place, "samplers", samplerNumber);
+Texture GltfTextures::textureOf(const std::string& place, const json& index, TexturePlacement& placement) {
+    const json& its = file.element(place, "textures", index);
+    const json& number = memberOf(its, "sampler");
+    const json& sampler = number.is_null() ? number : file.element(place, "samplers", number);
     const std::uint64_t wrapU = wholeOf(place, sampler, "wrapS", kRepeat);
     const std::uint64_t wrapV = wholeOf(place, sampler, "wrapT", kRepeat);
     Texture texture;
@@ -126,19 +116,11 @@ GltfTextures::Image GltfTextures::imageOf(const std::string& place, const json& 
 GltfTextures::Image GltfTextures::readImage(const std::string& place, const json& image) {
     const json& uri = memberOf(image, "uri");
     if (!uri.is_string()) {
-        return decodedAt(place, file.viewBytes(place, memberOf(image, "bufferView")));
+        return images.decoded(place, file.viewBytes(place, memberOf(image, "bufferView")));
     }
     const std::string& text = uri.get_ref<const std::string&>();
     const std::optional<std::string> data = dataOf(place, text);
-    return data ? decodedAt(place, *data) : images.fileNamed(percentDecode(text));
-}
-
-GltfTextures::Image GltfTextures::decodedAt(const std::string& place, std::string_view bytes) {
-    try {
-        return images.decoded(bytes);
-    } catch (const ReadError& error) {
-        refuse(place, error.what());
-    }
+    return data ? images.decoded(place, *data) : images.fileNamed(percentDecode(text));
 }
 
 GltfTextures::Image GltfTextures::mirrored(const Image& image, bool acrossU, bool acrossV) {

@@ -35,10 +35,9 @@ class GltfTextures {
 
     [[nodiscard]] Image imageOf(const std::string& place, const nlohmann::json& number);
     [[nodiscard]] Image readImage(const std::string& place, const nlohmann::json& image);
-    [[nodiscard]] Image decodedAt(const std::string& place, std::string_view bytes);
     /// An image with its mirror image next to it, since OpenGL 1.1 cannot mirror it itself.
     [[nodiscard]] Image mirrored(const Image& image, bool acrossU, bool acrossV);
-    [[nodiscard]] Texture textureOf(const std::string& place, const nlohmann::json& number,
+    [[nodiscard]] Texture textureOf(const std::string& place, const nlohmann::json& index,
                                     TexturePlacement& placement);
 
     const GltfFile& file;

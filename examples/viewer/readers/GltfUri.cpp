@@ -3,7 +3,6 @@
 #include <charconv>
 #include <cstdint>
 
-#include "Base64.h"
 #include "ReadError.h"
 
 namespace qelview {
@@ -12,8 +11,37 @@ namespace {
 
 constexpr std::string_view kDataScheme = "data:";
 constexpr std::string_view kBase64 = ";base64,";
+constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr unsigned kBitsOfALetter = 6;
+constexpr unsigned kBitsOfAByte = 8;
 
 }  // namespace
+
+std::optional<std::string> decodeBase64(std::string_view text) {
+    if (text.size() % 4 != 0) {
+        return std::nullopt;
+    }
+    for (int i = 0; i < 2 && text.ends_with('='); ++i) {
+        text.remove_suffix(1);
+    }
+    std::string bytes;
+    bytes.reserve(text.size() / 4 * 3 + 2);
+    std::uint32_t pending = 0;
+    unsigned bits = 0;
+    for (const char letter : text) {
+        const std::size_t value = kLetters.find(letter);
+        if (value == std::string_view::npos) {
+            return std::nullopt;
+        }
+        pending = (pending << kBitsOfALetter) | static_cast<std::uint32_t>(value);
+        bits += kBitsOfALetter;
+        if (bits >= kBitsOfAByte) {
+            bits -= kBitsOfAByte;
+            bytes += static_cast<char>(static_cast<std::uint8_t>(pending >> bits));
+        }
+    }
+    return bytes;
+}
 
 std::optional<std::string> dataOf(const std::string& place, std::string_view uri) {
     if (!uri.starts_with(kDataScheme)) {

@@ -6,6 +6,9 @@
 
 namespace qelview {
 
+/// Decodes Base64 text, which must be padded; nothing if it is invalid.
+[[nodiscard]] std::optional<std::string> decodeBase64(std::string_view text);
+
 /// The bytes that a data URI holds as Base64 text; nothing for other URIs.
 /// @throws ReadError naming `place` if it is a data URI without such text.
 [[nodiscard]] std::optional<std::string> dataOf(const std::string& place, std::string_view uri);

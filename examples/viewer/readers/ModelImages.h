@@ -19,8 +19,9 @@ class ModelImages {
     /// @param name in UTF-8.
     /// @throws ReadError with the name and the reason.
     [[nodiscard]] std::shared_ptr<const TextureImage> fileNamed(std::string_view name);
-    /// @throws ReadError with the reason alone.
-    [[nodiscard]] std::shared_ptr<const TextureImage> decoded(std::string_view bytes);
+    /// @throws ReadError with the place and the reason.
+    [[nodiscard]] std::shared_ptr<const TextureImage> decoded(const std::string& place,
+                                                              std::string_view bytes);
     /// Counts an image that is made from others.
     /// @throws ReadError if it exceeds the limit.
     void takePixels(std::uint64_t count);

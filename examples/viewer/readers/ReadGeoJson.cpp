@@ -98,7 +98,7 @@ class GeoJsonReader {
     void addName(const json& feature, const qel::XPnt3d& at) {
         const json& properties = memberOf(feature, "properties");
         for (const char* const key : {"name", "NAME", "Name"}) {
-            const json& name = properties.is_object() ? memberOf(properties, key) : properties;
+            const json& name = memberOf(properties, key);
             if (name.is_string() && !name.get_ref<const std::string&>().empty()) {
                 scene.labels.push_back({at, name.get<std::string>()});
                 return;
@@ -123,10 +123,17 @@ class GeoJsonReader {
             readSingle(single, coordinates);
             return;
         }
+        readEach(coordinates, "part",
+                 [&](const json& part) { readSingle(single, requireArray(part, "coordinates")); });
+    }
+
+    /// Reads the members of an array; what is wrong is named after the number of its member.
+    template <class Read>
+    void readEach(const json& members, const char* what, const Read& read) {
         const std::string outside = place;
-        for (std::size_t i = 0; i < coordinates.size(); ++i) {
-            place = outside + ", " + numbered("part", i);
-            readSingle(single, requireArray(coordinates[i], "coordinates"));
+        for (std::size_t i = 0; i < members.size(); ++i) {
+            place = outside + ", " + numbered(what, i);
+            read(members[i]);
         }
         place = outside;
     }
@@ -136,12 +143,8 @@ class GeoJsonReader {
             refuseHere("collections are nested more than " + std::to_string(kDeepestCollection) + " deep");
         }
         const json& members = requireArray(memberOf(collection, "geometries"), "geometries");
-        const std::string outside = place;
-        for (std::size_t i = 0; i < members.size(); ++i) {
-            place = outside + ", " + numbered("geometry", i);
-            readGeometry(requireObject(members[i]), depth + 1);
-        }
-        place = outside;
+        readEach(members, "geometry",
+                 [&](const json& member) { readGeometry(requireObject(member), depth + 1); });
     }
 
     void readSingle(const std::string& type, const json& coordinates) {
@@ -161,16 +164,13 @@ class GeoJsonReader {
     void readPolygon(const json& coordinates) {
         Polygon polygon;
         polygon.style = kPolygonStyle;
-        const std::string outside = place;
-        for (std::size_t i = 0; i < coordinates.size(); ++i) {
-            place = outside + ", " + numbered("ring", i);
-            Points ring = positionsOf(requireArray(coordinates[i], "positions"), kFewestOfARing);
+        readEach(coordinates, "ring", [&](const json& positions) {
+            Points ring = positionsOf(requireArray(positions, "positions"), kFewestOfARing);
             if (ring.front().x != ring.back().x || ring.front().y != ring.back().y) {
                 refuseHere("the ring is not closed: its last position is not its first");
             }
             polygon.rings.push_back(std::move(ring));
-        }
-        place = outside;
+        });
         scene.polygons.push_back(std::move(polygon));
     }
 

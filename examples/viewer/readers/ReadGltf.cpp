@@ -106,12 +106,9 @@ class GltfReading {
                 hasParent[child] = true;
             }
         }
-        std::vector<std::size_t> numbers;
-        for (std::size_t i = 0; i < hasParent.size(); ++i) {
-            if (!hasParent[i]) {
-                numbers.push_back(i);
-            }
-        }
+        std::vector<std::size_t> numbers(hasParent.size());
+        std::iota(numbers.begin(), numbers.end(), 0U);
+        std::erase_if(numbers, [&hasParent](std::size_t number) { return hasParent[number]; });
         return numbers;
     }
 
@@ -132,10 +129,29 @@ class GltfReading {
         }
     }
 
+    /// An attribute that may be missing, one element a vertex.
+    /// @param shown makes it of three numbers.
+    template <class Shown>
+    [[nodiscard]] auto attributeOf(const std::string& place, const json& attributes, const char* name,
+                                   std::size_t widest, std::size_t vertices, const Shown& shown) const {
+        std::vector<decltype(shown(0.0, 0.0, 0.0))> elements;
+        if (attributes.contains(name)) {
+            const auto [width, values] = file.numbers(place, attributes[name], 3, widest);
+            if (values.size() / width != vertices) {
+                refuse(place, "its attribute " + inQuotes(name) + " and its positions differ in length");
+            }
+            elements.reserve(vertices);
+            for (std::size_t i = 0; i < values.size(); i += width) {
+                elements.push_back(shown(values[i], values[i + 1], values[i + 2]));
+            }
+        }
+        return elements;
+    }
+
     void placePrimitive(const std::string& place, const json& primitive, const GltfPlacement& placement,
                         const ProgressStretch& progressOfPrimitive) {
         const json& attributes = memberOf(primitive, "attributes");
-        if (!attributes.is_object() || !attributes.contains("POSITION")) {
+        if (!attributes.contains("POSITION")) {
             refuse(place, "it has no positions");
         }
         Points positions = positionsOf(place, attributes, placement, progressOfPrimitive.part(0.0, 0.5));
@@ -145,7 +161,8 @@ class GltfReading {
         }
         const std::vector<std::uint32_t> corners =
             cornersOf(place, primitive, positions.size(), progressOfPrimitive.part(0.5, 1.0));
-        std::vector<qel::QelColor3f> colors = colorsOf(place, attributes, positions.size());
+        std::vector<qel::QelColor3f> colors =
+            attributeOf(place, attributes, "COLOR_0", 4, positions.size(), shownColor);
         if (mode == Dots) {
             placeDots(corners, positions, colors);
         } else if (mode < Triangles) {
@@ -155,10 +172,17 @@ class GltfReading {
             mesh.indices = trianglesOf(corners, mode);
             mesh.positions = std::move(positions);
             mesh.colors = std::move(colors);
-            mesh.color = materialColor(place, primitive);
-            mesh.normals = normalsOf(place, attributes, placement, mesh.positions.size());
-            dress(mesh, place, primitive, attributes);
-            placeTriangles(std::move(mesh));
+            if (primitive.contains("material")) {
+                showMaterial(mesh, place, file.element(place, "materials", primitive["material"]),
+                             attributes);
+            }
+            mesh.normals = attributeOf(place, attributes, "NORMAL", 3, mesh.positions.size(),
+                                       [&](double x, double y, double z) {
+                                           return unitNormal(placement.normal({x, y, z}));
+                                       });
+            if (!mesh.indices.empty()) {
+                scene.meshes.push_back(std::move(mesh));
+            }
         }
     }
 
@@ -215,79 +239,18 @@ class GltfReading {
         return corners;
     }
 
-    /// The numbers of an attribute that may be missing, one element a vertex.
-    [[nodiscard]] GltfNumbers attributeOf(const std::string& place, const json& attributes, const char* name,
-                                          std::size_t widest, std::size_t vertices) const {
-        if (!attributes.contains(name)) {
-            return {1, {}};
-        }
-        GltfNumbers numbers = file.numbers(place, attributes[name], 3, widest);
-        if (numbers.count() != vertices) {
-            refuse(place, "its attribute " + inQuotes(name) + " and its positions differ in length");
-        }
-        return numbers;
-    }
-
-    [[nodiscard]] std::vector<qel::QelColor3f> colorsOf(const std::string& place, const json& attributes,
-                                                        std::size_t vertices) const {
-        const GltfNumbers numbers = attributeOf(place, attributes, "COLOR_0", 4, vertices);
-        std::vector<qel::QelColor3f> colors;
-        colors.reserve(numbers.count());
-        for (std::size_t i = 0; i < numbers.values.size(); i += numbers.width) {
-            colors.emplace_back(shownShare(numbers.values[i]), shownShare(numbers.values[i + 1]),
-                                shownShare(numbers.values[i + 2]));
-        }
-        return colors;
-    }
-
-    [[nodiscard]] std::vector<qel::XPnt3f> normalsOf(const std::string& place, const json& attributes,
-                                                     const GltfPlacement& placement,
-                                                     std::size_t vertices) const {
-        const GltfNumbers numbers = attributeOf(place, attributes, "NORMAL", 3, vertices);
-        std::vector<qel::XPnt3f> normals;
-        normals.reserve(numbers.count());
-        for (std::size_t i = 0; i < numbers.values.size(); i += numbers.width) {
-            normals.emplace_back(unitNormal(
-                placement.normal({numbers.values[i], numbers.values[i + 1], numbers.values[i + 2]})));
-        }
-        return normals;
-    }
-
-    [[nodiscard]] qel::QelColor3f materialColor(const std::string& place, const json& primitive) const {
-        if (!primitive.contains("material")) {
-            return TriangleMesh().color;
-        }
-        const json& material = file.element(place, "materials", primitive["material"]);
+    void showMaterial(TriangleMesh& mesh, const std::string& place, const json& material,
+                      const json& attributes) {
         std::array<double, 3> color{1.0, 1.0, 1.0};
-        const json& roughness = memberOf(material, "pbrMetallicRoughness");
-        if (roughness.is_object()) {
-            readNumbers(place, roughness, "baseColorFactor", color.data(), color.size());
-        }
-        const json& extensions = memberOf(material, "extensions");
-        const json& gloss =
-            extensions.is_object() ? memberOf(extensions, "KHR_materials_pbrSpecularGlossiness") : extensions;
-        if (gloss.is_object()) {
-            readNumbers(place, gloss, "diffuseFactor", color.data(), color.size());
-        }
-        return {shownShare(color[0]), shownShare(color[1]), shownShare(color[2])};
-    }
-
-    void dress(TriangleMesh& mesh, const std::string& place, const json& primitive, const json& attributes) {
-        if (!primitive.contains("material")) {
-            return;
-        }
+        readNumbers(place, memberOf(material, "pbrMetallicRoughness"), "baseColorFactor", color);
+        const json& gloss = memberOf(memberOf(material, "extensions"), "KHR_materials_pbrSpecularGlossiness");
+        readNumbers(place, gloss, "diffuseFactor", color);
+        mesh.color = shownColor(color[0], color[1], color[2]);
         try {
-            textures.dress(mesh, place, file.element(place, "materials", primitive["material"]), attributes);
+            textures.dress(mesh, place, material, attributes);
         } catch (const ReadError& error) {
             warnings.add("texture", error.what());
         }
-    }
-
-    void placeTriangles(TriangleMesh&& mesh) {
-        if (mesh.indices.empty()) {
-            return;
-        }
-        scene.meshes.push_back(std::move(mesh));
     }
 
     void placeLines(const std::vector<std::uint32_t>& corners, const Points& positions, std::uint64_t mode) {

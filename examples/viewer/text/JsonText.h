@@ -9,7 +9,7 @@ namespace qelview {
 /// @throws ReadError that names the line of a syntax error.
 [[nodiscard]] nlohmann::json parseJson(std::string_view text);
 
-/// A member of an object; null if there is none.
+/// A member of an object; null if there is none, or the value is no object.
 [[nodiscard]] const nlohmann::json& memberOf(const nlohmann::json& object, const char* name);
 
 }  // namespace qelview

@@ -1,4 +1,4 @@
-#include "Base64.h"
+#include "GltfUri.h"
 
 #include <gtest/gtest.h>
 
@@ -25,6 +25,7 @@ const std::vector<Coded> kCoded{
     {"TwoBytes", "TWE=", "Ma"},
     {"ThreeBytes", "TWFu", "Man"},
     {"EachKindOfLetter", "AZaz09+/", std::string("\x01\x96\xB3\xD3\xDF\xBF", 6)},
+    {"LettersOfTheEnd", "+/8A", std::string("\xFB\xFF\0", 3)},
     {"AByteOfZero", "AAAA", std::string(3, '\0')},
     {"APieceOfFourLetters", "TWF", std::nullopt},
     {"ALetterOfAnotherAlphabet", "TW-u", std::nullopt},

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "Base64.h"
 #include "viewer/ViewerData.h"
 
 namespace {
@@ -23,16 +22,6 @@ TEST(FileBytes, AreRefusedBeyondTheirMost) {
     const TemporaryFile file("five.bin", "12345");
     EXPECT_EQ(qel::test::refusalOf([&] { return qelview::readBytes(file.path(), 4); }),
               "the file is larger than 4 bytes");
-}
-
-TEST(FileBytes, StandInBase64WithAnyPadding) {
-    EXPECT_EQ(qelview::decodeBase64(""), "");
-    EXPECT_EQ(qelview::decodeBase64("QQ=="), "A");
-    EXPECT_EQ(qelview::decodeBase64("QUI="), "AB");
-    EXPECT_EQ(qelview::decodeBase64("QUJD"), "ABC");
-    EXPECT_EQ(qelview::decodeBase64("+/8A"), std::string("\xFB\xFF\0", 3));
-    EXPECT_EQ(qelview::decodeBase64("A==="), std::nullopt);
-    EXPECT_EQ(qelview::decodeBase64("QUJ"), std::nullopt);
 }
 
 }  // namespace

@@ -151,15 +151,16 @@ TEST(ModelImages, TakesFilesNextToTheModelOnly) {
 
 TEST(ModelImages, RefusesMorePixelsThanAModelMayHave) {
     qelview::ModelImages images("model.obj");
-    EXPECT_NE(images.decoded(qel::test::fourPixels()), nullptr);
+    EXPECT_NE(images.decoded("image 3", qel::test::fourPixels()), nullptr);
     images.takePixels(qelview::kMostPixelsOfAModel - 8);
-    EXPECT_NE(images.decoded(qel::test::fourPixels()), nullptr);
+    EXPECT_NE(images.decoded("image 3", qel::test::fourPixels()), nullptr);
     EXPECT_EQ(refusalOf([&] {
                   images.takePixels(1);
                   return 0;
               }),
               "the images of the model are too large");
-    EXPECT_EQ(refusalOf([&] { return images.decoded(qel::test::fourPixels()); }), "too large: 2 x 2 pixels");
+    EXPECT_EQ(refusalOf([&] { return images.decoded("image 3", qel::test::fourPixels()); }),
+              "image 3: too large: 2 x 2 pixels");
 }
 
 }  // namespace
