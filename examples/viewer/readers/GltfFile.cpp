@@ -233,7 +233,8 @@ GltfNumbers GltfFile::numbers(const std::string& place, const json& accessor, st
     const json& view = element(itsPlace, "bufferViews", memberOf(its, "bufferView"));
     const ScalarType type = typeOf(itsPlace, wholeOf(itsPlace, its, "componentType", 0));
     const bool areShares = memberOf(its, "normalized") == true && type != ScalarType::Float32;
-    const std::uint64_t size = width * sizeOf(type);
+    const ScalarReading& reading = readingOf(type);
+    const std::uint64_t size = width * reading.size;
     const std::uint64_t stride = std::max(size, wholeOf(itsPlace, view, "byteStride", size));
     const std::uint64_t elements = wholeOf(itsPlace, its, "count", 0);
     const std::uint64_t offset = wholeOf(itsPlace, its, "byteOffset", 0);
@@ -247,9 +248,9 @@ GltfNumbers GltfFile::numbers(const std::string& place, const json& accessor, st
     for (std::uint64_t i = 0; i < elements; ++i) {
         const char* const first = bytes.data() + offset + i * stride;
         for (std::size_t k = 0; k < width; ++k) {
-            const double number = readAs(type, first + k * sizeOf(type), ByteOrder::Little);
+            const double number = reading.read(first + k * reading.size, ByteOrder::Little);
             // The lowest of a signed type lies beyond -1 by one step.
-            numbers.values.push_back(areShares ? std::max(number / maxValueOf(type), -1.0) : number);
+            numbers.values.push_back(areShares ? std::max(number / reading.maxValue, -1.0) : number);
         }
     }
     return numbers;

@@ -15,7 +15,7 @@ class AsciiBody final : public PlyBody {
   public:
     AsciiBody(std::string_view bytes, const PlyHeader& header, Warnings& warningsOfFile,
               const ProgressStretch& progress)
-        : text(bytes), lines(bytes, progress), warnings(warningsOfFile) {
+        : lines(bytes, progress), warnings(warningsOfFile) {
         while (lines.number() + 1 < header.bodyFirstLine && lines.next()) {
         }
     }
@@ -50,17 +50,11 @@ class AsciiBody final : public PlyBody {
         }
         warnings.add(here(), reason);
     }
-    [[noreturn]] void refuseHere(const std::string& reason) const override { lines.refuseLine(reason); }
     [[nodiscard]] std::string here() const override { return atLine(lines.number()); }
     [[nodiscard]] std::string_view records() const override { return {}; }
     void passRecords(std::size_t) override {}
-    /// Each value takes a digit and a separator.
-    [[nodiscard]] std::uint64_t mostInstances(const PlyElement& element) const override {
-        return (text.size() - std::min(lines.position(), text.size())) / (2 * element.properties.size()) + 1;
-    }
 
   private:
-    std::string_view text;
     TextLines lines;
     Warnings& warnings;
     std::vector<std::string_view> words;
@@ -83,27 +77,18 @@ class BinaryBody final : public PlyBody {
         }
     }
     double next(ScalarType type) override {
-        if (body.size() - used < sizeOf(type)) {
+        const ScalarReading& reading = readingOf(type);
+        if (body.size() - used < reading.size) {
             refuseHere("the file ends here");
         }
         const char* const from = body.data() + used;
-        used += sizeOf(type);
-        return readAs(type, from, order);
+        used += reading.size;
+        return reading.read(from, order);
     }
     void endInstance() override {}
-    [[noreturn]] void refuseHere(const std::string& reason) const override { refuse(here(), reason); }
     [[nodiscard]] std::string here() const override { return current->name + " " + std::to_string(instance); }
     [[nodiscard]] std::string_view records() const override { return body.substr(used); }
     void passRecords(std::size_t bytes) override { used += bytes; }
-    /// Lists can be empty, so each takes a length.
-    [[nodiscard]] std::uint64_t mostInstances(const PlyElement& element) const override {
-        std::size_t size = 0;
-        for (const PlyProperty& property : element.properties) {
-            size += sizeOf(property.countType.value_or(property.type));
-        }
-        // Elements without properties take no bytes and are ignored.
-        return size == 0 ? 0 : (body.size() - used) / size;
-    }
 
   private:
     std::string_view body;

@@ -8,6 +8,7 @@
 
 #include "PlyHeader.h"
 #include "Progress.h"
+#include "ReadError.h"
 #include "Warnings.h"
 
 namespace qelview {
@@ -22,15 +23,13 @@ class PlyBody {
     virtual double next(ScalarType type) = 0;
     /// @throws ReadError if there are more values, unless they are harmless.
     virtual void endInstance() = 0;
-    [[noreturn]] virtual void refuseHere(const std::string& reason) const = 0;
+    [[noreturn]] void refuseHere(const std::string& reason) const { refuse(here(), reason); }
     /// "line 12", "face 7": the current instance.
     [[nodiscard]] virtual std::string here() const = 0;
     /// The bytes that follow in a binary body; empty for text.
     [[nodiscard]] virtual std::string_view records() const = 0;
     /// Skips bytes of records.
     virtual void passRecords(std::size_t bytes) = 0;
-    /// Upper bound of the instances of an element that can follow, from the size of the file.
-    [[nodiscard]] virtual std::uint64_t mostInstances(const PlyElement& element) const = 0;
 };
 
 /// @param bytes of the whole file, which must live as long as the body.

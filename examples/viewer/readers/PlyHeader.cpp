@@ -18,35 +18,6 @@ constexpr std::size_t kLongestHeader = 1 << 20;
 constexpr std::size_t kMostNames = 1000;
 constexpr long long kMostInstances = 1LL << 31;
 
-std::optional<ScalarType> typeNamed(std::string_view name) {
-    static constexpr std::array<std::pair<std::string_view, ScalarType>, 17> kNames{{
-        {"char", ScalarType::Int8},
-        {"int8", ScalarType::Int8},
-        {"uchar", ScalarType::Uint8},
-        {"uint8", ScalarType::Uint8},
-        {"short", ScalarType::Int16},
-        {"int16", ScalarType::Int16},
-        {"ushort", ScalarType::Uint16},
-        {"uint16", ScalarType::Uint16},
-        {"int", ScalarType::Int32},
-        {"int32", ScalarType::Int32},
-        {"uint", ScalarType::Uint32},
-        {"uint32", ScalarType::Uint32},
-        {"float", ScalarType::Float32},
-        {"float32", ScalarType::Float32},
-        {"double", ScalarType::Float64},
-        {"double64", ScalarType::Float64},
-        {"float64", ScalarType::Float64},
-    }};
-    const auto* const found =
-        std::find_if(kNames.begin(), kNames.end(), [name](const auto& entry) { return entry.first == name; });
-    return found == kNames.end() ? std::nullopt : std::optional(found->second);
-}
-
-bool isLetter(char character) {
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
-
 class HeaderReader {
   public:
     HeaderReader(std::string_view bytes, Warnings& warningsOfFile)
@@ -82,13 +53,14 @@ class HeaderReader {
 
     void readStatement() {
         const std::string_view keyword = words[0];
+        const char first = lowered(keyword.front());
         if (keyword == "format") {
             readFormat();
         } else if (keyword == "element") {
             readElement();
         } else if (keyword == "property") {
             readProperty();
-        } else if (!isLetter(keyword.front())) {
+        } else if (first < 'a' || first > 'z') {
             lines.refuseLine(inQuotes(keyword) +
                              " is not a statement of a PLY header; end_header may be missing");
         } else if (keyword == "comment" && words.size() > 2 && words[1] == "TextureFile") {
@@ -153,11 +125,24 @@ class HeaderReader {
     }
 
     ScalarType readType(std::string_view word) {
-        const std::optional<ScalarType> type = typeNamed(word);
-        if (!type) {
+        /// In the order of the types.
+        static constexpr std::array<std::array<std::string_view, 3>, 8> kNames{{
+            {"char", "int8"},
+            {"uchar", "uint8"},
+            {"short", "int16"},
+            {"ushort", "uint16"},
+            {"int", "int32"},
+            {"uint", "uint32"},
+            {"float", "float32"},
+            {"double", "float64", "double64"},
+        }};
+        const auto* const found = std::find_if(kNames.begin(), kNames.end(), [word](const auto& names) {
+            return std::find(names.begin(), names.end(), word) != names.end();
+        });
+        if (found == kNames.end()) {
             lines.refuseLine("unknown type " + inQuotes(word));
         }
-        return *type;
+        return static_cast<ScalarType>(found - kNames.begin());
     }
 
     void requireVertices() {
@@ -188,6 +173,15 @@ class HeaderReader {
 bool PlyElement::hasList() const {
     return std::any_of(properties.begin(), properties.end(),
                        [](const PlyProperty& property) { return property.countType.has_value(); });
+}
+
+std::size_t PlyElement::fewestBytes(bool isAscii) const {
+    std::size_t bytes = 0;
+    for (const PlyProperty& property : properties) {
+        // In text, each value takes a digit and a separator. Lists can be empty, so each takes a length.
+        bytes += isAscii ? 2 : readingOf(property.countType.value_or(property.type)).size;
+    }
+    return bytes;
 }
 
 const PlyElement* PlyHeader::find(std::string_view name) const {

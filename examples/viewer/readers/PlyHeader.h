@@ -26,6 +26,8 @@ struct PlyElement {
     std::vector<PlyProperty> properties;
 
     [[nodiscard]] bool hasList() const;
+    /// How many bytes an instance takes at least: all of a binary one without lists.
+    [[nodiscard]] std::size_t fewestBytes(bool isAscii) const;
 };
 
 /// What the header of a PLY file declares.

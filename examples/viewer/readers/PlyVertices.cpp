@@ -1,7 +1,11 @@
 #include "PlyVertices.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "MeshLook.h"
@@ -11,53 +15,53 @@
 
 namespace qelview {
 
-PlyMeaning meaningOf(const PlyElement& element, const PlyProperty& property) {
-    struct Name {
-        std::string_view element;
-        std::string_view property;
-        PlyMeaning meaning;
-    };
-    static constexpr std::array<Name, 30> kNames{{
-        {"vertex", "x", {PlyUse::Position, 0}},
-        {"vertex", "y", {PlyUse::Position, 1}},
-        {"vertex", "z", {PlyUse::Position, 2}},
-        {"vertex", "nx", {PlyUse::Normal, 0}},
-        {"vertex", "ny", {PlyUse::Normal, 1}},
-        {"vertex", "nz", {PlyUse::Normal, 2}},
-        {"vertex", "red", {PlyUse::Color, 0}},
-        {"vertex", "green", {PlyUse::Color, 1}},
-        {"vertex", "blue", {PlyUse::Color, 2}},
-        {"vertex", "r", {PlyUse::Color, 0}},
-        {"vertex", "g", {PlyUse::Color, 1}},
-        {"vertex", "b", {PlyUse::Color, 2}},
-        {"vertex", "s", {PlyUse::TexCoord, 0}},
-        {"vertex", "t", {PlyUse::TexCoord, 1}},
-        {"vertex", "u", {PlyUse::TexCoord, 0}},
-        {"vertex", "v", {PlyUse::TexCoord, 1}},
-        {"vertex", "texture_u", {PlyUse::TexCoord, 0}},
-        {"vertex", "texture_v", {PlyUse::TexCoord, 1}},
-        {"vertex", "diffuse_red", {PlyUse::Color, 0}},
-        {"vertex", "diffuse_green", {PlyUse::Color, 1}},
-        {"vertex", "diffuse_blue", {PlyUse::Color, 2}},
-        {"material", "diffuse_red", {PlyUse::MaterialColor, 0}},
-        {"material", "diffuse_green", {PlyUse::MaterialColor, 1}},
-        {"material", "diffuse_blue", {PlyUse::MaterialColor, 2}},
-        {"face", "vertex_indices", {PlyUse::Corners, 0}},
-        {"face", "vertex_index", {PlyUse::Corners, 0}},
-        {"face", "texcoord", {PlyUse::CornerTexCoords, 0}},
-        {"face", "texnumber", {PlyUse::Image, 0}},
-        {"tristrips", "vertex_indices", {PlyUse::Strips, 0}},
-        {"tristrips", "vertex_index", {PlyUse::Strips, 0}},
-    }};
-    const auto* const found = std::find_if(kNames.begin(), kNames.end(), [&](const Name& name) {
-        return name.element == element.name && name.property == property.name;
-    });
-    if (found == kNames.end()) {
-        return {};
+namespace {
+
+/// Sets a member of the elements from `first` on; of none if they are not kept.
+template <class Element, class Member, class Shown>
+void setMembers(std::vector<Element>& elements, Member Element::*member, std::size_t first,
+                std::span<const double> values, const Shown& shown) {
+    const std::size_t count = elements.empty() ? 0 : values.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        elements[first + i].*member = shown(values[i]);
     }
-    const PlyUse use = found->meaning.use;
-    const bool isList = use == PlyUse::Corners || use == PlyUse::CornerTexCoords || use == PlyUse::Strips;
-    return isList == property.countType.has_value() ? found->meaning : PlyMeaning();
+}
+
+}  // namespace
+
+PlyMeaning meaningOf(const PlyElement& element, const PlyProperty& property) {
+    struct Names {
+        std::string_view element;
+        PlyUse use;
+        /// By the axes.
+        std::array<std::string_view, 3> properties;
+    };
+    static constexpr std::array<Names, 15> kNames{{
+        {"vertex", PlyUse::Position, {"x", "y", "z"}},
+        {"vertex", PlyUse::Normal, {"nx", "ny", "nz"}},
+        {"vertex", PlyUse::Color, {"red", "green", "blue"}},
+        {"vertex", PlyUse::Color, {"r", "g", "b"}},
+        {"vertex", PlyUse::Color, {"diffuse_red", "diffuse_green", "diffuse_blue"}},
+        {"vertex", PlyUse::TexCoord, {"s", "t"}},
+        {"vertex", PlyUse::TexCoord, {"u", "v"}},
+        {"vertex", PlyUse::TexCoord, {"texture_u", "texture_v"}},
+        {"material", PlyUse::MaterialColor, {"diffuse_red", "diffuse_green", "diffuse_blue"}},
+        {"face", PlyUse::Corners, {"vertex_indices"}},
+        {"face", PlyUse::Corners, {"vertex_index"}},
+        {"face", PlyUse::CornerTexCoords, {"texcoord"}},
+        {"face", PlyUse::Image, {"texnumber"}},
+        {"tristrips", PlyUse::Strips, {"vertex_indices"}},
+        {"tristrips", PlyUse::Strips, {"vertex_index"}},
+    }};
+    for (const auto& [elementName, use, properties] : kNames) {
+        const auto axis = std::find(properties.begin(), properties.end(), property.name) - properties.begin();
+        const bool isList = use == PlyUse::Corners || use == PlyUse::CornerTexCoords || use == PlyUse::Strips;
+        if (elementName == element.name && axis < std::ssize(properties) &&
+            isList == property.countType.has_value()) {
+            return {use, static_cast<std::size_t>(axis)};
+        }
+    }
+    return {};
 }
 
 bool uses(const PlyElement& element, PlyUse use) {
@@ -65,113 +69,44 @@ bool uses(const PlyElement& element, PlyUse use) {
                        [&](const PlyProperty& property) { return meaningOf(element, property).use == use; });
 }
 
-PlyVertices::PlyVertices(const PlyElement& element, bool areOfFaces, bool areTextured)
-    : haveFaces(areOfFaces),
-      haveNormals(areOfFaces && uses(element, PlyUse::Normal)),
-      haveTexCoords(areTextured),
-      haveColors(!areTextured && uses(element, PlyUse::Color)) {}
-
-void PlyVertices::reserve(std::size_t count) {
-    mesh.positions.reserve(count);
-    if (haveNormals) {
-        mesh.normals.reserve(count);
-    }
-    if (haveTexCoords) {
-        mesh.texCoords.reserve(count);
-    }
-    if (haveColors && haveFaces) {
-        mesh.colors.reserve(count);
-    } else if (haveColors) {
-        colorsOfPoints.reserve(count);
-    }
-}
-
-void PlyVertices::resize(std::size_t count) {
+PlyVertices::PlyVertices(const PlyElement& element, std::size_t count, bool areOfFaces, bool areTextured) {
+    const bool haveColors = !areTextured && uses(element, PlyUse::Color);
     mesh.positions.resize(count);
-    if (haveNormals) {
-        mesh.normals.resize(count);
-    }
-    if (haveTexCoords) {
-        mesh.texCoords.resize(count);
-    }
-    if (haveColors && haveFaces) {
-        mesh.colors.resize(count, qel::QelColor3f(0.0F, 0.0F, 0.0F));
-    } else if (haveColors) {
-        colorsOfPoints.resize(count, qel::QelColor3b(0, 0, 0));
-    }
+    mesh.normals.resize(areOfFaces && uses(element, PlyUse::Normal) ? count : 0);
+    mesh.texCoords.resize(areTextured ? count : 0);
+    mesh.colors.resize(haveColors && areOfFaces ? count : 0, {0.0F, 0.0F, 0.0F});
+    colorsOfPoints.resize(haveColors && !areOfFaces ? count : 0, {0, 0, 0});
 }
 
 std::size_t PlyVertices::setColumn(const PlyMeaning& meaning, ScalarType type, std::size_t first,
-                                   const double* values, std::size_t count) {
-    const double whole = maxValueOf(type);
-    switch (meaning.use) {
-        case PlyUse::Position: {
-            constexpr std::array<double qel::XPnt3d::*, 3> kAxes{&qel::XPnt3d::x, &qel::XPnt3d::y,
-                                                                 &qel::XPnt3d::z};
-            double qel::XPnt3d::*const axis = kAxes.at(meaning.axis);
-            for (std::size_t i = 0; i < count; ++i) {
-                if (!(std::abs(values[i]) <= kLargestCoordinate)) {
-                    return i;
-                }
-                mesh.positions[first + i].*axis = values[i];
-            }
-            break;
-        }
-        case PlyUse::Normal: {
-            constexpr std::array<float qel::XPnt3f::*, 3> kAxes{&qel::XPnt3f::x, &qel::XPnt3f::y,
-                                                                &qel::XPnt3f::z};
+                                   std::span<const double> values) {
+    constexpr std::array kCoordinates{&qel::XPnt3d::x, &qel::XPnt3d::y, &qel::XPnt3d::z};
+    constexpr std::array kDirections{&qel::XPnt3f::x, &qel::XPnt3f::y, &qel::XPnt3f::z};
+    constexpr std::array kBytes{&qel::QelColor3b::r, &qel::QelColor3b::g, &qel::QelColor3b::b};
+    constexpr std::array kTexCoords{&qel::ArrayTexCoord2f::u, &qel::ArrayTexCoord2f::v};
+    if (meaning.use == PlyUse::Position) {
+        const auto unsound = std::find_if_not(
+            values.begin(), values.end(), [](double value) { return std::abs(value) <= kLargestCoordinate; });
+        values = {values.begin(), unsound};
+        setMembers(mesh.positions, kCoordinates.at(meaning.axis), first, values, std::identity());
+    } else if (meaning.use == PlyUse::Normal) {
+        setMembers(mesh.normals, kDirections.at(meaning.axis), first, values, [](double value) {
             constexpr double kLongest = 1e18;
-            float qel::XPnt3f::*const axis = kAxes.at(meaning.axis);
-            for (std::size_t i = 0; haveNormals && i < count; ++i) {
-                mesh.normals[first + i].*axis =
-                    static_cast<float>(std::clamp(values[i], -kLongest, kLongest));
-            }
-            break;
-        }
-        case PlyUse::Color:
-            if (haveColors) {
-                setColors(meaning.axis, whole, first, values, count);
-            }
-            break;
-        case PlyUse::TexCoord:
-            if (haveTexCoords) {
-                setTexCoords(meaning.axis, first, values, count);
-            }
-            break;
-        default:
-            break;
+            return static_cast<float>(std::clamp(value, -kLongest, kLongest));
+        });
+    } else if (meaning.use == PlyUse::Color) {
+        const auto shown = [share = 1.0 / readingOf(type).maxValue](double value) {
+            return shownShare(value * share);
+        };
+        setMembers(mesh.colors, kChannels.at(meaning.axis), first, values, shown);
+        setMembers(colorsOfPoints, kBytes.at(meaning.axis), first, values,
+                   [&](double value) { return byteOf(shown(value)); });
+    } else if (meaning.use == PlyUse::TexCoord) {
+        const auto axis = kTexCoords.at(meaning.axis);
+        setMembers(mesh.texCoords, axis, first, values,
+                   [&](double value) { return TexturePlacement::upwards().placed(value, value).*axis; });
     }
-    return count;
-}
-
-void PlyVertices::setTexCoords(std::size_t axis, std::size_t first, const double* values, std::size_t count) {
-    const TexturePlacement placement = TexturePlacement::upwards();
-    for (std::size_t i = 0; i < count; ++i) {
-        qel::ArrayTexCoord2f& texCoord = mesh.texCoords[first + i];
-        if (axis == 0) {
-            texCoord.u = placement.placed(values[i], 0.0).u;
-        } else {
-            texCoord.v = placement.placed(0.0, values[i]).v;
-        }
-    }
-}
-
-void PlyVertices::setColors(std::size_t channel, double whole, std::size_t first, const double* values,
-                            std::size_t count) {
-    constexpr std::array<float qel::QelColor3f::*, 3> kShares{&qel::QelColor3f::r, &qel::QelColor3f::g,
-                                                              &qel::QelColor3f::b};
-    constexpr std::array<std::uint8_t qel::QelColor3b::*, 3> kBytes{&qel::QelColor3b::r, &qel::QelColor3b::g,
-                                                                    &qel::QelColor3b::b};
-    const double share = 1.0 / whole;
-    for (std::size_t i = 0; i < count; ++i) {
-        const float shown = shownShare(values[i] * share);
-        if (haveFaces) {
-            mesh.colors[first + i].*kShares.at(channel) = shown;
-        } else {
-            colorsOfPoints[first + i].*kBytes.at(channel) =
-                static_cast<std::uint8_t>(std::lround(shown * 255.0F));
-        }
-    }
+    return values.size();
 }
 
 TriangleMesh PlyVertices::takeMesh() {

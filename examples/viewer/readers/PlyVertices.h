@@ -1,9 +1,8 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
+#include <span>
 #include <vector>
 
 #include "PlyHeader.h"
@@ -43,29 +42,20 @@ struct PlyMeaning {
 /// The vertices of a PLY file, value by value or column by column.
 class PlyVertices {
   public:
+    /// @param count of the vertices, which begin with values of 0.
     /// @param areOfFaces vertices of faces keep normals and shares of colours, others bytes of colours alone.
     /// @param areTextured vertices keep texture coordinates, and no colours.
-    PlyVertices(const PlyElement& element, bool areOfFaces, bool areTextured);
+    PlyVertices(const PlyElement& element, std::size_t count, bool areOfFaces, bool areTextured);
 
-    void reserve(std::size_t count);
-    /// New ones begin with values of 0.
-    void resize(std::size_t count);
     /// Values of one property of following vertices.
     /// @return how many are sound: all, or up to the first coordinate that cannot be drawn.
-    std::size_t setColumn(const PlyMeaning& meaning, ScalarType type, std::size_t first, const double* values,
-                          std::size_t count);
+    std::size_t setColumn(const PlyMeaning& meaning, ScalarType type, std::size_t first,
+                          std::span<const double> values);
     [[nodiscard]] TriangleMesh takeMesh();
     [[nodiscard]] PointCloud takeCloud();
 
   private:
-    void setTexCoords(std::size_t axis, std::size_t first, const double* values, std::size_t count);
-    void setColors(std::size_t channel, double whole, std::size_t first, const double* values,
-                   std::size_t count);
-
-    bool haveFaces;
-    bool haveNormals;
-    bool haveTexCoords;
-    bool haveColors;
+    /// Without the arrays of what is not kept.
     TriangleMesh mesh;
     std::vector<qel::QelColor3b> colorsOfPoints;
 };

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,7 +14,6 @@
 #include "MeshLook.h"
 #include "PlyBody.h"
 #include "PlyHeader.h"
-#include "PlyTexturedFaces.h"
 #include "PlyTextures.h"
 #include "PlyVertices.h"
 #include "ReadError.h"
@@ -32,19 +32,19 @@ constexpr std::size_t kBlock = 1024;
 
 class PlyReading {
   public:
-    PlyReading(PlyBody& bodyOfFile, const PlyHeader& fileHeader, const std::filesystem::path& file,
-               Warnings& warningsOfFile, const ProgressStretch& progressOfFile)
-        : body(bodyOfFile),
-          header(fileHeader),
-          warnings(warningsOfFile),
+    PlyReading(std::string_view bytes, const std::filesystem::path& file,
+               const ProgressStretch& progressOfFile)
+        : header(readPlyHeader(bytes, warnings)),
+          body(bodyOf(bytes, header, warnings, progressOfFile)),
           progress(progressOfFile),
           vertexElement(*header.find("vertex")),
           haveFaces(hasFaces(header)),
           texture(textureOfVertices(header, file, warnings)),
-          vertices(vertexElement, haveFaces, texture != nullptr) {
-        if (texture) {
-            color = {1.0F, 1.0F, 1.0F};
-        }
+          // The header may declare more than the file has room for.
+          vertices(
+              vertexElement,
+              std::min(vertexElement.count, bytes.size() / vertexElement.fewestBytes(header.isAscii) + 1),
+              haveFaces, texture != nullptr) {
         if (hasTexturedFaces(header)) {
             texturedFaces.emplace(header.textureFiles, file);
         }
@@ -62,24 +62,16 @@ class PlyReading {
             }
             isVertex = &element == &vertexElement;
             isFace = uses(element, PlyUse::Corners);
-            if (isVertex) {
-                vertices.reserve(std::min(element.count, body.mostInstances(element)));
-            }
             if (header.isAscii || element.hasList()) {
                 readInstances(element);
             } else {
                 readRecords(element);
             }
         }
-        if (!body.records().empty()) {
-            warnings.add("end of file", std::to_string(body.records().size()) +
+        if (!body->records().empty()) {
+            warnings.add("end of file", std::to_string(body->records().size()) +
                                             " bytes behind the last element are left out");
         }
-        return finished();
-    }
-
-  private:
-    Scene finished() {
         Scene scene;
         if (haveFaces) {
             placeFaces(scene);
@@ -90,18 +82,19 @@ class PlyReading {
         return scene;
     }
 
+  private:
     void placeFaces(Scene& scene) {
         TriangleMesh mesh = vertices.takeMesh();
         if (texturedFaces) {
             scene.meshes = texturedFaces->takeMeshes(mesh, warnings);
             for (TriangleMesh& textured : scene.meshes) {
-                textured.color = hasMaterial ? color : textured.color;
+                textured.color = material.value_or(textured.color);
             }
         }
         if (!scene.meshes.empty() && faces.isEmpty()) {
             return;
         }
-        mesh.color = color;
+        mesh.color = material.value_or(texture ? qel::QelColor3f(1.0F, 1.0F, 1.0F) : mesh.color);
         mesh.texture = texture;
         giveFaces(mesh, faces, warnings);
         addMeshOrCloud(scene, std::move(mesh));
@@ -109,26 +102,23 @@ class PlyReading {
 
     void readInstances(const PlyElement& element) {
         for (std::uint64_t index = 0; index < element.count; ++index) {
-            body.beginInstance(element, index);
+            body->beginInstance(element, index);
             if (const std::uint64_t triangles = readTriangles(element, index); triangles > 0) {
                 index += triangles - 1;
                 continue;
-            }
-            if (isVertex) {
-                vertices.resize(index + 1);
             }
             for (std::size_t i = 0; i < meanings.size(); ++i) {
                 const PlyProperty& property = element.properties[i];
                 if (property.countType) {
                     readList(property, meanings[i].use);
                 } else {
-                    const double value = body.next(property.type);
-                    if (takeColumn(property, meanings[i], index, &value, 1) == 0) {
+                    const double value = body->next(property.type);
+                    if (takeColumn(property, meanings[i], index, {&value, 1}) == 0) {
                         refuseCoordinate(property, value);
                     }
                 }
             }
-            body.endInstance();
+            body->endInstance();
             if (isFace) {
                 addFace();
             }
@@ -147,7 +137,7 @@ class PlyReading {
             property.countType != ScalarType::Uint8) {
             return 0;
         }
-        const std::string_view records = body.records();
+        const std::string_view records = body->records();
         const std::uint64_t most = std::min<std::uint64_t>(element.count - first, records.size() / kSize);
         if (first == 0) {
             faces.reserveTriangles(most);
@@ -166,24 +156,15 @@ class PlyReading {
             faces.add(triangle);
             ++count;
         }
-        body.passRecords(count * kSize);
+        body->passRecords(count * kSize);
         return count;
     }
 
     /// Instances of a fixed size in bytes, one property of a block of them after the other.
     void readRecords(const PlyElement& element) {
-        std::size_t size = 0;
-        for (const PlyProperty& property : element.properties) {
-            size += sizeOf(property.type);
-        }
-        if (size == 0) {
-            return;
-        }
-        const std::string_view records = body.records();
+        const std::size_t size = element.fewestBytes(false);
+        const std::string_view records = body->records();
         const std::uint64_t whole = std::min<std::uint64_t>(element.count, records.size() / size);
-        if (isVertex) {
-            vertices.resize(whole);
-        }
         std::array<double, kBlock> values;
         for (std::uint64_t first = 0; first < whole; first += kBlock) {
             const std::size_t count = std::min<std::uint64_t>(kBlock, whole - first);
@@ -191,56 +172,54 @@ class PlyReading {
             for (std::size_t i = 0; i < meanings.size(); ++i) {
                 const PlyProperty& property = element.properties[i];
                 if (meanings[i].use != PlyUse::None) {
-                    readColumn(property.type, from, size, count, header.byteOrder, values.data());
-                    const std::size_t sound = takeColumn(property, meanings[i], first, values.data(), count);
+                    readingOf(property.type).readColumn(from, size, count, header.byteOrder, values.data());
+                    const std::size_t sound =
+                        takeColumn(property, meanings[i], first, std::span(values).first(count));
                     if (sound < count) {
-                        body.beginInstance(element, first + sound);
+                        body->beginInstance(element, first + sound);
                         refuseCoordinate(property, values.at(sound));
                     }
                 }
-                from += sizeOf(property.type);
+                from += readingOf(property.type).size;
             }
             progress.reportPiece(first, whole);
         }
         if (whole < element.count) {
-            body.beginInstance(element, whole);
-            body.refuseHere("the file ends here");
+            body->beginInstance(element, whole);
+            body->refuseHere("the file ends here");
         }
-        body.passRecords(whole * size);
+        body->passRecords(whole * size);
     }
 
     /// How many values from the first on can be shown.
     std::size_t takeColumn(const PlyProperty& property, const PlyMeaning& meaning, std::uint64_t first,
-                           const double* values, std::size_t count) {
+                           std::span<const double> values) {
         if (isVertex) {
-            return vertices.setColumn(meaning, property.type, first, values, count);
+            return vertices.setColumn(meaning, property.type, first, values);
         }
         if (meaning.use == PlyUse::Image) {
             imageOfFace = values[0];
         } else if (meaning.use == PlyUse::MaterialColor && first == 0) {
-            constexpr std::array<float qel::QelColor3f::*, 3> kChannels{
-                &qel::QelColor3f::r, &qel::QelColor3f::g, &qel::QelColor3f::b};
-            if (!hasMaterial) {
-                color = {0.0F, 0.0F, 0.0F};
-                hasMaterial = true;
+            if (!material) {
+                material.emplace(0.0F, 0.0F, 0.0F);
             }
-            color.*kChannels.at(meaning.axis) = shownShare(values[0] / maxValueOf(property.type));
+            *material.*kChannels.at(meaning.axis) = shownShare(values[0] / readingOf(property.type).maxValue);
         }
-        return count;
+        return values.size();
     }
 
     void refuseCoordinate(const PlyProperty& property, double value) const {
-        body.refuseHere("the coordinate " + property.name + " " + faultOfCoordinate(value));
+        body->refuseHere("the coordinate " + property.name + " " + faultOfCoordinate(value));
     }
 
     void readList(const PlyProperty& property, PlyUse use) {
-        const double length = body.next(*property.countType);
+        const double length = body->next(*property.countType);
         if (!(length >= 0.0 && length <= kLongestList) || length != std::floor(length)) {
-            body.refuseHere("invalid list length " + std::to_string(length));
+            body->refuseHere("invalid list length " + std::to_string(length));
         }
         const auto count = static_cast<std::uint64_t>(length);
         for (std::uint64_t i = 0; i < count; ++i) {
-            const double value = body.next(property.type);
+            const double value = body->next(property.type);
             if (use == PlyUse::Strips && value == -1.0) {
                 addStrip();
             } else if (use == PlyUse::Corners || use == PlyUse::Strips) {
@@ -257,11 +236,11 @@ class PlyReading {
     /// Of the instance that was read, whose properties can come in any order.
     void addFace() {
         if (!texCoords.empty() && corners.size() >= 3 && texCoords.size() != 2 * corners.size()) {
-            warnings.add(body.here(), "a face needs 2 texture coordinates a vertex; it has no texture");
+            warnings.add(body->here(), "a face needs 2 texture coordinates a vertex; it has no texture");
             texCoords.clear();
         }
         if (corners.size() < 3) {
-            warnings.add(body.here(), "a face of fewer than 3 vertices is left out");
+            warnings.add(body->here(), "a face of fewer than 3 vertices is left out");
         } else if (texCoords.empty() || !texturedFaces->add(corners, texCoords, imageOfFace, warnings)) {
             faces.add(corners);
         }
@@ -275,8 +254,8 @@ class PlyReading {
             const std::string named =
                 std::isfinite(index) ? std::to_string(static_cast<long long>(std::clamp(index, -1e15, 1e15)))
                                      : "without a number";
-            body.refuseHere("vertex " + named + " does not exist: there are " + std::to_string(count) +
-                            ", counted from 0");
+            body->refuseHere("vertex " + named + " does not exist: there are " + std::to_string(count) +
+                             ", counted from 0");
         }
         return static_cast<std::uint32_t>(index);
     }
@@ -288,9 +267,9 @@ class PlyReading {
         corners.clear();
     }
 
-    PlyBody& body;
-    const PlyHeader& header;
-    Warnings& warnings;
+    Warnings warnings;
+    PlyHeader header;
+    std::unique_ptr<PlyBody> body;
     ProgressStretch progress;
     const PlyElement& vertexElement;
     bool haveFaces;
@@ -301,8 +280,8 @@ class PlyReading {
     MeshFaces faces;
     /// Nothing if faces bring no texture coordinates.
     std::optional<PlyTexturedFaces> texturedFaces;
-    bool hasMaterial = false;
-    qel::QelColor3f color = TriangleMesh().color;
+    /// The colour of the first one.
+    std::optional<qel::QelColor3f> material;
     /// Of the properties of the element at work.
     std::vector<PlyMeaning> meanings;
     bool isVertex = false;
@@ -317,10 +296,7 @@ class PlyReading {
 }  // namespace
 
 Scene readPly(std::string_view bytes, const std::filesystem::path& file, const ProgressStretch& progress) {
-    Warnings warnings;
-    const PlyHeader header = readPlyHeader(bytes, warnings);
-    const std::unique_ptr<PlyBody> body = bodyOf(bytes, header, warnings, progress);
-    return PlyReading(*body, header, file, warnings, progress).run();
+    return PlyReading(bytes, file, progress).run();
 }
 
 }  // namespace qelview

@@ -8,13 +8,6 @@ namespace qelview {
 
 namespace {
 
-struct Known {
-    std::size_t size;
-    double maxValue;
-    double (*read)(const char*, ByteOrder);
-    void (*readColumn)(const char*, std::size_t, std::size_t, ByteOrder, double*);
-};
-
 template <class Scalar>
 double readWidened(const char* from, ByteOrder order) {
     if constexpr (std::is_same_v<Scalar, double>) {
@@ -33,42 +26,22 @@ void readWidenedColumn(const char* from, std::size_t stride, std::size_t count, 
 }
 
 template <class Scalar>
-constexpr Known known() {
+constexpr ScalarReading reading() {
     using Limits = std::numeric_limits<Scalar>;
-    if constexpr (Limits::is_integer) {
-        return {sizeof(Scalar), static_cast<double>(Limits::max()), readWidened<Scalar>,
-                readWidenedColumn<Scalar>};
-    } else {
-        return {sizeof(Scalar), 1.0, readWidened<Scalar>, readWidenedColumn<Scalar>};
-    }
+    constexpr auto kLargest = static_cast<double>((std::uint64_t{1} << Limits::digits) - 1);
+    return {sizeof(Scalar), Limits::is_integer ? kLargest : 1.0, readWidened<Scalar>,
+            readWidenedColumn<Scalar>};
 }
 
 /// In the order of the types.
-constexpr std::array<Known, 8> kKnown{known<std::int8_t>(),   known<std::uint8_t>(), known<std::int16_t>(),
-                                      known<std::uint16_t>(), known<std::int32_t>(), known<std::uint32_t>(),
-                                      known<float>(),         known<double>()};
-
-const Known& knownOf(ScalarType type) {
-    return kKnown.at(static_cast<std::size_t>(type));
-}
+constexpr std::array<ScalarReading, 8> kReadings{
+    reading<std::int8_t>(),  reading<std::uint8_t>(),  reading<std::int16_t>(), reading<std::uint16_t>(),
+    reading<std::int32_t>(), reading<std::uint32_t>(), reading<float>(),        reading<double>()};
 
 }  // namespace
 
-std::size_t sizeOf(ScalarType type) {
-    return knownOf(type).size;
-}
-
-double readAs(ScalarType type, const char* from, ByteOrder order) {
-    return knownOf(type).read(from, order);
-}
-
-void readColumn(ScalarType type, const char* from, std::size_t stride, std::size_t count, ByteOrder order,
-                double* into) {
-    knownOf(type).readColumn(from, stride, count, order, into);
-}
-
-double maxValueOf(ScalarType type) {
-    return knownOf(type).maxValue;
+const ScalarReading& readingOf(ScalarType type) {
+    return kReadings.at(static_cast<std::size_t>(type));
 }
 
 }  // namespace qelview

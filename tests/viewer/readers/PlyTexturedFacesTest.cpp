@@ -1,4 +1,4 @@
-#include "PlyTexturedFaces.h"
+#include "PlyTextures.h"
 
 #include <gtest/gtest.h>
 

@@ -29,13 +29,12 @@ qelview::PlyElement vertexElement(const std::vector<std::string>& names) {
 /// Two values for the second and the third of four vertices.
 void setMiddle(PlyVertices& vertices, PlyUse use, std::size_t axis, ScalarType type,
                const std::array<double, 2>& values) {
-    EXPECT_EQ(vertices.setColumn({use, axis}, type, 1, values.data(), values.size()), 2U);
+    EXPECT_EQ(vertices.setColumn({use, axis}, type, 1, values), 2U);
 }
 
 TEST(PlyVertices, TakeColumnsFromAnyVertexOn) {
-    PlyVertices vertices(vertexElement({"x", "y", "z", "nx", "ny", "nz", "red", "green", "blue"}), true,
+    PlyVertices vertices(vertexElement({"x", "y", "z", "nx", "ny", "nz", "red", "green", "blue"}), 4, true,
                          false);
-    vertices.resize(4);
     setMiddle(vertices, PlyUse::Position, 0, ScalarType::Float32, {1, 2});
     setMiddle(vertices, PlyUse::Position, 1, ScalarType::Float32, {3, 4});
     setMiddle(vertices, PlyUse::Position, 2, ScalarType::Float32, {5, 6});
@@ -61,8 +60,7 @@ TEST(PlyVertices, TakeColumnsFromAnyVertexOn) {
 }
 
 TEST(PlyVertices, OfTexturesHaveCoordinatesAndNoColours) {
-    PlyVertices vertices(vertexElement({"x", "y", "z", "s", "t", "red", "green", "blue"}), true, true);
-    vertices.resize(4);
+    PlyVertices vertices(vertexElement({"x", "y", "z", "s", "t", "red", "green", "blue"}), 4, true, true);
     setMiddle(vertices, PlyUse::TexCoord, 0, ScalarType::Float32, {0.25, 0.5});
     setMiddle(vertices, PlyUse::TexCoord, 1, ScalarType::Float32, {0.25, 1.0});
     const qelview::TriangleMesh mesh = vertices.takeMesh();
@@ -77,17 +75,15 @@ TEST(PlyVertices, OfTexturesHaveCoordinatesAndNoColours) {
 }
 
 TEST(PlyVertices, StopAtTheFirstCoordinateThatCannotBeDrawn) {
-    PlyVertices vertices(vertexElement({"x", "y", "z"}), true, false);
-    vertices.resize(4);
+    PlyVertices vertices(vertexElement({"x", "y", "z"}), 4, true, false);
     const std::array<double, 4> values{1, -1e15, 1.1e15, 2};
-    EXPECT_EQ(vertices.setColumn({PlyUse::Position, 0}, ScalarType::Float64, 0, values.data(), 4), 2U);
+    EXPECT_EQ(vertices.setColumn({PlyUse::Position, 0}, ScalarType::Float64, 0, values), 2U);
     const std::array<double, 2> none{std::numeric_limits<double>::quiet_NaN(), 1};
-    EXPECT_EQ(vertices.setColumn({PlyUse::Position, 0}, ScalarType::Float64, 0, none.data(), 2), 0U);
+    EXPECT_EQ(vertices.setColumn({PlyUse::Position, 0}, ScalarType::Float64, 0, none), 0U);
 }
 
 TEST(PlyVertices, OfCloudsKeepBytesOfColoursAlone) {
-    PlyVertices vertices(vertexElement({"x", "y", "z", "nx", "ny", "nz", "red"}), false, false);
-    vertices.resize(4);
+    PlyVertices vertices(vertexElement({"x", "y", "z", "nx", "ny", "nz", "red"}), 4, false, false);
     setMiddle(vertices, PlyUse::Color, 0, ScalarType::Uint16, {65535, 257});
     const qelview::PointCloud cloud = vertices.takeCloud();
     EXPECT_EQ(cloud.positions.size(), 4U);

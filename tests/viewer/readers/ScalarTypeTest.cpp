@@ -25,10 +25,12 @@ class ScalarTypeScalarOf : public testing::TestWithParam<Scalar> {};
 
 TEST_P(ScalarTypeScalarOf, IsReadInBothByteOrders) {
     const Scalar& scalar = GetParam();
-    ASSERT_EQ(qelview::sizeOf(scalar.type), scalar.bytes.size());
-    EXPECT_EQ(qelview::readAs(scalar.type, scalar.bytes.data(), ByteOrder::Little), scalar.value);
+    const qelview::ScalarReading& reading = qelview::readingOf(scalar.type);
+    ASSERT_EQ(reading.size, scalar.bytes.size());
+    EXPECT_EQ(reading.maxValue, scalar.whole);
+    EXPECT_EQ(reading.read(scalar.bytes.data(), ByteOrder::Little), scalar.value);
     const std::string turned(scalar.bytes.rbegin(), scalar.bytes.rend());
-    EXPECT_EQ(qelview::readAs(scalar.type, turned.data(), ByteOrder::Big), scalar.value);
+    EXPECT_EQ(reading.read(turned.data(), ByteOrder::Big), scalar.value);
 }
 
 TEST_P(ScalarTypeScalarOf, IsReadFromEachRecord) {
@@ -36,7 +38,8 @@ TEST_P(ScalarTypeScalarOf, IsReadFromEachRecord) {
     const std::string record = "x" + scalar.bytes + "yz";
     const std::string records = record + std::string(record.size(), '\0') + record;
     std::array<double, 4> values{7, 7, 7, 7};
-    qelview::readColumn(scalar.type, records.data() + 1, record.size(), 3, ByteOrder::Little, values.data());
+    qelview::readingOf(scalar.type)
+        .readColumn(records.data() + 1, record.size(), 3, ByteOrder::Little, values.data());
     EXPECT_EQ(values, (std::array<double, 4>{scalar.value, 0, scalar.value, 7}));
 }
 
