@@ -82,8 +82,12 @@ void ObjMeshes::addFace(std::span<const ObjCorner> face) {
     const std::size_t mesh = known->second;
     if (isNew) {
         kinds.push_back({look, hasNormals, hasTexCoords, 0, {}, {}});
-        // Most files have one mesh.
-        kinds.back().vertices.reserve(kinds.size() == 1 ? positions.capacity() : 0);
+        // Most files have one mesh; of several, none has all vertices.
+        if (kinds.size() == 1) {
+            kinds.front().vertices.reserve(positions.capacity());
+        } else if (kinds.size() == 2) {
+            kinds.front().vertices.shrink_to_fit();
+        }
     }
     if (sections.empty() || sections.back().mesh != mesh || sections.back().cornersOfAFace != face.size()) {
         sections.push_back({mesh, face.size(), corners.size()});

@@ -42,6 +42,11 @@ bool isBinary(std::string_view bytes) {
     return bytes.size() >= end && bytes.size() - end < kRecordSize;
 }
 
+/// Closed surfaces have twice as many triangles as vertices, open ones a few vertices more.
+std::size_t expectedVertices(std::size_t triangles) {
+    return triangles / 2 + triangles / 16 + 2;
+}
+
 qel::QelColor3f colorOf(std::uint16_t bits) {
     constexpr std::uint32_t kWhole = 31;
     if ((bits & kHasColor) == 0) {
@@ -66,10 +71,8 @@ class BinaryStlReading {
         if (triangles == 0) {
             refuse("header", "there is no triangle");
         }
-        // Closed surfaces have twice as many triangles as vertices, open ones a few vertices more.
-        const std::size_t expected = triangles / 2 + triangles / 16 + 2;
         auto [corners, keys] = numberAll<std::uint64_t, 2>(
-            triangles * 3, expected, [this](std::size_t corner) { return keyOf(corner); });
+            triangles * 3, expectedVertices(triangles), [this](std::size_t corner) { return keyOf(corner); });
         TriangleMesh mesh;
         mesh.indices = std::move(corners);
         giveVertices(mesh, keys);
@@ -247,7 +250,9 @@ class AsciiStlReading {
         cornersOfLoop = 0;
         if (mesh.indices.capacity() == 0) {
             // For triangles whose text is as long as that of the first one.
-            mesh.indices.reserve(text.size() / (lines.position() / 3) + Places::kBlock);
+            const std::size_t corners = text.size() / (lines.position() / 3);
+            mesh.indices.reserve(corners + Places::kBlock);
+            vertices = Places(expectedVertices(corners / 3));
         }
     }
 
