@@ -27,8 +27,7 @@ constexpr std::uintmax_t kLargestBuffers = std::uintmax_t{1} << 30U;
 /// The bytes of a buffer in the file or next to it, at most `room` in a separate file.
 std::string bytesNamed(const std::string& place, const json& member, const std::filesystem::path& file,
                        std::uintmax_t room) {
-    const std::string_view uri =
-        member.is_string() ? std::string_view(member.get_ref<const std::string&>()) : std::string_view();
+    const std::string_view uri = textOf(member);
     std::optional<std::string> bytes = dataOf(place, uri);
     if (bytes) {
         return std::move(*bytes);
@@ -54,7 +53,7 @@ bool isExtensionRead(std::string_view name) {
 std::size_t widthOf(const std::string& place, const json& type) {
     static constexpr std::array<std::pair<std::string_view, std::size_t>, 4> kTypes{
         {{"SCALAR", 1}, {"VEC2", 2}, {"VEC3", 3}, {"VEC4", 4}}};
-    const std::string name = type.is_string() ? type.get<std::string>() : "";
+    const std::string_view name = textOf(type);
     for (const auto& [known, width] : kTypes) {
         if (known == name) {
             return width;
@@ -150,15 +149,13 @@ void GltfFile::checkVersion() const {
     if (!asset.is_object()) {
         refuse("file", "not a glTF asset");
     }
-    const json& version = memberOf(asset, "version");
-    if (!version.is_string() || !version.get<std::string>().starts_with("2.")) {
+    if (!textOf(memberOf(asset, "version")).starts_with("2.")) {
         refuse("file", "only version 2 of glTF is supported");
     }
     for (const json& extension : top("extensionsRequired")) {
-        if (!extension.is_string() || !isExtensionRead(extension.get<std::string>())) {
-            refuse("file", "it requires the extension " +
-                               inQuotes(extension.is_string() ? extension.get<std::string>() : "") +
-                               ", which is not supported");
+        if (!isExtensionRead(textOf(extension))) {
+            refuse("file",
+                   "it requires the extension " + inQuotes(textOf(extension)) + ", which is not supported");
         }
     }
 }
@@ -199,10 +196,6 @@ void GltfFile::readBuffers(const std::filesystem::path& file, std::string_view b
         room -= std::min<std::uintmax_t>(room, bytes.size());
         buffers.push_back(bytes);
     }
-}
-
-std::string_view GltfFile::viewBytes(const std::string& place, const json& number) const {
-    return viewOf(place, element(place, "bufferViews", number));
 }
 
 std::string_view GltfFile::viewOf(const std::string& place, const json& view) const {

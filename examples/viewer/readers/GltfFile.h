@@ -44,15 +44,14 @@ class GltfFile {
                                       std::size_t narrowest, std::size_t widest) const;
 
     /// All bytes of a buffer view.
-    /// @throws ReadError naming `place` if there is no such view, or it leaves its buffer.
-    [[nodiscard]] std::string_view viewBytes(const std::string& place, const nlohmann::json& number) const;
+    /// @throws ReadError naming `place` if it leaves its buffer.
+    [[nodiscard]] std::string_view viewOf(const std::string& place, const nlohmann::json& view) const;
 
   private:
     /// What lies behind the JSON text of a binary file.
     std::string_view parseBinary(std::string_view bytes);
     void checkVersion() const;
     void readBuffers(const std::filesystem::path& file, std::string_view binaryChunk);
-    [[nodiscard]] std::string_view viewOf(const std::string& place, const nlohmann::json& view) const;
 
     nlohmann::json root;
     std::vector<std::string_view> buffers;

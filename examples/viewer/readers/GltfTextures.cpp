@@ -116,7 +116,8 @@ GltfTextures::Image GltfTextures::imageOf(const std::string& place, const json& 
 GltfTextures::Image GltfTextures::readImage(const std::string& place, const json& image) {
     const json& uri = memberOf(image, "uri");
     if (!uri.is_string()) {
-        return images.decoded(place, file.viewBytes(place, memberOf(image, "bufferView")));
+        const json& view = file.element(place, "bufferViews", memberOf(image, "bufferView"));
+        return images.decoded(place, file.viewOf(place, view));
     }
     const std::string& text = uri.get_ref<const std::string&>();
     const std::optional<std::string> data = dataOf(place, text);

@@ -48,10 +48,8 @@ std::optional<std::string> dataOf(const std::string& place, std::string_view uri
         return std::nullopt;
     }
     const std::size_t mark = uri.find(kBase64);
-    std::optional<std::string> bytes;
-    if (mark != std::string_view::npos) {
-        bytes = decodeBase64(uri.substr(mark + kBase64.size()));
-    }
+    std::optional<std::string> bytes =
+        mark == std::string_view::npos ? std::nullopt : decodeBase64(uri.substr(mark + kBase64.size()));
     if (!bytes) {
         refuse(place, "invalid Base64 data");
     }

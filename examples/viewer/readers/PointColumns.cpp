@@ -26,10 +26,7 @@ std::optional<std::array<std::size_t, 3>> findThree(const std::vector<std::strin
     const auto a = findColumn(columns, first);
     const auto b = findColumn(columns, second);
     const auto c = findColumn(columns, third);
-    if (!a || !b || !c) {
-        return std::nullopt;
-    }
-    return std::array<std::size_t, 3>{*a, *b, *c};
+    return a && b && c ? std::optional(std::array{*a, *b, *c}) : std::nullopt;
 }
 
 std::string_view trimmed(std::string_view text) {

@@ -30,11 +30,6 @@ std::string numbered(const char* what, std::size_t index) {
     return std::string(what) + " " + std::to_string(index + 1);
 }
 
-std::string typeOf(const json& object) {
-    const json& type = memberOf(object, "type");
-    return type.is_string() ? type.get<std::string>() : std::string();
-}
-
 class GeoJsonReader {
   public:
     explicit GeoJsonReader(const ProgressStretch& progressOfFile) : progress(progressOfFile) {}
@@ -42,9 +37,10 @@ class GeoJsonReader {
     Scene run(const json& root) {
         place = "file";
         const json& object = requireObject(root);
-        if (typeOf(object) == "FeatureCollection") {
+        const std::string_view type = textOf(memberOf(object, "type"));
+        if (type == "FeatureCollection") {
             readCollection(object);
-        } else if (typeOf(object) == "Feature") {
+        } else if (type == "Feature") {
             readFeature(object, 0);
         } else {
             readGeometry(object, 0);
@@ -99,7 +95,7 @@ class GeoJsonReader {
         const json& properties = memberOf(feature, "properties");
         for (const char* const key : {"name", "NAME", "Name"}) {
             const json& name = memberOf(properties, key);
-            if (name.is_string() && !name.get_ref<const std::string&>().empty()) {
+            if (!textOf(name).empty()) {
                 scene.labels.push_back({at, name.get<std::string>()});
                 return;
             }
@@ -107,14 +103,14 @@ class GeoJsonReader {
     }
 
     void readGeometry(const json& geometry, int depth) {
-        const std::string type = typeOf(geometry);
+        const std::string_view type = textOf(memberOf(geometry, "type"));
         if (type == "GeometryCollection") {
             readGeometries(geometry, depth);
             return;
         }
         const json& coordinates = memberOf(geometry, "coordinates");
-        const std::string collected = type.starts_with("Multi") ? type.substr(5) : std::string();
-        const std::string single = collected.empty() ? type : collected;
+        const std::string_view collected = type.starts_with("Multi") ? type.substr(5) : "";
+        const std::string_view single = collected.empty() ? type : collected;
         if (single != "Point" && single != "LineString" && single != "Polygon") {
             refuseHere(type.empty() ? "there is no type" : "unknown type " + inQuotes(type));
         }
@@ -147,7 +143,7 @@ class GeoJsonReader {
                  [&](const json& member) { readGeometry(requireObject(member), depth + 1); });
     }
 
-    void readSingle(const std::string& type, const json& coordinates) {
+    void readSingle(std::string_view type, const json& coordinates) {
         // A geometry without coordinates is an empty one.
         if (coordinates.empty()) {
             return;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <deque>
-#include <iterator>
 #include <map>
 #include <utility>
 
@@ -43,8 +42,11 @@ class Tracer {
                 follow(first, [&line](const Edge& next) { line.push_back(next); });
                 follow(first, [&line](const Edge& next) { line.push_front(next); });
                 Points& points = found.emplace_back();
-                std::transform(line.begin(), line.end(), std::back_inserter(points),
-                               [this](const Edge& edge) { return crossing(edge); });
+                for (const Edge& edge : line) {
+                    const qel::XPnt3d& from = grid.points[edge.first];
+                    const qel::XPnt3d& to = grid.points[edge.second];
+                    points.push_back(from + (to - from) * ((level - from.z) / (to.z - from.z)));
+                }
             }
         }
         return found;
@@ -52,12 +54,6 @@ class Tracer {
 
   private:
     [[nodiscard]] bool isAbove(std::size_t point) const { return grid.points[point].z > level; }
-
-    [[nodiscard]] qel::XPnt3d crossing(const Edge& edge) const {
-        const qel::XPnt3d& from = grid.points[edge.first];
-        const qel::XPnt3d& to = grid.points[edge.second];
-        return from + (to - from) * ((level - from.z) / (to.z - from.z));
-    }
 
     /// Follows the pieces from an edge to the end and removes them.
     template <class Add>

@@ -32,4 +32,8 @@ const json& memberOf(const json& object, const char* name) {
     return found == object.end() ? none : *found;
 }
 
+std::string_view textOf(const json& value) {
+    return value.is_string() ? value.get_ref<const std::string&>() : std::string_view();
+}
+
 }  // namespace qelview

@@ -12,4 +12,7 @@ namespace qelview {
 /// A member of an object; null if there is none, or the value is no object.
 [[nodiscard]] const nlohmann::json& memberOf(const nlohmann::json& object, const char* name);
 
+/// The text of a string; empty for any other value.
+[[nodiscard]] std::string_view textOf(const nlohmann::json& value);
+
 }  // namespace qelview
