@@ -121,7 +121,7 @@ std::string Stage::sectionText() const {
 void Stage::drawScene() {
     {
         const ClipScope clip(content.section.plane);
-        content.drawn.draw(*symbol, pixelViewOf(camera()), textures,
+        content.drawn.draw(*symbol, pixelViewOf(camera()), kept,
                            {&camera(), thinning, static_cast<float>(unit()), content.section.plane});
     }
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
