@@ -84,8 +84,9 @@ class PointReader {
                                               readCoordinate(columns[z], lines)});
         if (meaning.color) {
             const auto& [red, green, blue] = *meaning.color;
-            cloud.colors.push_back(qel::QelColor3b{readChannel(columns[red]), readChannel(columns[green]),
-                                                   readChannel(columns[blue])});
+            const qel::QelColor3b color{readChannel(columns[red]), readChannel(columns[green]),
+                                        readChannel(columns[blue])};
+            cloud.colors.push_back(color);
         }
     }
 

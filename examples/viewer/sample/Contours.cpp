@@ -25,7 +25,7 @@ class Tracer {
             const std::size_t a = corners.at(i);
             const std::size_t b = corners.at((i + 1) % corners.size());
             if (isAbove(a) != isAbove(b)) {
-                crossed.push_back(std::minmax(a, b));
+                crossed.emplace_back(std::minmax(a, b));
             }
         }
         if (crossed.size() == 2) {
