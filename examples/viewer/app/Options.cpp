@@ -100,9 +100,6 @@ void addWindowOptions(CLI::App& app, Options& options) {
         ->excludes("--out")
         ->excludes("--views-out")
         ->excludes("--capture");
-    app.add_option("--tour", options.tour, "Write a picture with a tile for each feature and exit")
-        ->type_name("FILE.png")
-        ->excludes(script);
 }
 
 void addMapOptions(CLI::App& app, Options& options) {
@@ -112,7 +109,7 @@ void addMapOptions(CLI::App& app, Options& options) {
         app.add_option("--map-out", options.mapOut,
                        "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and exit")
             ->type_name("PREFIX");
-    for (const char* const ofModels : {"--capture", "--script", "--motion", "--tour"}) {
+    for (const char* const ofModels : {"--capture", "--script", "--motion"}) {
         map->excludes(app.get_option(ofModels));
         out->excludes(app.get_option(ofModels));
     }

@@ -108,7 +108,6 @@ void Stage::sceneChanged(const std::optional<qel::XPnt3d>& originBefore) {
     display->makeCurrent();
     textures.release();
     notes.marks.clear();
-    notes.localFrame.reset();
     if (!originBefore) {
         cameras.clear();
         return;
@@ -143,11 +142,6 @@ std::string Stage::driverText() {
         return text == nullptr ? std::string("unknown") : std::string(reinterpret_cast<const char*>(text));
     };
     return "OpenGL by " + textOf(GL_RENDERER) + "\nVersion " + textOf(GL_VERSION);
-}
-
-void Stage::setTitle(const std::string& text) {
-    content.title = text;
-    content.summary.clear();
 }
 
 void Stage::resize(const ClientSize& size) {

@@ -108,8 +108,6 @@ class Stage {
     [[nodiscard]] std::string measurementTable() const;
 
     [[nodiscard]] Annotations& annotations() { return notes; }
-    /// The title of the view, in place of the scene's own and its counts.
-    void setTitle(const std::string& text);
     /// With n, draws about one in n of the triangles and points from now on.
     void setThinning(std::size_t wanted) { thinning = wanted; }
 
@@ -205,7 +203,6 @@ class Stage {
     [[nodiscard]] double layoutWidth() { return static_cast<double>(camera().getWidth()) / content.scale; }
     [[nodiscard]] double layoutHeight() { return static_cast<double>(camera().getHeight()) / content.scale; }
     [[nodiscard]] int letterHeight(double units) const;
-    /// The camera that OpenGL holds.
     /// Draws into the back buffer, up to and without the exchange of the buffers.
     void drawFrame();
     /// The scene with everything on it, into whatever the display draws to.
@@ -230,7 +227,6 @@ class Stage {
     /// Places the plane again and finds where it meets meshes.
     void cutScene();
     [[nodiscard]] Points markedPoints() const;
-    void drawLocalFrame();
     void drawAxes();
     void drawTripod();
     void printAt(double x, double y, const std::string& text, double letters = kLetterHeight);

@@ -100,7 +100,6 @@ void Stage::drawCapture(int times) {
     shown.marks = notes.marks;
     shown.isMeasuring = notes.isMeasuring;
     shown.hasHeading = notes.hasHeading;
-    shown.localFrame = notes.localFrame;
     std::swap(shown, notes);
     const std::size_t thinningOfWindow = std::exchange(thinning, 1);
     captureTimes = times;
