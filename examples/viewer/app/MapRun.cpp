@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "MapWindow.h"
-#include "PngFile.h"
+#include "PictureFile.h"
 
 namespace qelview {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "PngFile.h"
+#include "PictureFile.h"
 #include "Stage.h"
 #include "SystemWindow.h"
 
@@ -37,8 +37,7 @@ bool writePicture(Stage& stage, const Options& options, unsigned view, const std
 bool writeCapture(Stage& stage, const Options& options) {
     choose(stage, options, options.view);
     stage.show();
-    const CaptureEnd end =
-        stage.capture(std::filesystem::path(toWide(options.capture)), options.captureTimes);
+    const CaptureEnd end = writeCapture(toWide(options.capture), stage.capturedPixels(options.captureTimes));
     if (end != CaptureEnd::Whole) {
         std::fprintf(stderr, "qelview: %s: the capture %s\n", options.capture.c_str(), reasonOf(end).c_str());
     }

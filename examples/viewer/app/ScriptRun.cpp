@@ -11,7 +11,7 @@
 #include "FileInput.h"
 #include "MotionFile.h"
 #include "MouseMessages.h"
-#include "PngFile.h"
+#include "PictureFile.h"
 #include "ReadError.h"
 #include "ReadFile.h"
 #include "SystemWindow.h"

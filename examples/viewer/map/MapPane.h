@@ -2,7 +2,7 @@
 
 #include "MapFrame.h"
 #include "MapTexts.h"
-#include "PngFile.h"
+#include "PictureFile.h"
 
 namespace qelview {
 
