@@ -18,9 +18,8 @@ class GdiMapPane final : public MapPane {
     /// @param window with its own device context; it must be visible to be drawn on.
     explicit GdiMapPane(HWND window);
 
-    void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) override;
-    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view,
-                                     const MapTextsOfFrame& texts) override;
+    void show(const MapFrame& frame, const MapView& view) override;
+    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view) override;
 
   private:
     [[nodiscard]] HDC deviceContext();
@@ -28,8 +27,7 @@ class GdiMapPane final : public MapPane {
     void fillAreas(const std::vector<Rings2d>& areas);
     void fillArea(const Rings2d& rings);
     void drawPoints(const MapFrame& frame, const MapView& view);
-    void drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
-    void drawBar(const MapView& view, const ScaleBar& bar);
+    void drawTexts(const MapFrame& frame, const MapView& view);
 
     qel::ref_ptr<IQelScrDisplay2D> display;
     ScreenFont font;

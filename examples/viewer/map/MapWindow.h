@@ -59,7 +59,7 @@ class MapWindow {
     void paint(HWND receiver);
     void redraw();
     [[nodiscard]] MapPane& plane();
-    [[nodiscard]] MapTextsOfFrame texts(bool areShown) const;
+    [[nodiscard]] MapFrame frame(bool withTexts) const;
     void turnRelief(const POINT& place);
 
     Scene scene;

@@ -32,6 +32,8 @@ enum class SectionAxis : std::uint8_t { None, X, Y, Z, View };
 /// OpenGL 1.1; no extension is asked for.
 class Stage {
   public:
+    /// A display on a window, with its context current; null if the window gets none.
+    [[nodiscard]] static qel::ref_ptr<IQelDisplay> attach(HWND window, bool isStereo);
     /// Null if the window gets no OpenGL context.
     [[nodiscard]] static std::unique_ptr<Stage> open(HWND window, Scene scene);
     /// Another view of the same scene, with the same camera, on another window; null, with nothing changed, if
@@ -158,7 +160,6 @@ class Stage {
     };
 
     Stage(qel::ref_ptr<IQelDisplay> attached, std::shared_ptr<Content> shown);
-    [[nodiscard]] static qel::ref_ptr<IQelDisplay> attach(HWND window, bool isStereo);
 
     void replaceContent(Scene&& scene);
     [[nodiscard]] CameraState cameraState();
