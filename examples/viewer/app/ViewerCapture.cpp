@@ -1,6 +1,5 @@
 #include <filesystem>
 
-#include "CaptureName.h"
 #include "Clipboard.h"
 #include "ViewerWindow.h"
 

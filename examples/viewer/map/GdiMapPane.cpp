@@ -109,21 +109,17 @@ void GdiMapPane::fillAreas(const std::vector<Rings2d>& areas) {
     SetPolyFillMode(dc, ALTERNATE);
     const Selected noPen(dc, GetStockObject(NULL_PEN));
     for (const Rings2d& rings : areas) {
-        fillArea(rings);
-    }
-}
-
-void GdiMapPane::fillArea(const Rings2d& rings) {
-    corners.clear();
-    counts.clear();
-    for (const Line2d& ring : rings) {
-        for (const qel::XPnt2d& point : ring) {
-            const qel::PixelPoint pixel = display->worldToScreen(point);
-            corners.push_back({pixel.x, pixel.y});
+        std::vector<POINT> corners;
+        std::vector<INT> counts;
+        for (const Line2d& ring : rings) {
+            for (const qel::XPnt2d& point : ring) {
+                const qel::PixelPoint pixel = display->worldToScreen(point);
+                corners.push_back({pixel.x, pixel.y});
+            }
+            counts.push_back(static_cast<INT>(ring.size()));
         }
-        counts.push_back(static_cast<INT>(ring.size()));
+        PolyPolygon(dc, corners.data(), counts.data(), static_cast<int>(counts.size()));
     }
-    PolyPolygon(deviceContext(), corners.data(), counts.data(), static_cast<int>(counts.size()));
 }
 
 void GdiMapPane::drawPoints(const MapFrame& frame, const MapView& view) {

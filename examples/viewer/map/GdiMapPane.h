@@ -25,14 +25,11 @@ class GdiMapPane final : public MapPane {
     [[nodiscard]] HDC deviceContext();
     void drawLines(const std::vector<Line2d>& lines, std::uint32_t color);
     void fillAreas(const std::vector<Rings2d>& areas);
-    void fillArea(const Rings2d& rings);
     void drawPoints(const MapFrame& frame, const MapView& view);
     void drawTexts(const MapFrame& frame, const MapView& view);
 
     qel::ref_ptr<IQelScrDisplay2D> display;
     ScreenFont font;
-    std::vector<POINT> corners;
-    std::vector<INT> counts;
 };
 
 }  // namespace qelview

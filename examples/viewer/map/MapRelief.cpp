@@ -4,17 +4,11 @@
 
 namespace qelview {
 
-namespace {
-
-constexpr qel::QelColor3f kGround{0.30F, 0.36F, 0.33F};
-
-}  // namespace
-
 Scene reliefOf(const Scene& map) {
     Scene scene = map;
     TriangleMesh ground;
     ground.name = "ground";
-    ground.color = kGround;
+    ground.color = {0.30F, 0.36F, 0.33F};
     ground.faceted = true;
     for (const Polygon& polygon : map.polygons) {
         if (polygon.rings.empty() || polygon.rings.front().empty()) {

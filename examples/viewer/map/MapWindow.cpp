@@ -221,7 +221,10 @@ void MapWindow::press(UINT message, const POINT& place) {
 
 void MapWindow::move(const POINT& place) {
     if (current == Pane::Relief) {
-        turnRelief(place);
+        if (isDragging) {
+            relief->camera().onMouseMove(place.x, mapView.height() - 1 - place.y);
+            redraw();
+        }
         return;
     }
     if (isDragging) {
@@ -229,13 +232,6 @@ void MapWindow::move(const POINT& place) {
     }
     mouse = place;
     redraw();
-}
-
-void MapWindow::turnRelief(const POINT& place) {
-    if (isDragging) {
-        relief->camera().onMouseMove(place.x, mapView.height() - 1 - place.y);
-        redraw();
-    }
 }
 
 void MapWindow::release() {

@@ -60,7 +60,6 @@ class MapWindow {
     void redraw();
     [[nodiscard]] MapPane& plane();
     [[nodiscard]] MapFrame frame(bool withTexts) const;
-    void turnRelief(const POINT& place);
 
     Scene scene;
     MapData map;

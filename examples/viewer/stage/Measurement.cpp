@@ -23,12 +23,6 @@ qel::XPnt3d doubleAreaOf(const Points& corners) {
     return sum;
 }
 
-std::string fixed(double value, int decimals) {
-    std::array<char, 400> text{};
-    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
-    return text.data();
-}
-
 std::string inFull(double value) {
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%.15g", value);

@@ -183,7 +183,8 @@ void Stage::fit() {
     camera().setRotationCenter(middle.x, middle.y, middle.z);
     const CameraPlace place =
         placeToSee(content.outline, {camera().getEye(), camera().getTarget(), camera().getUp()},
-                   camera().getFieldOfView(), aspect(), usableView());
+                   camera().getFieldOfView(), static_cast<double>(camera().getWidth() / camera().getHeight()),
+                   usableView());
     camera().setCamera(place.eye, place.target, place.up);
     if (wasOrtho) {
         switchProjection();
@@ -268,10 +269,6 @@ void Stage::rotateAbout(const PixelPlace& place) {
     } else {
         camera().setRotationCenterAt(place.x, place.y);
     }
-}
-
-double Stage::aspect() {
-    return static_cast<double>(camera().getWidth() / camera().getHeight());
 }
 
 void Stage::switchProjection() {

@@ -154,7 +154,7 @@ class Stage {
         /// Takes what the others were made from.
         HostScene drawn;
         /// What the colours of heights stand for.
-        HeightRange heightRange = HeightRange::nothing(UpAxis::Z);
+        HeightRange heightRange;
         Section section;
         double scale = 1.0;
     };
@@ -166,7 +166,6 @@ class Stage {
     void turnCamera(UpAxis from, UpAxis to);
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
-    [[nodiscard]] double aspect();
     /// What a fitted scene may fill: the view without its heading.
     [[nodiscard]] UsableView usableView();
     void drawCapture(int times);

@@ -9,24 +9,19 @@ namespace qelview {
 
 namespace {
 
-/// Memory that the clipboard takes over; null if there is none.
-HGLOBAL sharedCopyOf(const void* bytes, std::size_t count) {
+bool copy(HWND owner, UINT format, const void* bytes, std::size_t count) {
+    if (OpenClipboard(owner) == FALSE) {
+        return false;
+    }
+    EmptyClipboard();
     HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, count);
     void* const place = memory != nullptr ? GlobalLock(memory) : nullptr;
     if (place != nullptr) {
         std::memcpy(place, bytes, count);
         GlobalUnlock(memory);
     }
-    return place != nullptr ? memory : nullptr;
-}
-
-bool copy(HWND owner, UINT format, const void* bytes, std::size_t count) {
-    if (OpenClipboard(owner) == FALSE) {
-        return false;
-    }
-    EmptyClipboard();
-    HGLOBAL const memory = sharedCopyOf(bytes, count);
-    const bool isTaken = memory != nullptr && SetClipboardData(format, memory) != nullptr;
+    // The clipboard takes the memory over.
+    const bool isTaken = place != nullptr && SetClipboardData(format, memory) != nullptr;
     if (memory != nullptr && !isTaken) {
         GlobalFree(memory);
     }

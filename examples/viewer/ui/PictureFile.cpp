@@ -1,8 +1,8 @@
 #include "PictureFile.h"
 
+#include <algorithm>
 #include <fstream>
-
-#include "CaptureName.h"
+#include <system_error>
 
 // The encoders are compiled only here.
 #define STB_IMAGE_WRITE_STATIC
@@ -39,8 +39,19 @@ std::vector<char> pngOf(const PixelImage& image) {
     return bytes;
 }
 
+bool hasPngEnding(const std::filesystem::path& file) {
+    std::u8string ending = file.extension().u8string();
+    std::transform(ending.begin(), ending.end(), ending.begin(), [](char8_t letter) {
+        return letter >= u8'A' && letter <= u8'Z' ? static_cast<char8_t>(letter - u8'A' + u8'a') : letter;
+    });
+    return ending == u8".png";
+}
+
 CaptureEnd writeBytes(const std::filesystem::path& file, const std::vector<char>& bytes) {
-    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    std::ofstream stream;
+    if (!bytes.empty()) {
+        stream.open(file, std::ios::binary | std::ios::trunc);
+    }
     if (!stream.is_open()) {
         return CaptureEnd::NotWritten;
     }
@@ -60,8 +71,21 @@ std::vector<char> bitmapOf(const PixelImage& image) {
 }
 
 bool writePng(const std::filesystem::path& file, const PixelImage& image) {
-    const std::vector<char> bytes = pngOf(image);
-    return !bytes.empty() && writeBytes(file, bytes) == CaptureEnd::Whole;
+    return writeBytes(file, pngOf(image)) == CaptureEnd::Whole;
+}
+
+std::filesystem::path freeCaptureName(const std::filesystem::path& folder) {
+    constexpr int kMost = 999;
+    for (int number = 1; number <= kMost; ++number) {
+        const std::string digits = std::to_string(number);
+        std::filesystem::path file =
+            folder / ("qelview-" + std::string(3 - digits.size(), '0') + digits + ".bmp");
+        std::error_code error;
+        if (!std::filesystem::exists(file, error) && !error) {
+            return file;
+        }
+    }
+    return {};
 }
 
 std::string reasonOf(CaptureEnd end) {

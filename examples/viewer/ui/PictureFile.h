@@ -23,6 +23,10 @@ struct PixelImage {
 /// Writes a picture, replacing an existing file. Returns false if that fails.
 [[nodiscard]] bool writePng(const std::filesystem::path& file, const PixelImage& image);
 
+/// The first unused name of qelview-001.bmp, qelview-002.bmp, ... in a folder.
+/// @return empty if all up to 999 are used.
+[[nodiscard]] std::filesystem::path freeCaptureName(const std::filesystem::path& folder);
+
 /// How a capture ended.
 enum class CaptureEnd : std::uint8_t {
     /// The file is complete.

@@ -107,8 +107,8 @@ TEST(Options, ExplainsItself) {
     const Ending help = endingOf({"--help"});
     EXPECT_EQ(help.code, ExitCode::Success);
     for (const char* word :
-         {"--size", "--view", "--ortho", "--out", "--views-out", "--capture", "--script", "--motion",
-          ".obj", ".xyz", "Ctrl+O", "Double click", "wheel NOTCHES", "PANX", "Esc", "Exit codes"}) {
+         {"--size", "--view", "--ortho", "--out", "--views-out", "--capture", "--script", "--motion", ".obj",
+          ".xyz", "Ctrl+O", "Double click", "wheel NOTCHES", "PANX", "Esc", "Exit codes"}) {
         EXPECT_NE(help.text.find(word), std::string::npos) << word;
     }
     const Ending version = endingOf({"--version"});
