@@ -12,10 +12,10 @@ endif()
 set(QEL_RESULTS "${PROJECT_SOURCE_DIR}/build/results")
 file(MAKE_DIRECTORY "${QEL_RESULTS}")
 
-# qel_test_group(NAME [LONG] [SERIAL] [COST SECONDS] [LEFT_OUT SUITES] [PROGRAM TARGET] [ENVIRONMENT NAME=VALUE...]): cases of qel_tests or of
+# qel_test_group(NAME [LONG] [COST SECONDS] [LEFT_OUT SUITES] [PROGRAM TARGET] [ENVIRONMENT NAME=VALUE...]): cases of qel_tests or of
 # another program, limited by GTEST_FILTER if that is set. COST is their approximate time, so that the longest start first.
 function(qel_test_group name)
-    cmake_parse_arguments(PARSE_ARGV 1 group "LONG;SERIAL" "COST;LEFT_OUT;PROGRAM" "ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 1 group "LONG" "COST;LEFT_OUT;PROGRAM" "ENVIRONMENT")
     set(title ${name})
     set(label ${QEL_LABEL})
     set(most_seconds 900)
@@ -44,9 +44,6 @@ function(qel_test_group name)
     endif()
     add_test(NAME ${title} COMMAND ${command} WORKING_DIRECTORY "${QEL_RESULTS}" ${configurations})
     set_tests_properties(${title} PROPERTIES LABELS ${label} TIMEOUT ${most_seconds} ENVIRONMENT "${environment}")
-    if(group_SERIAL)
-        set_tests_properties(${title} PROPERTIES RUN_SERIAL ON)
-    endif()
     if(group_COST)
         set_tests_properties(${title} PROPERTIES COST ${group_COST})
     endif()
@@ -61,22 +58,20 @@ function(qel_native_groups)
         ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1:check_initialization_order=1
         UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
         LSAN_OPTIONS=print_suppressions=0)
-    qel_test_group(native COST 30 ENVIRONMENT ${sanitizers})
+    qel_test_group(native COST 70 ENVIRONMENT ${sanitizers})
     qel_test_group(native LONG ENVIRONMENT ${sanitizers})
 endfunction()
 
-# Windows: three thirds, each on its own screen; speed measurements alone; and the cases that use the most module memory with a guard page
-# behind each block. The last leave out cases that make such blocks themselves, count the blocks of the ordinary heap, or measure speed.
+# Windows: three thirds, each on its own screen, and the cases that use the most module memory with a guard page behind each block. The last
+# leave out cases that make such blocks themselves or count the blocks of the ordinary heap.
 function(qel_windows_groups)
-    set(speeds "*Speed*")
-    set(not_guarded "GuardedHeap*:CensusOfMemory.*:*MemoryFlat*:*BlockOfTheModulesOwn*:LoadStorm.*:${speeds}")
+    set(not_guarded "GuardedHeap*:CensusOfMemory.*:*MemoryFlat*:*BlockOfTheModulesOwn*:LoadStorm.*")
     set(guarded QEL_GUARDED_SUITE=1)
     foreach(third 1 2 3)
         math(EXPR index "${third} - 1")
-        qel_test_group(${QEL_LABEL}.${third} COST 60 LEFT_OUT ${speeds} ENVIRONMENT GTEST_TOTAL_SHARDS=3 GTEST_SHARD_INDEX=${index})
+        qel_test_group(${QEL_LABEL}.${third} COST 60 ENVIRONMENT GTEST_TOTAL_SHARDS=3 GTEST_SHARD_INDEX=${index})
     endforeach()
     qel_test_group(${QEL_LABEL}.loading PROGRAM qel_loading_host COST 20)
-    qel_test_group(${QEL_LABEL}.speed SERIAL ENVIRONMENT "GTEST_FILTER=${speeds}")
     qel_test_group(${QEL_LABEL}.guarded COST 50
         ENVIRONMENT ${guarded} "GTEST_FILTER=GuardedSuite*:ScreenDisplay*:Symbol*-${not_guarded}")
     if(QEL_LABEL STREQUAL microsoft)

@@ -94,10 +94,11 @@ def undeclared(readable, allowed):
 
 def check_binaries():
     headers = [path.read_text() for path in tree.public_headers()]
-    unprotected, exports = [], []
+    unprotected, exports, dated = [], [], []
     for name in (*LIBRARIES, *PROGRAMS):
         result = tree.run("x86_64-w64-mingw32-objdump", "-p", "-h", tree.BINARIES / name)
         unprotected += result.problems(name) or [f"{name} {problem}" for problem in protection_problems(result.output)]
+        dated += [] if re.search(r"^Time/Date\s.* 1970", result.output, re.MULTILINE) else [name]
         names = exported(result.output)
         if name in LIBRARIES:
             readable = tree.run("x86_64-w64-mingw32-c++filt", "-n", *names).output.splitlines() if names else []
@@ -106,4 +107,5 @@ def check_binaries():
         elif names:
             exports.append(f"{name} is a program and exports {len(names)} names")
     tree.report("the binaries load anywhere and no section is both writable and executable", unprotected)
+    tree.report("the binaries hold no time of linking: the same sources give the same bytes", dated)
     tree.report("the libraries export what their headers declare and nothing else", exports)

@@ -38,7 +38,8 @@ def host_command():
     hosts = [words for path, words in tree.compile_commands("windows").items() if "examples/minimal" in path.as_posix()]
     key = re.search(r"^QEL_QT_KEY=(.*)$", (tree.ROOT / "scripts/cache-keys").read_text(), re.MULTILINE).group(1)
     qt = tree.cache_folder() / key / "include"
-    words = hosts[0][: hosts[0].index("-o")] if hosts else []
+    # With -fpch-preprocess ccache keeps nothing.
+    words = [word for word in hosts[0][: hosts[0].index("-o")] if word != "-fpch-preprocess"] if hosts else []
     return (*words, "-isystem", qt, "-isystem", qt / "QtCore", "-Wno-unused-function") if words else ()
 
 

@@ -339,7 +339,7 @@ TEST(ScreenDisplayLife, LeavesNothingBehindAfterManyDisplays) {
     };
     once(0);
     const Census before = censusAfterFirstUse();
-    const int displays = shortOrLong(40, 200);
+    const int displays = shortOrLong(16, 200);
     for (int round = 0; round < displays; ++round) {
         once(round);
     }

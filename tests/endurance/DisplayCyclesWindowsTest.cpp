@@ -23,7 +23,7 @@ void liveOnce(const TestWindow& window, const CaptureFile& file) {
 }
 
 TEST(DisplayCycles, OfAttachDrawCaptureAndReleaseLeaveHandlesAndMemoryFlat) {
-    const int cycles = shortOrLong(25, 10'000);
+    const int cycles = shortOrLong(12, 10'000);
     const TestWindow window(16, 16);
     const CaptureFile file;
     censusAfterFirstUse();

@@ -49,7 +49,7 @@ class Frames : public ::testing::Test {
 };
 
 TEST_F(Frames, LeaveHandlesAndMemoryFlatAndThePictureAsItWas) {
-    const int frames = shortOrLong(2'000, 1'000'000);
+    const int frames = shortOrLong(800, 1'000'000);
     // The camera turns a little further in each round of seven frames: pictures are compared from the front.
     const auto frontView = [this] {
         display->getTrackBall()->setStandardView(ViewTop);

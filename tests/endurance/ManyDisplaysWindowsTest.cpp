@@ -75,7 +75,7 @@ void expectOwnPictures(const Views& open, Chance& chance) {
 }
 
 TEST(ManyDisplays, ClosedInRandomOrderLeaveTheOthersTheirTextAndTheirPicture) {
-    const int rounds = shortOrLong(4, 500);
+    const int rounds = shortOrLong(2, 500);
     Chance chance;
     censusAfterFirstUse();
     const auto round = [&chance] {

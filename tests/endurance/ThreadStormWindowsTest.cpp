@@ -53,7 +53,7 @@ bool drawWithThePublicSymbol(const HeldDisplay& display) {
 
 TEST(ThreadStorm, OfStartingAndEndingThreadsDoesNotDisturbTheThreadThatDraws) {
     constexpr int kStarters = 8;
-    const int threads = shortOrLong(400, 20'000);
+    const int threads = shortOrLong(160, 20'000);
     const TestWindow window(16, 16);
     const HeldDisplay display;
     display.attach(window);

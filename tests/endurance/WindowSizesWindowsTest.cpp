@@ -62,7 +62,7 @@ void drawFrame(const SizedView& view) {
 
 TEST(WindowSizes, ChangedAtRandomDownToNothingLeaveHandlesAndMemoryFlat) {
     constexpr int kLargest = 120;
-    const int changes = shortOrLong(1'000, 100'000);
+    const int changes = shortOrLong(400, 100'000);
     Chance chance;
     censusAfterFirstUse();
     SizedView view;

@@ -43,7 +43,7 @@ TEST(AllocationFaults, OfEachAllocationOfASessionEndInAnExceptionOrARefusalAndLe
     ASSERT_GT(allocations, 10U);
     const int handles = Census::now().gdiHandles;
     // The full form tries each of them, the short one some of every kind.
-    const std::size_t step = shortOrLong<std::size_t>(allocations / 30 + 1, 1);
+    const std::size_t step = shortOrLong<std::size_t>(allocations / 15 + 1, 1);
     std::size_t ended = 0;
     std::size_t faults = 0;
     for (std::size_t nth = 1; nth <= allocations; nth += step) {

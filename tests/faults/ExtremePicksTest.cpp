@@ -59,8 +59,8 @@ TEST(ExtremePicks, ReadNoMoreThanTheirSquareWhereverTheyAreInAViewOfWhateverSize
             view->onResize(60, 40);
             view->refreshDepth();
             view->onResize(width, height);
-            // Every day one place in nine, others in each view.
-            const std::size_t step = shortOrLong<std::size_t>(9, 1);
+            // Every day one place, another in each view.
+            const std::size_t step = shortOrLong<std::size_t>(std::size(kPlaces), 1);
             for (std::size_t at = static_cast<std::size_t>(picks) % step; at < std::size(kPlaces);
                  at += step) {
                 const double x = kPlaces[at];

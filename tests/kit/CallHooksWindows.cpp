@@ -126,6 +126,10 @@ void installHooks() {
 }
 
 void removeHooks() {
+    if (keptFunctions().empty()) {
+        patches().restore();
+        return;
+    }
     hookAll([](Traced function) {
         return std::find(keptFunctions().begin(), keptFunctions().end(), function) != keptFunctions().end();
     });

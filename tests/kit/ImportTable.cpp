@@ -85,19 +85,34 @@ ImportPatches::~ImportPatches() {
 }
 
 void ImportPatches::redirect(const Import& import, void* replacement) {
-    if (*import.slot != replacement) {
-        patched.push_back({import.importer, import.slot, *import.slot, replacement});
-        writeSlot(import.slot, replacement);
+    if (*import.slot == replacement) {
+        return;
     }
+    constexpr std::uintptr_t kPage = 4096;
+    const std::uintptr_t page = reinterpret_cast<std::uintptr_t>(import.slot) / kPage * kPage;
+    if (page != writablePage) {
+        DWORD protection = 0;
+        VirtualProtect(reinterpret_cast<void*>(page), kPage, PAGE_READWRITE, &protection);
+        writablePage = page;
+    }
+    patched.push_back({import.importer, import.slot, *import.slot, replacement});
+    *import.slot = replacement;
 }
 
 void ImportPatches::restore() {
-    std::for_each(patched.rbegin(), patched.rend(), [](const auto& patch) {
-        if (isLoaded(patch.importer) && *patch.slot == patch.replacement) {
-            writeSlot(patch.slot, patch.original);
+    HMODULE asked = nullptr;
+    bool isThere = false;
+    std::for_each(patched.rbegin(), patched.rend(), [&](const auto& patch) {
+        if (asked != patch.importer) {
+            asked = patch.importer;
+            isThere = isLoaded(asked);
+        }
+        if (isThere && *patch.slot == patch.replacement) {
+            *patch.slot = patch.original;
         }
     });
     patched.clear();
+    writablePage = 0;
 }
 
 }  // namespace qel::test

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -33,7 +34,8 @@ std::vector<HMODULE> testedModules();
 inline constexpr std::array kTestedLibraries = {"QelDisplay64t.dll", "QelGeometry64t.dll", "QelBase64t.dll"};
 
 /// Slots that were redirected, and what they led to. Gives back on destruction what is still redirected as it
-/// left it; a module that was unloaded meanwhile is skipped.
+/// left it; a module that was unloaded meanwhile is skipped. The pages of the slots stay writable: to change
+/// their protection for each slot would be the longest part of most tests.
 class ImportPatches {
   public:
     ImportPatches() = default;
@@ -57,6 +59,7 @@ class ImportPatches {
         void* replacement;
     };
     std::vector<Slot> patched;
+    std::uintptr_t writablePage = 0;
 };
 
 }  // namespace qel::test

@@ -39,7 +39,7 @@ const Scene kScenes[] = {
 };
 
 TEST(ModuleEntry, LeavesNothingBehindWhenLoadedAndUnloadedAgainAndAgain) {
-    const std::wstring rounds = std::to_wstring(shortOrLong(20, 2'000));
+    const std::wstring rounds = std::to_wstring(shortOrLong(8, 2'000));
 #if defined(__MINGW32__)
     // The second is the load entry alone on the universal C runtime, whose threads hold their library
     // themselves.

@@ -120,7 +120,7 @@ std::string restlessMouse() {
     const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
     std::string script;
     std::string held;
-    const int events = qel::test::shortOrLong(300, 1000);
+    const int events = qel::test::shortOrLong(100, 1000);
     for (int event = 0; event < events; ++event) {
         const std::string place = std::to_string(below(320)) + " " + std::to_string(below(240));
         const int kind = below(10);
