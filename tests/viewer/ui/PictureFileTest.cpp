@@ -48,6 +48,14 @@ TEST(PictureFileCapture, SaysWhyThereIsNone) {
     EXPECT_FALSE(std::filesystem::exists("never.bmp"));
 }
 
+TEST(PictureFileCapture, TellsTheUserWhatToDoAboutEachFailure) {
+    EXPECT_EQ(qelview::reasonOf(CaptureEnd::NotWritten), "cannot be written; choose another folder or name");
+    EXPECT_EQ(qelview::reasonOf(CaptureEnd::NotWhole),
+              "is not complete; make room on the disk and capture again");
+    EXPECT_EQ(qelview::reasonOf(CaptureEnd::TooLarge),
+              "is too large for the graphics driver; choose a smaller size with R");
+}
+
 TEST(PictureFileCapture, IsNotWholeOnAFullDisk) {
     if (!std::filesystem::exists("/dev/full")) {
         GTEST_SKIP() << "this system has no device that is always full";
