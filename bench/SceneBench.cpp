@@ -90,14 +90,14 @@ struct PartedScene {
         display.getGL()->enable(GL_DEPTH_TEST);
         qelview::DrawingDetail detail;
         detail.camera = inParts ? &camera : nullptr;
-        drawn.draw(rig.symbol(), qelview::pixelViewOf(camera), textures, detail);
+        drawn.draw(rig.symbol(), qelview::pixelViewOf(camera), kept, detail);
         display.endDraw();
         display.finishFrame();
         Rig::finish();
     }
 
     Rig rig{kSidePx, kSidePx};
-    qelview::HostTextures textures;
+    qelview::HostView kept;
     qelview::HostScene drawn;
 };
 

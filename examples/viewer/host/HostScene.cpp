@@ -24,6 +24,15 @@ qel::ref_ptr<qel::HostArray<Element>> makeArray(std::vector<Element> elements) {
     return new qel::HostArray<Element>(std::move(elements));
 }
 
+/// The elements of an array, which is made when it is first asked for.
+template <class Element>
+std::vector<Element>& elementsOf(HostElements<Element>& array) {
+    if (!array) {
+        array = new qel::HostArray<Element>({});
+    }
+    return array->content();
+}
+
 /// One element of an array for each part of a scene.
 template <class Element, class Source, class Convert>
 qel::ref_ptr<qel::HostArray<Element>> convertAll(const std::vector<Source>& source, const Convert& convert) {
@@ -58,6 +67,12 @@ DepthImage readDepths(const PixelView& view) {
 
 }  // namespace
 
+void HostView::release() {
+    textures.release();
+    meshes.clear();
+    clouds.clear();
+}
+
 HostScene::HostScene(Scene scene) : markers(std::move(scene.markers)) {
     for (TriangleMesh& mesh : scene.meshes) {
         addMesh(std::exchange(mesh, {}));
@@ -71,7 +86,6 @@ HostScene::HostScene(Scene scene) : markers(std::move(scene.markers)) {
 void HostScene::addMesh(TriangleMesh&& mesh) {
     Mesh added;
     added.parts = std::move(mesh.parts);
-    added.drawnCorners = new qel::HostArray<qel::ArrayIndex>({});
     const bool isIndexed = !mesh.indices.empty();
     added.indices = makeArray(std::move(mesh.indices));
     added.vertices = convertAll<qel::ArrayVertex>(mesh.positions, toVertex);
@@ -99,7 +113,6 @@ void HostScene::addCloud(PointCloud&& cloud) {
     added.parts = std::move(cloud.parts);
     added.vertices = convertAll<qel::ArrayVertex>(cloud.positions, toVertex);
     added.positions = std::move(cloud.positions);
-    added.order = new qel::HostArray<qel::ArrayIndex>({});
     added.colors = convertAll<qel::ArrayColor3b>(cloud.colors, toSignedColor);
     added.color = cloud.color;
     added.size = cloud.size;
@@ -145,10 +158,9 @@ auto HostScene::shownColors(const Part& part) const {
     }
 }
 
-void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
-                     const DrawingDetail& detail) {
-    drawMeshes(symbol, textures, detail);
-    drawClouds(symbol, view, detail);
+void HostScene::draw(IQelSymbol& symbol, const PixelView& view, HostView& kept, const DrawingDetail& detail) {
+    drawMeshes(symbol, kept, detail);
+    drawClouds(symbol, view, kept, detail);
     for (const Geometry& drawn : geometries) {
         drawGeometry(symbol, drawn, detail.pixelScale);
     }
@@ -166,11 +178,13 @@ void HostScene::findRanges(const std::vector<SpatialPart>& parts, std::size_t co
     }
 }
 
-void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, const DrawingDetail& detail) {
+void HostScene::drawMeshes(IQelSymbol& symbol, HostView& kept, const DrawingDetail& detail) {
+    kept.meshes.resize(meshes.size());
     // Moves surfaces back a little, so that lines on them are not hidden in part.
     glPolygonOffset(1.0F, 1.0F);
     const QelTmpGlStateCtrl offset(GL_POLYGON_OFFSET_FILL, true);
-    for (Mesh& mesh : meshes) {
+    for (std::size_t i = 0; i < meshes.size(); ++i) {
+        const Mesh& mesh = meshes[i];
         if (!mesh.vertices) {
             continue;
         }
@@ -180,58 +194,65 @@ void HostScene::drawMeshes(IQelSymbol& symbol, HostTextures& textures, const Dra
         if (ranges.empty()) {
             continue;
         }
-        const Array<qel::ArrayIndex>& drawn = cornersInRanges(mesh, triangles);
+        const Array<qel::ArrayIndex>& drawn = cornersInRanges(mesh, triangles, kept.meshes[i]);
         if (mesh.texture && shownColouring == Colouring::Own) {
-            drawTextured(symbol, mesh, drawn, textures);
+            drawTextured(symbol, mesh, drawn, kept.textures);
         } else {
             drawMesh(symbol, mesh, drawn, 0);
         }
     }
 }
 
-void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, const DrawingDetail& detail) {
+void HostScene::drawClouds(IQelSymbol& symbol, const PixelView& view, HostView& kept,
+                           const DrawingDetail& detail) {
     if (clouds.empty()) {
         return;
     }
+    kept.clouds.resize(clouds.size());
     const DepthImage depths = meshes.empty() ? DepthImage() : readDepths(view);
-    for (Cloud& cloud : clouds) {
+    for (std::size_t i = 0; i < clouds.size(); ++i) {
+        const Cloud& cloud = clouds[i];
+        std::vector<qel::ArrayIndex>& order = elementsOf(kept.clouds[i]);
         findRanges(cloud.parts, cloud.positions.size(), detail);
-        orderVisiblePoints(cloud.positions, view, depths, ranges, cloud.order->content());
+        orderVisiblePoints(cloud.positions, view, depths, ranges, order);
         if (detail.section) {
             // Clipping hides these points; picking must not find them.
-            std::erase_if(cloud.order->content(), [&](qel::ArrayIndex i) {
-                return detail.section->beyond(cloud.positions[i]) > 0.0;
+            std::erase_if(order, [&](qel::ArrayIndex number) {
+                return detail.section->beyond(cloud.positions[number]) > 0.0;
             });
         }
         const qel::QelColor3f& color = shownColouring == Colouring::Plain ? kPlainColor : cloud.color;
-        symbol.drawPointCloud(cloud.vertices, cloud.order, shownColors(cloud), cloud.size * detail.pixelScale,
-                              color);
+        symbol.drawPointCloud(cloud.vertices, kept.clouds[i], shownColors(cloud),
+                              cloud.size * detail.pixelScale, color);
     }
 }
 
-std::optional<qel::XPnt3d> HostScene::cloudPointAt(const PixelView& view, double x, double y) const {
+std::optional<qel::XPnt3d> HostScene::cloudPointAt(const PixelView& view, const HostView& kept, double x,
+                                                   double y) const {
     // A click rarely hits a single pixel.
     constexpr double kReach = 3.0;
-    for (const Cloud& cloud : clouds) {
-        const auto number = visiblePointAt(cloud.positions, cloud.order->content(), view, x, y, kReach);
+    for (std::size_t i = 0; i < kept.clouds.size(); ++i) {
+        const Points& positions = clouds[i].positions;
+        const auto number = visiblePointAt(positions, kept.clouds[i]->content(), view, x, y, kReach);
         if (number) {
-            return cloud.positions[*number];
+            return positions[*number];
         }
     }
     return std::nullopt;
 }
 
-const HostScene::Array<qel::ArrayIndex>& HostScene::cornersInRanges(Mesh& mesh, std::size_t triangles) {
+const HostScene::Array<qel::ArrayIndex>& HostScene::cornersInRanges(const Mesh& mesh, std::size_t triangles,
+                                                                    HostView::MeshCorners& kept) const {
     if (ranges.size() == 1 && ranges.front() == DrawnRange{0, triangles, 1}) {
         return mesh.indices;
     }
-    if (ranges != mesh.drawnRanges) {
+    std::vector<qel::ArrayIndex>& drawn = elementsOf(kept.drawn);
+    if (ranges != kept.ranges) {
         static const std::vector<qel::ArrayIndex> kNone;
-        findDrawnCorners(ranges, mesh.indices ? mesh.indices->content() : kNone,
-                         mesh.drawnCorners->content());
-        mesh.drawnRanges = ranges;
+        findDrawnCorners(ranges, mesh.indices ? mesh.indices->content() : kNone, drawn);
+        kept.ranges = ranges;
     }
-    return mesh.drawnCorners;
+    return kept.drawn;
 }
 
 void HostScene::drawTextured(IQelSymbol& symbol, const Mesh& mesh, const Array<qel::ArrayIndex>& indices,

@@ -32,6 +32,26 @@ struct DrawingDetail {
     std::optional<SectionPlane> section;
 };
 
+template <class Element>
+using HostElements = qel::ref_ptr<qel::HostArray<Element>>;
+
+/// What one view of a scene keeps from frame to frame. Views of the same scene have one each.
+struct HostView {
+    /// The corners of a mesh that the last frame drew if it did not draw all, and the ranges that they are of.
+    struct MeshCorners {
+        HostElements<qel::ArrayIndex> drawn;
+        std::vector<DrawnRange> ranges;
+    };
+
+    /// Forgets everything; the view's context must be current.
+    void release();
+
+    HostTextures textures;
+    std::vector<MeshCorners> meshes;
+    /// The points of each cloud that the last frame showed, in the order in which it drew them.
+    std::vector<HostElements<qel::ArrayIndex>> clouds;
+};
+
 /// A scene in the form that symbols draw: host geometries for lines, arrays of floats for meshes and clouds.
 /// Positions must be near the origin (`Scene::moveToOrigin`), since arrays are narrowed to float here.
 class HostScene {
@@ -42,14 +62,14 @@ class HostScene {
     /// Draws everything but labels. The context must be current. Enabled depth testing and disabled lighting
     /// are expected; the current colour and line width change.
     /// @param view the camera that OpenGL holds.
-    /// @param textures of the context.
-    void draw(IQelSymbol& symbol, const PixelView& view, HostTextures& textures,
-              const DrawingDetail& detail = {});
+    /// @param kept of the same context and scene, or new.
+    void draw(IQelSymbol& symbol, const PixelView& view, HostView& kept, const DrawingDetail& detail = {});
 
     /// The point of a cloud that the last drawing showed at a place; nothing if there is none.
-    /// @param view the camera of that drawing.
+    /// @param view, kept of that drawing.
     /// @param x, y in pixels from the lower left of the view.
-    [[nodiscard]] std::optional<qel::XPnt3d> cloudPointAt(const PixelView& view, double x, double y) const;
+    [[nodiscard]] std::optional<qel::XPnt3d> cloudPointAt(const PixelView& view, const HostView& kept,
+                                                          double x, double y) const;
 
     /// The lines in which meshes meet a plane, two points for each.
     [[nodiscard]] Points sectionLines(const SectionPlane& plane) const;
@@ -65,15 +85,12 @@ class HostScene {
 
   private:
     template <class Element>
-    using Array = qel::ref_ptr<qel::HostArray<Element>>;
+    using Array = HostElements<Element>;
 
     struct Mesh {
         Array<qel::ArrayVertex> vertices;
         Array<qel::ArrayIndex> indices;
         std::vector<SpatialPart> parts;
-        /// The corners drawn in the last frame that did not draw all, and the ranges that they are of.
-        Array<qel::ArrayIndex> drawnCorners;
-        std::vector<DrawnRange> drawnRanges;
         Array<qel::ArrayNormal4f> normals;
         Array<qel::ArrayNormal3b> byteNormals;
         Array<qel::ArrayColor4f> colors;
@@ -89,7 +106,6 @@ class HostScene {
         Points positions;
         std::vector<SpatialPart> parts;
         Array<qel::ArrayVertex> vertices;
-        Array<qel::ArrayIndex> order;
         Array<qel::ArrayColor3b> colors;
         Array<qel::ArrayColor3b> heightColors;
         qel::QelColor3f color;
@@ -107,7 +123,8 @@ class HostScene {
     /// Fills `ranges` with what a frame draws.
     void findRanges(const std::vector<SpatialPart>& parts, std::size_t count, const DrawingDetail& detail);
     /// The corners of a mesh in `ranges`; null for all.
-    [[nodiscard]] const Array<qel::ArrayIndex>& cornersInRanges(Mesh& mesh, std::size_t triangles);
+    [[nodiscard]] const Array<qel::ArrayIndex>& cornersInRanges(const Mesh& mesh, std::size_t triangles,
+                                                                HostView::MeshCorners& kept) const;
     /// The colours of a mesh or cloud, as they are coloured.
     template <class Part>
     [[nodiscard]] auto shownColors(const Part& part) const;
@@ -117,8 +134,8 @@ class HostScene {
                       HostTextures& textures) const;
     static void drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pixelScale);
     static void drawMarker(IQelSymbol& symbol, const Marker& marker, float pixelScale);
-    void drawMeshes(IQelSymbol& symbol, HostTextures& textures, const DrawingDetail& detail);
-    void drawClouds(IQelSymbol& symbol, const PixelView& view, const DrawingDetail& detail);
+    void drawMeshes(IQelSymbol& symbol, HostView& kept, const DrawingDetail& detail);
+    void drawClouds(IQelSymbol& symbol, const PixelView& view, HostView& kept, const DrawingDetail& detail);
 
     std::vector<Mesh> meshes;
     std::vector<Cloud> clouds;

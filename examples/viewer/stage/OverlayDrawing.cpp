@@ -95,7 +95,7 @@ qel::XPnt3d Stage::pointAt(const PixelPlace& place) {
 qel::XPnt3d Stage::drawnAt(const PixelPlace& place) {
     const double x = place.x + 0.5;
     const double y = place.y + 0.5;
-    const std::optional<qel::XPnt3d> ofACloud = content.drawn.cloudPointAt(pixelViewOf(camera()), x, y);
+    const std::optional<qel::XPnt3d> ofACloud = content.drawn.cloudPointAt(pixelViewOf(camera()), kept, x, y);
     return ofACloud ? *ofACloud : camera().getModelPntAt(x, y);
 }
 

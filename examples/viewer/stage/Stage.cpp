@@ -106,7 +106,7 @@ void Stage::replaceContent(Scene&& scene) {
 
 void Stage::sceneChanged(const std::optional<qel::XPnt3d>& originBefore) {
     display->makeCurrent();
-    textures.release();
+    kept.release();
     notes.marks.clear();
     if (!originBefore) {
         cameras.clear();

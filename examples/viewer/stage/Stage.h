@@ -224,7 +224,7 @@ class Stage {
     Content& content;
     CameraHistory cameras;
     /// Of the context that is drawn to: the window's, but for a capture.
-    HostTextures textures;
+    HostView kept;
     Annotations notes;
     qel::XPnt3d underMouse;
     std::size_t thinning = 1;

@@ -35,13 +35,13 @@ void Stage::drawCapture(int times) {
     const std::size_t thinningOfWindow = std::exchange(thinning, 1);
     captureTimes = times;
     // The bitmap's context has no textures yet.
-    HostTextures texturesOfWindow = std::exchange(textures, {});
+    HostView keptOfWindow = std::exchange(kept, {});
     drawContent();
     std::swap(shown, notes);
     thinning = thinningOfWindow;
     captureTimes = 1;
-    textures.release();
-    textures = std::move(texturesOfWindow);
+    kept.release();
+    kept = std::move(keptOfWindow);
 }
 
 }  // namespace qelview

@@ -88,7 +88,7 @@ void Stage::drawScene() {
     }
     {
         const QelTmpGlStateCtrl clip(GL_CLIP_PLANE0, plane.has_value());
-        content.drawn.draw(*symbol, pixelViewOf(camera()), textures,
+        content.drawn.draw(*symbol, pixelViewOf(camera()), kept,
                            {&camera(), thinning, static_cast<float>(unit()), plane});
     }
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);

@@ -199,6 +199,17 @@ TEST_F(ViewerQuartet, ShowsAnotherFileAndLoadsItAgainWithItsCameras) {
     }
 }
 
+TEST_F(ViewerQuartet, FindsThePointsThatTheViewUnderTheMouseShows) {
+    const qel::test::TemporaryFile file("corners.xyz", "0 0 0\n10 0 0\n0 10 0\n0 0 10\n");
+    play("drop " + file.path().string() + "\nkey Q");
+    // The last view is made to show only the highest of them. It is drawn after the first when both are.
+    play("wheel 100 620 250\nmove 150 120\nkey E");
+    const qel::XPnt3d shown = camera().project(5.0, -5.0, -5.0);
+    const qel::XPnt3d found = stage().pointAt({static_cast<int>(shown.x), static_cast<int>(shown.y)});
+    EXPECT_LT((found - qel::XPnt3d(5.0, -5.0, -5.0)).norm(), 1e-6)
+        << found.x << ' ' << found.y << ' ' << found.z;
+}
+
 TEST_F(ViewerQuartet, EndsWithItsWindow) {
     play("key Q");
     viewer.reset();

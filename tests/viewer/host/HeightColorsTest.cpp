@@ -58,13 +58,13 @@ class HeightColorsOfAScene : public testing::Test {
     }
     qel::test::Picture drawn(HostScene& host) {
         surface.clear();
-        host.draw(*symbol, qel::test::flatView(kSize, kSize), textures);
+        host.draw(*symbol, qel::test::flatView(kSize, kSize), kept);
         return qel::test::Picture::ofFrame();
     }
 
     qel::test::GlSurface surface{kSize, kSize};
     qel::ref_ptr<IQelSymbol> symbol{newQelSymbol()};
-    qelview::HostTextures textures;
+    qelview::HostView kept;
     qelview::Scene scene;
 };
 

@@ -29,7 +29,7 @@ class HostSceneDrawing : public testing::Test {
   protected:
     void draw(const Scene& scene) {
         glEnable(GL_DEPTH_TEST);
-        HostScene(scene).draw(*symbol, flatView(kSize, kSize), textures);
+        HostScene(scene).draw(*symbol, flatView(kSize, kSize), kept);
     }
     /// The calls of a drawing that carry vertices or colours of a scene.
     Calls drawnOf(const Scene& scene) {
@@ -40,7 +40,7 @@ class HostSceneDrawing : public testing::Test {
 
     GlSurface surface{kSize, kSize};
     qel::ref_ptr<IQelSymbol> symbol{newQelSymbol()};
-    qelview::HostTextures textures;
+    qelview::HostView kept;
 };
 
 constexpr qelview::LineStyle kRedWide{{255, 0, 0}, 3.0F};
@@ -146,7 +146,7 @@ TEST_F(HostSceneDrawing, DrawsTheWholeSampleSceneWithoutAnOpenGlError) {
     qelview::PixelView view = flatView(kSize, kSize);
     glGetDoublev(GL_MODELVIEW_MATRIX, view.modelview.data());
     glEnable(GL_DEPTH_TEST);
-    HostScene(scene).draw(*symbol, view, textures);
+    HostScene(scene).draw(*symbol, view, kept);
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
     EXPECT_GT(qel::test::Picture::ofFrame().countOtherThan({0, 0, 0, 255}), std::size_t{kSize * kSize / 4});
 }

@@ -28,7 +28,7 @@ using qel::test::kRed;
 using qel::test::kWhite;
 using qel::test::Rgba;
 using qelview::HostScene;
-using qelview::HostTextures;
+using qelview::HostView;
 using qelview::Texture;
 using qelview::TextureImage;
 using qelview::Wrapping;
@@ -77,7 +77,7 @@ class HostTexturesDrawing : public testing::Test {
         qelview::Scene scene;
         scene.meshes.push_back(mesh);
         surface.clear();
-        HostScene(scene).draw(*symbol, qel::test::flatView(kSide, kSide), textures);
+        HostScene(scene).draw(*symbol, qel::test::flatView(kSide, kSide), kept);
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
     }
     /// At shares of the surface from its upper left corner.
@@ -87,7 +87,7 @@ class HostTexturesDrawing : public testing::Test {
 
     qel::test::GlSurface surface{kSide, kSide};
     qel::ref_ptr<IQelSymbol> symbol{newQelSymbol()};
-    HostTextures textures;
+    HostView kept;
 };
 
 TEST_F(HostTexturesDrawing, ShowEachPixelAtItsPlace) {
@@ -212,7 +212,7 @@ TEST_F(HostTexturesDrawing, MayBeLargerThanTheDriverTakes) {
         imageOf(largest * 2, std::vector<Rgba>(static_cast<std::size_t>(largest) * 2, kBlue))};
     draw(square(texture));
     EXPECT_EQ(at(0.5, 0.5), kBlue);
-    glBindTexture(GL_TEXTURE_2D, textures.nameOf(texture));
+    glBindTexture(GL_TEXTURE_2D, kept.textures.nameOf(texture));
     GLint width = 0;
     glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &width);
     EXPECT_GT(width, 0);
@@ -235,9 +235,9 @@ TEST_F(HostTexturesDrawing, AreMadeOnceForAllMeshesWithTheirImage) {
 
 TEST_F(HostTexturesDrawing, AreReleasedAndMadeAgain) {
     const Texture texture = fourPixels();
-    const GLuint name = textures.nameOf(texture);
+    const GLuint name = kept.textures.nameOf(texture);
     EXPECT_EQ(glIsTexture(name), GL_TRUE);
-    textures.release();
+    kept.textures.release();
     EXPECT_EQ(glIsTexture(name), GL_FALSE);
     draw(square(texture));
     EXPECT_EQ(at(0.25, 0.25), kRed);

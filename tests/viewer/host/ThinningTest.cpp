@@ -66,13 +66,13 @@ class ThinningScene : public testing::Test {
     /// How many elements each drawing of elements takes.
     Calls drawn(const char* function, std::size_t thinning) {
         qel::test::CallTrace trace;
-        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {nullptr, thinning, 1.0F, {}});
+        scene->draw(*symbol, qel::test::flatView(64, 64), kept, {nullptr, thinning, 1.0F, {}});
         return trace.calls(function);
     }
 
     qel::test::GlSurface surface{64, 64};
     qel::ref_ptr<IQelSymbol> symbol{newQelSymbol()};
-    qelview::HostTextures textures;
+    qelview::HostView kept;
     std::unique_ptr<qelview::HostScene> scene;
 };
 
@@ -114,7 +114,7 @@ TEST_F(ThinningScene, DrawsEachNthPointOfClouds) {
     scene = std::make_unique<qelview::HostScene>(source);
     const auto shownPoints = [this](std::size_t thinning) {
         surface.clear();
-        scene->draw(*symbol, qel::test::flatView(64, 64), textures, {nullptr, thinning, 1.0F, {}});
+        scene->draw(*symbol, qel::test::flatView(64, 64), kept, {nullptr, thinning, 1.0F, {}});
         std::vector<int> shown;
         for (int i = 0; i < 10; ++i) {
             const int x = static_cast<int>((0.1 + 0.2 * i) * 32.0);
