@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "PictureFile.h"
 #include "Pictures.h"
-#include "PngFile.h"
 #include "QelGl.h"
 #include "QelRefPtr.h"
 #include "SystemWindow.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "PngFile.h"
+#include "PictureFile.h"
 
 namespace qel::test {
 

@@ -1,13 +1,11 @@
 #include "MapRun.h"
 
 #include <array>
-#include <cstdio>
-#include <filesystem>
 #include <string>
 #include <utility>
 
 #include "MapWindow.h"
-#include "PngFile.h"
+#include "PictureRun.h"
 
 namespace qelview {
 
@@ -18,25 +16,17 @@ constexpr std::array<std::pair<MapWindow::Pane, const char*>, MapWindow::kPanes>
      {MapWindow::Pane::Gl, "-gl.png"},
      {MapWindow::Pane::Relief, "-3d.png"}}};
 
-bool writePicture(MapWindow& window, const std::string& file) {
-    if (writePng(std::filesystem::path(toWide(file)), window.picture())) {
-        return true;
-    }
-    std::fprintf(stderr, "qelview: %s: could not write the picture\n", file.c_str());
-    return false;
-}
-
 bool writeAll(MapWindow& window, const Options& options) {
     bool areWritten = true;
     if (!options.out.empty()) {
         window.choose(MapWindow::Pane::Gl);
-        areWritten = writePicture(window, options.out);
+        areWritten = writePicture(options.out, window.picture());
     }
     for (const std::string& prefix : {options.mapOut, options.viewsOut}) {
         for (const auto& [pane, ending] : kPictures) {
             if (areWritten && !prefix.empty()) {
                 window.choose(pane);
-                areWritten = writePicture(window, prefix + ending);
+                areWritten = writePicture(prefix + ending, window.picture());
             }
         }
     }

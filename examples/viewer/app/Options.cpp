@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
 #include <optional>
+#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -63,24 +63,15 @@ std::string helpFooter() {
     return help;
 }
 
-std::optional<std::pair<int, int>> parseSize(std::string_view text) {
-    const std::size_t cross = text.find('x');
-    if (cross == std::string_view::npos) {
-        return std::nullopt;
-    }
-    const auto side = [](std::string_view digits) {
-        int pixels = 0;
-        const char* const end = digits.data() + digits.size();
-        const auto [stop, error] = std::from_chars(digits.data(), end, pixels);
-        return error == std::errc() && stop == end ? pixels : 0;
-    };
-    const int width = side(text.substr(0, cross));
-    const int height = side(text.substr(cross + 1));
-    const auto isSensible = [](int pixels) { return pixels >= kSmallestSide && pixels <= kLargestSide; };
-    if (!isSensible(width) || !isSensible(height)) {
-        return std::nullopt;
-    }
-    return std::pair(width, height);
+std::optional<std::pair<int, int>> parseSize(const std::string& text) {
+    std::istringstream stream(text);
+    int width = 0;
+    int height = 0;
+    char cross = '\0';
+    stream >> width >> cross >> height;
+    const bool isSize = cross == 'x' && stream.peek() == std::istringstream::traits_type::eof() &&
+                        std::min(width, height) >= kSmallestSide && std::max(width, height) <= kLargestSide;
+    return isSize ? std::optional(std::pair(width, height)) : std::nullopt;
 }
 
 void addWindowOptions(CLI::App& app, Options& options) {
@@ -100,9 +91,6 @@ void addWindowOptions(CLI::App& app, Options& options) {
         ->excludes("--out")
         ->excludes("--views-out")
         ->excludes("--capture");
-    app.add_option("--tour", options.tour, "Write a picture with a tile for each feature and exit")
-        ->type_name("FILE.png")
-        ->excludes(script);
 }
 
 void addMapOptions(CLI::App& app, Options& options) {
@@ -112,7 +100,7 @@ void addMapOptions(CLI::App& app, Options& options) {
         app.add_option("--map-out", options.mapOut,
                        "Write pictures PREFIX-gdi.png, PREFIX-gl.png and PREFIX-3d.png of the map and exit")
             ->type_name("PREFIX");
-    for (const char* const ofModels : {"--capture", "--script", "--motion", "--tour"}) {
+    for (const char* const ofModels : {"--capture", "--script", "--motion"}) {
         map->excludes(app.get_option(ofModels));
         out->excludes(app.get_option(ofModels));
     }

@@ -47,8 +47,6 @@ struct Options {
     std::string script;
     /// Recorded six-axis input, replayed in the window; empty for none.
     std::string motion;
-    /// Picture with a tile for each feature of the viewer; empty for none.
-    std::string tour;
     /// Prints how long the steps of a run that writes pictures took.
     bool isTimed = false;
     /// Shows the files as a map instead of a model.
@@ -61,7 +59,7 @@ struct Options {
         return !out.empty() || !viewsOut.empty() || !mapOut.empty() || (!capture.empty() && script.empty());
     }
     /// True if a user works in the window.
-    [[nodiscard]] bool isAttended() const { return !writesPictures() && script.empty() && tour.empty(); }
+    [[nodiscard]] bool isAttended() const { return !writesPictures() && script.empty(); }
     [[nodiscard]] bool showsMap() const { return isMap || !mapOut.empty(); }
 };
 

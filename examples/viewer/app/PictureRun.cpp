@@ -1,12 +1,10 @@
 #include "PictureRun.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <utility>
 
-#include "PngFile.h"
 #include "Stage.h"
 #include "SystemWindow.h"
 
@@ -24,21 +22,15 @@ void choose(Stage& stage, const Options& options, unsigned view) {
     }
 }
 
-bool reportUnwritten(const std::string& file) {
-    std::fprintf(stderr, "qelview: %s: could not write the picture\n", file.c_str());
-    return false;
-}
-
-bool writePicture(Stage& stage, const Options& options, unsigned view, const std::string& file) {
+bool writeView(Stage& stage, const Options& options, unsigned view, const std::string& file) {
     choose(stage, options, view);
-    return writePng(std::filesystem::path(toWide(file)), stage.picture()) || reportUnwritten(file);
+    return writePicture(file, stage.picture());
 }
 
 bool writeCapture(Stage& stage, const Options& options) {
     choose(stage, options, options.view);
     stage.show();
-    const CaptureEnd end =
-        stage.capture(std::filesystem::path(toWide(options.capture)), options.captureTimes);
+    const CaptureEnd end = writeCapture(toWide(options.capture), stage.capturedPixels(options.captureTimes));
     if (end != CaptureEnd::Whole) {
         std::fprintf(stderr, "qelview: %s: the capture %s\n", options.capture.c_str(), reasonOf(end).c_str());
     }
@@ -46,6 +38,14 @@ bool writeCapture(Stage& stage, const Options& options) {
 }
 
 }  // namespace
+
+bool writePicture(const std::string& file, const PixelImage& image) {
+    const bool isWritten = writePng(toWide(file), image);
+    if (!isWritten) {
+        std::fprintf(stderr, "qelview: %s: could not write the picture\n", file.c_str());
+    }
+    return isWritten;
+}
 
 ExitCode writePictures(const Options& options, Scene scene, Stopwatch& watch) {
     const OwnedWindow window = createHiddenWindow({options.width, options.height});
@@ -56,9 +56,9 @@ ExitCode writePictures(const Options& options, Scene scene, Stopwatch& watch) {
     }
     watch.lap("prepared");
     stage->resize({options.width, options.height});
-    bool areWritten = options.out.empty() || writePicture(*stage, options, options.view, options.out);
+    bool areWritten = options.out.empty() || writeView(*stage, options, options.view, options.out);
     for (unsigned view = 0; areWritten && !options.viewsOut.empty() && view < kStandardViews; ++view) {
-        areWritten = writePicture(*stage, options, view, options.viewsOut + std::to_string(view) + ".png");
+        areWritten = writeView(*stage, options, view, options.viewsOut + std::to_string(view) + ".png");
     }
     if (areWritten && !options.capture.empty()) {
         areWritten = writeCapture(*stage, options);

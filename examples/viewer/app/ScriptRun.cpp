@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include "CameraText.h"
+#include "CoordinateText.h"
 #include "FileInput.h"
 #include "MotionFile.h"
 #include "MouseMessages.h"
-#include "PngFile.h"
+#include "PictureFile.h"
 #include "ReadError.h"
 #include "ReadFile.h"
 #include "SystemWindow.h"
@@ -133,14 +133,6 @@ bool perform(ViewerWindow& viewer, const ScriptStep& step) {
     return false;
 }
 
-std::vector<ScriptStep> readScript(const std::string& file) {
-    try {
-        return parseScript(readTextFile(toWide(file)));
-    } catch (const ReadError& error) {
-        throw ReadError(file + ": " + error.what());
-    }
-}
-
 ExitCode play(ViewerWindow& viewer, const std::vector<ScriptStep>& steps, const std::string& file) {
     for (const ScriptStep& step : steps) {
         if (viewer.hasEnded()) {
@@ -167,9 +159,9 @@ bool playStep(ViewerWindow& viewer, const ScriptStep& step) {
 ExitCode playScript(const Options& options, Scene scene) {
     std::vector<ScriptStep> steps;
     try {
-        steps = readScript(options.script);
+        steps = parseScript(readTextFile(toWide(options.script)));
     } catch (const ReadError& error) {
-        std::fprintf(stderr, "qelview: %s\n", error.what());
+        std::fprintf(stderr, "qelview: %s: %s\n", options.script.c_str(), error.what());
         return ExitCode::Usage;
     }
     ViewerWindow viewer(Environment::scripted());

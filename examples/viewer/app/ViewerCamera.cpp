@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 
 #include "SixAxisReports.h"
 #include "ViewerWindow.h"
@@ -7,18 +6,6 @@
 /// The camera of the viewer window by keys and by six-axis controllers.
 
 namespace qelview {
-
-namespace {
-
-struct Direction {
-    double right;
-    double up;
-};
-
-/// As the commands number them.
-constexpr std::array<Direction, 4> kDirections{{{-1.0, 0.0}, {1.0, 0.0}, {0.0, 1.0}, {0.0, -1.0}}};
-
-}  // namespace
 
 void ViewerWindow::moveByKey(const KeyCommand& wanted) {
     const auto width = static_cast<int>(stage->camera().getWidth());
@@ -29,13 +16,11 @@ void ViewerWindow::moveByKey(const KeyCommand& wanted) {
     } else {
         // A share of the view, so that a key does the same in every window.
         constexpr double kShareOfAStep = 0.05;
-        const Direction& direction =
-            kDirections.at(std::min<std::size_t>(wanted.number, kDirections.size() - 1));
         const double pixels = kShareOfAStep * std::min(width, height);
+        const bool isNegative = wanted.number == 0 || wanted.number == 3;
         MotionStep step{};
-        const std::size_t first = wanted.command == Command::Pan ? 0 : 3;
-        step.at(first) = pixels * direction.right;
-        step.at(first + 1) = pixels * direction.up;
+        const std::size_t axis = (wanted.command == Command::Pan ? 0U : 3U) + (wanted.number < 2 ? 0U : 1U);
+        step.at(axis) = isNegative ? -pixels : pixels;
         stage->camera().applyMotion(step.data());
     }
     moved();

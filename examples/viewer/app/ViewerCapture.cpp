@@ -1,6 +1,5 @@
 #include <filesystem>
 
-#include "CaptureName.h"
 #include "Clipboard.h"
 #include "ViewerWindow.h"
 
@@ -17,7 +16,7 @@ void ViewerWindow::captureToFreeName() {
 
 bool ViewerWindow::capture(const std::filesystem::path& file) {
     refresh();
-    const CaptureEnd end = file.empty() ? CaptureEnd::NotWritten : stage->write(file, capturedPixels());
+    const CaptureEnd end = writeCapture(file, capturedPixels());
     const std::string name = toUtf8(file.filename().wstring());
     const bool isWhole = end == CaptureEnd::Whole;
     say(isWhole ? "Captured " + name : "The capture " + name + " " + reasonOf(end));

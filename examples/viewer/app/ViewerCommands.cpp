@@ -12,13 +12,6 @@
 
 namespace qelview {
 
-namespace {
-
-constexpr const char* kAfterFailure =
-    "The previous model is still open. Fix the file, or open another one with Ctrl+O.";
-
-}  // namespace
-
 bool ViewerWindow::take(const KeyCommand& wanted) {
     if (wanted.command == Command::Nothing) {
         return false;
@@ -206,7 +199,9 @@ void ViewerWindow::reportFailure(const std::string& reason) {
     std::fflush(stderr);
     say("Could not open the file");
     if (environment.isAttended) {
-        showError(window.get(), reason + "\n\n" + kAfterFailure);
+        showError(window.get(), reason +
+                                    "\n\nThe previous model is still open. Fix the file, or open another "
+                                    "one with Ctrl+O.");
     }
 }
 

@@ -9,9 +9,13 @@
 namespace qelview {
 
 void ViewerWindow::markMenu() {
-    showMarks(GetMenu(window.get()),
-              {stage->camera().isOrtho(), stage->camera().getOverlayOption(), stage->up() == UpAxis::Y,
-               stage->isStereo(), stage->annotations().isMeasuring, quartet != nullptr});
+    HMENU const bar = GetMenu(window.get());
+    showMark(bar, Command::SwitchProjection, stage->camera().isOrtho());
+    showMark(bar, Command::LongAxes, stage->camera().getOverlayOption());
+    showMark(bar, Command::TurnUp, stage->up() == UpAxis::Y);
+    showMark(bar, Command::Stereo, stage->isStereo());
+    showMark(bar, Command::Measure, stage->annotations().isMeasuring);
+    showMark(bar, Command::Quartet, quartet != nullptr);
 }
 
 void ViewerWindow::remember(const std::vector<std::string>& files) {
@@ -36,8 +40,8 @@ void ViewerWindow::openRecent(std::size_t number) {
 
 void ViewerWindow::keepRecent() {
     showRecentFiles(GetMenu(window.get()), recent.names());
-    if (environment.writeRecent) {
-        environment.writeRecent(recent.stored());
+    if (environment.storeKey != nullptr) {
+        writeRecentFiles(environment.storeKey, recent.stored());
     }
 }
 

@@ -22,9 +22,6 @@ qel::Drag dragOf(DragTool tool) {
     }
 }
 
-/// Smaller rectangles are accidental.
-constexpr int kSmallestRectangle = 4;
-
 }  // namespace
 
 bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -36,7 +33,8 @@ bool ViewerWindow::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
             moveMouse(placeOf(lParam));
             return true;
         case WM_MOUSELEAVE:
-            mouseLeft();
+            stage->annotations().mouse.reset();
+            redraw(Stale::Overlay);
             return true;
         case WM_CAPTURECHANGED:
             cancelGesture();
@@ -105,6 +103,8 @@ void ViewerWindow::moveMouse(const PixelPlace& place) {
 }
 
 void ViewerWindow::release(MouseButton button) {
+    // Smaller rectangles are accidental.
+    constexpr int kSmallestRectangle = 4;
     const PixelBox box = gesture.box();
     const bool wasChoosing = gesture.tool() == DragTool::Rectangle;
     const std::optional<DragTool> tool = gesture.release(button);
@@ -133,11 +133,6 @@ void ViewerWindow::cancelGesture() {
         rest();
         redraw(Stale::Frame);
     }
-}
-
-void ViewerWindow::mouseLeft() {
-    stage->annotations().mouse.reset();
-    redraw(Stale::Overlay);
 }
 
 void ViewerWindow::rotateAbout(const PixelPlace& place) {

@@ -33,45 +33,36 @@ double steadyMilliseconds() {
 }  // namespace
 
 Environment Environment::attended() {
-    return {true,
-            steadyMilliseconds,
+    return {true, steadyMilliseconds,
             [](const std::vector<std::string>& files, UpAxis up) {
                 LoadTask task(files, up);
                 return waitWithWindow(task);
             },
-            [] { return readRecentFiles(kProgramKey); },
-            [](const std::vector<std::string>& files) { writeRecentFiles(kProgramKey, files); },
-            [] { return readWindowLook(kProgramKey); },
-            [](const WindowLook& look) { writeWindowLook(kProgramKey, look); },
-            [](HWND window) { return window == nullptr ? GetDpiForSystem() : GetDpiForWindow(window); }};
+            [](HWND window) { return window == nullptr ? GetDpiForSystem() : GetDpiForWindow(window); },
+            kProgramKey};
 }
 
 Environment Environment::scripted() {
-    return {false,
-            [] { return 0.0; },
+    return {false, [] { return 0.0; },
             [](const std::vector<std::string>& files, UpAxis up) {
                 LoadTask task(files, up);
                 return waitWithText(task);
             },
-            {},
-            {},
-            {},
-            {},
             [](HWND) { return unsigned{USER_DEFAULT_SCREEN_DPI}; }};
 }
 
 ViewerWindow::ViewerWindow(Environment around) : environment(std::move(around)) {
-    if (environment.readRecent) {
-        recent = RecentFiles(environment.readRecent());
+    if (environment.storeKey != nullptr) {
+        recent = RecentFiles(readRecentFiles(environment.storeKey));
     }
 }
 
 ViewerWindow::~ViewerWindow() {
-    if (own && environment.writeLook) {
+    if (own && environment.storeKey != nullptr) {
         const double scale = scaleOf(window.get());
-        environment.writeLook({static_cast<int>(std::lround(ownSize.width / scale)),
-                               static_cast<int>(std::lround(ownSize.height / scale)),
-                               own->camera().isOrtho()});
+        writeWindowLook(environment.storeKey,
+                        {static_cast<int>(std::lround(ownSize.width / scale)),
+                         static_cast<int>(std::lround(ownSize.height / scale)), own->camera().isOrtho()});
     }
     // Displays release their windows before the windows are destroyed.
     stage = nullptr;
@@ -84,7 +75,8 @@ double ViewerWindow::scaleOf(HWND shown) const {
 }
 
 bool ViewerWindow::open(const Options& options, Scene scene) {
-    const std::optional<WindowLook> last = environment.readLook ? environment.readLook() : std::nullopt;
+    const std::optional<WindowLook> last =
+        environment.storeKey != nullptr ? readWindowLook(environment.storeKey) : std::nullopt;
     const WindowLook look =
         last && !options.hasSize ? *last : WindowLook{options.width, options.height, options.isOrthographic};
     const auto pixels = [&](HWND shown) {

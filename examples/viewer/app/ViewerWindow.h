@@ -32,14 +32,10 @@ struct Environment {
     std::function<double()> clock;
     /// Reads files into a scene, as `loadScene` does; throws ReadError and ReadCancelled.
     std::function<Scene(const std::vector<std::string>&, UpAxis)> load;
-    /// Where the names of recent files are stored; empty stores none.
-    std::function<std::vector<std::string>()> readRecent;
-    std::function<void(const std::vector<std::string>&)> writeRecent;
-    /// Where the look of the last window is stored; empty stores none.
-    std::function<std::optional<WindowLook>()> readLook;
-    std::function<void(const WindowLook&)> writeLook;
     /// Dots per inch of a window's screen; of the system for no window.
     std::function<unsigned(HWND)> dotsPerInch;
+    /// The registry key for the recent files and the look of the last window; null stores nothing.
+    const wchar_t* storeKey = nullptr;
 
     /// A user, the system's clock, a progress window for long loads, the program's registry key.
     [[nodiscard]] static Environment attended();
@@ -118,7 +114,6 @@ class ViewerWindow {
     void release(MouseButton button);
     void moveMouse(const PixelPlace& place);
     void cancelGesture();
-    void mouseLeft();
     void rotateAbout(const PixelPlace& place);
     void zoom(WPARAM wParam, LPARAM position);
     void markPoint(const PixelPlace& place);

@@ -23,7 +23,6 @@
 #include "SampleScene.h"
 #include "ScriptRun.h"
 #include "SystemWindow.h"
-#include "TourRun.h"
 #include "ViewerWindow.h"
 
 namespace {
@@ -73,9 +72,6 @@ qelview::ExitCode showScene(const qelview::Options& options, qelview::Scene scen
     }
     if (!options.script.empty()) {
         return qelview::playScript(options, std::move(scene));
-    }
-    if (!options.tour.empty()) {
-        return qelview::writeTour(options, std::move(scene));
     }
     return options.writesPictures() ? qelview::writePictures(options, std::move(scene), watch)
                                     : qelview::ViewerWindow().run(options, std::move(scene));

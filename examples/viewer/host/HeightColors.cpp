@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 
 namespace qelview {
 
@@ -24,11 +23,6 @@ double heightOf(const qel::ArrayVertex& vertex, UpAxis up) {
 }
 
 }  // namespace
-
-HeightRange HeightRange::nothing(UpAxis up) {
-    constexpr double kInfinite = std::numeric_limits<double>::infinity();
-    return {kInfinite, -kInfinite, up};
-}
 
 void HeightRange::include(const qel::ArrayVertex& vertex) {
     const double height = heightOf(vertex, up);

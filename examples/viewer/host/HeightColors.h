@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <limits>
 
 #include "QelArrayElements.h"
 #include "QelColor.h"
@@ -18,16 +18,15 @@ enum class Colouring : std::uint8_t {
     Plain,
 };
 
-/// The lowest and the highest place along the axis that points up, in model units.
+/// The lowest and the highest place along the axis that points up, in model units; not valid until something
+/// is included.
 struct HeightRange {
-    double low = 0.0;
-    double high = 0.0;
+    double low = std::numeric_limits<double>::infinity();
+    double high = -std::numeric_limits<double>::infinity();
     UpAxis up = UpAxis::Z;
 
     void include(const qel::ArrayVertex& vertex);
     [[nodiscard]] bool isValid() const { return low <= high; }
-    /// A range that is not valid until something is included.
-    [[nodiscard]] static HeightRange nothing(UpAxis up);
 };
 
 /// @param share of the way from low to high; the range is flat if it is not a number, and then has the middle's colour.

@@ -119,31 +119,30 @@ void HostScene::addCloud(PointCloud&& cloud) {
     clouds.push_back(std::move(added));
 }
 
-void HostScene::addGeometry(IQelGeometry* geometry, const LineStyle& style) {
-    geometries.push_back({geometry, style});
-}
-
 void HostScene::addGeometries(const Scene& scene) {
+    const auto add = [this](IQelGeometry* geometry, const LineStyle& style) {
+        geometries.push_back({geometry, style});
+    };
     for (const Polyline& polyline : scene.polylines) {
-        addGeometry(new qel::HostPolyline(polyline.parts), polyline.style);
+        add(new qel::HostPolyline(polyline.parts), polyline.style);
     }
     for (const Polygon& polygon : scene.polygons) {
-        addGeometry(new qel::HostPolygon(polygon.rings), polygon.style);
+        add(new qel::HostPolygon(polygon.rings), polygon.style);
     }
     for (const Ring& ring : scene.rings) {
-        addGeometry(new qel::HostRing(ring.points), ring.style);
+        add(new qel::HostRing(ring.points), ring.style);
     }
     for (const Curve& curve : scene.curves) {
-        addGeometry(new qel::HostCurve(curve.points), curve.style);
+        add(new qel::HostCurve(curve.points), curve.style);
     }
     for (const Segment& segment : scene.segments) {
-        addGeometry(new qel::HostSegment(segment.from, segment.to), segment.style);
+        add(new qel::HostSegment(segment.from, segment.to), segment.style);
     }
     for (const Ball& ball : scene.balls) {
-        addGeometry(new qel::HostBall(ball.center, ball.radius), ball.style);
+        add(new qel::HostBall(ball.center, ball.radius), ball.style);
     }
     for (const SurveyPoint& point : scene.points) {
-        addGeometry(new qel::HostPoint(point.position), {});
+        add(new qel::HostPoint(point.position), {});
     }
 }
 
@@ -288,24 +287,14 @@ void HostScene::drawGeometry(IQelSymbol& symbol, const Geometry& drawn, float pi
     const float width = drawn.style.width * pixelScale;
     symbol.setColor(drawn.style.color);
     symbol.setLineWidth(width);
-    switch (static_cast<qel::GeometryKind>(drawn.geometry->geometryType())) {
-        case qel::GeometryKind::LineSegment:
-            // A segment alone is drawn with the current colour and width.
-            symbol.drawGeometryWith(drawn.geometry.get(), static_cast<double>(width),
-                                    drawn.style.color.toColor3b());
-            break;
-        case qel::GeometryKind::Ball: {
-            // So is a ball.
-            const qel::QelColor4b& color = drawn.style.color;
-            glColor3ub(color.r, color.g, color.b);
-            glLineWidth(width);
-            symbol.drawGeometry(drawn.geometry.get());
-            break;
-        }
-        default:
-            symbol.drawGeometry(drawn.geometry.get());
-            break;
+    const auto kind = static_cast<qel::GeometryKind>(drawn.geometry->geometryType());
+    if (kind == qel::GeometryKind::LineSegment || kind == qel::GeometryKind::Ball) {
+        // Alone they are drawn with the current colour and width.
+        const qel::QelColor4b& color = drawn.style.color;
+        glColor3ub(color.r, color.g, color.b);
+        glLineWidth(width);
     }
+    symbol.drawGeometry(drawn.geometry.get());
 }
 
 void HostScene::drawMarker(IQelSymbol& symbol, const Marker& marker, float pixelScale) {

@@ -118,7 +118,6 @@ class HostScene {
 
     void addMesh(TriangleMesh&& mesh);
     void addCloud(PointCloud&& cloud);
-    void addGeometry(IQelGeometry* geometry, const LineStyle& style);
     void addGeometries(const Scene& scene);
 
     /// Fills `ranges` with what a frame draws.

@@ -20,12 +20,12 @@ void convert(const qel::QelColor3f& color, qel::ArrayColor3b& converted) {
 }
 
 template <class Color>
-qel::ref_ptr<qel::HostArray<Color>> heightColors(const std::vector<qel::ArrayVertex>& vertices,
-                                                 const HeightRange& range) {
+void makeHeightColors(const std::vector<qel::ArrayVertex>& vertices, const HeightRange& range,
+                      qel::ref_ptr<qel::HostArray<Color>>& made) {
     std::vector<Color> colors(vertices.size());
     forEachOnAllCores(vertices.size(),
                       [&](std::size_t i) { convert(colorIn(range, vertices[i]), colors[i]); });
-    return new qel::HostArray<Color>(std::move(colors));
+    made = new qel::HostArray<Color>(std::move(colors));
 }
 
 }  // namespace
@@ -43,7 +43,7 @@ Points HostScene::sectionLines(const SectionPlane& plane) const {
 }
 
 HeightRange HostScene::heights(UpAxis up) const {
-    HeightRange range = HeightRange::nothing(up);
+    HeightRange range{.up = up};
     const auto include = [&range](const auto& parts) {
         for (const auto& part : parts) {
             for (int i = 0; part.vertices && i < part.vertices->count(); ++i) {
@@ -58,18 +58,16 @@ HeightRange HostScene::heights(UpAxis up) const {
 
 void HostScene::setColouring(Colouring wanted, const HeightRange& range) {
     shownColouring = wanted;
-    for (Mesh& mesh : meshes) {
-        mesh.heightColors = {};
-        if (wanted == Colouring::Height && mesh.vertices) {
-            mesh.heightColors = heightColors<qel::ArrayColor4f>(mesh.vertices->content(), range);
+    const auto color = [&](auto& parts) {
+        for (auto& part : parts) {
+            part.heightColors = {};
+            if (wanted == Colouring::Height && part.vertices) {
+                makeHeightColors(part.vertices->content(), range, part.heightColors);
+            }
         }
-    }
-    for (Cloud& cloud : clouds) {
-        cloud.heightColors = {};
-        if (wanted == Colouring::Height && cloud.vertices) {
-            cloud.heightColors = heightColors<qel::ArrayColor3b>(cloud.vertices->content(), range);
-        }
-    }
+    };
+    color(meshes);
+    color(clouds);
 }
 
 float HostScene::growPoints(float pixels) {

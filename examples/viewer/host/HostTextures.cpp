@@ -16,13 +16,8 @@ constexpr GLint kClampToEdge = 0x812F;
 /// True for a current context of OpenGL 1.2 or later.
 bool canClampToEdge() {
     const auto* const version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
-    if (version == nullptr) {
-        return false;
-    }
-    char* behindMajor = nullptr;
-    const long major = std::strtol(version, &behindMajor, 10);
-    const long minor = *behindMajor == '.' ? std::strtol(behindMajor + 1, nullptr, 10) : 0;
-    return major > 1 || (major == 1 && minor >= 2);
+    // It begins with major and minor number, of one digit each: "1.1.0 by a vendor".
+    return version != nullptr && std::strtod(version, nullptr) >= 1.2;
 }
 
 void setWrapping(GLenum direction, Wrapping wrapping, GLint clamping) {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "Reach.h"
+#include "SectionPlane.h"
 
 namespace qelview {
 
@@ -50,11 +51,9 @@ class PartsSeen {
 
     /// In perspective the camera does not tell what it sees of a box that reaches behind the eye.
     [[nodiscard]] bool isAtEye(const qel::Enve3d& box) const {
-        const double middle = qel::dot(box.MidPoint() - eye, ahead);
-        const double reach =
-            0.5 * ((box.xmax - box.xmin) * std::abs(ahead.x) + (box.ymax - box.ymin) * std::abs(ahead.y) +
-                   (box.zmax - box.zmin) * std::abs(ahead.z));
-        return std::abs(middle) <= reach && !camera.isOrtho();
+        const auto [low, high] = rangeAlong(ahead, box);
+        const double place = qel::dot(ahead, eye);
+        return low <= place && place <= high && !camera.isOrtho();
     }
 
     IQelTrackBall& camera;

@@ -1,6 +1,7 @@
 #include "PowersOfTwo.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -50,12 +51,9 @@ void addRow(const std::uint8_t* row, std::size_t channels, const std::vector<Cov
 }  // namespace
 
 int nearestPowerOfTwo(int size, int most) {
-    int power = 1;
+    const auto below = static_cast<int>(std::bit_floor(static_cast<unsigned>(size)));
     // Halfway up to the next one.
-    while (power < most && size >= power + (power + 1) / 2) {
-        power *= 2;
-    }
-    return power;
+    return std::min(most, size >= below + (below + 1) / 2 ? 2 * below : below);
 }
 
 TextureImage scaledImage(const TextureImage& image, int width, int height) {

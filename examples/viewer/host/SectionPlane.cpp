@@ -1,6 +1,7 @@
 #include "SectionPlane.h"
 
 #include <array>
+#include <cmath>
 
 namespace qelview {
 
@@ -33,6 +34,14 @@ void appendLine(const std::array<Corner, 3>& corners, Points& lines) {
 }
 
 }  // namespace
+
+std::pair<double, double> rangeAlong(const qel::XPnt3d& direction, const qel::Enve3d& box) {
+    const double middle = qel::dot(direction, box.MidPoint());
+    const double reach =
+        0.5 * (std::abs(direction.x) * (box.xmax - box.xmin) + std::abs(direction.y) * (box.ymax - box.ymin) +
+               std::abs(direction.z) * (box.zmax - box.zmin));
+    return {middle - reach, middle + reach};
+}
 
 void appendSectionLines(const SectionPlane& plane, const std::vector<qel::ArrayVertex>& vertices,
                         const std::vector<qel::ArrayIndex>& indices, Points& lines) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
+#include "Enve3d.h"
 #include "QelArrayElements.h"
 #include "SceneParts.h"
 
@@ -18,6 +20,9 @@ struct SectionPlane {
     /// How far a point lies beyond the plane; negative for points that are drawn.
     [[nodiscard]] double beyond(const qel::XPnt3d& point) const { return qel::dot(normal, point) - offset; }
 };
+
+/// The lowest and the highest place of a box along a direction, from the origin, in lengths of the direction.
+[[nodiscard]] std::pair<double, double> rangeAlong(const qel::XPnt3d& direction, const qel::Enve3d& box);
 
 /// Appends the lines in which triangles meet a plane, two points for each. Triangles in the plane and those that only touch it have none.
 /// @param indices three a triangle; empty if each three vertices are a triangle.

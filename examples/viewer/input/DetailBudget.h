@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 namespace qelview {
@@ -16,7 +18,13 @@ class DetailBudget {
     /// One in how many triangles and points the next frame draws; 1 draws all.
     [[nodiscard]] std::size_t thinning(bool isMoving) const { return isMoving ? wanted : 1; }
     /// Reports how long a frame took that drew one in `thinning`.
-    void addFrameTime(double milliseconds, std::size_t thinning);
+    void addFrameTime(double milliseconds, std::size_t thinning) {
+        // A full frame measures again how much is possible; a thinned frame can only ask for less, or the
+        // picture would flicker between two densities.
+        const double parts = std::clamp(std::ceil(milliseconds / kMilliseconds), 1.0, double{kThinnest});
+        const std::size_t asked = std::min(thinning * static_cast<std::size_t>(parts), kThinnest);
+        wanted = thinning == 1 ? asked : std::max(wanted, asked);
+    }
     /// Starts again for another scene.
     void reset() { wanted = 1; }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace qelview {
 
@@ -106,23 +105,12 @@ unsigned mainKeyOf(unsigned key) {
 }
 
 /// Keys that no menu line shows.
-KeyCommand hiddenLineOf(const KeyPress& press) {
-    const std::array<std::pair<KeyPress, Command>, 3> lines{
-        {{{}, Command::Nothing}, {keyOf("Esc"), Command::Leave}, {keyOf("Home"), Command::Fit}}};
-    const auto* const found =
-        std::find_if(lines.begin(), lines.end(), [&](const auto& line) { return line.first == press; });
-    return {found == lines.end() ? Command::Nothing : found->second};
-}
+constexpr std::array<MenuLine, 2> kHiddenLines{{{"", "Esc", {Command::Leave}}, {"", "Home", {Command::Fit}}}};
 
-KeyCommand lineOf(const KeyPress& press) {
-    for (const MenuColumn& column : kColumns) {
-        for (const MenuLine& line : column.lines) {
-            if (keyOf(line.key) == press) {
-                return line.meaning;
-            }
-        }
-    }
-    return {};
+KeyCommand lineOf(const KeyPress& press, std::span<const MenuLine> lines) {
+    const auto found =
+        std::ranges::find_if(lines, [&](const MenuLine& line) { return keyOf(line.key) == press; });
+    return found == lines.end() ? KeyCommand() : found->meaning;
 }
 
 }  // namespace
@@ -139,13 +127,14 @@ KeyCommand commandOf(const KeyPress& press) {
     }
     for (const bool withShift : {press.withShift, false}) {
         wanted.withShift = withShift;
-        for (const KeyCommand& found : {lineOf(wanted), hiddenLineOf(wanted)}) {
+        for (const MenuColumn& column : kColumns) {
+            const KeyCommand found = lineOf(wanted, column.lines);
             if (found.command != Command::Nothing) {
                 return found;
             }
         }
     }
-    return {};
+    return lineOf(wanted, kHiddenLines);
 }
 
 unsigned menuNumberOf(const KeyCommand& meaning) {

@@ -1,7 +1,5 @@
 #include "MouseGesture.h"
 
-#include <cstdlib>
-
 namespace qelview {
 
 namespace {
@@ -17,14 +15,6 @@ DragTool toolOf(MouseButton button, const LeftButton& left) {
 }
 
 }  // namespace
-
-int PixelBox::width() const {
-    return std::abs(to.x - from.x);
-}
-
-int PixelBox::height() const {
-    return std::abs(to.y - from.y);
-}
 
 bool MouseGesture::press(MouseButton button, const LeftButton& left, const PixelPlace& place) {
     if (held) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
 #include <optional>
 
 namespace qelview {
@@ -18,8 +19,8 @@ struct PixelBox {
     PixelPlace from;
     PixelPlace to;
 
-    [[nodiscard]] int width() const;
-    [[nodiscard]] int height() const;
+    [[nodiscard]] int width() const { return std::abs(to.x - from.x); }
+    [[nodiscard]] int height() const { return std::abs(to.y - from.y); }
     [[nodiscard]] PixelPlace middle() const { return {(from.x + to.x) / 2, (from.y + to.y) / 2}; }
 };
 

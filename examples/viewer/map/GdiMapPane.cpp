@@ -23,11 +23,6 @@ class Selected {
     HGDIOBJ before;
 };
 
-void printAt(HDC dc, int x, int baseline, const std::string& text) {
-    const std::wstring wide = toWide(text);
-    TextOutW(dc, x, baseline, wide.c_str(), static_cast<int>(wide.size()));
-}
-
 int wholePixels(const MapView& view, double dots) {
     return static_cast<int>(std::lround(view.dots(dots)));
 }
@@ -71,11 +66,10 @@ HDC GdiMapPane::deviceContext() {
     return qel::handleFromNumber<HDC>(display->getDC());
 }
 
-void GdiMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+void GdiMapPane::show(const MapFrame& frame, const MapView& view) {
     HDC const dc = deviceContext();
     display->setPixelSize(view.width(), view.height());
     display->setViewExtent(view.extent());
-    display->setPenWidth(wholePixels(view, 1.0));
     const RECT all{0, 0, view.width(), view.height()};
     HBRUSH const sea = CreateSolidBrush(kSea.forGdi());
     FillRect(dc, &all, sea);
@@ -87,15 +81,13 @@ void GdiMapPane::show(const MapFrame& frame, const MapView& view, const MapTexts
     drawLines(frame.outlines, kOutline.forGdi());
     drawLines(frame.lines, kLineColor.forGdi());
     drawPoints(frame, view);
-    if (texts.areShown) {
-        drawTexts(frame, view, texts);
-    }
+    drawTexts(frame, view);
     display->endDraw();
     GdiFlush();
 }
 
-PixelImage GdiMapPane::picture(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
-    show(frame, view, texts);
+PixelImage GdiMapPane::picture(const MapFrame& frame, const MapView& view) {
+    show(frame, view);
     return imageOf(deviceContext(), view.width(), view.height());
 }
 
@@ -117,21 +109,17 @@ void GdiMapPane::fillAreas(const std::vector<Rings2d>& areas) {
     SetPolyFillMode(dc, ALTERNATE);
     const Selected noPen(dc, GetStockObject(NULL_PEN));
     for (const Rings2d& rings : areas) {
-        fillArea(rings);
-    }
-}
-
-void GdiMapPane::fillArea(const Rings2d& rings) {
-    corners.clear();
-    counts.clear();
-    for (const Line2d& ring : rings) {
-        for (const qel::XPnt2d& point : ring) {
-            const qel::PixelPoint pixel = display->worldToScreen(point);
-            corners.push_back({pixel.x, pixel.y});
+        std::vector<POINT> corners;
+        std::vector<INT> counts;
+        for (const Line2d& ring : rings) {
+            for (const qel::XPnt2d& point : ring) {
+                const qel::PixelPoint pixel = display->worldToScreen(point);
+                corners.push_back({pixel.x, pixel.y});
+            }
+            counts.push_back(static_cast<INT>(ring.size()));
         }
-        counts.push_back(static_cast<INT>(ring.size()));
+        PolyPolygon(dc, corners.data(), counts.data(), static_cast<int>(counts.size()));
     }
-    PolyPolygon(deviceContext(), corners.data(), counts.data(), static_cast<int>(counts.size()));
 }
 
 void GdiMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
@@ -147,37 +135,18 @@ void GdiMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
     }
 }
 
-void GdiMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+void GdiMapPane::drawTexts(const MapFrame& frame, const MapView& view) {
+    drawLines(frame.bar, kInk.forGdi());
     HDC const dc = deviceContext();
     const Selected writing(dc, font.handle(wholePixels(view, kTextHeightPx)));
-    const int margin = wholePixels(view, kTextMarginPx);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, kInk.forGdi());
     SetTextAlign(dc, TA_LEFT | TA_BASELINE);
-    for (const Name2d& name : frame.names) {
-        const qel::XPnt2d at = view.pixelOf(name.at);
-        printAt(dc, static_cast<int>(at.x) + wholePixels(view, kLabelOffsetPx),
-                static_cast<int>(at.y) - wholePixels(view, kLabelOffsetPx * 0.5), name.text);
+    for (const PlacedText& text : frame.texts) {
+        const std::wstring wide = toWide(text.text);
+        TextOutW(dc, static_cast<int>(text.at.x), static_cast<int>(text.at.y), wide.c_str(),
+                 static_cast<int>(wide.size()));
     }
-    printAt(dc, margin, margin + wholePixels(view, kTextHeightPx), texts.title);
-    printAt(dc, margin, view.height() - margin, texts.place);
-    drawBar(view, texts.bar);
-}
-
-void GdiMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
-    display->setPenColor(kInk.forGdi());
-    const double base = view.height() - 1.0 - view.dots(kTextMarginPx);
-    const double tick = view.dots(kTickPx);
-    const auto segment = [&](double fromX, double fromY, double toX, double toY) {
-        const qel::XPnt2d from = view.worldAt(fromX, fromY);
-        const qel::XPnt2d to = view.worldAt(toX, toY);
-        display->drawLineSeg({{from.x, from.y, 0.0}, {to.x, to.y, 0.0}});
-    };
-    segment(bar.left, base, bar.right, base);
-    segment(bar.left, base - tick, bar.left, base);
-    segment(bar.right, base - tick, bar.right, base + 1.0);
-    printAt(deviceContext(), static_cast<int>(bar.textLeft),
-            static_cast<int>(base) - wholePixels(view, kOverBarPx), bar.text);
 }
 
 }  // namespace qelview

@@ -18,23 +18,18 @@ class GdiMapPane final : public MapPane {
     /// @param window with its own device context; it must be visible to be drawn on.
     explicit GdiMapPane(HWND window);
 
-    void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) override;
-    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view,
-                                     const MapTextsOfFrame& texts) override;
+    void show(const MapFrame& frame, const MapView& view) override;
+    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view) override;
 
   private:
     [[nodiscard]] HDC deviceContext();
     void drawLines(const std::vector<Line2d>& lines, std::uint32_t color);
     void fillAreas(const std::vector<Rings2d>& areas);
-    void fillArea(const Rings2d& rings);
     void drawPoints(const MapFrame& frame, const MapView& view);
-    void drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
-    void drawBar(const MapView& view, const ScaleBar& bar);
+    void drawTexts(const MapFrame& frame, const MapView& view);
 
     qel::ref_ptr<IQelScrDisplay2D> display;
     ScreenFont font;
-    std::vector<POINT> corners;
-    std::vector<INT> counts;
 };
 
 }  // namespace qelview

@@ -11,6 +11,7 @@
 #include "QelGl.h"
 #include "QelHostKit.h"
 #include "QelTmpGlStateCtrl.h"
+#include "Stage.h"
 
 namespace qelview {
 
@@ -38,13 +39,8 @@ void drawTriangles(IQelSymbol& symbol, const qel::ref_ptr<IQelArray<qel::ArrayVe
 }  // namespace
 
 std::unique_ptr<GlMapPane> GlMapPane::open(HWND window) {
-    qel::ref_ptr<IQelDisplay> display = qel::adopt(newScreenDisplay());
-    display->attachWindow(qel::handleNumber(window), false);
-    display->makeCurrent();
-    if (display->getDC() == 0 || wglGetCurrentContext() == nullptr) {
-        return nullptr;
-    }
-    return std::unique_ptr<GlMapPane>(new GlMapPane(display));
+    const qel::ref_ptr<IQelDisplay> display = Stage::attach(window, false);
+    return display ? std::unique_ptr<GlMapPane>(new GlMapPane(display)) : nullptr;
 }
 
 GlMapPane::GlMapPane(qel::ref_ptr<IQelDisplay> attached)
@@ -52,20 +48,20 @@ GlMapPane::GlMapPane(qel::ref_ptr<IQelDisplay> attached)
     display->setBackColor(kSea.forOpenGl());
 }
 
-void GlMapPane::show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
-    draw(frame, view, texts);
+void GlMapPane::show(const MapFrame& frame, const MapView& view) {
+    draw(frame, view);
     display->present();
 }
 
-PixelImage GlMapPane::picture(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
-    draw(frame, view, texts);
+PixelImage GlMapPane::picture(const MapFrame& frame, const MapView& view) {
+    draw(frame, view);
     glReadBuffer(GL_BACK);
     PixelImage image = readPixels(view.width(), view.height());
     display->present();
     return image;
 }
 
-void GlMapPane::draw(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
+void GlMapPane::draw(const MapFrame& frame, const MapView& view) {
     display->setViewSize(view.width(), view.height());
     display->beginFrame(0);
     display->beginDraw();
@@ -79,9 +75,7 @@ void GlMapPane::draw(const MapFrame& frame, const MapView& view, const MapTextsO
     drawLines(frame.outlines, kOutline);
     drawLines(frame.lines, kLineColor);
     drawPoints(frame, view);
-    if (texts.areShown) {
-        drawTexts(frame, view, texts);
-    }
+    drawTexts(frame, view);
     display->endDraw();
 }
 
@@ -99,16 +93,18 @@ void GlMapPane::loadView(const MapView& view) {
     origin = transform->getOrigin();
 }
 
-qel::XPnt3d GlMapPane::local(const qel::XPnt2d& world) const {
-    return {world.x - origin.x, world.y - origin.y, 0.0};
+Points GlMapPane::local(const Line2d& line) const {
+    Points points;
+    std::transform(line.begin(), line.end(), std::back_inserter(points), [this](const qel::XPnt2d& point) {
+        return qel::XPnt3d(point.x - origin.x, point.y - origin.y, 0.0);
+    });
+    return points;
 }
 
 void GlMapPane::drawLines(const std::vector<Line2d>& lines, const MapColor& color) {
     std::vector<Points> parts;
     for (const Line2d& line : lines) {
-        Points& part = parts.emplace_back();
-        std::transform(line.begin(), line.end(), std::back_inserter(part),
-                       [this](const qel::XPnt2d& point) { return local(point); });
+        parts.push_back(local(line));
     }
     symbol->setColor(color.forSymbol());
     const qel::ref_ptr<IQelGeometry> all = new qel::HostPolyline(parts);
@@ -118,14 +114,11 @@ void GlMapPane::drawLines(const std::vector<Line2d>& lines, const MapColor& colo
 void GlMapPane::fillAreas(const std::vector<Rings2d>& areas, const MapView& view) {
     std::vector<qel::ArrayVertex> corners;
     for (const Rings2d& rings : areas) {
-        Rings2d localRings = rings;
-        for (Line2d& ring : localRings) {
-            for (qel::XPnt2d& point : ring) {
-                const qel::XPnt3d moved = local(point);
-                point = {moved.x, moved.y};
-            }
+        std::vector<Points> contours;
+        for (const Line2d& ring : rings) {
+            contours.push_back(local(ring));
         }
-        for (const qel::XPnt2d& corner : trianglesOf(localRings)) {
+        for (const qel::XPnt3d& corner : trianglesOf(contours)) {
             corners.push_back({static_cast<float>(corner.x), static_cast<float>(corner.y), 0.0F, {}});
         }
     }
@@ -141,50 +134,28 @@ void GlMapPane::fillAreas(const std::vector<Rings2d>& areas, const MapView& view
 }
 
 void GlMapPane::drawPoints(const MapFrame& frame, const MapView& view) {
+    const Points places = local(frame.points);
     if (frame.isCrowded) {
-        Points places;
-        std::transform(frame.points.begin(), frame.points.end(), std::back_inserter(places),
-                       [this](const qel::XPnt2d& point) { return local(point); });
         symbol->drawPoints(places.data(), static_cast<std::int32_t>(places.size()), view.dots(1.0),
                            kPointColorOfMap.forOpenGl(), false, false);
         return;
     }
     const double half = view.dots(kPointHalfPx) * view.unitsPerPixel();
-    for (const qel::XPnt2d& point : frame.points) {
-        symbol->drawSquare(local(point), half, view.dots(1.0), kPointColorOfMap.forOpenGl(), false, false);
+    for (const qel::XPnt3d& place : places) {
+        symbol->drawSquare(place, half, view.dots(1.0), kPointColorOfMap.forOpenGl(), false, false);
     }
 }
 
-void GlMapPane::drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) {
-    drawBar(view, texts.bar);
+void GlMapPane::drawTexts(const MapFrame& frame, const MapView& view) {
+    drawLines(frame.bar, kInk);
     display->setOrtho2D();
     const QelTmpGlStateCtrl ink(kInk.forOpenGl());
-    const double margin = view.dots(kTextMarginPx);
-    const double height = view.height();
     const int letters = static_cast<int>(std::lround(view.dots(kTextHeightPx)));
-    const auto print = [&](double x, double y, const std::string& text) {
+    for (const PlacedText& text : frame.texts) {
         glRasterPos2d(0.0, 0.0);
-        font.print(text, letters, static_cast<int>(x), static_cast<int>(y));
-    };
-    for (const Name2d& name : frame.names) {
-        const qel::XPnt2d at = view.pixelOf(name.at);
-        print(at.x + view.dots(kLabelOffsetPx), height - at.y + view.dots(kLabelOffsetPx * 0.5), name.text);
+        font.print(text.text, letters, static_cast<int>(text.at.x),
+                   static_cast<int>(view.height() - text.at.y));
     }
-    print(margin, height - margin - view.dots(kTextHeightPx), texts.title);
-    print(margin, margin, texts.place);
-    print(texts.bar.textLeft, margin + view.dots(kOverBarPx), texts.bar.text);
-}
-
-void GlMapPane::drawBar(const MapView& view, const ScaleBar& bar) {
-    const double base = view.height() - 1.0 - view.dots(kTextMarginPx);
-    const double tick = view.dots(kTickPx);
-    const auto segment = [&](double fromX, double fromY, double toX, double toY) {
-        symbol->drawLine(local(view.worldAt(fromX, fromY)), local(view.worldAt(toX, toY)), view.dots(1.0),
-                         kInk.forOpenGl(), false, false);
-    };
-    segment(bar.left, base, bar.right, base);
-    segment(bar.left, base - tick, bar.left, base);
-    segment(bar.right, base - tick, bar.right, base + 1.0);
 }
 
 }  // namespace qelview

@@ -20,22 +20,20 @@ class GlMapPane final : public MapPane {
     /// Null if no OpenGL context could be created.
     [[nodiscard]] static std::unique_ptr<GlMapPane> open(HWND window);
 
-    void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) override;
-    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view,
-                                     const MapTextsOfFrame& texts) override;
+    void show(const MapFrame& frame, const MapView& view) override;
+    [[nodiscard]] PixelImage picture(const MapFrame& frame, const MapView& view) override;
 
   private:
     explicit GlMapPane(qel::ref_ptr<IQelDisplay> attached);
 
     /// Draws into the back buffer.
-    void draw(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
+    void draw(const MapFrame& frame, const MapView& view);
     void loadView(const MapView& view);
     void drawLines(const std::vector<Line2d>& lines, const MapColor& color);
     void fillAreas(const std::vector<Rings2d>& areas, const MapView& view);
     void drawPoints(const MapFrame& frame, const MapView& view);
-    void drawTexts(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts);
-    void drawBar(const MapView& view, const ScaleBar& bar);
-    [[nodiscard]] qel::XPnt3d local(const qel::XPnt2d& world) const;
+    void drawTexts(const MapFrame& frame, const MapView& view);
+    [[nodiscard]] Points local(const Line2d& line) const;
 
     qel::ref_ptr<IQelDisplay> display;
     qel::ref_ptr<IQelSymbol> symbol;

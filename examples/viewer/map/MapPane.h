@@ -1,18 +1,9 @@
 #pragma once
 
 #include "MapFrame.h"
-#include "MapTexts.h"
-#include "PngFile.h"
+#include "PictureFile.h"
 
 namespace qelview {
-
-/// The text over a map.
-struct MapTextsOfFrame {
-    bool areShown = true;
-    std::string title;
-    std::string place;
-    ScaleBar bar;
-};
 
 /// A pane that draws a map in its window.
 class MapPane {
@@ -23,10 +14,9 @@ class MapPane {
     virtual ~MapPane() = default;
 
     /// Draws and shows a frame.
-    virtual void show(const MapFrame& frame, const MapView& view, const MapTextsOfFrame& texts) = 0;
+    virtual void show(const MapFrame& frame, const MapView& view) = 0;
     /// Draws a frame and reads it back.
-    [[nodiscard]] virtual PixelImage picture(const MapFrame& frame, const MapView& view,
-                                             const MapTextsOfFrame& texts) = 0;
+    [[nodiscard]] virtual PixelImage picture(const MapFrame& frame, const MapView& view) = 0;
 };
 
 }  // namespace qelview

@@ -1,33 +1,14 @@
 #include "MapRelief.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "MapTriangles.h"
 
 namespace qelview {
-
-namespace {
-
-constexpr qel::QelColor3f kGround{0.30F, 0.36F, 0.33F};
-
-Rings2d flat(const Polygon& polygon) {
-    Rings2d rings;
-    for (const Points& ring : polygon.rings) {
-        Line2d& line = rings.emplace_back();
-        std::transform(ring.begin(), ring.end(), std::back_inserter(line),
-                       [](const qel::XPnt3d& point) { return qel::XPnt2d(point.x, point.y); });
-    }
-    return rings;
-}
-
-}  // namespace
 
 Scene reliefOf(const Scene& map) {
     Scene scene = map;
     TriangleMesh ground;
     ground.name = "ground";
-    ground.color = kGround;
+    ground.color = {0.30F, 0.36F, 0.33F};
     ground.faceted = true;
     for (const Polygon& polygon : map.polygons) {
         if (polygon.rings.empty() || polygon.rings.front().empty()) {
@@ -35,7 +16,7 @@ Scene reliefOf(const Scene& map) {
         }
         // In the plane of the polygon's first point: areas of maps are level.
         const double level = polygon.rings.front().front().z;
-        for (const qel::XPnt2d& corner : trianglesOf(flat(polygon))) {
+        for (const qel::XPnt3d& corner : trianglesOf(polygon.rings)) {
             ground.positions.emplace_back(corner.x, corner.y, level);
         }
     }

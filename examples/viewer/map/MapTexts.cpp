@@ -32,6 +32,24 @@ ScaleBar scaleBarOf(const MapView& view, bool isGeographic) {
     return bar;
 }
 
+void addTexts(MapFrame& frame, const MapView& view, const std::string& title, const std::string& place,
+              const ScaleBar& bar) {
+    const double beside = view.dots(kLabelOffsetPx);
+    const double margin = view.dots(kTextMarginPx);
+    const double base = view.height() - 1.0 - margin;
+    const double tips = base - view.dots(kTickPx);
+    for (const Name2d& name : frame.names) {
+        const qel::XPnt2d at = view.pixelOf(name.at);
+        frame.texts.push_back({{at.x + beside, at.y - 0.5 * beside}, name.text});
+    }
+    frame.texts.push_back({{margin, margin + view.dots(kTextHeightPx)}, title});
+    frame.texts.push_back({{margin, view.height() - margin}, place});
+    frame.texts.push_back({{bar.textLeft, base - view.dots(kOverBarPx)}, bar.text});
+    // Lines leave out their last pixel.
+    frame.bar.push_back({view.worldAt(bar.left, tips), view.worldAt(bar.left, base),
+                         view.worldAt(bar.right, base), view.worldAt(bar.right, tips - 1.0)});
+}
+
 std::string textOf(const qel::XPnt2d& world, const MapView& view, bool isGeographic) {
     const double step = view.unitsPerPixel();
     if (isGeographic) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "MapView.h"
+#include "MapFrame.h"
 
 namespace qelview {
 
@@ -18,6 +18,10 @@ struct ScaleBar {
 };
 
 [[nodiscard]] ScaleBar scaleBarOf(const MapView& view, bool isGeographic);
+
+/// Writes names, a title, the text of a place and a scale bar over a frame.
+void addTexts(MapFrame& frame, const MapView& view, const std::string& title, const std::string& place,
+              const ScaleBar& bar);
 
 /// Coordinates to the precision of a pixel, in degrees east and north for a geographic map.
 [[nodiscard]] std::string textOf(const qel::XPnt2d& world, const MapView& view, bool isGeographic);

@@ -1,11 +1,13 @@
 #pragma once
 
-#include "MapData.h"
+#include <vector>
+
+#include "SceneParts.h"
 
 namespace qelview {
 
-/// Triangulates the area that rings enclose by the even-odd rule: three points per triangle, in no particular
-/// order.
-[[nodiscard]] Line2d trianglesOf(const Rings2d& rings);
+/// Triangulates the area that rings enclose, seen from above, by the even-odd rule: three points per triangle,
+/// in no particular order.
+[[nodiscard]] Points trianglesOf(const std::vector<Points>& rings);
 
 }  // namespace qelview

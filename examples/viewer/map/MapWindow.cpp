@@ -221,7 +221,10 @@ void MapWindow::press(UINT message, const POINT& place) {
 
 void MapWindow::move(const POINT& place) {
     if (current == Pane::Relief) {
-        turnRelief(place);
+        if (isDragging) {
+            relief->camera().onMouseMove(place.x, mapView.height() - 1 - place.y);
+            redraw();
+        }
         return;
     }
     if (isDragging) {
@@ -229,13 +232,6 @@ void MapWindow::move(const POINT& place) {
     }
     mouse = place;
     redraw();
-}
-
-void MapWindow::turnRelief(const POINT& place) {
-    if (isDragging) {
-        relief->camera().onMouseMove(place.x, mapView.height() - 1 - place.y);
-        redraw();
-    }
 }
 
 void MapWindow::release() {
@@ -260,10 +256,14 @@ MapPane& MapWindow::plane() {
     return current == Pane::Gdi ? *gdi : static_cast<MapPane&>(*gl);
 }
 
-MapTextsOfFrame MapWindow::texts(bool areShown) const {
-    const qel::XPnt2d place = mapView.worldAt(mouse.x, mouse.y);
-    return {areShown, map.title + "  (" + kPaneNames.at(static_cast<std::size_t>(current)) + ")",
-            textOf(place, mapView, map.isGeographic), scaleBarOf(mapView, map.isGeographic)};
+MapFrame MapWindow::frame(bool withTexts) const {
+    MapFrame shown = makeFrame(map, mapView);
+    if (withTexts) {
+        addTexts(shown, mapView, map.title + "  (" + kPaneNames.at(static_cast<std::size_t>(current)) + ")",
+                 textOf(mapView.worldAt(mouse.x, mouse.y), mapView, map.isGeographic),
+                 scaleBarOf(mapView, map.isGeographic));
+    }
+    return shown;
 }
 
 void MapWindow::paint(HWND receiver) {
@@ -273,7 +273,7 @@ void MapWindow::paint(HWND receiver) {
         if (current == Pane::Relief) {
             relief->show();
         } else {
-            plane().show(makeFrame(map, mapView), mapView, texts(true));
+            plane().show(frame(true), mapView);
         }
     }
     EndPaint(receiver, &painting);
@@ -283,7 +283,7 @@ PixelImage MapWindow::picture(bool withTexts) {
     if (current == Pane::Relief) {
         return relief->picture();
     }
-    return plane().picture(makeFrame(map, mapView), mapView, texts(withTexts));
+    return plane().picture(frame(withTexts), mapView);
 }
 
 void MapWindow::redraw() {

@@ -59,8 +59,7 @@ class MapWindow {
     void paint(HWND receiver);
     void redraw();
     [[nodiscard]] MapPane& plane();
-    [[nodiscard]] MapTextsOfFrame texts(bool areShown) const;
-    void turnRelief(const POINT& place);
+    [[nodiscard]] MapFrame frame(bool withTexts) const;
 
     Scene scene;
     MapData map;

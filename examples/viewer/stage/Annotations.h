@@ -16,17 +16,6 @@ struct PointMark {
     std::string label;
 };
 
-/// A coordinate frame at a point of the scene.
-struct LocalFrame {
-    qel::XPnt3d at;
-    qel::XPnt3d xDirection{1.0, 0.0, 0.0};
-    qel::XPnt3d yDirection{0.0, 1.0, 0.0};
-    /// In 1/400 of half the view's height.
-    float size = 100.0F;
-    /// False draws it over the scene.
-    bool isHiddenByScene = false;
-};
-
 /// A list over the view.
 enum class Panel : std::uint8_t { None, Help, Warnings };
 
@@ -36,7 +25,6 @@ struct Annotations {
     std::vector<PointMark> marks;
     /// True shows what the marks measure.
     bool isMeasuring = false;
-    std::optional<LocalFrame> localFrame;
     Panel panel = Panel::None;
     /// A line of text for the user; empty for none.
     std::string notice;

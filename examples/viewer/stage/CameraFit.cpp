@@ -1,6 +1,7 @@
 #include "CameraFit.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -11,12 +12,6 @@ namespace {
 
 /// Less would be no distance at all, as for a single point.
 constexpr double kSmallestDistance = 1e-5;
-
-/// One side of the pyramid of sight: how far out points reach, measured where they meet the plane of the eye.
-struct FrustumSide {
-    double reach = -std::numeric_limits<double>::infinity();
-    void include(double point) { reach = std::max(reach, point); }
-};
 
 }  // namespace
 
@@ -31,30 +26,29 @@ CameraPlace placeToSee(const std::vector<qel::XPnt3d>& points, const CameraPlace
     const double slopeX = slopeOfView * aspect * usable.sideways;
     const double slopeUp = slopeOfView * usable.above;
     const double slopeDown = slopeOfView * usable.below;
-    FrustumSide toTheRight;
-    FrustumSide toTheLeft;
-    FrustumSide upwards;
-    FrustumSide downwards;
-    FrustumSide nearest;
-    FrustumSide farthest;
-    for (const qel::XPnt3d& point : points) {
-        const double x = qel::dot(point, right);
-        const double y = qel::dot(point, up);
-        const double z = qel::dot(point, back);
-        toTheRight.include(x + z * slopeX);
-        toTheLeft.include(-x + z * slopeX);
-        upwards.include(y + z * slopeUp);
-        downwards.include(-y + z * slopeDown);
-        nearest.include(z);
-        farthest.include(-z);
-    }
+    // The sides of the pyramid of sight: how far out points reach, measured where they meet the plane of the eye.
+    const std::array<qel::XPnt3d, 6> sides{back * slopeX + right,
+                                           back * slopeX - right,
+                                           back * slopeUp + up,
+                                           back * slopeDown - up,
+                                           back,
+                                           back * -1.0};
+    std::array<double, 6> reaches{};
+    std::transform(sides.begin(), sides.end(), reaches.begin(), [&points](const qel::XPnt3d& side) {
+        double reach = -std::numeric_limits<double>::infinity();
+        for (const qel::XPnt3d& point : points) {
+            reach = std::max(reach, qel::dot(point, side));
+        }
+        return reach;
+    });
+    const auto& [toTheRight, toTheLeft, upwards, downwards, nearest, farthest] = reaches;
     // Two opposite sides meet where the eye may be at the nearest: halfway between them, and so far back.
-    const double x = (toTheRight.reach - toTheLeft.reach) * 0.5;
-    const double z = std::max((toTheRight.reach + toTheLeft.reach) / (2.0 * slopeX),
-                              (upwards.reach + downwards.reach) / (slopeUp + slopeDown));
-    const double y = (upwards.reach - downwards.reach + z * (slopeDown - slopeUp)) * 0.5;
-    const double clear = std::max(z, nearest.reach + kSmallestDistance);
-    const double middle = (nearest.reach - farthest.reach) * 0.5;
+    const double x = (toTheRight - toTheLeft) * 0.5;
+    const double z =
+        std::max((toTheRight + toTheLeft) / (2.0 * slopeX), (upwards + downwards) / (slopeUp + slopeDown));
+    const double y = (upwards - downwards + z * (slopeDown - slopeUp)) * 0.5;
+    const double clear = std::max(z, nearest + kSmallestDistance);
+    const double middle = (nearest - farthest) * 0.5;
     const qel::XPnt3d eye = right * x + up * y + back * clear;
     return {eye, eye - back * (clear - middle), camera.up};
 }

@@ -61,7 +61,6 @@ void Stage::drawContent() {
     display->getGL()->disable(GL_LIGHTING);
     drawScene();
     findPointUnderMouse();
-    drawLocalFrame();
     drawTexts();
     drawLegend();
     drawMarks();
@@ -157,16 +156,6 @@ bool Stage::isHidden(const qel::XPnt3d& point, const qel::XPnt3d& place) {
     const double tolerance = 0.02 * content.extent.getDiagonal();
     const qel::XPnt3d eye = camera().getEye();
     return qel::dist(eye, inFront) + tolerance < qel::dist(eye, point);
-}
-
-void Stage::drawLocalFrame() {
-    if (!notes.localFrame) {
-        return;
-    }
-    const LocalFrame& frame = *notes.localFrame;
-    // The frame loads the camera of both eyes in the end, and is the last that needs one.
-    camera().drawFrame(frame.at.x, frame.at.y, frame.at.z, frame.xDirection, frame.yDirection, frame.size,
-                       frame.isHiddenByScene);
 }
 
 }  // namespace qelview

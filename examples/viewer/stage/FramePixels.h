@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PngFile.h"
+#include "PictureFile.h"
 
 namespace qelview {
 

@@ -23,12 +23,6 @@ qel::XPnt3d doubleAreaOf(const Points& corners) {
     return sum;
 }
 
-std::string fixed(double value, int decimals) {
-    std::array<char, 400> text{};
-    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
-    return text.data();
-}
-
 std::string inFull(double value) {
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%.15g", value);
@@ -40,20 +34,6 @@ std::string slopeText(const Measurement& measured) {
     return measured.horizontal > 0.0
                ? degrees + " (" + fixed(100.0 * measured.rise / measured.horizontal, 1) + " %)"
                : degrees;
-}
-
-void addRow(std::string& table, std::size_t number, const qel::XPnt3d& at, const Measurement* measured) {
-    table += std::to_string(number);
-    for (const double value : {at.x, at.y, at.z}) {
-        table += "\t" + inFull(value);
-    }
-    if (measured != nullptr) {
-        for (const double value : {measured->step.x, measured->step.y, measured->step.z, measured->distance,
-                                   measured->horizontal, measured->slopeDegrees, measured->pathLength}) {
-            table += "\t" + inFull(value);
-        }
-    }
-    table += kLineEnd;
 }
 
 }  // namespace
@@ -105,9 +85,19 @@ std::string measurementTable(const Points& points, const qel::XPnt3d& origin, Up
     table += kLineEnd;
     double path = 0.0;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        Measurement measured = measure({points[i == 0 ? 0 : i - 1], points[i]}, up);
-        measured.pathLength = path += measured.distance;
-        addRow(table, i + 1, points[i] + origin, i > 0 ? &measured : nullptr);
+        const qel::XPnt3d at = points[i] + origin;
+        std::vector<double> row{at.x, at.y, at.z};
+        if (i > 0) {
+            const Measurement leg = measure({points[i - 1], points[i]}, up);
+            path += leg.distance;
+            row.insert(row.end(), {leg.step.x, leg.step.y, leg.step.z, leg.distance, leg.horizontal,
+                                   leg.slopeDegrees, path});
+        }
+        table += std::to_string(i + 1);
+        for (const double value : row) {
+            table += "\t" + inFull(value);
+        }
+        table += kLineEnd;
     }
     if (points.size() > 2) {
         const Measurement all = measure(points, up);

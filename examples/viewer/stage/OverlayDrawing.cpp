@@ -1,6 +1,6 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <cstdio>
 #include <string>
 
 #include "Commands.h"
@@ -26,13 +26,6 @@ constexpr std::uint16_t kFrameDashes = 0xF0F0;
 
 /// Below a line of text, so that descenders stay on the plate.
 constexpr double kUnderLine = 8.0;
-
-/// Tenths are enough to tell a smooth view from a slow one.
-std::string inMilliseconds(double milliseconds) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.1f ms", std::min(milliseconds, 1e6));
-    return text;
-}
 
 }  // namespace
 
@@ -124,7 +117,8 @@ void Stage::drawStrip() {
         // Opaque, so that it can be drawn anew over a frame that has it already.
         drawPlate(-1.0, -1.0, layoutWidth() + 1.0, kStripHeight);
         if (notes.frameMilliseconds) {
-            text += "   " + inMilliseconds(*notes.frameMilliseconds);
+            // Tenths are enough to tell a smooth view from a slow one.
+            text += "   " + fixed(*notes.frameMilliseconds, 1) + " ms";
         }
         if (underMouse.isValid()) {
             text += "   " + textOf(underMouse);
@@ -182,16 +176,13 @@ void Stage::drawPlate(double left, double bottom, double right, double top) {
 }
 
 void Stage::drawRectangle(const PixelBox& rectangle) {
-    const auto place = [this](int x, int y) { return inLayout({x + 0.5, y + 0.5, 0.0}); };
     const auto [from, to] = rectangle;
-    const auto edge = [&](int x1, int y1, int x2, int y2) {
-        symbol->drawStippledLine(place(x1, y1), place(x2, y2), 1.0, kRectangleColor, false, false,
+    const std::array<PixelPlace, 5> corners{{from, {to.x, from.y}, to, {from.x, to.y}, from}};
+    const auto place = [this](const PixelPlace& at) { return inLayout({at.x + 0.5, at.y + 0.5, 0.0}); };
+    for (std::size_t i = 1; i < corners.size(); ++i) {
+        symbol->drawStippledLine(place(corners[i - 1]), place(corners[i]), 1.0, kRectangleColor, false, false,
                                  kFrameDashes);
-    };
-    edge(from.x, from.y, to.x, from.y);
-    edge(to.x, from.y, to.x, to.y);
-    edge(to.x, to.y, from.x, to.y);
-    edge(from.x, to.y, from.x, from.y);
+    }
 }
 
 }  // namespace qelview

@@ -9,7 +9,7 @@ namespace qelview {
 
 namespace {
 
-constexpr int kGap = TileSheet::kGap;
+constexpr int kGap = kTileGap;
 constexpr std::array<unsigned, 4> kViews{qel::ViewTop, qel::ViewFront, qel::ViewRight, qel::ViewIsometric};
 
 }  // namespace
@@ -105,23 +105,21 @@ void Quartet::drawOverlay(const std::optional<PixelBox>& rectangle) {
 }
 
 PixelImage Quartet::image() const {
-    TileSheet sheet(2, 2, tile.width, tile.height);
-    for (const View& view : views) {
-        sheet.add(view.picture);
-    }
-    return sheet.image();
+    return sheetOf({&views[0].picture, &views[1].picture, &views[2].picture, &views[3].picture}, tile.width,
+                   tile.height);
 }
 
 std::optional<PixelImage> Quartet::capturedPixels(int times) {
-    TileSheet sheet(2, 2, tile.width * times, tile.height * times, kGap * times);
-    for (const View& view : views) {
-        const std::optional<PixelImage> captured = view.stage->capturedPixels(times);
-        if (!captured) {
+    std::array<PixelImage, 4> captured;
+    for (std::size_t i = 0; i < views.size(); ++i) {
+        std::optional<PixelImage> one = views.at(i).stage->capturedPixels(times);
+        if (!one) {
             return std::nullopt;
         }
-        sheet.add(*captured);
+        captured.at(i) = std::move(*one);
     }
-    return sheet.image();
+    return sheetOf({&captured[0], &captured[1], &captured[2], &captured[3]}, tile.width * times,
+                   tile.height * times, kGap * times);
 }
 
 }  // namespace qelview

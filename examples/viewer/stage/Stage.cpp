@@ -108,7 +108,6 @@ void Stage::sceneChanged(const std::optional<qel::XPnt3d>& originBefore) {
     display->makeCurrent();
     kept.release();
     notes.marks.clear();
-    notes.localFrame.reset();
     if (!originBefore) {
         cameras.clear();
         return;
@@ -143,11 +142,6 @@ std::string Stage::driverText() {
         return text == nullptr ? std::string("unknown") : std::string(reinterpret_cast<const char*>(text));
     };
     return "OpenGL by " + textOf(GL_RENDERER) + "\nVersion " + textOf(GL_VERSION);
-}
-
-void Stage::setTitle(const std::string& text) {
-    content.title = text;
-    content.summary.clear();
 }
 
 void Stage::resize(const ClientSize& size) {
@@ -189,7 +183,8 @@ void Stage::fit() {
     camera().setRotationCenter(middle.x, middle.y, middle.z);
     const CameraPlace place =
         placeToSee(content.outline, {camera().getEye(), camera().getTarget(), camera().getUp()},
-                   camera().getFieldOfView(), aspect(), usableView());
+                   camera().getFieldOfView(), static_cast<double>(camera().getWidth() / camera().getHeight()),
+                   usableView());
     camera().setCamera(place.eye, place.target, place.up);
     if (wasOrtho) {
         switchProjection();
@@ -274,10 +269,6 @@ void Stage::rotateAbout(const PixelPlace& place) {
     } else {
         camera().setRotationCenterAt(place.x, place.y);
     }
-}
-
-double Stage::aspect() {
-    return static_cast<double>(camera().getWidth() / camera().getHeight());
 }
 
 void Stage::switchProjection() {

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,7 +15,7 @@
 #include "HostScene.h"
 #include "HostTextures.h"
 #include "MouseGesture.h"
-#include "PngFile.h"
+#include "PictureFile.h"
 #include "QelDisplay64t.h"
 #include "Scene.h"
 #include "ScreenFont.h"
@@ -24,21 +23,6 @@
 #include "TextPlaces.h"
 
 namespace qelview {
-
-/// How a capture ended.
-enum class CaptureEnd : std::uint8_t {
-    /// The file is complete.
-    Whole,
-    /// The file cannot be written, and nothing is left of it.
-    NotWritten,
-    /// The file was begun, but is not complete: the disk may be full. What there is of it is left.
-    NotWhole,
-    /// The driver cannot draw a picture of that size; no file was begun.
-    TooLarge,
-};
-
-/// What to tell the user about the file of a capture that failed.
-[[nodiscard]] std::string reasonOf(CaptureEnd end);
 
 /// The direction across which a plane cuts the scene: an axis of the coordinates, or the view at the time.
 enum class SectionAxis : std::uint8_t { None, X, Y, Z, View };
@@ -48,6 +32,8 @@ enum class SectionAxis : std::uint8_t { None, X, Y, Z, View };
 /// OpenGL 1.1; no extension is asked for.
 class Stage {
   public:
+    /// A display on a window, with its context current; null if the window gets none.
+    [[nodiscard]] static qel::ref_ptr<IQelDisplay> attach(HWND window, bool isStereo);
     /// Null if the window gets no OpenGL context.
     [[nodiscard]] static std::unique_ptr<Stage> open(HWND window, Scene scene);
     /// Another view of the same scene, with the same camera, on another window; null, with nothing changed, if
@@ -108,8 +94,6 @@ class Stage {
     [[nodiscard]] std::string measurementTable() const;
 
     [[nodiscard]] Annotations& annotations() { return notes; }
-    /// The title of the view, in place of the scene's own and its counts.
-    void setTitle(const std::string& text);
     /// With n, draws about one in n of the triangles and points from now on.
     void setThinning(std::size_t wanted) { thinning = wanted; }
 
@@ -141,14 +125,9 @@ class Stage {
     [[nodiscard]] PixelImage overlayPicture(const std::optional<PixelBox>& rectangle);
     /// Shows a picture in place of the scene.
     void showImage(const PixelImage& image);
-    /// Writes the view, without strip, help and notice, into a PNG file if its name ends so, else into a BMP file. Of pictures for BMP
-    /// whose width is not a multiple of four the last pixels of each row are left out, because programs disagree about such files.
+    /// The view without strip, help and notice; nothing if the driver cannot draw it so large.
     /// @param times how many times as large as the view.
-    [[nodiscard]] CaptureEnd capture(const std::filesystem::path& file, int times = 1);
-    /// The same picture as pixels; nothing if the driver cannot draw it so large.
     [[nodiscard]] std::optional<PixelImage> capturedPixels(int times = 1);
-    /// Writes captured pixels as `capture` does.
-    [[nodiscard]] CaptureEnd write(const std::filesystem::path& file, const std::optional<PixelImage>& image);
 
   private:
     struct Section {
@@ -175,25 +154,20 @@ class Stage {
         /// Takes what the others were made from.
         HostScene drawn;
         /// What the colours of heights stand for.
-        HeightRange heightRange = HeightRange::nothing(UpAxis::Z);
+        HeightRange heightRange;
         Section section;
         double scale = 1.0;
     };
 
     Stage(qel::ref_ptr<IQelDisplay> attached, std::shared_ptr<Content> shown);
-    [[nodiscard]] static qel::ref_ptr<IQelDisplay> attach(HWND window, bool isStereo);
 
     void replaceContent(Scene&& scene);
     [[nodiscard]] CameraState cameraState();
     void turnCamera(UpAxis from, UpAxis to);
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
-    [[nodiscard]] double aspect();
     /// What a fitted scene may fill: the view without its heading.
     [[nodiscard]] UsableView usableView();
-    [[nodiscard]] CaptureEnd writeBitmap(const std::filesystem::path& file, const PixelImage& image);
-    /// The whole view becomes a bitmap of this size.
-    [[nodiscard]] bool beginCapture(int width, int height, const std::wstring& file);
     void drawCapture(int times);
     /// Coordinates of layout, with the origin at the lower left; what is drawn in them is as large on every screen.
     void beginLayout();
@@ -205,7 +179,6 @@ class Stage {
     [[nodiscard]] double layoutWidth() { return static_cast<double>(camera().getWidth()) / content.scale; }
     [[nodiscard]] double layoutHeight() { return static_cast<double>(camera().getHeight()) / content.scale; }
     [[nodiscard]] int letterHeight(double units) const;
-    /// The camera that OpenGL holds.
     /// Draws into the back buffer, up to and without the exchange of the buffers.
     void drawFrame();
     /// The scene with everything on it, into whatever the display draws to.
@@ -230,7 +203,6 @@ class Stage {
     /// Places the plane again and finds where it meets meshes.
     void cutScene();
     [[nodiscard]] Points markedPoints() const;
-    void drawLocalFrame();
     void drawAxes();
     void drawTripod();
     void printAt(double x, double y, const std::string& text, double letters = kLetterHeight);

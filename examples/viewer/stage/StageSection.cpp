@@ -16,39 +16,6 @@ namespace {
 constexpr qel::QelColor3f kOutlineColor{1.0F, 0.45F, 0.25F};
 constexpr double kOutlineWidth = 2.0;
 
-/// Nothing beyond a plane is drawn as long as this lives. The camera must be loaded.
-class ClipScope {
-  public:
-    explicit ClipScope(const std::optional<SectionPlane>& plane) : isClipping(plane.has_value()) {
-        if (isClipping) {
-            const std::array<GLdouble, 4> drawnSide{-plane->normal.x, -plane->normal.y, -plane->normal.z,
-                                                    plane->offset};
-            glClipPlane(GL_CLIP_PLANE0, drawnSide.data());
-            glEnable(GL_CLIP_PLANE0);
-        }
-    }
-    ~ClipScope() {
-        if (isClipping) {
-            glDisable(GL_CLIP_PLANE0);
-        }
-    }
-    ClipScope(const ClipScope&) = delete;
-    ClipScope& operator=(const ClipScope&) = delete;
-
-  private:
-    bool isClipping;
-};
-
-/// The lowest and the highest place of a box along a direction.
-std::pair<double, double> rangeAlong(const qel::XPnt3d& direction, const qel::Enve3d& box) {
-    const qel::XPnt3d middle((box.xmin + box.xmax) * 0.5, (box.ymin + box.ymax) * 0.5,
-                             (box.zmin + box.zmax) * 0.5);
-    const double reach =
-        0.5 * (std::abs(direction.x) * (box.xmax - box.xmin) + std::abs(direction.y) * (box.ymax - box.ymin) +
-               std::abs(direction.z) * (box.zmax - box.zmin));
-    return {qel::dot(direction, middle) - reach, qel::dot(direction, middle) + reach};
-}
-
 }  // namespace
 
 void Stage::setSection(SectionAxis axis) {
@@ -103,26 +70,26 @@ void Stage::cutScene() {
 
 std::string Stage::sectionText() const {
     const Section& section = content.section;
+    if (section.axis == SectionAxis::View) {
+        return "across the view";
+    }
     const double place = (section.isFlipped ? -section.plane->offset : section.plane->offset) +
                          qel::dot(section.normal, content.origin);
-    const std::string text = decimalText(place, content.extent.getDiagonal());
-    switch (section.axis) {
-        case SectionAxis::X:
-            return "x = " + text;
-        case SectionAxis::Y:
-            return "y = " + text;
-        case SectionAxis::Z:
-            return "z = " + text;
-        default:
-            return "across the view";
-    }
+    const char axis = " xyz"[static_cast<std::size_t>(section.axis)];
+    return std::string(1, axis) + " = " + fixed(place, decimalsFor(content.extent.getDiagonal()));
 }
 
 void Stage::drawScene() {
+    const std::optional<SectionPlane>& plane = content.section.plane;
+    if (plane) {
+        const std::array<GLdouble, 4> drawnSide{-plane->normal.x, -plane->normal.y, -plane->normal.z,
+                                                plane->offset};
+        glClipPlane(GL_CLIP_PLANE0, drawnSide.data());
+    }
     {
-        const ClipScope clip(content.section.plane);
+        const QelTmpGlStateCtrl clip(GL_CLIP_PLANE0, plane.has_value());
         content.drawn.draw(*symbol, pixelViewOf(camera()), kept,
-                           {&camera(), thinning, static_cast<float>(unit()), content.section.plane});
+                           {&camera(), thinning, static_cast<float>(unit()), plane});
     }
     const QelTmpGlStateCtrl texture(GL_TEXTURE_2D, false);
     const QelTmpGlStateCtrl color(kOutlineColor);

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "PngFile.h"
+#include "PictureFile.h"
 
 namespace qelview {
 

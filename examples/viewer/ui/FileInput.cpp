@@ -17,13 +17,13 @@ namespace {
 constexpr std::size_t kLongestAnswer = 32768;
 
 /// "*.obj;*.ply;..."
-std::wstring patternOfModels() {
-    std::wstring pattern;
+std::string patternOfModels() {
+    std::string pattern;
     for (const char character : knownExtensions()) {
         if (character == '.') {
-            pattern += pattern.empty() ? L"*." : L";*.";
+            pattern += pattern.empty() ? "*." : ";*.";
         } else if (character != ' ') {
-            pattern += static_cast<wchar_t>(character);
+            pattern += character;
         }
     }
     return pattern;
@@ -33,9 +33,7 @@ std::wstring patternOfModels() {
 
 std::vector<std::string> askForFiles(HWND owner) {
     std::wstring answer(kLongestAnswer, L'\0');
-    std::wstring filter = L"Models and points" + std::wstring(1, L'\0') + patternOfModels();
-    filter +=
-        std::wstring(1, L'\0') + L"All files" + std::wstring(1, L'\0') + L"*.*" + std::wstring(2, L'\0');
+    const std::wstring filter = nameList({"Models and points", patternOfModels(), "All files", "*.*"});
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
@@ -58,6 +56,14 @@ std::vector<std::string> parseNameList(const std::wstring& list) {
         names.push_back(toUtf8(name));
     }
     return names;
+}
+
+std::wstring nameList(const std::vector<std::string>& names) {
+    std::wstring list;
+    for (const std::string& name : names) {
+        list += toWide(name) + L'\0';
+    }
+    return list + L'\0';
 }
 
 std::vector<std::string> parseDialogResult(const std::wstring& answer) {
@@ -88,16 +94,11 @@ std::vector<std::string> takeDroppedFiles(HDROP drop) {
 }
 
 HDROP makeDrop(const std::vector<std::string>& files) {
-    std::wstring names;
-    for (const std::string& file : files) {
-        names += toWide(file) + std::wstring(1, L'\0');
-    }
+    const std::wstring names = nameList(files);
     DROPFILES header{};
     header.pFiles = sizeof header;
     header.fWide = TRUE;
-    // One more zero than the names have ends the list.
-    const std::size_t bytesOfNames = (names.size() + 1) * sizeof(wchar_t);
-    HGLOBAL const memory = GlobalAlloc(GHND, sizeof header + bytesOfNames);
+    HGLOBAL const memory = GlobalAlloc(GHND, sizeof header + names.size() * sizeof(wchar_t));
     auto* const bytes = static_cast<char*>(memory != nullptr ? GlobalLock(memory) : nullptr);
     if (bytes == nullptr) {
         return nullptr;

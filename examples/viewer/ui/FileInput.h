@@ -20,6 +20,9 @@ namespace qelview {
 /// Parses a list of zero-terminated names that ends with an empty one.
 [[nodiscard]] std::vector<std::string> parseNameList(const std::wstring& list);
 
+/// Such a list of names, with the zero at its end.
+[[nodiscard]] std::wstring nameList(const std::vector<std::string>& names);
+
 /// Returns the names of dropped files and releases the drop.
 [[nodiscard]] std::vector<std::string> takeDroppedFiles(HDROP drop);
 

@@ -5,7 +5,6 @@
 #include <array>
 
 #include "FileInput.h"
-#include "SystemWindow.h"
 
 namespace qelview {
 
@@ -31,13 +30,9 @@ std::vector<std::string> readRecentFiles(const wchar_t* key) {
 }
 
 void writeRecentFiles(const wchar_t* key, const std::vector<std::string>& files) {
-    std::wstring names;
-    for (const std::string& file : files) {
-        names += toWide(file) + std::wstring(1, L'\0');
-    }
-    // One more zero than the names have ends the list.
-    const auto bytes = static_cast<DWORD>((names.size() + 1) * sizeof(wchar_t));
-    RegSetKeyValueW(HKEY_CURRENT_USER, key, kValue, REG_MULTI_SZ, names.c_str(), bytes);
+    const std::wstring names = nameList(files);
+    RegSetKeyValueW(HKEY_CURRENT_USER, key, kValue, REG_MULTI_SZ, names.c_str(),
+                    static_cast<DWORD>(names.size() * sizeof(wchar_t)));
 }
 
 std::optional<WindowLook> readWindowLook(const wchar_t* key) {

@@ -1,5 +1,6 @@
 #include "SystemWindow.h"
 
+#include <QString>
 #include <cstdio>
 #include <filesystem>
 
@@ -74,21 +75,11 @@ ClientSize frameSizeAround(const ClientSize& client, DWORD style, UINT dpi, bool
 }
 
 std::wstring toWide(const std::string& utf8) {
-    const int length = static_cast<int>(utf8.size());
-    std::wstring wide(
-        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0)), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, wide.data(), static_cast<int>(wide.size()));
-    return wide;
+    return QString::fromStdString(utf8).toStdWString();
 }
 
 std::string toUtf8(const std::wstring& wide) {
-    const int length = static_cast<int>(wide.size());
-    std::string utf8(static_cast<std::size_t>(
-                         WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr, nullptr)),
-                     '\0');
-    WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr,
-                        nullptr);
-    return utf8;
+    return QString::fromStdWString(wide).toStdString();
 }
 
 std::string absoluteName(const std::string& file) {

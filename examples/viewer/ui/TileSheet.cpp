@@ -5,39 +5,26 @@
 
 namespace qelview {
 
-namespace {
-
-constexpr std::uint8_t kGapShade = 92;
-
-}  // namespace
-
-TileSheet::TileSheet(int columns, int rows, int tileWidth, int tileHeight, int gap)
-    : columnCount(columns), rowCount(rows), width(tileWidth), height(tileHeight), between(gap) {
-    sheet.width = columns * (tileWidth + between) + between;
-    sheet.height = rows * (tileHeight + between) + between;
-    sheet.rgb.assign(static_cast<std::size_t>(sheet.width) * static_cast<std::size_t>(sheet.height) *
-                         PixelImage::kChannels,
-                     kGapShade);
-}
-
-void TileSheet::add(const PixelImage& tile) {
-    if (taken == columnCount * rowCount) {
-        return;
+PixelImage sheetOf(const std::array<const PixelImage*, 4>& tiles, int width, int height, int gap) {
+    constexpr std::uint8_t kGapShade = 92;
+    PixelImage sheet{2 * width + 3 * gap, 2 * height + 3 * gap, {}};
+    const auto firstByte = [](const PixelImage& image, int x, int y) {
+        return (static_cast<std::ptrdiff_t>(y) * image.width + x) *
+               static_cast<std::ptrdiff_t>(PixelImage::kChannels);
+    };
+    sheet.rgb.assign(static_cast<std::size_t>(firstByte(sheet, 0, sheet.height)), kGapShade);
+    for (int i = 0; i < 4; ++i) {
+        const PixelImage& tile = *tiles.at(static_cast<std::size_t>(i));
+        const int left = gap + i % 2 * (width + gap);
+        // Rows of pixels go from bottom to top.
+        const int bottom = gap + (1 - i / 2) * (height + gap);
+        for (int y = 0; y < std::min(tile.height, height); ++y) {
+            std::copy_n(tile.rgb.begin() + firstByte(tile, 0, y),
+                        firstByte(tile, std::min(tile.width, width), 0),
+                        sheet.rgb.begin() + firstByte(sheet, left, bottom + y));
+        }
     }
-    const int left = between + taken % columnCount * (width + between);
-    // Rows of pixels go from bottom to top.
-    const int bottom = between + (rowCount - 1 - taken / columnCount) * (height + between);
-    const std::size_t bytes = static_cast<std::size_t>(std::min(tile.width, width)) * PixelImage::kChannels;
-    for (int y = 0; y < std::min(tile.height, height); ++y) {
-        const std::size_t from =
-            static_cast<std::size_t>(y) * static_cast<std::size_t>(tile.width) * PixelImage::kChannels;
-        const std::size_t to = (static_cast<std::size_t>(bottom + y) * static_cast<std::size_t>(sheet.width) +
-                                static_cast<std::size_t>(left)) *
-                               PixelImage::kChannels;
-        std::copy_n(tile.rgb.begin() + static_cast<std::ptrdiff_t>(from), bytes,
-                    sheet.rgb.begin() + static_cast<std::ptrdiff_t>(to));
-    }
-    ++taken;
+    return sheet;
 }
 
 }  // namespace qelview

@@ -65,17 +65,9 @@ void showRecentFiles(HMENU bar, const std::vector<std::string>& recentFiles) {
     }
 }
 
-void showMarks(HMENU bar, const MenuMarks& marks) {
-    const auto mark = [bar](Command command, bool isMarked) {
-        CheckMenuItem(bar, menuNumberOf({command}),
-                      MF_BYCOMMAND | (isMarked ? UINT{MF_CHECKED} : UINT{MF_UNCHECKED}));
-    };
-    mark(Command::SwitchProjection, marks.isOrthographic);
-    mark(Command::LongAxes, marks.hasLongAxes);
-    mark(Command::TurnUp, marks.hasYUp);
-    mark(Command::Stereo, marks.isStereo);
-    mark(Command::Measure, marks.isMeasuring);
-    mark(Command::Quartet, marks.isQuartet);
+void showMark(HMENU bar, Command command, bool isMarked) {
+    CheckMenuItem(bar, menuNumberOf({command}),
+                  MF_BYCOMMAND | (isMarked ? UINT{MF_CHECKED} : UINT{MF_UNCHECKED}));
 }
 
 }  // namespace qelview

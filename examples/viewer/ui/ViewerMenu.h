@@ -5,22 +5,15 @@
 #include <string>
 #include <vector>
 
-namespace qelview {
+#include "Commands.h"
 
-/// The check marks of the menu.
-struct MenuMarks {
-    bool isOrthographic = false;
-    bool hasLongAxes = false;
-    bool hasYUp = false;
-    bool isStereo = false;
-    bool isMeasuring = false;
-    bool isQuartet = false;
-};
+namespace qelview {
 
 /// Creates the menu bar for a new window, which destroys it. Null if it cannot be created.
 [[nodiscard]] HMENU makeMenuBar(const std::vector<std::string>& recentFiles);
 /// Replaces the recent files in a menu bar.
 void showRecentFiles(HMENU bar, const std::vector<std::string>& recentFiles);
-void showMarks(HMENU bar, const MenuMarks& marks);
+/// Shows or removes the check mark of a command.
+void showMark(HMENU bar, Command command, bool isMarked);
 
 }  // namespace qelview

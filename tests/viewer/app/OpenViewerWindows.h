@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "CameraText.h"
+#include "CoordinateText.h"
 #include "SampleScene.h"
 #include "Script.h"
 #include "ScriptRun.h"

@@ -56,7 +56,7 @@ TEST(Options, TakesAPrefixForPicturesOfAllViews) {
     EXPECT_TRUE(options.writesPictures());
 }
 
-TEST(Options, TakesFilesOfCapturesScriptsRecordingsAndTours) {
+TEST(Options, TakesFilesOfCapturesScriptsAndRecordings) {
     const Options capture = optionsOf({"--capture", "a.bmp"});
     EXPECT_EQ(capture.capture, "a.bmp");
     EXPECT_TRUE(capture.writesPictures());
@@ -66,8 +66,6 @@ TEST(Options, TakesFilesOfCapturesScriptsRecordingsAndTours) {
     EXPECT_EQ(script.script, "a.txt");
     EXPECT_FALSE(script.writesPictures());
     EXPECT_FALSE(script.isAttended());
-    EXPECT_EQ(optionsOf({"--tour", "t.png"}).tour, "t.png");
-    EXPECT_FALSE(optionsOf({"--tour", "t.png"}).isAttended());
     EXPECT_EQ(optionsOf({"--motion", "m.txt"}).motion, "m.txt");
     EXPECT_TRUE(optionsOf({"--motion", "m.txt"}).isAttended());
 }
@@ -101,7 +99,6 @@ const std::vector<WrongLine> kWrongLines{
     {"ScriptAndMotion", {"--script", "a", "--motion", "b"}, "--motion"},
     {"PictureAndMotion", {"--out", "a", "--motion", "b"}, "--motion"},
     {"UpWithoutAnAxis", {"--up", "x"}, "--up"},
-    {"ScriptAndTour", {"--script", "a", "--tour", "b"}, "--tour"},
 };
 INSTANTIATE_TEST_SUITE_P(Lines, OptionsWrong, testing::ValuesIn(kWrongLines),
                          [](const auto& each) { return each.param.name; });
@@ -110,8 +107,8 @@ TEST(Options, ExplainsItself) {
     const Ending help = endingOf({"--help"});
     EXPECT_EQ(help.code, ExitCode::Success);
     for (const char* word :
-         {"--size", "--view", "--ortho", "--out", "--views-out", "--capture", "--script", "--motion",
-          "--tour", ".obj", ".xyz", "Ctrl+O", "Double click", "wheel NOTCHES", "PANX", "Esc", "Exit codes"}) {
+         {"--size", "--view", "--ortho", "--out", "--views-out", "--capture", "--script", "--motion", ".obj",
+          ".xyz", "Ctrl+O", "Double click", "wheel NOTCHES", "PANX", "Esc", "Exit codes"}) {
         EXPECT_NE(help.text.find(word), std::string::npos) << word;
     }
     const Ending version = endingOf({"--version"});

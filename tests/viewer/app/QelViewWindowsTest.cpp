@@ -190,7 +190,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Writing{"Picture", L"--size 64x64 --out a.png", {"a.png"}},
                     Writing{"Capture", L"--size 64x64 --capture a.bmp", {"a.bmp"}},
                     Writing{"Both", L"--size 64x64 --out a.png --capture a.bmp", {"a.bmp", "a.png"}},
-                    Writing{"Tour", L"--tour a.png", {"a.png"}}),
+                    Writing{"Map", L"--size 64x64 --map-out a", {"a-3d.png", "a-gdi.png", "a-gl.png"}}),
     [](const auto& each) { return each.param.name; });
 
 TEST(QelView, PlaysAScriptThatWritesPictureCameraAndCapture) {
@@ -254,21 +254,5 @@ INSTANTIATE_TEST_SUITE_P(
                     FailingScript{"DroppedFileRefused", "drop absent.obj\nkey F\n", 2,
                                   "absent.obj: the file does not exist"}),
     [](const auto& each) { return each.param.name; });
-
-TEST(QelView, WritesATourOfAllThatItShows) {
-    const std::filesystem::path file = temporary("tour.png");
-    const Ended ended = runViewer(L"--tour " + quoted(file));
-    ASSERT_EQ(ended.code, 0U) << ended.errors;
-    const Picture sheet = Picture::load(file);
-    std::filesystem::remove(file);
-    ASSERT_EQ(sheet.width(), 4 * 484 + 4);
-    ASSERT_EQ(sheet.height(), 4 * 364 + 4);
-    for (int tile = 0; tile < 16; ++tile) {
-        const qel::test::PixelArea area{4 + tile % 4 * 484, 4 + tile / 4 * 364, 480, 360};
-        const std::size_t background = sheet.countOf({27, 32, 40, 255}, 2, area);
-        EXPECT_LT(background, 480U * 360U * 95U / 100U) << tile;
-        EXPECT_EQ(sheet.countOf({92, 92, 92, 255}, 0, {area.x, area.y, area.width, 1}), 0U) << tile;
-    }
-}
 
 }  // namespace

@@ -133,19 +133,20 @@ TEST_F(ViewerCamera, StaysWhenFilesAreLoadedAgain) {
 }
 
 TEST_F(ViewerCamera, OfTheNextWindowHasSizeAndProjectionOfTheLast) {
-    std::optional<qelview::WindowLook> kept;
     qelview::Environment around = qelview::Environment::scripted();
-    around.readLook = [&kept] { return kept; };
-    around.writeLook = [&kept](const qelview::WindowLook& look) { kept = look; };
+    around.storeKey = L"Software\\QelDisplay64t\\qelview-camera";
+    RegDeleteKeyW(HKEY_CURRENT_USER, around.storeKey);
     open(sampleScene(), around);
     EXPECT_EQ(picture().width(), kWidth);
     play("key O\nsize 400 300");
     viewer.reset();
-    ASSERT_TRUE(kept.has_value());
+    ASSERT_TRUE(qelview::readWindowLook(around.storeKey).has_value());
     open(sampleScene(), around);
     EXPECT_TRUE(camera().isOrtho());
     EXPECT_EQ(picture().width(), 400);
     EXPECT_EQ(picture().height(), 300);
+    viewer.reset();
+    EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, around.storeKey), ERROR_SUCCESS);
 }
 
 class ViewerCameraScale : public ViewerCamera, public testing::WithParamInterface<unsigned> {};

@@ -163,21 +163,23 @@ TEST_F(ViewerMenu, ForgetsARecentFileThatIsGone) {
 }
 
 TEST_F(ViewerMenu, KeepsRecentFilesWhereItsSurroundingsSay) {
-    Names kept{"C:\\old.obj"};
     qelview::Environment around = qelview::Environment::scripted();
-    around.readRecent = [&kept] { return kept; };
-    around.writeRecent = [&kept](const Names& files) { kept = files; };
+    around.storeKey = L"Software\\QelDisplay64t\\qelview-recent";
+    qelview::writeRecentFiles(around.storeKey, {"C:\\old.obj"});
+    const auto kept = [&around] { return qelview::readRecentFiles(around.storeKey); };
     open(sampleScene(), around);
     EXPECT_EQ(recentTexts(), Names{"&1 C:\\old.obj"});
     const TemporaryFile file("kept.xyz", "0 0 0\n1 1 1\n");
     play("drop " + file.path().string());
-    EXPECT_EQ(kept, (Names{file.path().string(), "C:\\old.obj"}));
+    EXPECT_EQ(kept(), (Names{file.path().string(), "C:\\old.obj"}));
     // Which axis points up in it is kept too, and honoured when it is opened again.
     choose({Command::TurnUp});
-    EXPECT_EQ(kept, (Names{file.path().string() + "|y", "C:\\old.obj"}));
+    EXPECT_EQ(kept(), (Names{file.path().string() + "|y", "C:\\old.obj"}));
     play("drop " + file.path().string());
     EXPECT_EQ(stage().up(), qelview::UpAxis::Y);
-    EXPECT_EQ(kept.front(), file.path().string() + "|y");
+    EXPECT_EQ(kept().front(), file.path().string() + "|y");
+    viewer.reset();
+    EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, around.storeKey), ERROR_SUCCESS);
 }
 
 TEST(ViewerMenuRecentStore, KeepsTheLookOfTheLastWindowInItsKey) {

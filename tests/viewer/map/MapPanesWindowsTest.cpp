@@ -7,6 +7,7 @@
 #include "GdiMapPane.h"
 #include "GlMapPane.h"
 #include "MapStyle.h"
+#include "MapTexts.h"
 #include "SampleMap.h"
 #include "SystemWindow.h"
 #include "kit/Picture.h"
@@ -77,14 +78,12 @@ class MapPanes : public testing::Test {
     }
 
     void draw(bool withTexts = false) {
-        const qelview::MapFrame frame = qelview::makeFrame(map, view);
-        qelview::MapTextsOfFrame texts;
-        texts.areShown = withTexts;
-        texts.title = "A map";
-        texts.place = "x 1 y 2";
-        texts.bar = qelview::scaleBarOf(view, map.isGeographic);
-        byGdi = pictureOf(gdi->picture(frame, view, texts));
-        byGl = pictureOf(gl->picture(frame, view, texts));
+        qelview::MapFrame frame = qelview::makeFrame(map, view);
+        if (withTexts) {
+            qelview::addTexts(frame, view, "A map", "x 1 y 2", qelview::scaleBarOf(view, map.isGeographic));
+        }
+        byGdi = pictureOf(gdi->picture(frame, view));
+        byGl = pictureOf(gl->picture(frame, view));
     }
 
     void expectSameLines(const MapColor& color, std::size_t atLeast) {

@@ -225,7 +225,7 @@ TEST(MapWindowOptions, AreAFlagAndAPrefix) {
     EXPECT_TRUE(options.showsMap());
     EXPECT_TRUE(options.writesPictures());
     EXPECT_EQ(options.files.at(0), "world.geojson");
-    for (const char* const ofModels : {"--capture", "--script", "--motion", "--tour"}) {
+    for (const char* const ofModels : {"--capture", "--script", "--motion"}) {
         const auto parsed = qelview::parseOptions({"--map", ofModels, "file"});
         ASSERT_TRUE(std::holds_alternative<qelview::Ending>(parsed)) << ofModels;
         EXPECT_EQ(std::get<qelview::Ending>(parsed).code, qelview::ExitCode::Usage);

@@ -9,7 +9,7 @@
 
 #include "FileBytes.h"
 #include "ModelImages.h"
-#include "PngFile.h"
+#include "PictureFile.h"
 #include "viewer/ImageBytes.h"
 #include "viewer/ViewerData.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "PngFile.h"
+#include "PictureFile.h"
 #include "SceneSummary.h"
 #include "kit/Picture.h"
 #include "viewer/ViewerData.h"

@@ -82,14 +82,7 @@ class StageTextures : public testing::Test {
         EXPECT_EQ(shown(image, -0.05, 0.05), "r--");
         EXPECT_EQ(shown(image, 0.05, 0.05), "-g-");
     }
-    PixelImage captured() {
-        const std::filesystem::path file =
-            std::filesystem::temp_directory_path() / "qelview-test-textures.bmp";
-        EXPECT_EQ(stage->capture(file), qelview::CaptureEnd::Whole);
-        const auto image = qel::test::readBitmap(file);
-        std::filesystem::remove(file);
-        return image.value_or(PixelImage());
-    }
+    PixelImage captured() { return stage->capturedPixels().value_or(PixelImage()); }
 
     qelview::OwnedWindow window;
     std::unique_ptr<Stage> stage;

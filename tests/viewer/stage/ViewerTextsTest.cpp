@@ -6,10 +6,9 @@
 #include <fstream>
 #include <thread>
 
-#include "CameraText.h"
-#include "CaptureName.h"
 #include "CoordinateText.h"
 #include "LoadTask.h"
+#include "PictureFile.h"
 #include "TileSheet.h"
 #include "viewer/BitmapReader.h"
 #include "viewer/ViewerData.h"
@@ -104,15 +103,18 @@ TEST(ViewerTextsReadBitmap, ReadsSidesOfUpToThirtyTwoThousandPixels) {
     EXPECT_FALSE(isRead(32769));
 }
 
-TEST(ViewerTextsTileSheet, FillsPlacesFromTheUpperLeft) {
-    qelview::TileSheet sheet(2, 2, 1, 1);
-    for (const std::uint8_t shade : std::vector<std::uint8_t>{10, 20, 30, 40, 50}) {
-        sheet.add({1, 1, {shade, shade, shade}});
-    }
-    const qelview::PixelImage& image = sheet.image();
+TEST(ViewerTextsTileSheet, FillsPlacesFromTheUpperLeftAndCutsWhatIsLargerThanATile) {
+    const auto shaded = [](int side, std::uint8_t shade) {
+        const auto bytes = static_cast<std::size_t>(side) * static_cast<std::size_t>(side) * 3;
+        return qelview::PixelImage{side, side, std::vector<std::uint8_t>(bytes, shade)};
+    };
+    const qelview::PixelImage first = shaded(1, 10);
+    const qelview::PixelImage second = shaded(2, 20);
+    const qelview::PixelImage third = shaded(3, 30);
+    const qelview::PixelImage fourth = shaded(1, 40);
+    const qelview::PixelImage image = qelview::sheetOf({&first, &second, &third, &fourth}, 1, 1);
     ASSERT_EQ(image.width, 14);
     ASSERT_EQ(image.height, 14);
-    EXPECT_EQ(sheet.count(), 4);
     const auto shadeAt = [&image](std::size_t x, std::size_t y) { return image.rgb[(y * 14 + x) * 3]; };
     EXPECT_EQ(shadeAt(4, 9), 10);
     EXPECT_EQ(shadeAt(9, 9), 20);
@@ -122,13 +124,6 @@ TEST(ViewerTextsTileSheet, FillsPlacesFromTheUpperLeft) {
     EXPECT_EQ(shadeAt(0, 0), 92);
     EXPECT_EQ(shadeAt(8, 9), 92);
     EXPECT_EQ(std::count(image.rgb.begin(), image.rgb.end(), 92), (14 * 14 - 4) * 3);
-}
-
-TEST(ViewerTextsTileSheet, CutsWhatIsLargerThanATile) {
-    qelview::TileSheet sheet(1, 1, 1, 1);
-    sheet.add({2, 2, std::vector<std::uint8_t>(12, 7)});
-    const std::vector<std::uint8_t>& rgb = sheet.image().rgb;
-    EXPECT_EQ(std::count(rgb.begin(), rgb.end(), 7), 3);
 }
 
 TEST(ViewerTextsLoadTask, EndsWorkThatIsCancelled) {
