@@ -68,7 +68,7 @@ std::optional<std::pair<int, int>> parseSize(const std::string& text) {
     int width = 0;
     int height = 0;
     char cross = '\0';
-    stream >> width >> cross >> height;
+    stream >> std::noskipws >> width >> cross >> height;
     const bool isSize = cross == 'x' && stream.peek() == std::istringstream::traits_type::eof() &&
                         std::min(width, height) >= kSmallestSide && std::max(width, height) <= kLargestSide;
     return isSize ? std::optional(std::pair(width, height)) : std::nullopt;

@@ -56,11 +56,10 @@ TEST(PictureFileCapture, TellsTheUserWhatToDoAboutEachFailure) {
               "is too large for the graphics driver; choose a smaller size with R");
 }
 
+#if defined(__linux__)
 TEST(PictureFileCapture, IsNotWholeOnAFullDisk) {
-    if (!std::filesystem::exists("/dev/full")) {
-        GTEST_SKIP() << "this system has no device that is always full";
-    }
     EXPECT_EQ(qelview::writeCapture("/dev/full", kPixels), CaptureEnd::NotWhole);
 }
+#endif
 
 }  // namespace
