@@ -103,6 +103,7 @@ Points GlMapPane::local(const Line2d& line) const {
 
 void GlMapPane::drawLines(const std::vector<Line2d>& lines, const MapColor& color) {
     std::vector<Points> parts;
+    parts.reserve(lines.size());
     for (const Line2d& line : lines) {
         parts.push_back(local(line));
     }
