@@ -193,13 +193,15 @@ void Stage::fit() {
 }
 
 UsableView Stage::usableView() {
-    // Below the heading, as long as that leaves most of the view.
-    constexpr double kLeastAbove = 0.6;
+    // Between the heading and the strip, as long as that leaves most of the view.
+    constexpr double kLeast = 0.6;
     constexpr double kUnderHeading = 5.0;
     UsableView usable;
     const double headingHeight =
         kMargin + (static_cast<double>(heading().size()) - 0.5) * kLineHeight + kUnderHeading;
-    usable.above = std::clamp(1.0 - 2.0 * headingHeight / layoutHeight(), kLeastAbove, usable.above);
+    const double stripHeight = notes.hasStrip ? kStripHeight : 0.0;
+    usable.above = std::clamp(1.0 - 2.0 * headingHeight / layoutHeight(), kLeast, usable.above);
+    usable.below = std::clamp(1.0 - 2.0 * stripHeight / layoutHeight(), kLeast, usable.below);
     return usable;
 }
 

@@ -166,7 +166,7 @@ class Stage {
     void turnCamera(UpAxis from, UpAxis to);
     /// Makes an orthographic view that cuts the scene smaller.
     void shrinkIntoView();
-    /// What a fitted scene may fill: the view without its heading.
+    /// What a fitted scene may fill: the view without its heading and its strip.
     [[nodiscard]] UsableView usableView();
     void drawCapture(int times);
     /// Coordinates of layout, with the origin at the lower left; what is drawn in them is as large on every screen.

@@ -12,6 +12,7 @@ using qelview::Colouring;
 class ViewerColours : public OpenViewer {};
 
 TEST_F(ViewerColours, AreThoseOfTheElevationThenOneThenTheirOwnAgain) {
+    play("size 640 480");
     const Picture own = picture();
     play("key E");
     EXPECT_EQ(stage().colouring(), Colouring::Height);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <fstream>
@@ -48,6 +49,21 @@ TEST_F(ViewerKeys, FitsTheModelAgain) {
     const qel::XPnt3d eye = camera().getEye();
     play("wheel 4 100 100\nkey F");
     EXPECT_LT(qel::dist(camera().getEye(), eye), 1e-6 * eye.norm());
+}
+
+TEST_F(ViewerKeys, FitsTheModelAboveTheStrip) {
+    constexpr double kStrip = 40.0;
+    for (const char* const projection : {"", "key O\n"}) {
+        play(projection);
+        for (int view = 0; view < 8; ++view) {
+            play("key " + std::to_string(view) + "\nkey F");
+            double lowest = kHeight;
+            for (const qel::XPnt3d& point : sampleScene().outline()) {
+                lowest = std::min(lowest, camera().project(point.x, point.y, point.z).y);
+            }
+            EXPECT_GT(lowest, kStrip - 0.5) << projection << view;
+        }
+    }
 }
 
 TEST_F(ViewerKeys, SwitchesTheProjectionAndTheLongAxes) {
