@@ -67,12 +67,6 @@ DepthImage readDepths(const PixelView& view) {
 
 }  // namespace
 
-void HostView::release() {
-    textures.release();
-    meshes.clear();
-    clouds.clear();
-}
-
 HostScene::HostScene(Scene scene) : markers(std::move(scene.markers)) {
     for (TriangleMesh& mesh : scene.meshes) {
         addMesh(std::exchange(mesh, {}));

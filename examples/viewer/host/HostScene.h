@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "HeightColors.h"
-#include "HostTextures.h"
+#include "HostView.h"
 #include "IQelSymbol.h"
 #include "IQelTrackBall.h"
 #include "PartsInView.h"
@@ -30,26 +30,6 @@ struct DrawingDetail {
     float pixelScale = 1.0F;
     /// What cuts the scene; nothing for none. OpenGL must hold it as a clipping plane.
     std::optional<SectionPlane> section;
-};
-
-template <class Element>
-using HostElements = qel::ref_ptr<qel::HostArray<Element>>;
-
-/// What one view of a scene keeps from frame to frame. Views of the same scene have one each.
-struct HostView {
-    /// The corners of a mesh that the last frame drew if it did not draw all, and the ranges that they are of.
-    struct MeshCorners {
-        HostElements<qel::ArrayIndex> drawn;
-        std::vector<DrawnRange> ranges;
-    };
-
-    /// Forgets everything; the view's context must be current.
-    void release();
-
-    HostTextures textures;
-    std::vector<MeshCorners> meshes;
-    /// The points of each cloud that the last frame showed, in the order in which it drew them.
-    std::vector<HostElements<qel::ArrayIndex>> clouds;
 };
 
 /// A scene in the form that symbols draw: host geometries for lines, arrays of floats for meshes and clouds.

@@ -28,8 +28,8 @@ struct MenuColumn {
 /// list of recent files.
 [[nodiscard]] std::span<const MenuColumn> menuColumns();
 
-/// The command of a key: that of the menu line which shows the key; Leave for Esc, Fit for Home. Keys of the number pad are like the others, and Shift changes
-/// nothing unless a line shows it.
+/// The command of a key: that of the menu line which shows the key; Leave for Esc, Fit for Home. Keys of the
+/// number pad are like the others, and Shift changes nothing unless a line shows it.
 [[nodiscard]] KeyCommand commandOf(const KeyPress& press);
 
 /// The system's number for a menu command; never 0.

@@ -13,7 +13,7 @@
 #include "CameraFit.h"
 #include "CameraHistory.h"
 #include "HostScene.h"
-#include "HostTextures.h"
+#include "HostView.h"
 #include "MouseGesture.h"
 #include "PictureFile.h"
 #include "QelDisplay64t.h"
