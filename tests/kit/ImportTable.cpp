@@ -63,13 +63,6 @@ std::vector<Import> importsOf(HMODULE module) {
     return imports;
 }
 
-void writeSlot(void** slot, void* function) {
-    DWORD protection = 0;
-    VirtualProtect(slot, sizeof(void*), PAGE_READWRITE, &protection);
-    *slot = function;
-    VirtualProtect(slot, sizeof(void*), protection, &protection);
-}
-
 std::vector<HMODULE> testedModules() {
     std::vector<HMODULE> modules = {GetModuleHandleA(nullptr)};
     for (const char* name : kTestedLibraries) {

@@ -24,9 +24,6 @@ struct Import {
 /// Every import of a loaded module, in the order of its table.
 std::vector<Import> importsOf(HMODULE module);
 
-/// Writes the slot, which normally is read-only memory.
-void writeSlot(void** slot, void* function);
-
 /// The modules under test that are loaded now, and the running executable.
 std::vector<HMODULE> testedModules();
 
